@@ -1,0 +1,16 @@
+# The libraries that stand in for what the platform would give.
+
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network DBus Concurrent Test)
+find_package(QCoro6 0.8 REQUIRED COMPONENTS Core Network)
+find_package(Qt6Keychain REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb xcb-randr xcb-image)
+pkg_check_modules(spng REQUIRED IMPORTED_TARGET spng)
+find_package(Threads REQUIRED)
+
+if(QUORVANE_TESTS)
+    find_package(GTest REQUIRED)
+endif()
+if(QUORVANE_BENCHMARKS)
+    find_package(benchmark REQUIRED)
+endif()

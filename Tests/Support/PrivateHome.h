@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDir>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <array>
+#include <utility>
+#include <vector>
+
+namespace quorvane {
+
+/// A home of the test's own for as long as the object lives: HOME and the XDG folders point into a fresh temporary
+/// folder, and what they were before comes back at the end.
+class PrivateHome
+{
+  public:
+    PrivateHome()
+    {
+        point("HOME", path());
+        point("XDG_CONFIG_HOME", path() + QStringLiteral("/.config"));
+        point("XDG_DATA_HOME", path() + QStringLiteral("/.local/share"));
+        point("XDG_STATE_HOME", path() + QStringLiteral("/.local/state"));
+        point("XDG_CACHE_HOME", path() + QStringLiteral("/.cache"));
+    }
+    ~PrivateHome()
+    {
+        for (const auto &[name, value] : m_before) {
+            value.isNull() ? qunsetenv(name) : qputenv(name, value);
+        }
+    }
+    PrivateHome(const PrivateHome &) = delete;
+    PrivateHome &operator=(const PrivateHome &) = delete;
+
+    [[nodiscard]] QString path() const { return m_folder.path(); }
+    [[nodiscard]] QString library() const { return path() + QStringLiteral("/Pictures/Quorvane"); }
+
+  private:
+    void point(const char *name, const QString &folder)
+    {
+        m_before.emplace_back(name, qEnvironmentVariableIsSet(name) ? qgetenv(name) : QByteArray());
+        qputenv(name, folder.toLocal8Bit());
+    }
+
+    QTemporaryDir m_folder;
+    std::vector<std::pair<const char *, QByteArray>> m_before;
+};
+
+} // namespace quorvane
