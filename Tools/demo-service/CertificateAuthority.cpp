@@ -73,8 +73,8 @@ bool CertificateAuthority::openssl(const QStringList &arguments)
     if (process.waitForFinished() && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0) {
         return true;
     }
-    m_errorString = QStringLiteral("openssl: ") + process.errorString() + u'\n' +
-                    QString::fromLocal8Bit(process.readAll());
+    m_errorString =
+        QStringLiteral("openssl: ") + process.errorString() + u'\n' + QString::fromLocal8Bit(process.readAll());
     return false;
 }
 

@@ -21,9 +21,9 @@ constexpr qint64 kLargestBacklog = 1024 * 1024;
 WireScript pictureScript(const Misbehaviour &misbehaviour, const PictureOrder &order,
                          const ServiceState::PictureMaker &maker)
 {
-    const QImage image = order.original.isNull() ? maker(order.prompt, order.size)
-                                                 : order.original.scaled(order.size, Qt::IgnoreAspectRatio,
-                                                                         Qt::SmoothTransformation);
+    const QImage image = order.original.isNull()
+                             ? maker(order.prompt, order.size)
+                             : order.original.scaled(order.size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     return misbehave(misbehaviour, order, encodePicture(image, order.format()));
 }
 
@@ -44,7 +44,9 @@ Connection::Connection(QTcpSocket *socket, ServiceState &state, QThreadPool &poo
     connect(&m_pause, &QTimer::timeout, this, &Connection::playOn);
     connect(&m_painting, &QFutureWatcher<WireScript>::finished, this, [this] { play(m_painting.result()); });
 
+    // What will happen is settled before anybody can see that a connection or request was counted.
     const Misbehaviour::Kind kind = m_state.misbehaviour().kind;
+    m_state.countConnection();
     if (kind == Misbehaviour::Kind::ResetOnAccept) {
         reset();
     } else if (kind == Misbehaviour::Kind::SilenceOnAccept) {
@@ -79,8 +81,9 @@ void Connection::answerNextRequest()
         m_answering = true;
         request->peer = m_socket->peerAddress();
         m_closesAfterAnswer = request->header("Connection").toLower() == "close";
+        const Misbehaviour misbehaviour = m_state.misbehaviour();
         m_state.record(*request);
-        answer(*request);
+        answer(*request, misbehaviour);
     } else if (m_reader.refusal().status != 0) {
         m_answering = true;
         m_closesAfterAnswer = true;
@@ -88,7 +91,7 @@ void Connection::answerNextRequest()
     }
 }
 
-void Connection::answer(const HttpRequest &request)
+void Connection::answer(const HttpRequest &request, const Misbehaviour &misbehaviour)
 {
     if (const ServiceState::Responder responder = m_state.responder()) {
         if (const std::optional<WireScript> script = responder(request)) {
@@ -96,7 +99,6 @@ void Connection::answer(const HttpRequest &request)
             return;
         }
     }
-    const Misbehaviour misbehaviour = m_state.misbehaviour();
     if (!needsPicture(misbehaviour.kind)) {
         play(misbehave(misbehaviour, request));
         return;
@@ -106,8 +108,8 @@ void Connection::answer(const HttpRequest &request)
         play(*refusal);
         return;
     }
-    m_painting.setFuture(QtConcurrent::run(&m_pool, pictureScript, misbehaviour, std::get<PictureOrder>(read),
-                                           m_state.pictureMaker()));
+    m_painting.setFuture(
+        QtConcurrent::run(&m_pool, pictureScript, misbehaviour, std::get<PictureOrder>(read), m_state.pictureMaker()));
 }
 
 void Connection::play(const WireScript &script)

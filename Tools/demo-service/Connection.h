@@ -29,7 +29,7 @@ class Connection : public QObject
   private:
     void readRequest();
     void answerNextRequest();
-    void answer(const HttpRequest &request);
+    void answer(const HttpRequest &request, const Misbehaviour &misbehaviour);
     void play(const WireScript &script);
     void playOn();
     /// Does what can be done of the step now; true when the step is over.

@@ -6,8 +6,8 @@
 
 namespace quorvane {
 
-/// Cuts a stream of bytes into HTTP/1.1 requests. Strict where a lenient reader would hide a client's mistake: lines end
-/// in CRLF, names are tokens, a body has a Content-Length, a Host header is there.
+/// Cuts a stream of bytes into HTTP/1.1 requests. Strict where a lenient reader would hide a client's mistake: lines
+/// end in CRLF, names are tokens, a body has a Content-Length, a Host header is there.
 class HttpRequestReader
 {
   public:

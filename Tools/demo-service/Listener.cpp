@@ -32,7 +32,6 @@ void Listener::incomingConnection(qintptr descriptor)
         ::close(static_cast<int>(descriptor));
         return;
     }
-    m_state.countConnection();
     new Connection(socket.release(), m_state, m_pool, this);
 }
 

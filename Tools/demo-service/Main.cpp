@@ -49,17 +49,16 @@ int main(int argc, char **argv)
     const QCommandLineOption ipv6(QStringLiteral("ipv6"), QStringLiteral("Listen on ::1 instead of 127.0.0.1."));
     const QCommandLineOption tls(QStringLiteral("tls"), QStringLiteral("Speak https, by default with a certificate of "
                                                                        "an authority made for this run."));
-    const QCommandLineOption certificate(QStringLiteral("certificate"), QStringLiteral("Certificate chain for --tls (PEM)."),
-                                         QStringLiteral("file"));
+    const QCommandLineOption certificate(QStringLiteral("certificate"),
+                                         QStringLiteral("Certificate chain for --tls (PEM)."), QStringLiteral("file"));
     const QCommandLineOption key(QStringLiteral("key"), QStringLiteral("Key for --tls (PEM)."), QStringLiteral("file"));
     const QCommandLineOption authority(QStringLiteral("write-authority"),
                                        QStringLiteral("Write the made authority's certificate, for clients to trust."),
                                        QStringLiteral("file"));
-    const QCommandLineOption misbehave(
-        QStringLiteral("misbehave"),
-        QStringLiteral("Misbehave, for example slow-drip:bytes=100,pause=5. One of: ") +
-            QString::fromLatin1(misbehaviourNames().join(", ")),
-        QStringLiteral("name"));
+    const QCommandLineOption misbehave(QStringLiteral("misbehave"),
+                                       QStringLiteral("Misbehave, for example slow-drip:bytes=100,pause=5. One of: ") +
+                                           QString::fromLatin1(misbehaviourNames().join(", ")),
+                                       QStringLiteral("name"));
     const QCommandLineOption untilStdinCloses(QStringLiteral("until-stdin-closes"),
                                               QStringLiteral("End when standard input closes."));
     QCommandLineParser parser;
@@ -90,7 +89,8 @@ int main(int argc, char **argv)
             return fail(made.errorString());
         }
         QFile file(parser.value(authority));
-        if (parser.isSet(authority) && (!file.open(QIODevice::WriteOnly) || file.write(made.certificate().toPem()) < 0)) {
+        if (parser.isSet(authority) &&
+            (!file.open(QIODevice::WriteOnly) || file.write(made.certificate().toPem()) < 0)) {
             return fail(file.errorString());
         }
     }

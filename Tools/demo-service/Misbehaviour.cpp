@@ -69,7 +69,8 @@ constexpr std::array kEntries{
 
 const Entry &entryOf(Kind kind)
 {
-    const auto *found = std::find_if(kEntries.begin(), kEntries.end(), [kind](const Entry &e) { return e.kind == kind; });
+    const auto *found =
+        std::find_if(kEntries.begin(), kEntries.end(), [kind](const Entry &e) { return e.kind == kind; });
     Q_ASSERT(found != kEntries.end());
     return *found;
 }
@@ -102,7 +103,8 @@ std::optional<Misbehaviour> misbehaviourFromText(const QByteArray &text)
 {
     const qsizetype colon = text.indexOf(':');
     const QByteArray name = colon < 0 ? text : text.left(colon);
-    const auto *entry = std::find_if(kEntries.begin(), kEntries.end(), [&name](const Entry &e) { return name == e.name; });
+    const auto *entry =
+        std::find_if(kEntries.begin(), kEntries.end(), [&name](const Entry &e) { return name == e.name; });
     if (entry == kEntries.end()) {
         return std::nullopt;
     }

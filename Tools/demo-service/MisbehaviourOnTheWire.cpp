@@ -120,7 +120,8 @@ QByteArray strangeBody(const Misbehaviour &how, const PictureOrder &order, const
     case Kind::ManyCandidates:
         return manyCandidates(order, pictureAnswer(order, base64));
     case Kind::HugeAnswer:
-        return withFirstMember(good, "\"padding\":\"" + QByteArray(std::max<qint64>(how.bytes - good.size(), 0), 'a') + '"');
+        return withFirstMember(good,
+                               "\"padding\":\"" + QByteArray(std::max<qint64>(how.bytes - good.size(), 0), 'a') + '"');
     case Kind::DataAddress:
         return compact(pictureAnswer(order, QStringLiteral("data:image/") + QLatin1String(order.format()) +
                                                 QStringLiteral(";base64,") + base64));

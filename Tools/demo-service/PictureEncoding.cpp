@@ -30,12 +30,14 @@ QByteArray encodePng(const QImage &image)
     spng_set_ihdr(context.get(), &header);
 
     // QImage pads its rows, so they are handed over one by one.
-    int error = spng_encode_image(context.get(), nullptr, 0, SPNG_FMT_PNG, SPNG_ENCODE_PROGRESSIVE | SPNG_ENCODE_FINALIZE);
+    int error =
+        spng_encode_image(context.get(), nullptr, 0, SPNG_FMT_PNG, SPNG_ENCODE_PROGRESSIVE | SPNG_ENCODE_FINALIZE);
     for (int y = 0; y < rgb.height() && error == 0; ++y) {
         error = spng_encode_row(context.get(), rgb.constScanLine(y), static_cast<size_t>(rgb.width()) * 3);
     }
     size_t size = 0;
-    const std::unique_ptr<void, decltype(&std::free)> bytes(spng_get_png_buffer(context.get(), &size, &error), &std::free);
+    const std::unique_ptr<void, decltype(&std::free)> bytes(spng_get_png_buffer(context.get(), &size, &error),
+                                                            &std::free);
     return bytes ? QByteArray(static_cast<const char *>(bytes.get()), static_cast<qsizetype>(size)) : QByteArray();
 }
 

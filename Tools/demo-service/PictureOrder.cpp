@@ -110,21 +110,15 @@ PictureOrder readGemini(const HttpRequest &request, const QString &model)
     checkKey(request.header("x-goog-api-key"));
     checkNoOtherFields(body, {QStringLiteral("contents"), QStringLiteral("generationConfig")});
 
-    const QJsonArray parts = body.value(QStringLiteral("contents"))
-                                 .toArray()
-                                 .first()
-                                 .toObject()
-                                 .value(QStringLiteral("parts"))
-                                 .toArray();
+    const QJsonArray parts =
+        body.value(QStringLiteral("contents")).toArray().first().toObject().value(QStringLiteral("parts")).toArray();
     if (parts.isEmpty()) {
         refuse(400, QStringLiteral("contents is not specified"));
     }
-    const QJsonObject imageConfig = body.value(QStringLiteral("generationConfig"))
-                                        .toObject()
-                                        .value(QStringLiteral("imageConfig"))
-                                        .toObject();
-    PictureOrder order{PictureOrder::Service::Gemini, model, textField(parts.first().toObject(), QStringLiteral("text")),
-                       geminiSize(imageConfig), QImage()};
+    const QJsonObject imageConfig =
+        body.value(QStringLiteral("generationConfig")).toObject().value(QStringLiteral("imageConfig")).toObject();
+    PictureOrder order{PictureOrder::Service::Gemini, model,
+                       textField(parts.first().toObject(), QStringLiteral("text")), geminiSize(imageConfig), QImage()};
     for (const QJsonValue &part : parts) {
         if (part.toObject().contains(QStringLiteral("inlineData"))) {
             order.original = geminiOriginal(part.toObject());
