@@ -36,7 +36,9 @@ void RawClient::send(const QByteArray &bytes)
     while (sent < bytes.size()) {
         const ssize_t now = ::send(m_socket, bytes.constData() + sent, bytes.size() - sent, MSG_NOSIGNAL);
         if (now <= 0) {
-            return; // The other side is gone; what it sent says why.
+            // The kernel tells of a reset once, to whichever call comes first.
+            m_end = errno == ECONNRESET ? End::Reset : End::Closed;
+            return;
         }
         sent += now;
     }
@@ -77,9 +79,9 @@ bool RawClient::read(int flags)
         m_received.append(buffer.data(), now);
         return true;
     }
-    if (now == 0) {
+    if (now == 0 && m_end == End::Open) {
         m_end = End::Closed;
-    } else if (errno == ECONNRESET) {
+    } else if (now < 0 && errno == ECONNRESET) {
         m_end = End::Reset;
     }
     return false;
