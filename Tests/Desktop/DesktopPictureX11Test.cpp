@@ -3,6 +3,7 @@
 #include "Support/PositionPicture.h"
 #include "Support/PrivateHome.h"
 #include "Support/PrivateXServer.h"
+#include "Support/WaitFor.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -11,7 +12,10 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <thread>
+
+#include <xcb/xcb.h>
 
 namespace quorvane {
 
@@ -68,9 +72,11 @@ class DesktopPictureX11Test : public testing::Test
     /// The same for everything that has to show it: the root window and both announced pixmaps.
     QString differenceEverywhere(int mark)
     {
-        return differenceOn(m_server->rootWindow(), mark) + differenceOn(m_server->announcedPixmap(), mark) +
-               differenceOn(m_server->announcedPixmap("ESETROOT_PMAP_ID"), mark);
+        return differenceOn(m_server->rootWindow(), mark) + differenceOn(announced("_XROOTPMAP_ID"), mark) +
+               differenceOn(announced("ESETROOT_PMAP_ID"), mark);
     }
+
+    QImage announced(const char *property) { return m_server->pixelsOf(m_server->announcedPixmap(property)); }
 
     PrivateHome m_home;
     std::unique_ptr<PrivateXServer> m_server;
@@ -124,9 +130,35 @@ TEST_F(DesktopPictureX11Test, thePictureStaysWhenTheProcessEnds)
     ASSERT_TRUE(output.contains("[  PASSED  ] 1 test")) << output.constData();
     EXPECT_EQ(differenceEverywhere(40), QString());
 
-    // And the next process frees it: its pixmap is ours alone to replace.
+    // What one process left behind, the next one frees.
+    const quint32 left = m_server->announcedPixmap();
+    ASSERT_FALSE(m_server->pixelsOf(left).isNull());
     ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("two.png"), 80), m_desktop->screens()), std::nullopt);
     EXPECT_EQ(differenceEverywhere(80), QString());
+    EXPECT_TRUE(m_server->pixelsOf(left).isNull());
+}
+
+TEST_F(DesktopPictureX11Test, aProgramThatAnnouncedItsPixmapOnlyForReadingLivesOn)
+{
+    startWithTwoMonitors();
+    // As desktops do that keep their pixmap on the connection that they draw with: only _XROOTPMAP_ID.
+    xcb_connection_t *other = xcb_connect(m_server->display().constData(), nullptr);
+    ASSERT_EQ(xcb_connection_has_error(other), 0);
+    const xcb_screen_t &screen = *xcb_setup_roots_iterator(xcb_get_setup(other)).data;
+    const xcb_pixmap_t pixmap = xcb_generate_id(other);
+    xcb_create_pixmap(other, screen.root_depth, pixmap, screen.root, 10, 10);
+    const auto named = xcb_intern_atom(other, 0, 13, "_XROOTPMAP_ID");
+    auto *atom = xcb_intern_atom_reply(other, named, nullptr);
+    ASSERT_NE(atom, nullptr);
+    xcb_change_property(other, XCB_PROP_MODE_REPLACE, screen.root, atom->atom, XCB_ATOM_PIXMAP, 32, 1, &pixmap);
+    std::free(atom);
+    xcb_flush(other);
+    ASSERT_TRUE(waitFor([&] { return m_server->announcedPixmap() == pixmap; }));
+
+    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 40), m_desktop->screens()), std::nullopt);
+    EXPECT_EQ(differenceEverywhere(40), QString());
+    EXPECT_EQ(m_server->pixelsOf(pixmap).size(), QSize(10, 10));
+    xcb_disconnect(other);
 }
 
 TEST_F(DesktopPictureX11Test, takesTurnsWithAnotherProgramThatSetsThePicture)
@@ -143,7 +175,7 @@ TEST_F(DesktopPictureX11Test, takesTurnsWithAnotherProgramThatSetsThePicture)
         ASSERT_EQ(m_desktop->setPicture(ours, m_desktop->screens()), std::nullopt);
         EXPECT_EQ(differenceEverywhere(40), QString());
         ASSERT_FALSE(outputOf(QStringLiteral("feh"), feh, m_server->clientEnvironment()).isNull());
-        EXPECT_EQ(differenceFromFill(m_server->announcedPixmap(), kRoot, 220), QString());
+        EXPECT_EQ(differenceFromFill(announced("_XROOTPMAP_ID"), kRoot, 220), QString());
     }
 }
 

@@ -115,11 +115,11 @@ QImage PrivateXServer::rootWindow() const
     return xcb_connection_has_error(connection.get()) == 0 ? imageOf(connection, rootOf(connection)) : QImage();
 }
 
-QImage PrivateXServer::announcedPixmap(const char *property) const
+quint32 PrivateXServer::announcedPixmap(const char *property) const
 {
     const Connection connection(xcb_connect(m_display.constData(), nullptr));
     if (xcb_connection_has_error(connection.get()) != 0) {
-        return {};
+        return 0;
     }
     const XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
         connection.get(), xcb_intern_atom(connection.get(), 0, static_cast<uint16_t>(std::strlen(property)), property),
@@ -129,10 +129,14 @@ QImage PrivateXServer::announcedPixmap(const char *property) const
                                xcb_get_property(connection.get(), 0, rootOf(connection),
                                                 atom ? atom->atom : xcb_atom_t(XCB_ATOM_NONE), XCB_ATOM_PIXMAP, 0, 1),
                                nullptr));
-    if (!value || xcb_get_property_value_length(value.get()) != sizeof(xcb_pixmap_t)) {
-        return {};
-    }
-    return imageOf(connection, *static_cast<const xcb_pixmap_t *>(xcb_get_property_value(value.get())));
+    const bool isPixmap = value && xcb_get_property_value_length(value.get()) == sizeof(xcb_pixmap_t);
+    return isPixmap ? *static_cast<const xcb_pixmap_t *>(xcb_get_property_value(value.get())) : 0;
+}
+
+QImage PrivateXServer::pixelsOf(quint32 pixmap) const
+{
+    const Connection connection(xcb_connect(m_display.constData(), nullptr));
+    return xcb_connection_has_error(connection.get()) == 0 ? imageOf(connection, pixmap) : QImage();
 }
 
 } // namespace quorvane

@@ -41,8 +41,11 @@ class PrivateXServer
     /// The pixels that the root window shows.
     [[nodiscard]] QImage rootWindow() const;
 
-    /// The pixels of the pixmap that a property of the root window names; null when there is none or it is gone.
-    [[nodiscard]] QImage announcedPixmap(const char *property = "_XROOTPMAP_ID") const;
+    /// The pixmap that a property of the root window names; 0 when there is none.
+    [[nodiscard]] quint32 announcedPixmap(const char *property = "_XROOTPMAP_ID") const;
+
+    /// The pixels of a pixmap; null when it does not exist.
+    [[nodiscard]] QImage pixelsOf(quint32 pixmap) const;
 
     [[nodiscard]] OwnedProgram &program() { return *m_program; }
 
