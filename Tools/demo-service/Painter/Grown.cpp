@@ -17,55 +17,71 @@ class Trees : public Layer
         , m_place(place)
         , m_round(scene.autumn || scene.tropical)
         , m_treeHeight(1.5F / place.scale)
+        , m_light(scene.palette.land * daylight(scene))
+        , m_shadow(mix(scene.palette.zenith, scene.palette.middle, 0.4F) * 0.3F)
     {
     }
 
-    [[nodiscard]] float top(float x) const override { return ground(x) - standing(x); }
+    [[nodiscard]] float top(float x) const override { return ground(x) - tallest(x).height; }
 
-    [[nodiscard]] Color shade(float x, float y, float depth) const override
+    [[nodiscard]] Color shade(float x, float y, float /*depth*/) const override
     {
-        const float fine = noise(x * m_place.scale * 6, y * m_place.scale * 5, m_place.seed + 6);
-        const float tree = random(floorToInt(x * m_place.scale * 1.7F), 5, m_place.seed + 7);
-        Color leaves = rgb(0x27402f);
+        const float fine = noise(x * m_place.scale * 7, y * m_place.scale * 6, m_place.seed + 6);
+        const Stand tree = tallest(x);
+        const float below = clamp01((y - ground(x) + tree.height) / m_treeHeight);
+        Color leaves = mix(rgb(0x22382c), rgb(0x33503a), tree.tone);
         if (m_scene.autumn) {
-            leaves = mix(mix(rgb(0x7a2f16), rgb(0xd9892b), tree), rgb(0x4a4a22), 0.25F + 0.3F * fine);
+            leaves = mix(mix(rgb(0x8a2f14), rgb(0xe0952a), tree.tone), rgb(0x50521f),
+                         random(tree.number, 8, m_place.seed) > 0.75F ? 0.8F : 0.1F);
         } else if (m_scene.tropical) {
-            leaves = rgb(0x2f6a2c);
+            leaves = mix(rgb(0x2a6326), rgb(0x5f9a3c), tree.tone);
+        } else if (m_scene.accentStrength > 0) {
+            leaves = mix(leaves, m_scene.accent * 0.25F, 0.35F);
         }
         if (m_scene.snow) {
-            leaves = mix(leaves, rgb(0xdfe8f5), clamp01(0.35F + 0.9F * fine) * 0.75F);
+            leaves = mix(leaves, rgb(0xdfe8f5), step(-0.2F, 0.5F, fine + 0.5F - 1.2F * below) * 0.85F);
         }
-        const float crown = step(m_treeHeight * 1.4F, 0, depth);
-        const Color light = m_scene.palette.land * daylight(m_scene);
-        const Color shadow = m_scene.palette.zenith * 0.3F;
-        const Color color = leaves * mix(shadow, light, clamp01(0.15F + 0.55F * crown + 0.3F * fine)) * 0.9F;
-        const float mist = m_scene.fog ? 0.85F : 0.5F;
-        const float low = step(0, m_treeHeight * 3.2F, depth);
+        const float side = m_scene.lightX > x ? 1.0F : -1.0F;
+        const float lit = clamp01(0.55F - 0.45F * below + 0.7F * side * tree.across + 0.35F * fine);
+        const Color color = leaves * mix(m_shadow, m_light * 1.2F, lit);
+        const float mist = m_scene.fog ? 0.8F : 0.45F;
+        const float low = step(-m_treeHeight * 0.3F, m_treeHeight * 1.6F, y - ground(x));
         return throughAir(m_scene, color, x,
                           m_place.haze + (1 - m_place.haze) * mist * low * step(0.02F, 0.3F, m_place.haze));
     }
 
   private:
+    /// The tallest tree over a place.
+    struct Stand
+    {
+        float height = 0;
+        float across = 0; ///< From its middle, in units of trees.
+        float tone = 0.5F;
+        int32_t number = 0;
+    };
+
     [[nodiscard]] float ground(float x) const
     {
         return m_place.base - m_place.height * (0.5F + fractal(x * 1.3F, 6.1F, 4, m_place.seed));
     }
 
-    /// The height of the tallest tree over x.
-    [[nodiscard]] float standing(float x) const
+    [[nodiscard]] Stand tallest(float x) const
     {
-        float tallest = 0;
-        for (uint32_t row = 0; row < 3; ++row) {
+        Stand found;
+        for (int32_t row = 0; row < 3; ++row) {
             const float u = x * m_place.scale + 0.37F * static_cast<float>(row);
             const int32_t cell = floorToInt(u);
             for (int32_t i = cell - 1; i <= cell + 1; ++i) {
-                const uint32_t seed = m_place.seed + 10 + row * 4;
-                const float middle = static_cast<float>(i) + random(i, 1, seed);
-                const float tall = 0.45F + 0.55F * random(i, 2, seed);
-                tallest = std::max(tallest, tall * (m_round ? crown(u - middle) : spire(u - middle, tall, x)));
+                const uint32_t seed = m_place.seed + 10 + static_cast<uint32_t>(row) * 4;
+                const float across = u - static_cast<float>(i) - random(i, 1, seed);
+                const float tall = 0.4F + 0.6F * random(i, 2, seed);
+                const float height = tall * m_treeHeight * (m_round ? crown(across) : spire(across, tall, x));
+                if (height > found.height) {
+                    found = {height, across, random(i, 3, seed), i * 3 + row};
+                }
             }
         }
-        return tallest * m_treeHeight;
+        return found;
     }
 
     [[nodiscard]] float spire(float across, float tall, float x) const
@@ -84,6 +100,8 @@ class Trees : public Layer
     Place m_place;
     bool m_round;
     float m_treeHeight;
+    Color m_light;
+    Color m_shadow;
 };
 
 class Houses : public Layer
@@ -158,8 +176,8 @@ class Houses : public Layer
 
     [[nodiscard]] Color withWindow(Color wall, const House &house, float x, float y) const
     {
-        const float size = 1.0F / (m_place.scale * (7.0F + 4.0F * random(house.number, 9, m_place.seed)));
-        const float u = x / (size * 0.62F);
+        const float size = 1.0F / (m_place.scale * (13.0F + 8.0F * random(house.number, 9, m_place.seed)));
+        const float u = x / (size * 0.7F);
         const float v = (m_place.base - y) / size;
         const int32_t column = floorToInt(u);
         const int32_t floor = floorToInt(v);

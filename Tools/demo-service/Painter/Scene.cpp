@@ -55,15 +55,29 @@ void tint(Scene &scene)
     Palette &p = scene.palette;
     if (scene.storm) {
         for (Color *color : {&p.zenith, &p.middle, &p.horizon, &p.cloudLit, &p.cloudShade, &p.land}) {
-            *color = stormy(*color, 0.6F);
+            *color = stormy(*color, 0.5F);
         }
+        p.horizon = mix(p.horizon, paletteOf(scene.time).horizon, 0.6F);
     }
-    const float strength = scene.accentStrength;
+    // In broad daylight only a hint of colour is believable.
+    const float strength = scene.accentStrength * (scene.time == Time::Day ? 0.3F : 1.0F);
     for (Color *color : {&p.middle, &p.horizon, &p.cloudLit}) {
         *color = tinted(*color, scene.accent, 0.55F * strength);
     }
     for (Color *color : {&p.zenith, &p.cloudShade, &p.land}) {
         *color = tinted(*color, scene.accent, 0.3F * strength);
+    }
+}
+
+/// What hangs in the sky colours what lies below.
+void lightLand(Scene &scene)
+{
+    if (scene.aurora) {
+        scene.palette.land = mix(scene.palette.land, scene.accentStrength > 0 ? scene.accent : rgb(0x58d8a0), 0.45F);
+        scene.palette.horizon = mix(scene.palette.horizon, rgb(0x1d5a50), 0.5F);
+    }
+    if (scene.milkyWay) {
+        scene.palette.land = scene.palette.land * 1.5F;
     }
 }
 
@@ -135,6 +149,7 @@ Scene sceneOf(const QString &prompt)
     scene.palette = paletteOf(scene.time);
     scene.horizon = horizonOf(scene.subject) + scene.choose(5, -0.02F, 0.02F);
     tint(scene);
+    lightLand(scene);
     placeLight(scene);
     return scene;
 }

@@ -51,6 +51,8 @@ struct Scene
     float cloudiness = 0.5F; ///< 0 none, 1 overcast.
 
     [[nodiscard]] bool isNight() const { return time == Time::Night; }
+    /// Whether the sun or moon itself is in the sky; nights of stars or northern lights have no moon unless asked.
+    [[nodiscard]] bool showsLight() const { return !isNight() || moons > 0 || !(milkyWay || aurora); }
     [[nodiscard]] bool isDark() const { return time == Time::Night || time == Time::Dusk; }
     /// A choice of the seed's between from and to, another one for each number.
     [[nodiscard]] float choose(int number, float from, float to) const;

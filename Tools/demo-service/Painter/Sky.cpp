@@ -57,7 +57,7 @@ Color withMoons(const Scene &scene, Color sky, float x, float y, float pixel)
 
 Color withLightSource(const Scene &scene, Color sky, float x, float y, float pixel)
 {
-    if (scene.time == Time::Day || scene.time == Time::Dusk || scene.storm) {
+    if (scene.time == Time::Day || scene.time == Time::Dusk || scene.storm || !scene.showsLight()) {
         return sky;
     }
     const float radius = scene.isNight() ? 0.034F : 0.026F;
@@ -83,7 +83,7 @@ Cloud cloudsAt(const Scene &scene, float x, float y, Color air)
     const float above = scene.horizon - y;
     const float far = 1 / (above + 0.1F);
     const float u = x * far * 1.15F + scene.choose(20, 0, 50);
-    const float v = far * 1.9F;
+    const float v = far * 1.3F;
     const float bend = 0.5F * noise(u * 0.7F, v * 0.7F, scene.seed + 31);
     const auto density = [&](float du, float dv) {
         return fractal((u + du) * 0.85F + bend, (v + dv) * 1.1F + bend, 6, scene.seed + 32);
@@ -120,6 +120,14 @@ Color airLight(const Scene &scene, float x, float y)
     const float veil = scene.storm ? 0.3F : 1.0F;
     switch (scene.time) {
     case Time::Night:
+        if (scene.subject == Scene::Subject::City) {
+            // The lamps below light the air.
+            const Color lamps = scene.neon ? mix(rgb(0x8a3fa0), rgb(0x2f6fb0), clamp01(0.5F + x)) : rgb(0xb07a50);
+            color = color * 0.6F + lamps * (0.35F * std::exp(-std::abs(scene.horizon - y) * 4.5F));
+        }
+        if (!scene.showsLight()) {
+            return color;
+        }
         return color + p.light * (veil * (0.16F * std::exp(-away * 14) + 0.07F * std::exp(-away * 3.2F)));
     case Time::Day:
         return color + p.light * (veil * 0.28F * std::exp(-away * 1.5F));
@@ -143,14 +151,14 @@ Color starLight(const Scene &scene, float x, float y, float pixel, float density
         const float dust =
             step(0.1F, 0.75F, ridged(x * 2.2F + 9, y * 2.2F, 5, scene.seed + 42)) * std::exp(-across * across * 160);
         const float glow = band * std::max(cloud, 0.0F) * (1 - 0.8F * dust);
-        sum = mix(rgb(0x5d74b8), rgb(0xffd9b8), std::exp(-across * across * 90)) * (0.2F * glow);
+        sum = mix(rgb(0x6d7fc8), rgb(0xffd0b0), std::exp(-across * across * 60)) * (0.42F * glow);
     }
     for (int layer = 0; layer < 3; ++layer) {
         const float cells = 46.0F * static_cast<float>(1 << layer);
         const int32_t cx = floorToInt(x * cells);
         const int32_t cy = floorToInt(y * cells);
         const uint32_t seed = scene.seed + 50U + static_cast<uint32_t>(layer) * 3U;
-        if (random(cx, cy, seed) > density * (0.35F + 0.65F * band)) {
+        if (random(cx, cy, seed) > density * (0.3F + 0.7F * band)) {
             continue;
         }
         const float px = (static_cast<float>(cx) + 0.2F + 0.6F * random(cx, cy, seed + 1)) / cells;

@@ -44,32 +44,51 @@ class Mountains : public Ground
 
     [[nodiscard]] float top(float x) const override
     {
-        const float u = x * m_place.scale;
-        const float bend = 0.25F * noise(u * 1.3F, 4.2F, m_place.seed + 1);
-        const float swell = 0.5F + 0.8F * noise(u * 0.45F, 8.1F, m_place.seed + 2);
-        const float crest = ridged(u * 0.62F + bend, 1.7F, 7, m_place.seed);
-        return m_place.base - m_place.height * (0.2F + 0.8F * clamp01(swell) * 0.55F + 0.62F * (crest - 0.35F));
+        return m_place.base - m_place.height * (crest(x) + roughness(x * m_place.scale));
     }
 
     [[nodiscard]] Color shade(float x, float y, float depth) const override
     {
-        // The slope is a field of gullies that runs down from the crest; its slope towards the light is the brightness.
-        const float scale = m_place.scale * 2.1F;
-        const float u = x * scale + 0.35F * noise(x * scale * 1.1F, y * scale, m_place.seed + 5);
-        const float v = y * scale * 0.62F;
-        const float here = ridged(u, v, 6, m_place.seed + 6);
-        const float there = ridged(u + 0.07F * m_lightSide, v - 0.045F, 6, m_place.seed + 6);
-        const float lit = clamp01(0.46F + 3.0F * (here - there));
+        // Below each peak a face turns to the light and another away, as the crest above tells; the border between them
+        // wanders downwards, and gullies cut into both.
+        const float u = x * m_place.scale;
+        const float v = y * m_place.scale;
+        const float wander = depth * (0.5F * noise(u * 2.2F, v * 2.2F, m_place.seed + 4) +
+                                      0.25F * noise(u * 7, v * 5, m_place.seed + 5));
+        const float at = x + wander;
+        const float facing =
+            m_lightSide * (crest(at - 0.012F / m_place.scale) - crest(at + 0.012F / m_place.scale)) / 0.024F;
+        const float bend = 0.3F * noise(u * 2.3F, v * 2.1F, m_place.seed + 7);
+        const float here = ridged(u * 2.6F + bend, v * 1.5F, 6, m_place.seed + 6);
+        const float there = ridged(u * 2.6F + bend + 0.06F * m_lightSide, v * 1.5F - 0.04F, 6, m_place.seed + 6);
+        const float gully = 4.2F * (here - there);
+        const float lit = clamp01(0.45F + 0.42F * std::clamp(facing, -1.0F, 1.0F) + gully);
+
         const float altitude = (m_place.base - y) / m_place.height;
-        const float snowLine = m_scene.snow ? 0.1F : 0.62F + m_scene.choose(30, -0.1F, 0.15F);
-        const float snow = step(0, 0.16F, altitude - snowLine + 0.55F * (here - 0.5F) + 0.12F * (lit - 0.5F)) *
-                           (m_scene.tropical ? 0.0F : 1.0F);
-        const Color green = m_scene.autumn ? rgb(0x6b5130) : rgb(0x3d4a34);
-        const Color rock = mix(green, rgb(0x6d6763), step(0.1F, 0.55F, altitude + 0.5F * (here - 0.5F)));
+        const float snowLine = m_scene.snow ? 0.05F : 0.5F + m_scene.choose(30, -0.1F, 0.12F);
+        const float snow = m_scene.tropical
+                               ? 0
+                               : step(0, 0.12F, altitude - snowLine + 0.5F * (here - 0.45F) - 0.25F * std::abs(gully));
+        const Color green = m_scene.autumn ? rgb(0x6b5130) : m_scene.tropical ? rgb(0x4a6b38) : rgb(0x3d4a34);
+        const Color rock = mix(green, rgb(0x6d6763), step(0.1F, 0.5F, altitude + 0.5F * (here - 0.5F)));
         const Color ground = mix(rock, rgb(0xf4f6fb), snow);
-        const Color color = ground * mix(m_shadow, m_light * 1.15F, lit);
-        const float rim = std::exp(-depth * 90) * 0.12F;
-        return distant(color + m_light * ground * rim, x, y);
+        return distant(ground * mix(m_shadow, m_light * 1.25F, lit), x, y);
+    }
+
+  private:
+    /// The large shape: a few pointed peaks, 0 to about 1.
+    [[nodiscard]] float crest(float x) const
+    {
+        const float u = x * m_place.scale;
+        const float range = 0.62F + 0.55F * noise(u * 0.4F, 8.1F, m_place.seed + 2);
+        const float peaks = 0.72F * (1 - std::abs(noise(u * 0.85F, 1.7F, m_place.seed))) +
+                            0.3F * (1 - std::abs(noise(u * 2.1F, 5.3F, m_place.seed + 1)));
+        return std::max(range, 0.15F) * peaks * peaks;
+    }
+
+    [[nodiscard]] float roughness(float u) const
+    {
+        return 0.11F * (ridged(u * 4.3F, 3.9F, 5, m_place.seed + 3) - 0.4F);
     }
 };
 
@@ -143,19 +162,53 @@ class Hills : public Ground
     [[nodiscard]] Color withFlowers(Color ground, float x, float depth) const
     {
         const float far = 1 / (0.07F + depth);
-        const float u = x * far * 11;
-        const float v = far * 16;
+        const float u = x * far * 7.5F;
+        const float v = far * 11;
         const float drift = step(-0.05F, 0.35F, fractal(u * 0.05F, v * 0.12F, 3, m_scene.seed + 81));
         const int32_t cx = floorToInt(u);
         const int32_t cy = floorToInt(v);
-        if (random(cx, cy, m_place.seed + 11) > 0.75F * drift) {
+        if (random(cx, cy, m_place.seed + 11) > 0.25F + 0.7F * drift) {
             return ground;
         }
         const float dx = u - static_cast<float>(cx) - 0.3F - 0.4F * random(cx, cy, m_place.seed + 12);
         const float dy = v - static_cast<float>(cy) - 0.3F - 0.4F * random(cx, cy, m_place.seed + 13);
         const Color petals =
             mix(m_scene.accent * 1.5F, rgb(0xfff4e0), random(cx / 9, cy / 9, m_place.seed + 14) * 0.7F);
-        return mix(ground, petals, step(0.28F, 0.14F, std::sqrt(dx * dx + dy * dy)) * step(9.5F, 5.0F, far));
+        return mix(ground, petals, step(0.36F, 0.2F, std::sqrt(dx * dx + dy * dy)) * step(12.0F, 7.0F, far) * 0.95F);
+    }
+};
+
+class Island : public Ground
+{
+  public:
+    using Ground::Ground;
+
+    [[nodiscard]] float top(float x) const override
+    {
+        return m_place.base - std::max(m_place.height * rise(x), -0.02F);
+    }
+
+    [[nodiscard]] Color shade(float x, float y, float depth) const override
+    {
+        const float u = x * 60;
+        const float v = y * 80;
+        const float leaves = fractal(u, v, 4, m_place.seed + 4);
+        const float lit =
+            clamp01(0.5F + 0.9F * leaves + m_lightSide * 2.0F * (rise(x - 0.02F) - rise(x + 0.02F)) - depth * 1.5F);
+        const float up = m_place.base - y;
+        const Color woods = mix(rgb(0x1f4a22), rgb(0x7fae4a), clamp01(0.45F + 0.8F * leaves));
+        const Color ground = mix(rgb(0xf3e2b8), woods, step(0.006F, 0.013F, up + 0.006F * leaves));
+        return distant(ground * mix(m_shadow, m_light * 1.2F, lit), x, y - 0.6F * m_place.height);
+    }
+
+  private:
+    [[nodiscard]] float rise(float x) const
+    {
+        const float u = x * m_place.scale;
+        const float land = noise(u, 2.4F, m_place.seed) * 0.9F - 0.05F;
+        const float tops = 0.25F * ridged(u * 3, 1.2F, 4, m_place.seed + 1) * clamp01(land * 4) +
+                           0.06F * std::abs(noise(x * 90, 1, m_place.seed + 2)) * clamp01(land * 12);
+        return land + tops;
     }
 };
 
@@ -172,7 +225,7 @@ float daylight(const Scene &scene)
 {
     switch (scene.time) {
     case Scene::Time::Night:
-        return 0.2F;
+        return 0.3F;
     case Scene::Time::Dusk:
         return 0.35F;
     case Scene::Time::Dawn:
@@ -191,6 +244,11 @@ std::unique_ptr<Layer> mountains(const Scene &scene, const Place &place)
 std::unique_ptr<Layer> dunes(const Scene &scene, const Place &place)
 {
     return std::make_unique<Dunes>(scene, place);
+}
+
+std::unique_ptr<Layer> island(const Scene &scene, const Place &place)
+{
+    return std::make_unique<Island>(scene, place);
 }
 
 std::unique_ptr<Layer> hills(const Scene &scene, const Place &place)

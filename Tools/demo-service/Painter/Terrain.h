@@ -20,6 +20,9 @@ struct Place
 /// Sand with knife-sharp crests between light and shadow.
 [[nodiscard]] std::unique_ptr<Layer> dunes(const Scene &scene, const Place &place);
 
+/// Green land that rises from the sea here and there, with sand at its foot.
+[[nodiscard]] std::unique_ptr<Layer> island(const Scene &scene, const Place &place);
+
 /// Rolling ground: grass with flowers, or snow.
 [[nodiscard]] std::unique_ptr<Layer> hills(const Scene &scene, const Place &place);
 
