@@ -86,14 +86,25 @@ Look broadleaf(const Tree &tree, float x, float y)
 {
     const float dx = (x - tree.x) / tree.height;
     const float up = (tree.foot - y) / tree.height;
-    // The crown is a ball that noise has bitten into; the branches show where it has holes.
-    const float cy = (up - 0.64F) / 0.86F;
-    const float ball = 0.37F - std::sqrt(dx * dx + cy * cy);
-    const float leaves = ball + 0.17F * fractal(dx * 7, up * 7, 6, tree.seed + 1) - 0.03F;
+    // The crown is a heap of balls that noise has bitten into; the branches show where it has holes.
+    float ball = -1;
+    float cy = 0;
+    for (int i = 0; i < 9; ++i) {
+        const float turn = 0.7F * static_cast<float>(i);
+        const float out = 0.2F * random(i, 1, tree.seed);
+        const float bx = dx - 1.25F * out * std::cos(turn);
+        const float by = up - 0.63F - out * std::sin(turn);
+        const float in = 0.13F + 0.08F * random(i, 2, tree.seed) - std::sqrt(bx * bx + by * by);
+        if (in > ball) {
+            ball = in;
+            cy = by;
+        }
+    }
+    const float leaves = ball + 0.1F * fractal(dx * 9, up * 9, 6, tree.seed + 1) - 0.01F;
     const float bend = 0.04F * noise(up * 3, 1, tree.seed);
     const float trunk = up < 0.62F ? 0.03F - 0.028F * up + 0.02F * std::exp(-up * 22) - std::abs(dx - bend) : -1.0F;
     if (leaves > 0) {
-        return {leaves * tree.height, clamp01(0.5F + 1.2F * cy + 0.9F * fractal(dx * 16, up * 16, 4, tree.seed + 3)),
+        return {leaves * tree.height, clamp01(0.45F + 2.4F * cy + 0.9F * fractal(dx * 16, up * 16, 4, tree.seed + 3)),
                 false};
     }
     return {trunk * tree.height, 0.3F, true};

@@ -26,24 +26,13 @@ class Trees : public Layer
 
     [[nodiscard]] Color shade(float x, float y, float /*depth*/) const override
     {
-        const float fine = noise(x * m_place.scale * 7, y * m_place.scale * 6, m_place.seed + 6);
-        const Stand tree = tallest(x);
+        const float fine = fractal(x * m_place.scale * 5, y * m_place.scale * 4.5F, 3, m_place.seed + 6) * 1.6F;
+        // Looking a little aside, now here and now there, makes leafy borders between the trees.
+        const Stand tree = tallest(x + (m_round ? 0.3F : 0.12F) * fine / m_place.scale);
         const float below = clamp01((y - ground(x) + tree.height) / m_treeHeight);
-        Color leaves = mix(rgb(0x22382c), rgb(0x33503a), tree.tone);
-        if (m_scene.autumn) {
-            leaves = mix(mix(rgb(0x8a2f14), rgb(0xe0952a), tree.tone), rgb(0x50521f),
-                         random(tree.number, 8, m_place.seed) > 0.75F ? 0.8F : 0.1F);
-        } else if (m_scene.tropical) {
-            leaves = mix(rgb(0x2a6326), rgb(0x5f9a3c), tree.tone);
-        } else if (m_scene.accentStrength > 0) {
-            leaves = mix(leaves, m_scene.accent * 0.25F, 0.35F);
-        }
-        if (m_scene.snow) {
-            leaves = mix(leaves, rgb(0xdfe8f5), step(-0.2F, 0.5F, fine + 0.5F - 1.2F * below) * 0.85F);
-        }
         const float side = m_scene.lightX > x ? 1.0F : -1.0F;
-        const float lit = clamp01(0.55F - 0.45F * below + 0.7F * side * tree.across + 0.35F * fine);
-        const Color color = leaves * mix(m_shadow, m_light * 1.2F, lit);
+        const float lit = clamp01(0.62F - 0.6F * below + 0.7F * side * tree.across + 0.4F * fine);
+        const Color color = leavesOf(tree, below, fine) * mix(m_shadow, m_light * 1.25F, lit);
         const float mist = m_scene.fog ? 0.8F : 0.45F;
         const float low = step(-m_treeHeight * 0.3F, m_treeHeight * 1.6F, y - ground(x));
         return throughAir(m_scene, color, x,
@@ -59,6 +48,28 @@ class Trees : public Layer
         float tone = 0.5F;
         int32_t number = 0;
     };
+
+    [[nodiscard]] Color leavesOf(const Stand &tree, float below, float fine) const
+    {
+        Color leaves = mix(rgb(0x22382c), rgb(0x3a5740), tree.tone);
+        if (m_scene.autumn) {
+            const Color gold = mix(rgb(0x9a3412), rgb(0xe8a030), tree.tone);
+            leaves = mix(gold, rgb(0x5a5a24), random(tree.number, 8, m_place.seed) > 0.75F ? 0.8F : 0.1F);
+        } else if (m_scene.tropical) {
+            leaves = mix(rgb(0x2a6326), rgb(0x5f9a3c), tree.tone);
+        } else if (m_scene.accentStrength > 0) {
+            leaves = mix(leaves, m_scene.accent * 0.25F, 0.35F);
+        }
+        if (m_round) {
+            return mix(leaves, leaves * 0.45F, step(0.3F, 0.75F, below));
+        }
+        // Layers of branches, of which the upper sides carry the snow.
+        const float whorl = below * 11 - std::abs(tree.across) * 6 + 0.8F * fine;
+        const float under = whorl - static_cast<float>(floorToInt(whorl));
+        leaves = leaves * (1.1F - 0.45F * under);
+        return m_scene.snow ? mix(leaves, rgb(0xe4ecf7), step(0.75F, 0.15F, under) * step(0.9F, 0.3F, below) * 0.9F)
+                            : leaves;
+    }
 
     [[nodiscard]] float ground(float x) const
     {
@@ -144,7 +155,7 @@ class Houses : public Layer
         const Color glow = m_scene.neon
                                ? mix(rgb(0xff3fa4), rgb(0x28b8ff), clamp01(0.5F + noise(x * 2.2F, 1, m_scene.seed)))
                                : rgb(0xffb066);
-        return m_scene.isDark() ? color + glow * (0.22F * low * low * (0.35F + m_place.haze)) : color;
+        return m_scene.isDark() ? color + glow * (0.4F * low * low * (0.35F + m_place.haze)) : color;
     }
 
   private:
@@ -195,7 +206,9 @@ class Houses : public Layer
             random(column, floor, m_place.seed + 20) + 0.35F * (random(house.number, floor, m_place.seed + 21) - 0.5F);
         const Color warm = mix(rgb(0xffc27a), rgb(0xfff0d0), random(column, floor, m_place.seed + 22));
         const Color lamp = random(house.number, 11, m_place.seed) < 0.3F ? rgb(0xa8d4ff) : warm;
-        const float on = chance > 0.6F ? 0.3F + 0.9F * random(column, floor, m_place.seed + 23) : 0.015F;
+        const float busy = 0.5F + 0.4F * random(house.number, 10, m_place.seed);
+        const float bright = random(column, floor, m_place.seed + 23);
+        const float on = chance > busy ? 0.12F + 1.3F * bright * bright * bright : 0.01F;
         return wall + lamp * (on * pane * 0.9F) + signColor(house) * neonSign;
     }
 

@@ -30,7 +30,7 @@ class Builder
         for (int row = 0; row < rows; ++row) {
             const float t = rows == 1 ? 0 : static_cast<float>(row) / static_cast<float>(rows - 1);
             const float base = mix(far, near, std::pow(t, 1.4F));
-            const float scale = 1 / mix(0.024F, 0.024F + 0.4F * (near - far), std::pow(t, 1.3F));
+            const float scale = 1 / mix(0.024F, 0.024F + 0.27F * (near - far), std::pow(t, 1.3F));
             add(trees, base, 0.06F + 0.35F * (near - far), scale, mix(haze, 0.02F, std::pow(t, 0.7F)));
         }
         return *this;
@@ -73,7 +73,7 @@ Layers layersOf(const Scene &scene)
         break;
     case Subject::Forest:
         land.add(mountains, h + 0.06F, 0.42F, 1.5F, 0.66F + more * 0.5F);
-        land.woods(h + 0.04F, h + 0.5F, 12, 0.52F + more);
+        land.woods(h + 0.04F, h + 0.5F, scene.autumn || scene.tropical ? 20 : 15, 0.52F + more);
         break;
     case Subject::Desert:
         land.add(mountains, h + 0.01F, 0.13F, 1.8F, 0.72F)

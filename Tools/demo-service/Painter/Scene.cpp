@@ -76,8 +76,12 @@ void lightLand(Scene &scene)
         scene.palette.land = mix(scene.palette.land, scene.accentStrength > 0 ? scene.accent : rgb(0x58d8a0), 0.45F);
         scene.palette.horizon = mix(scene.palette.horizon, rgb(0x1d5a50), 0.5F);
     }
+    if (scene.subject == Subject::City && scene.isDark()) {
+        scene.palette.cloudLit = scene.neon ? rgb(0x6a4080) : rgb(0x7a5c50);
+        scene.palette.cloudShade = scene.neon ? rgb(0x1a1630) : rgb(0x1c1a24);
+    }
     if (scene.milkyWay) {
-        scene.palette.land = scene.palette.land * 1.5F;
+        scene.palette.land = scene.palette.land * 2.4F;
     }
 }
 

@@ -71,6 +71,26 @@ Color withLightSource(const Scene &scene, Color sky, float x, float y, float pix
     return mix(sky, scene.palette.light * seas, inside);
 }
 
+/// A bolt from the clouds to the horizon, and a branch of it.
+Color lightning(const Scene &scene, float x, float y)
+{
+    const uint32_t seed = scene.seed + 950;
+    const float foot = -1.1F * scene.lightX;
+    const auto path = [&](float at, uint32_t which) {
+        return 0.16F * noise(at * 3.1F, 1, seed + which) + 0.05F * noise(at * 11, 2, seed + which) +
+               0.02F * noise(at * 37, 3, seed + which);
+    };
+    const float fork = 0.26F;
+    const float bolt = std::abs(x - foot - path(y, 0) + path(scene.horizon, 0));
+    const float forkX = foot + path(fork, 0) - path(scene.horizon, 0);
+    const float branch = std::abs(x - forkX - 0.55F * (y - fork) - path(y, 9) + path(fork, 9));
+    float strength = step(0.02F, 0.12F, y) * (1.1F * std::exp(-bolt * 700) + 0.16F * std::exp(-bolt * 22));
+    if (y > fork && y < 0.46F) {
+        strength += step(0.46F, 0.36F, y) * 0.8F * std::exp(-branch * 900);
+    }
+    return rgb(0xd8dcff) * (2.2F * strength);
+}
+
 struct Cloud
 {
     float cover;
@@ -105,9 +125,8 @@ Cloud cloudsAt(const Scene &scene, float x, float y, Color air)
     return {step(0.0F, 0.3F, here) * step(0.0F, 0.07F, above), mix(color, air, 0.75F * distanceHaze)};
 }
 
-} // namespace
-
-Color airLight(const Scene &scene, float x, float y)
+/// glare is how much of the brightest light, close to sun or moon, is seen.
+Color airWithGlare(const Scene &scene, float x, float y, float glare)
 {
     const Palette &p = scene.palette;
     const float up = clamp01((scene.horizon - y) / scene.horizon);
@@ -128,7 +147,7 @@ Color airLight(const Scene &scene, float x, float y)
         if (!scene.showsLight()) {
             return color;
         }
-        return color + p.light * (veil * (0.16F * std::exp(-away * 14) + 0.07F * std::exp(-away * 3.2F)));
+        return color + p.light * (veil * (0.16F * glare * std::exp(-away * 14) + 0.07F * std::exp(-away * 3.2F)));
     case Time::Day:
         return color + p.light * (veil * 0.28F * std::exp(-away * 1.5F));
     default:
@@ -136,7 +155,20 @@ Color airLight(const Scene &scene, float x, float y)
     }
     // Low light scatters along the horizon much farther than upwards.
     const float along = std::exp(-distance(dx * 0.55F, 1.7F * (y - scene.horizon)) * 3.2F);
-    return color + p.light * (veil * (0.9F * std::exp(-away * 15) + 0.36F * std::exp(-away * 4.2F) + 0.16F * along));
+    return color +
+           p.light * (veil * (0.9F * glare * std::exp(-away * 15) + 0.36F * std::exp(-away * 4.2F) + 0.16F * along));
+}
+
+} // namespace
+
+Color airLight(const Scene &scene, float x, float y)
+{
+    return airWithGlare(scene, x, y, 1);
+}
+
+Color hazeLight(const Scene &scene, float x)
+{
+    return airWithGlare(scene, x, scene.horizon - 0.05F, 0.15F);
 }
 
 Color starLight(const Scene &scene, float x, float y, float pixel, float density)
@@ -197,6 +229,9 @@ void paintSky(Canvas &canvas, const Scene &scene, const std::vector<int> &lowest
             if (scene.cloudiness > 0.1F) {
                 const Cloud cloud = cloudsAt(scene, x, y, air);
                 color = mix(color, cloud.color, cloud.cover);
+            }
+            if (scene.storm) {
+                color = color + lightning(scene, x, y);
             }
             canvas.at(column, row) = color;
         }

@@ -5,9 +5,11 @@
 
 namespace quorvane::painter {
 
-/// The clear sky's light towards a place: the gradient of the time of day with the glow round sun or moon. Also the
-/// colour that distance takes on.
+/// The clear sky's light towards a place: the gradient of the time of day with the glow round sun or moon.
 [[nodiscard]] Color airLight(const Scene &scene, float x, float y);
+
+/// The colour that distance takes on at x: the light above the horizon without the glare of the sun itself.
+[[nodiscard]] Color hazeLight(const Scene &scene, float x);
 
 /// The whole sky with everything in it, down to lowestRow[column].
 void paintSky(Canvas &canvas, const Scene &scene, const std::vector<int> &lowestRow);

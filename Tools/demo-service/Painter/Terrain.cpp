@@ -216,7 +216,7 @@ class Island : public Ground
 
 Color throughAir(const Scene &scene, Color color, float x, float haze)
 {
-    const Color air = airLight(scene, x, scene.horizon - 0.05F);
+    const Color air = hazeLight(scene, x);
     const float grey = scene.fog ? 0.35F : 0.12F;
     return mix(color, mix(air, Color{1, 1, 1} * luminance(air), grey), clamp01(haze));
 }
@@ -227,7 +227,7 @@ float daylight(const Scene &scene)
     case Scene::Time::Night:
         return 0.3F;
     case Scene::Time::Dusk:
-        return 0.35F;
+        return 0.5F;
     case Scene::Time::Dawn:
     case Scene::Time::Sunset:
         return 0.75F;

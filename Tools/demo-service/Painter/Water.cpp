@@ -42,7 +42,8 @@ void paintWater(Canvas &canvas, const Scene &scene)
 {
     const int first = static_cast<int>(canvas.row(scene.horizon) + 1);
     const bool rough = scene.subject == Subject::Sea || scene.subject == Subject::Islands;
-    const float waves = (rough ? 0.09F : scene.subject == Subject::City ? 0.03F : 0.022F) * (scene.storm ? 2.0F : 1.0F);
+    const float waves = (rough ? 0.12F : scene.subject == Subject::City ? 0.03F : 0.022F) * (scene.storm ? 2.0F : 1.0F);
+    const float smear = scene.subject == Subject::City ? 1.1F : 0.22F;
     const float clearness = rough ? 0.75F : 0.5F;
     inParallel(canvas.height() - first, [&](int offset) {
         const int row = first + offset;
@@ -59,7 +60,7 @@ void paintWater(Canvas &canvas, const Scene &scene)
             constexpr int kLooks = 5;
             for (int look = 0; look < kLooks; ++look) {
                 const float spread =
-                    (static_cast<float>(look) - 2) * waves * 0.22F * (0.2F + 1.6F * down) * (0.4F + breeze);
+                    (static_cast<float>(look) - 2) * waves * smear * (0.2F + 1.6F * down) * (0.4F + breeze);
                 const float height = std::abs(down * 1.02F + slope * 2.2F + spread) + 0.002F;
                 const float mirrorRow = std::min(canvas.row(scene.horizon - height), static_cast<float>(first - 1));
                 mirrored = mirrored + canvas.sample(canvas.column(x + slope * 0.25F), mirrorRow);
@@ -67,6 +68,11 @@ void paintWater(Canvas &canvas, const Scene &scene)
             mirrored = mirrored * (0.93F / kLooks);
             const float steep = clearness * step(0.0F, 0.55F, down + 0.6F * std::max(slope, 0.0F));
             Color color = mix(mirrored, ownColor(scene, x, down), steep);
+            if (rough) { // The flanks of the waves, bright where they face the sky.
+                const float flank = swell - fractal(u * 1.1F + 3, v * 3.1F + 0.22F, 5, scene.seed + 60);
+                color = color *
+                        (1 + std::clamp(flank * (scene.storm ? 2.6F : 1.2F), -0.6F, 0.9F) * step(0.0F, 0.25F, down));
+            }
             const float beneath = std::exp(-std::abs(x - scene.lightX) / (0.035F + 0.42F * down));
             const float sparkle = step(0.34F, 0.62F, swell + 0.25F * noise(u * 9, v * 19, scene.seed + 63));
             const bool glints = scene.lightY < scene.horizon && !scene.storm && scene.subject != Subject::City;
