@@ -172,6 +172,39 @@ void paintBank(Canvas &canvas, const Scene &scene, float side)
     });
 }
 
+/// A sandy shore in the lower corner, wet and foaming where the waves run out.
+void paintBeach(Canvas &canvas, const Scene &scene, float side)
+{
+    const Color light = scene.palette.land * daylight(scene);
+    const Color sky = scene.palette.horizon * 0.5F;
+    const uint32_t seed = scene.seed + 860;
+    inParallel(canvas.height(), [&](int row) {
+        const float y = canvas.y(static_cast<float>(row));
+        if (y < scene.horizon + 0.1F) {
+            return;
+        }
+        for (int column = 0; column < canvas.width(); ++column) {
+            const float x = canvas.x(static_cast<float>(column));
+            const float shore = 0.97F - 0.17F * step(-0.6F, 1.0F, x * side) + 0.03F * fractal(x * 1.7F, 1, 3, seed);
+            const float lace = 0.02F * fractal(x * 9, y * 16, 4, seed + 1);
+            const float up = y - shore + lace; // Above zero on the sand.
+            if (up < -0.05F) {
+                continue;
+            }
+            const float grain =
+                0.1F * fractal(x * 130, y * 260, 3, seed + 2) + 0.14F * fractal(x * 5, y * 14, 3, seed + 3);
+            const float dry = step(0.015F, 0.06F, up);
+            const Color sand = mix(rgb(0x9c8460), rgb(0xeed9ae), dry) * (1 + grain) * light;
+            const float shown = step(-0.012F, 0.008F, up);
+            canvas.blend(column, row, sand + sky * (0.35F * (1 - dry)), shown);
+            const float foam = std::exp(-std::abs(up) * 190) + 0.5F * std::exp(-std::abs(up + 0.025F + lace) * 240);
+            canvas.blend(column, row,
+                         Color{0.95F, 0.97F, 1} * (daylight(scene) * 0.95F) * mix(light, Color{1, 1, 1}, 0.5F),
+                         clamp01(foam * 0.85F));
+        }
+    });
+}
+
 } // namespace
 
 void paintForeground(Canvas &canvas, const Scene &scene)
@@ -180,6 +213,9 @@ void paintForeground(Canvas &canvas, const Scene &scene)
     const float side = scene.lightX > 0 ? -1.0F : 1.0F;
     if (scene.subject == Subject::Lake) {
         paintBank(canvas, scene, side);
+    }
+    if (scene.subject == Subject::Sea || scene.subject == Subject::Islands) {
+        paintBeach(canvas, scene, side);
     }
     if (scene.subject == Subject::Meadow) {
         paintTree(canvas, scene, {side * scene.choose(85, 0.35F, 0.6F), scene.horizon + 0.16F, 0.42F, scene.seed + 800},

@@ -146,11 +146,11 @@ class Houses : public Layer
         const Color wall = mix(rgb(0x5a6270), rgb(0x8a7f78), tone);
         const Color light = m_scene.palette.land * daylight(m_scene);
         const float side = (house.across > 0.62F) == (m_scene.lightX > 0) ? 1.0F : 0.6F;
-        Color color = wall * light * side * 0.8F;
+        const float low = step(m_place.base - 0.22F, m_place.base, y);
+        Color color = wall * light * (side * (0.85F - 0.45F * low));
         if (house.across > 0.04F && house.across < 0.96F) {
             color = withWindow(color, house, x, y);
         }
-        const float low = step(m_place.base - 0.22F, m_place.base, y);
         color = throughAir(m_scene, color, x, m_place.haze);
         const Color glow = m_scene.neon
                                ? mix(rgb(0xff3fa4), rgb(0x28b8ff), clamp01(0.5F + noise(x * 2.2F, 1, m_scene.seed)))
@@ -181,7 +181,7 @@ class Houses : public Layer
         const float downtown = std::exp(-(middle - centre) * (middle - centre) * 5.5F);
         const float chance = random(number, 3, m_place.seed);
         return {number, (u - left) / (right - left),
-                m_place.height * (0.2F + 0.25F * chance + downtown * (0.15F + 0.6F * chance * chance)),
+                m_place.height * (0.12F + 0.36F * chance * chance + downtown * (0.15F + 0.6F * chance * chance)),
                 random(number, 4, m_place.seed)};
     }
 
@@ -197,9 +197,11 @@ class Houses : public Layer
         const float pane =
             step(0.1F, 0.24F, inU) * step(0.9F, 0.76F, inU) * step(0.14F, 0.28F, inV) * step(0.86F, 0.72F, inV);
         if (!m_scene.isDark()) {
-            const Color glass =
-                mix(wall * 0.55F, m_scene.palette.horizon * 0.7F, random(column, floor, m_place.seed) * 0.6F);
-            return mix(wall, glass, 0.7F * pane);
+            // Glass mirrors the sky of its height, some panes a little more of it.
+            const Color sky = mix(m_scene.palette.horizon, m_scene.palette.zenith, clamp01((m_place.base - y) * 1.6F));
+            const Color glass = sky * (0.35F + 0.45F * random(column, floor, m_place.seed));
+            const bool lamp = m_scene.time != Scene::Time::Day && random(column, floor, m_place.seed + 24) > 0.86F;
+            return mix(wall, lamp ? rgb(0xffd896) * 1.1F : glass, 0.8F * pane);
         }
         const float neonSign = m_scene.neon && house.kind > 0.5F ? neonStrip(house, y) : 0.0F;
         const float chance =
@@ -208,7 +210,7 @@ class Houses : public Layer
         const Color lamp = random(house.number, 11, m_place.seed) < 0.3F ? rgb(0xa8d4ff) : warm;
         const float busy = 0.5F + 0.4F * random(house.number, 10, m_place.seed);
         const float bright = random(column, floor, m_place.seed + 23);
-        const float on = chance > busy ? 0.12F + 1.3F * bright * bright * bright : 0.01F;
+        const float on = chance > busy ? 0.16F + 1.6F * bright * bright * bright : 0.01F;
         return wall + lamp * (on * pane * 0.9F) + signColor(house) * neonSign;
     }
 

@@ -76,6 +76,9 @@ void lightLand(Scene &scene)
         scene.palette.land = mix(scene.palette.land, scene.accentStrength > 0 ? scene.accent : rgb(0x58d8a0), 0.45F);
         scene.palette.horizon = mix(scene.palette.horizon, rgb(0x1d5a50), 0.5F);
     }
+    if (scene.snow) {
+        scene.palette.land = mix(scene.palette.land, Color{0.86F, 0.93F, 1.05F} * luminance(scene.palette.land), 0.6F);
+    }
     if (scene.subject == Subject::City && scene.isDark()) {
         scene.palette.cloudLit = scene.neon ? rgb(0x6a4080) : rgb(0x7a5c50);
         scene.palette.cloudShade = scene.neon ? rgb(0x1a1630) : rgb(0x1c1a24);

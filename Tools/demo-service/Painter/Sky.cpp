@@ -183,7 +183,7 @@ Color starLight(const Scene &scene, float x, float y, float pixel, float density
         const float dust =
             step(0.1F, 0.75F, ridged(x * 2.2F + 9, y * 2.2F, 5, scene.seed + 42)) * std::exp(-across * across * 160);
         const float glow = band * std::max(cloud, 0.0F) * (1 - 0.8F * dust);
-        sum = mix(rgb(0x6d7fc8), rgb(0xffd0b0), std::exp(-across * across * 60)) * (0.42F * glow);
+        sum = mix(rgb(0x6d7fc8), rgb(0xffd0b0), std::exp(-across * across * 60)) * (0.6F * glow);
     }
     for (int layer = 0; layer < 3; ++layer) {
         const float cells = 46.0F * static_cast<float>(1 << layer);
@@ -207,7 +207,7 @@ Color starLight(const Scene &scene, float x, float y, float pixel, float density
 
 void paintSky(Canvas &canvas, const Scene &scene, const std::vector<int> &lowestRow)
 {
-    const float starDensity = scene.isNight() ? 0.4F : scene.time == Time::Dusk ? 0.12F : 0.0F;
+    const float starDensity = scene.isNight() ? 0.26F : scene.time == Time::Dusk ? 0.12F : 0.0F;
     inParallel(canvas.height(), [&](int row) {
         const float y = canvas.y(static_cast<float>(row));
         for (int column = 0; column < canvas.width(); ++column) {

@@ -29,7 +29,7 @@ Color nebula(const Scene &scene, float x, float y)
     const Color warm = scene.accent;
     const Color cold = mix(rgb(0x2d5bd0), rgb(0x8a3fd0), clamp01(0.5F + bendX));
     const float strength = clamp01(gas * gas * 0.9F) * (0.35F + 0.65F * dark);
-    return mix(cold, warm, clamp01(0.5F + 1.3F * bendY)) * (0.55F * strength * strength) +
+    return mix(cold, warm, clamp01(0.5F + 1.3F * bendY)) * (0.85F * strength * strength) +
            rgb(0xffe0c8) * (0.28F * veil * veil * veil * strength) + rgb(0x05060f);
 }
 
@@ -77,7 +77,7 @@ void paintSpace(Canvas &canvas, const Scene &scene)
         const float y = canvas.y(static_cast<float>(row));
         for (int column = 0; column < canvas.width(); ++column) {
             const float x = canvas.x(static_cast<float>(column));
-            canvas.at(column, row) = nebula(scene, x, y) + starLight(scene, x, y, canvas.pixel(), 0.42F);
+            canvas.at(column, row) = nebula(scene, x, y) + starLight(scene, x, y, canvas.pixel(), 0.25F);
         }
     });
     const float side = scene.choose(60, 0, 1) < 0.5F ? -1.0F : 1.0F;

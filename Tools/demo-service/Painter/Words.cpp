@@ -25,21 +25,21 @@ template <typename Meaning> struct Entry
 };
 
 constexpr Entry<Subject> kSubjects[] = {
-    {"space", Subject::Space},        {"nebula", Subject::Space},    {"planet", Subject::Space},
-    {"galax", Subject::Space},        {"cosm", Subject::Space},      {"universe", Subject::Space},
-    {"city", Subject::City},          {"cities", Subject::City},     {"skyline", Subject::City},
-    {"skyscraper", Subject::City},    {"street", Subject::City},     {"urban", Subject::City},
-    {"island", Subject::Islands},     {"lagoon", Subject::Islands},  {"tropic", Subject::Islands},
-    {"lake", Subject::Lake},          {"fjord", Subject::Lake},      {"river", Subject::Lake},
-    {"pond", Subject::Lake},          {"desert", Subject::Desert},   {"dune", Subject::Desert},
-    {"sahara", Subject::Desert},      {"mars", Subject::Desert},     {"forest", Subject::Forest},
-    {"wood", Subject::Forest},        {"jungle", Subject::Forest},   {"taiga", Subject::Forest},
-    {"tree", Subject::Forest},        {"sea", Subject::Sea},         {"ocean", Subject::Sea},
-    {"beach", Subject::Sea},          {"coast", Subject::Sea},       {"wave", Subject::Sea},
-    {"meadow", Subject::Meadow},      {"field", Subject::Meadow},    {"hill", Subject::Meadow},
-    {"grass", Subject::Meadow},       {"flower", Subject::Meadow},   {"prairie", Subject::Meadow},
-    {"mountain", Subject::Mountains}, {"peak", Subject::Mountains},  {"alp", Subject::Mountains},
-    {"valley", Subject::Mountains},   {"cliff", Subject::Mountains}, {"volcan", Subject::Mountains},
+    {"space", Subject::Space},     {"nebula", Subject::Space},     {"planet", Subject::Space},
+    {"galax", Subject::Space},     {"cosm", Subject::Space},       {"universe", Subject::Space},
+    {"city", Subject::City},       {"cities", Subject::City},      {"skyline", Subject::City},
+    {"skyscraper", Subject::City}, {"street", Subject::City},      {"urban", Subject::City},
+    {"island", Subject::Islands},  {"lagoon", Subject::Islands},   {"tropic", Subject::Islands},
+    {"lake", Subject::Lake},       {"fjord", Subject::Lake},       {"river", Subject::Lake},
+    {"pond", Subject::Lake},       {"desert", Subject::Desert},    {"dune", Subject::Desert},
+    {"sahara", Subject::Desert},   {"mars", Subject::Desert},      {"forest", Subject::Forest},
+    {"wood", Subject::Forest},     {"jungle", Subject::Forest},    {"taiga", Subject::Forest},
+    {"sea", Subject::Sea},         {"ocean", Subject::Sea},        {"beach", Subject::Sea},
+    {"coast", Subject::Sea},       {"wave", Subject::Sea},         {"meadow", Subject::Meadow},
+    {"field", Subject::Meadow},    {"hill", Subject::Meadow},      {"grass", Subject::Meadow},
+    {"flower", Subject::Meadow},   {"prairie", Subject::Meadow},   {"mountain", Subject::Mountains},
+    {"peak", Subject::Mountains},  {"alp", Subject::Mountains},    {"valley", Subject::Mountains},
+    {"cliff", Subject::Mountains}, {"volcan", Subject::Mountains}, {"tree", Subject::Forest},
 };
 
 constexpr Entry<Time> kTimes[] = {
