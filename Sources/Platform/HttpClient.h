@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QByteArray>
+#include <QCoroTask>
+#include <QList>
+#include <QNetworkAccessManager>
+#include <QSslConfiguration>
+#include <QString>
+#include <QUrl>
+
+#include <chrono>
+#include <exception>
+#include <optional>
+#include <stop_token>
+
+namespace quorvane {
+
+/// Why no answer came: the transport's own description in one sentence. Never holds a header's value.
+class TransportError : public std::exception
+{
+  public:
+    explicit TransportError(QString description);
+    [[nodiscard]] const QString &description() const { return m_description; }
+    [[nodiscard]] const char *what() const noexcept override { return m_utf8.constData(); }
+
+  private:
+    QString m_description;
+    QByteArray m_utf8;
+};
+
+struct HttpHeader
+{
+    QByteArray name;
+    QByteArray value;
+};
+
+struct HttpRequest
+{
+    QUrl url;                                      ///< https, or http to this machine.
+    QByteArray contentType;                        ///< Sent with the body.
+    HttpHeader secret;                             ///< Goes to the host of url alone, not along redirects elsewhere.
+    QByteArray body;                               ///< Sent with POST.
+    std::chrono::milliseconds silenceLimit{60000}; ///< How long no byte may move before the request fails.
+};
+
+/// True for https addresses and for http to a loopback address: the only ones that a request may go to.
+[[nodiscard]] bool isAllowedAddress(const QUrl &url);
+
+/// Sends requests over verified TLS (HTTP/2 where the server has it) and collects whole answers. Belongs to a thread
+/// with an event loop; any number of requests may run at once.
+class HttpClient
+{
+  public:
+    /// Above this an answer is refused instead of filling the memory. The largest honest one, a 4K PNG of pure noise as
+    /// base64, has 33 MiB; five times that leaves room for pictures to grow.
+    static constexpr qint64 kAnswerLimitBytes = 192LL * 1024 * 1024;
+
+    explicit HttpClient(qint64 answerLimitBytes = kAnswerLimitBytes);
+    ~HttpClient();
+    HttpClient(const HttpClient &) = delete;
+    HttpClient &operator=(const HttpClient &) = delete;
+    HttpClient(HttpClient &&) = delete;
+    HttpClient &operator=(HttpClient &&) = delete;
+
+    /// The body of the answer, whatever its HTTP status. Throws TransportError when none came, the answer broke off,
+    /// was too large, the certificate does not hold, or a redirect leads to an address that is not allowed.
+    /// Redirects are followed as browsers do (301, 302 and 303 become GET); the secret header stays with its origin.
+    [[nodiscard]] QCoro::Task<QByteArray> post(HttpRequest request);
+
+    /// Ends every running request with a TransportError, and every later one at once. For tearing down.
+    void cancelAll();
+
+  private:
+    struct Exchange;
+    [[nodiscard]] QCoro::Task<std::optional<QUrl>> exchange(Exchange *state);
+
+    QNetworkAccessManager m_network;
+    QSslConfiguration m_tls;
+    qint64 m_answerLimitBytes;
+    std::stop_source m_stop;
+};
+
+} // namespace quorvane

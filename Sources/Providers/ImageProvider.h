@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Providers/ModelOption.h"
+
+#include <QByteArray>
+#include <QCoroTask>
+#include <QList>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace quorvane {
+
+class HttpClient;
+
+/// A picture as a service gave it.
+struct GeneratedImage
+{
+    QByteArray bytes;  ///< The encoded picture, as it goes into the library.
+    QString extension; ///< "png" or "jpg", without a dot.
+};
+
+/// The contract of an outside image service.
+class ImageProvider
+{
+  public:
+    ImageProvider() = default;
+    ImageProvider(const ImageProvider &) = delete;
+    ImageProvider &operator=(const ImageProvider &) = delete;
+    ImageProvider(ImageProvider &&) = delete;
+    ImageProvider &operator=(ImageProvider &&) = delete;
+    virtual ~ImageProvider() = default;
+
+    /// The name that the user reads.
+    [[nodiscard]] virtual QString name() const = 0;
+
+    /// The stable identifier: key file, settings and the provider override use it.
+    [[nodiscard]] virtual QString id() const = 0;
+
+    /// The models on offer, in display order; the first is the default.
+    [[nodiscard]] virtual QList<ModelOption> models() const = 0;
+
+    /// Asks the service for a picture. The prompt goes out as typed; model is an id of models(). Throws ProviderError.
+    /// Comes back on the calling thread; parsing and decoding happen on a worker. Any number may run at once.
+    [[nodiscard]] virtual QCoro::Task<GeneratedImage> generate(QString prompt, QString apiKey, QString model,
+                                                               bool wants4K) const = 0;
+};
+
+/// Gemini, Grok, OpenAI, in this order. http must outlive them.
+[[nodiscard]] std::vector<std::unique_ptr<const ImageProvider>> allProviders(HttpClient &http);
+
+} // namespace quorvane

@@ -1,0 +1,181 @@
+#include "Providers/ServiceRequest.h"
+
+#include "Platform/Worker.h"
+#include "Providers/AnswerDocument.h"
+#include "Providers/Base64.h"
+#include "Providers/ProviderError.h"
+
+#include <QCoreApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <algorithm>
+
+namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(ServiceRequest)
+};
+
+QString baseAddress(const Service &service)
+{
+    QString address = qEnvironmentVariable(service.addressVariable);
+    while (address.endsWith(QLatin1Char('/'))) {
+        address.chop(1);
+    }
+    return address.isEmpty() ? QLatin1String(service.baseAddress) : address;
+}
+
+// A line break in a header would begin a header of its own.
+bool canBeHeader(const QByteArray &value)
+{
+    constexpr unsigned char kFirstPrintable = 0x20;
+    constexpr unsigned char kDelete = 0x7f;
+    return std::all_of(value.begin(), value.end(), [](char character) {
+        const auto byte = static_cast<unsigned char>(character);
+        return byte >= kFirstPrintable && byte != kDelete;
+    });
+}
+
+QByteArrayView withoutDataAddress(QByteArrayView text)
+{
+    const qsizetype comma = text.indexOf(',');
+    return comma >= 0 && text.first(comma).contains("base64") ? text.sliced(comma + 1) : text;
+}
+
+} // namespace
+
+std::optional<QString> addressProblem(const Service &service)
+{
+    if (isAllowedAddress(QUrl(baseAddress(service), QUrl::StrictMode))) {
+        return std::nullopt;
+    }
+    return Tr::tr("%1 must be an https address, or http on this machine.")
+        .arg(QLatin1String(service.addressVariable));
+}
+
+std::optional<QString> addressProblem(const QString &providerId)
+{
+    if (providerId == QLatin1String("gemini")) {
+        return addressProblem(kGeminiService);
+    }
+    if (providerId == QLatin1String("grok")) {
+        return addressProblem(kGrokService);
+    }
+    if (providerId == QLatin1String("openai")) {
+        return addressProblem(kOpenAIService);
+    }
+    return std::nullopt;
+}
+
+GeneratedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &format)
+{
+    // 1. The answer is a JSON object.
+    const std::optional<AnswerDocument> document = AnswerDocument::parse(answer);
+    if (!document) {
+        throw ProviderError::invalidResponse(format.notAnObject);
+    }
+    // 2. An error object with a text goes to the user in the service's own words; any other "error" is ignored.
+    const QJsonValue message = document->object().value(QLatin1String("error")).toObject().value(QLatin1String("message"));
+    if (message.isString()) {
+        QByteArray storage;
+        throw ProviderError::apiError(format.apiErrorPrefix + QString::fromUtf8(document->textOf(message, &storage)));
+    }
+    // 3. Walk to the base64 text.
+    const std::optional<PictureInAnswer> picture = format.pictureIn(document->object());
+    if (!picture) {
+        throw ProviderError::invalidResponse(format.noImage);
+    }
+    // 4. Decode it.
+    QByteArray storage;
+    QByteArrayView text = document->textOf(picture->base64, &storage);
+    if (picture->mayBeDataAddress) {
+        text = withoutDataAddress(text);
+    }
+    std::optional<QByteArray> bytes = decodeBase64(text);
+    if (!bytes) {
+        throw ProviderError::invalidResponse(format.undecodable);
+    }
+    return {std::move(*bytes), picture->extension};
+}
+
+QCoro::Task<GeneratedImage> requestImage(HttpClient *http, ServiceRequest request, AnswerFormat format)
+{
+    // 1. The address.
+    if (const std::optional<QString> problem = addressProblem(request.service)) {
+        throw ProviderError::networkError(*problem);
+    }
+    const QUrl url(baseAddress(request.service) + request.path, QUrl::StrictMode);
+    if (!url.isValid() || url.host().isEmpty()) {
+        throw ProviderError::invalidResponse(QStringLiteral("Invalid URL"));
+    }
+    // 2. The request. A body with a picture in it has many megabytes, so it is written on a worker.
+    if (!canBeHeader(request.keyHeader.value)) {
+        throw ProviderError::networkError(
+            Tr::tr("The stored API key has a character that cannot be sent. Save the key again."));
+    }
+    auto serialise = [body = std::move(request.body)] { return QJsonDocument(body).toJson(QJsonDocument::Compact); };
+    QByteArray body = co_await onWorker(std::move(serialise));
+    HttpRequest httpRequest{url, "application/json", std::move(request.keyHeader), std::move(body), request.silenceLimit};
+
+    // 3. Send it.
+    QByteArray answer;
+    try {
+        answer = co_await http->post(std::move(httpRequest));
+    } catch (const TransportError &error) {
+        throw ProviderError::networkError(error.description());
+    }
+    // 4. Read the answer.
+    auto read = [answer = std::move(answer), format = std::move(format)]() mutable {
+        const QByteArray bytes = std::move(answer);
+        return imageFromAnswer(bytes, format);
+    };
+    co_return co_await onWorker(std::move(read));
+}
+
+QJsonArray objectsIn(const QJsonObject &object, QLatin1String key)
+{
+    const QJsonArray list = object.value(key).toArray();
+    const bool objectsOnly =
+        std::all_of(list.begin(), list.end(), [](const QJsonValue &value) { return value.isObject(); });
+    return objectsOnly ? list : QJsonArray();
+}
+
+std::optional<PictureInAnswer> firstDataEntry(const QJsonObject &answer, const QString &extension)
+{
+    const QJsonValue text =
+        objectsIn(answer, QLatin1String("data")).first().toObject().value(QLatin1String("b64_json"));
+    if (!text.isString()) {
+        return std::nullopt;
+    }
+    return PictureInAnswer{text, extension};
+}
+
+std::optional<PictureInAnswer> firstInlineData(const QJsonObject &answer)
+{
+    const QJsonObject content = objectsIn(answer, QLatin1String("candidates"))
+                                    .first()
+                                    .toObject()
+                                    .value(QLatin1String("content"))
+                                    .toObject();
+    const QJsonArray parts = objectsIn(content, QLatin1String("parts"));
+    const auto part = std::find_if(parts.begin(), parts.end(), [](const QJsonValue &value) {
+        return value.toObject().contains(QLatin1String("inlineData"));
+    });
+    if (part == parts.end()) {
+        return std::nullopt;
+    }
+    const QJsonObject inlineData = part->toObject().value(QLatin1String("inlineData")).toObject();
+    const QJsonValue text = inlineData.value(QLatin1String("data"));
+    const QJsonValue mimeType = inlineData.value(QLatin1String("mimeType"));
+    if (!text.isString() || !mimeType.isString()) {
+        return std::nullopt;
+    }
+    const bool isPng = mimeType.toString().contains(QLatin1String("png"));
+    return PictureInAnswer{text, isPng ? QStringLiteral("png") : QStringLiteral("jpg")};
+}
+
+} // namespace quorvane

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "Platform/HttpClient.h"
+#include "Providers/ImageProvider.h"
+
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QString>
+
+#include <chrono>
+#include <optional>
+
+/// The request and the answer that all image services share. A service adds an address, a body, a time-out and the way
+/// from the answer's top level to the picture.
+namespace quorvane {
+
+/// Where a service lies, and what may move it elsewhere.
+struct Service
+{
+    const char *addressVariable; ///< Environment variable with another base address.
+    const char *baseAddress;     ///< Without a slash at the end.
+};
+
+inline constexpr Service kGeminiService{"QUORVANE_GEMINI_BASE_URL", "https://generativelanguage.googleapis.com"};
+inline constexpr Service kGrokService{"QUORVANE_XAI_BASE_URL", "https://api.x.ai"};
+inline constexpr Service kOpenAIService{"QUORVANE_OPENAI_BASE_URL", "https://api.openai.com"};
+
+/// What is wrong with the service's base address in the environment, for the user; nothing when it may be used. Asked
+/// before a key is read.
+[[nodiscard]] std::optional<QString> addressProblem(const Service &service);
+
+/// As above for the service of a provider id; nothing for an unknown id.
+[[nodiscard]] std::optional<QString> addressProblem(const QString &providerId);
+
+struct ServiceRequest
+{
+    Service service;
+    QString path;       ///< Appended to the base address as it stands.
+    HttpHeader keyHeader;
+    QJsonObject body;
+    std::chrono::seconds silenceLimit; ///< How long no byte may move.
+};
+
+/// Where the picture stands in an answer.
+struct PictureInAnswer
+{
+    QJsonValue base64; ///< A text.
+    QString extension;
+    bool mayBeDataAddress = false; ///< The text may begin with "data:…base64,".
+};
+
+/// The texts and the way to the picture that differ from service to service.
+struct AnswerFormat
+{
+    std::optional<PictureInAnswer> (*pictureIn)(const QJsonObject &answer); ///< Nothing when the way breaks off.
+    QString notAnObject = QStringLiteral("Failed to parse response");
+    QString noImage = QStringLiteral("No image in response");
+    QString undecodable = QStringLiteral("No image in response");
+    QString apiErrorPrefix = {}; ///< Before the service's own words.
+};
+
+/// The picture in an answer's body, or a ProviderError. Total: any bytes give one or the other. Any thread.
+[[nodiscard]] GeneratedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &format);
+
+/// Sends the request and takes the picture from the answer, whatever the HTTP status. Throws ProviderError. Comes back
+/// on the calling thread.
+[[nodiscard]] QCoro::Task<GeneratedImage> requestImage(HttpClient *http, ServiceRequest request, AnswerFormat format);
+
+/// The list under key when it is a non-empty list of objects only; else empty.
+[[nodiscard]] QJsonArray objectsIn(const QJsonObject &object, QLatin1String key);
+
+/// The picture at "data"[0]."b64_json", as Grok and OpenAI answer; extension as given.
+[[nodiscard]] std::optional<PictureInAnswer> firstDataEntry(const QJsonObject &answer, const QString &extension);
+
+/// The picture in the first candidate's first part with "inlineData", as Gemini answers.
+[[nodiscard]] std::optional<PictureInAnswer> firstInlineData(const QJsonObject &answer);
+
+} // namespace quorvane
