@@ -10,6 +10,7 @@ find_package(Threads REQUIRED)
 
 if(QUORVANE_TESTS)
     find_package(GTest REQUIRED)
+    find_package(ZLIB REQUIRED)
 endif()
 if(QUORVANE_BENCHMARKS)
     find_package(benchmark REQUIRED)

@@ -4,23 +4,28 @@
 #include <QSize>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
 namespace quorvane {
 
+/// How long one call of a DesktopPicture waits for the desktop, in all.
+inline constexpr std::chrono::milliseconds kDesktopLimit{5000};
+
 /// One attached screen.
 struct Screen
 {
     QString name; ///< The name that the desktop gives it, for example "DP-1". Never empty.
-    QSize pixels; ///< Its size in device pixels. Never empty.
+    QSize pixels; ///< Its size in device pixels; 0 x 0 only where no desktop tells it (see DesktopPictureCommand).
 
     friend bool operator==(const Screen &, const Screen &) = default;
 };
 
 /// The seam to the desktop: which screens there are, and how a picture becomes their background.
 ///
-/// Both operations may block for up to five seconds in all, so they are called on a worker thread, one at a time.
+/// Both operations wait for the desktop for up to kDesktopLimit in all, and setting a picture takes the time to decode
+/// it besides, so they are called on a worker thread, one at a time. Neither needs a QGuiApplication.
 /// Nothing is cached between calls: screens and desktops come and go.
 class DesktopPicture
 {

@@ -85,7 +85,7 @@ bool isAllowedAddress(const QUrl &url)
 /// What one request has gathered so far, over all its exchanges.
 struct HttpClient::Exchange
 {
-    HttpRequest request;
+    Request request;
     bool asGet = false;
     QByteArray answer;
     bool tooLarge = false;
@@ -106,7 +106,7 @@ void HttpClient::cancelAll()
     m_stop.request_stop();
 }
 
-QCoro::Task<QByteArray> HttpClient::post(HttpRequest request)
+QCoro::Task<QByteArray> HttpClient::post(Request request)
 {
     const QUrl origin = request.url;
     auto state = std::make_unique<Exchange>();

@@ -28,21 +28,6 @@ class TransportError : public std::exception
     QByteArray m_utf8;
 };
 
-struct HttpHeader
-{
-    QByteArray name;
-    QByteArray value;
-};
-
-struct HttpRequest
-{
-    QUrl url;                                      ///< https, or http to this machine.
-    QByteArray contentType;                        ///< Sent with the body.
-    HttpHeader secret;                             ///< Goes to the host of url alone, not along redirects elsewhere.
-    QByteArray body;                               ///< Sent with POST.
-    std::chrono::milliseconds silenceLimit{60000}; ///< How long no byte may move before the request fails.
-};
-
 /// True for https addresses and for http to a loopback address: the only ones that a request may go to.
 [[nodiscard]] bool isAllowedAddress(const QUrl &url);
 
@@ -51,6 +36,21 @@ struct HttpRequest
 class HttpClient
 {
   public:
+    struct Header
+    {
+        QByteArray name;
+        QByteArray value;
+    };
+
+    struct Request
+    {
+        QUrl url;                                      ///< https, or http to this machine.
+        QByteArray contentType;                        ///< Sent with the body.
+        Header secret;                                 ///< Goes to the origin of url alone, not along redirects elsewhere.
+        QByteArray body;                               ///< Sent with POST.
+        std::chrono::milliseconds silenceLimit{60000}; ///< How long no byte may move before the request fails.
+    };
+
     /// Above this an answer is refused instead of filling the memory. The largest honest one, a 4K PNG of pure noise as
     /// base64, has 33 MiB; five times that leaves room for pictures to grow.
     static constexpr qint64 kAnswerLimitBytes = 192LL * 1024 * 1024;
@@ -65,7 +65,7 @@ class HttpClient
     /// The body of the answer, whatever its HTTP status. Throws TransportError when none came, the answer broke off,
     /// was too large, the certificate does not hold, or a redirect leads to an address that is not allowed.
     /// Redirects are followed as browsers do (301, 302 and 303 become GET); the secret header stays with its origin.
-    [[nodiscard]] QCoro::Task<QByteArray> post(HttpRequest request);
+    [[nodiscard]] QCoro::Task<QByteArray> post(Request request);
 
     /// Ends every running request with a TransportError, and every later one at once. For tearing down.
     void cancelAll();

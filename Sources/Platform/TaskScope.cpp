@@ -2,13 +2,15 @@
 
 #include <QEventLoop>
 
+#include <utility>
+
 namespace quorvane {
 
 struct TaskScope::State
 {
     int running = 0;
     std::stop_source stop;
-    QEventLoop *draining = nullptr;
+    QEventLoop *waiting = nullptr;
 };
 
 TaskScope::TaskScope()
@@ -26,8 +28,8 @@ void TaskScope::start(QCoro::Task<void> task)
     ++m_state->running;
     auto finish = [state = m_state] {
         --state->running;
-        if (state->running == 0 && state->draining != nullptr) {
-            state->draining->quit();
+        if (state->running == 0 && state->waiting != nullptr) {
+            state->waiting->quit();
         }
     };
     auto failed = [](const std::exception &) { std::terminate(); };
@@ -44,16 +46,25 @@ std::stop_token TaskScope::stopToken() const
     return m_state->stop.get_token();
 }
 
-void TaskScope::drain()
+void TaskScope::wait()
 {
-    m_state->stop.request_stop();
     if (m_state->running == 0) {
         return;
     }
     QEventLoop loop;
-    m_state->draining = &loop;
+    QEventLoop *outer = std::exchange(m_state->waiting, &loop);
     loop.exec();
-    m_state->draining = nullptr;
+    m_state->waiting = outer;
+    // A wait inside a wait ends both: nothing runs any more.
+    if (outer != nullptr) {
+        outer->quit();
+    }
+}
+
+void TaskScope::drain()
+{
+    m_state->stop.request_stop();
+    wait();
 }
 
 } // namespace quorvane

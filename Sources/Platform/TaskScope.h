@@ -28,7 +28,10 @@ class TaskScope
     /// Asked to stop once drain() begins; long work looks at it.
     [[nodiscard]] std::stop_token stopToken() const;
 
-    /// Asks every task to stop and runs the event loop until all have ended.
+    /// Runs the event loop until every task has ended.
+    void wait();
+
+    /// Asks every task to stop, then waits.
     void drain();
 
   private:

@@ -52,9 +52,10 @@ void UserDefaults::remove(const QString &key)
     m_settings.remove(key);
 }
 
-void UserDefaults::sync()
+bool UserDefaults::sync()
 {
     m_settings.sync();
+    return m_settings.status() == QSettings::NoError;
 }
 
 } // namespace quorvane

@@ -29,8 +29,8 @@ class UserDefaults
     void set(const QString &key, const QVariant &value);
     void remove(const QString &key);
 
-    /// Writes what is pending and reads what another process wrote. Blocks on the disk.
-    void sync();
+    /// Writes what is pending and reads what another process wrote. False when writing failed. Blocks on the disk.
+    bool sync();
 
   private:
     QSettings m_settings;

@@ -119,7 +119,7 @@ QCoro::Task<GeneratedImage> requestImage(HttpClient *http, ServiceRequest reques
     }
     auto serialise = [body = std::move(request.body)] { return QJsonDocument(body).toJson(QJsonDocument::Compact); };
     QByteArray body = co_await onWorker(std::move(serialise));
-    HttpRequest httpRequest{url, "application/json", std::move(request.keyHeader), std::move(body), request.silenceLimit};
+    HttpClient::Request httpRequest{url, "application/json", std::move(request.keyHeader), std::move(body), request.silenceLimit};
 
     // 3. Send it.
     QByteArray answer;

@@ -36,7 +36,7 @@ struct ServiceRequest
 {
     Service service;
     QString path;       ///< Appended to the base address as it stands.
-    HttpHeader keyHeader;
+    HttpClient::Header keyHeader;
     QJsonObject body;
     std::chrono::seconds silenceLimit; ///< How long no byte may move.
 };

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <variant>
+
+namespace quorvane {
+
+/// What the user asked for on the command line.
+struct CommandLine
+{
+    enum class Verb {
+        Start, ///< No command: the application itself.
+        Generate,
+        Upscale,
+        Set,
+        Status,
+        History,
+        Albums,
+        Favorite,
+        Delete,
+        Settings,
+        Key,
+        Auto,
+        Autostart,
+        Model,
+        Quit,
+        Help,
+        Version
+    };
+
+    Verb verb = Verb::Start;
+    QStringList arguments;         ///< What follows the command, options taken out; as many as the command takes.
+    std::optional<QString> prompt; ///< generate --prompt
+    bool json = false;             ///< One JSON value on standard output and nothing else there.
+    bool hidden = false;           ///< Start without a window.
+    bool unset = false;            ///< settings --unset: remove the key.
+};
+
+/// Reads the arguments without the program's name. A text instead is what is wrong with them, for the user.
+[[nodiscard]] std::variant<CommandLine, QString> parseCommandLine(const QStringList &arguments);
+
+/// What --help prints.
+[[nodiscard]] QString helpText();
+
+} // namespace quorvane

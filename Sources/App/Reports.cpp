@@ -1,0 +1,203 @@
+#include "App/Reports.h"
+
+#include "Manager/IntervalLabel.h"
+#include "Platform/DesktopPicture.h"
+#include "Storage/CreationDate.h"
+#include "Storage/ImageStore.h"
+#include "Storage/SideFile.h"
+
+#include <QCoreApplication>
+#include <QHash>
+
+namespace quorvane::Reports {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(Reports)
+};
+
+QJsonValue textOrNull(const QString &text)
+{
+    return text.isEmpty() ? QJsonValue() : QJsonValue(text);
+}
+
+QString onOff(const QJsonValue &value)
+{
+    return value.toBool() ? Tr::tr("on") : Tr::tr("off");
+}
+
+QStringList texts(const QJsonArray &list)
+{
+    QStringList result;
+    for (const QJsonValue &value : list) {
+        result.append(value.toString());
+    }
+    return result;
+}
+
+/// The pairs of links in both directions; where two originals share a copy, its partner is the first of them.
+QHash<QString, QString> partners(const TextMap &links)
+{
+    QHash<QString, QString> found;
+    for (const auto &[original, upscaled] : links) {
+        found.insert(original, upscaled);
+    }
+    for (const auto &[original, upscaled] : links) {
+        if (!found.contains(upscaled)) {
+            found.insert(upscaled, original);
+        }
+    }
+    return found;
+}
+
+} // namespace
+
+QJsonObject status(const WallpaperManager &manager, DesktopPicture &desktop)
+{
+    const ImageProvider &provider = manager.resolvedProvider();
+    QJsonArray screens;
+    for (const Screen &screen : desktop.screens()) {
+        screens.append(QJsonObject{{QStringLiteral("name"), screen.name},
+                                   {QStringLiteral("width"), screen.pixels.width()},
+                                   {QStringLiteral("height"), screen.pixels.height()}});
+    }
+    return {
+        {QStringLiteral("status"), manager.status()},
+        {QStringLiteral("isError"), manager.isError()},
+        {QStringLiteral("isLoading"), manager.isLoading()},
+        {QStringLiteral("provider"), provider.id()},
+        {QStringLiteral("providerName"), provider.name()},
+        {QStringLiteral("model"), manager.resolvedModelId()},
+        {QStringLiteral("producesNative4K"), manager.providerProducesNative4K()},
+        {QStringLiteral("nsfwApplies"), manager.nsfwApplies()},
+        {QStringLiteral("missingKeys"), QJsonArray::fromStringList(manager.missingKeys())},
+        {QStringLiteral("prompt"), manager.prompt()},
+        {QStringLiteral("fourKEnabled"), manager.fourKEnabled()},
+        {QStringLiteral("nsfwEnabled"), manager.nsfwEnabled()},
+        {QStringLiteral("providerOverride"), manager.providerOverride()},
+        {QStringLiteral("upscaleMethod"), manager.upscaleMethod()},
+        {QStringLiteral("autoEnabled"), manager.autoEnabled()},
+        {QStringLiteral("intervalMinutes"), manager.intervalMinutes()},
+        {QStringLiteral("interval"), formatInterval(manager.intervalMinutes())},
+        // The schedule belongs to the running application; a command on its own will not be there when it is due.
+        {QStringLiteral("nextFireDate"), QJsonValue()},
+        {QStringLiteral("currentWallpaper"), textOrNull(manager.currentWallpaperURL())},
+        {QStringLiteral("desktop"), textOrNull(desktop.name())},
+        {QStringLiteral("desktopReason"), desktop.reason()},
+        {QStringLiteral("screens"), screens},
+    };
+}
+
+QString statusText(const QJsonObject &status)
+{
+    QStringList screens;
+    for (const QJsonValue &value : status.value(QLatin1String("screens")).toArray()) {
+        const QJsonObject screen = value.toObject();
+        screens.append(QStringLiteral("%1 %2×%3")
+                           .arg(screen.value(QLatin1String("name")).toString())
+                           .arg(screen.value(QLatin1String("width")).toInt())
+                           .arg(screen.value(QLatin1String("height")).toInt()));
+    }
+    const auto text = [&status](const char *key) { return status.value(QLatin1String(key)).toString(); };
+    const auto orNone = [](const QString &value) { return value.isEmpty() ? Tr::tr("none") : value; };
+    const QStringList missing = texts(status.value(QLatin1String("missingKeys")).toArray());
+    return QStringList{
+        Tr::tr("Provider:     %1, model %2").arg(text("providerName"), text("model")),
+        Tr::tr("Missing keys: %1").arg(orNone(missing.join(QStringLiteral(", ")))),
+        Tr::tr("Prompt:       %1").arg(orNone(text("prompt"))),
+        Tr::tr("4K:           %1 (upscale method %2)")
+            .arg(onOff(status.value(QLatin1String("fourKEnabled"))), text("upscaleMethod")),
+        Tr::tr("NSFW:         %1").arg(onOff(status.value(QLatin1String("nsfwEnabled")))),
+        Tr::tr("Automatic:    %1, every %2")
+            .arg(onOff(status.value(QLatin1String("autoEnabled"))), text("interval")),
+        Tr::tr("Wallpaper:    %1").arg(orNone(text("currentWallpaper"))),
+        Tr::tr("Desktop:      %1 (%2)").arg(orNone(text("desktop")), text("desktopReason")),
+        Tr::tr("Screens:      %1").arg(orNone(screens.join(QStringLiteral(", ")))),
+    }
+        .join(QLatin1Char('\n'));
+}
+
+QJsonArray history(const WallpaperManager &manager)
+{
+    const TextMap prompts = readTextMap(ImageStore::promptsPath());
+    const QHash<QString, QString> variants = partners(readTextMap(ImageStore::variantsPath()));
+    QJsonArray list;
+    for (const QString &path : manager.history()) {
+        const QString name = imageName(path);
+        const auto prompt = prompts.find(name);
+        const auto created = creationDate(path);
+        list.append(QJsonObject{
+            {QStringLiteral("file"), name},
+            {QStringLiteral("path"), path},
+            {QStringLiteral("prompt"), prompt == prompts.end() ? QJsonValue() : QJsonValue(prompt->second)},
+            {QStringLiteral("favorite"), manager.favorites().contains(name)},
+            {QStringLiteral("created"),
+             created ? QJsonValue(created->toDateTime().toString(Qt::ISODateWithMs)) : QJsonValue()},
+            {QStringLiteral("variant"), textOrNull(variants.value(name))},
+        });
+    }
+    return list;
+}
+
+QString historyText(const QJsonArray &history)
+{
+    QStringList lines;
+    for (const QJsonValue &value : history) {
+        const QJsonObject image = value.toObject();
+        const QString star = image.value(QLatin1String("favorite")).toBool() ? QStringLiteral("★ ") : QStringLiteral("  ");
+        lines.append(star + image.value(QLatin1String("file")).toString() + QStringLiteral("  ") +
+                     image.value(QLatin1String("prompt")).toString().simplified());
+    }
+    return lines.isEmpty() ? Tr::tr("No wallpapers yet") : lines.join(QLatin1Char('\n'));
+}
+
+QJsonArray albums(const WallpaperManager &manager)
+{
+    QJsonArray list;
+    for (const Album &album : manager.albums()) {
+        QJsonArray names;
+        for (const QString &path : album.images) {
+            names.append(imageName(path));
+        }
+        list.append(QJsonObject{{QStringLiteral("id"), album.id},
+                                {QStringLiteral("isFavorites"), album.isFavorites},
+                                {QStringLiteral("images"), names}});
+    }
+    return list;
+}
+
+QString albumsText(const QJsonArray &albums)
+{
+    QStringList lines;
+    for (const QJsonValue &value : albums) {
+        const QJsonObject album = value.toObject();
+        lines.append(album.value(QLatin1String("id")).toString().simplified());
+        for (const QString &name : texts(album.value(QLatin1String("images")).toArray())) {
+            lines.append(QStringLiteral("  ") + name);
+        }
+    }
+    return lines.isEmpty() ? Tr::tr("No wallpapers yet") : lines.join(QLatin1Char('\n'));
+}
+
+QJsonObject changedFile(const WallpaperManager &manager, const QString &path)
+{
+    const QString name = imageName(path);
+    return {{QStringLiteral("file"), name},
+            {QStringLiteral("favorite"), manager.favorites().contains(name)},
+            {QStringLiteral("inLibrary"), manager.history().contains(path)}};
+}
+
+QString progressLine(const UpscaleProgress &progress)
+{
+    constexpr int kSecondsPerMinute = 60;
+    const auto seconds = std::chrono::ceil<std::chrono::seconds>(progress.remaining).count();
+    return Tr::tr("%1 of %2 tiles, %3:%4 left")
+        .arg(progress.tilesDone)
+        .arg(progress.tilesTotal)
+        .arg(seconds / kSecondsPerMinute)
+        .arg(seconds % kSecondsPerMinute, 2, 10, QLatin1Char('0'));
+}
+
+} // namespace quorvane::Reports

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Manager/WallpaperManager.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QString>
+
+namespace quorvane {
+
+class DesktopPicture;
+
+/// What the command line tells about the manager: JSON for programs, and the same as text for people.
+namespace Reports {
+
+[[nodiscard]] QJsonObject status(const WallpaperManager &manager, DesktopPicture &desktop);
+[[nodiscard]] QString statusText(const QJsonObject &status);
+
+/// One object for each picture of the history, in its order.
+[[nodiscard]] QJsonArray history(const WallpaperManager &manager);
+[[nodiscard]] QString historyText(const QJsonArray &history);
+
+[[nodiscard]] QJsonArray albums(const WallpaperManager &manager);
+[[nodiscard]] QString albumsText(const QJsonArray &albums);
+
+/// A picture that was just marked or deleted.
+[[nodiscard]] QJsonObject changedFile(const WallpaperManager &manager, const QString &path);
+
+/// "3 of 12 tiles, 1:20 left"
+[[nodiscard]] QString progressLine(const UpscaleProgress &progress);
+
+} // namespace Reports
+
+} // namespace quorvane

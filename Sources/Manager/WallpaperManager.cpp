@@ -1,0 +1,218 @@
+// Construction, settings and the values derived from them.
+
+#include "Manager/WallpaperManager.h"
+
+#include "Manager/SettingsKeys.h"
+#include "Platform/AtomicFile.h"
+#include "Platform/HttpClient.h"
+#include "Platform/SecretStore.h"
+#include "Platform/UserDefaults.h"
+#include "Storage/ImageStore.h"
+#include "Storage/Keychain.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace quorvane {
+
+WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
+    : QObject(parent)
+    , m_services(std::move(services))
+    , m_providers(allProviders(*m_services.http))
+{
+    using namespace SettingsKeys;
+    const UserDefaults &defaults = *m_services.defaults;
+    m_libraryThread.setMaxThreadCount(1);
+    m_desktopThread.setMaxThreadCount(1);
+    m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, &QTimer::timeout, this, &WallpaperManager::timerFired);
+
+    // These set the initial values directly: nothing is written back and no timer starts.
+    m_prompt = defaults.text(kLastPrompt).value_or(QString());
+    m_fourKEnabled = defaults.boolean(kFourKEnabled);
+    m_nsfwEnabled = defaults.boolean(kNsfwEnabled);
+    m_providerOverride = defaults.text(kProviderOverride).value_or(QStringLiteral("auto"));
+    m_autoEnabled = defaults.boolean(kAutoEnabled);
+    m_intervalMinutes = defaults.integer(kIntervalMinutes);
+    if (m_intervalMinutes < 1) {
+        m_intervalMinutes = kDefaultIntervalMinutes;
+    }
+    m_intervalMinutes = std::min(m_intervalMinutes, kLongestIntervalMinutes);
+    // A picture that is gone stays unset, and its stale path is left alone: the disk may only be unplugged.
+    const QString current = defaults.text(kCurrentWallpaperPath).value_or(QString());
+    if (!current.isEmpty() && QFileInfo::exists(current)) {
+        setCurrentWallpaperURL(current);
+    }
+    Keychain::migrateLegacyKey(*m_services.legacyKeys);
+    reloadHistory();
+    if (m_autoEnabled) {
+        startTimer();
+    }
+}
+
+WallpaperManager::~WallpaperManager()
+{
+    m_services.http->cancelAll();
+    m_scope.drain();
+}
+
+const QList<int> &WallpaperManager::intervalOptions()
+{
+    static const QList<int> options{5, 15, 30, 60, 120, 240, 480, 720, 1440};
+    return options;
+}
+
+void WallpaperManager::setPrompt(const QString &prompt)
+{
+    m_prompt = prompt;
+    m_services.defaults->set(SettingsKeys::kLastPrompt, prompt);
+}
+
+void WallpaperManager::setFourKEnabled(bool enabled)
+{
+    m_fourKEnabled = enabled;
+    m_services.defaults->set(SettingsKeys::kFourKEnabled, enabled);
+    Q_EMIT fourKEnabledChanged();
+}
+
+void WallpaperManager::setNsfwEnabled(bool enabled)
+{
+    m_nsfwEnabled = enabled;
+    m_services.defaults->set(SettingsKeys::kNsfwEnabled, enabled);
+    Q_EMIT nsfwEnabledChanged();
+}
+
+void WallpaperManager::setProviderOverride(const QString &override)
+{
+    m_providerOverride = override;
+    if (override == QLatin1String("auto")) {
+        m_services.defaults->remove(SettingsKeys::kProviderOverride);
+    } else {
+        m_services.defaults->set(SettingsKeys::kProviderOverride, override);
+    }
+    Q_EMIT providerOverrideChanged();
+}
+
+void WallpaperManager::setCurrentWallpaperURL(const QString &url)
+{
+    m_currentWallpaperURL = url;
+    if (url.isEmpty()) {
+        m_services.defaults->remove(SettingsKeys::kCurrentWallpaperPath);
+    } else {
+        m_services.defaults->set(SettingsKeys::kCurrentWallpaperPath, url);
+    }
+    Q_EMIT currentWallpaperURLChanged();
+}
+
+void WallpaperManager::setStatus(const QString &status)
+{
+    m_status = status;
+    Q_EMIT statusChanged();
+}
+
+void WallpaperManager::setIsError(bool isError)
+{
+    m_isError = isError;
+    Q_EMIT isErrorChanged();
+}
+
+void WallpaperManager::setIsLoading(bool isLoading)
+{
+    m_isLoading = isLoading;
+    Q_EMIT isLoadingChanged();
+}
+
+void WallpaperManager::setUpscalingURL(const QString &url)
+{
+    m_upscalingURL = url;
+    Q_EMIT upscalingURLChanged();
+}
+
+void WallpaperManager::setProgress(std::optional<UpscaleProgress> progress)
+{
+    m_progress = progress;
+    Q_EMIT progressChanged();
+}
+
+void WallpaperManager::report(const QString &status, bool isError)
+{
+    setIsError(isError);
+    setStatus(status);
+}
+
+const ImageProvider *WallpaperManager::providerWithId(const QString &id) const
+{
+    const auto found = std::find_if(m_providers.begin(), m_providers.end(),
+                                    [&id](const auto &provider) { return provider->id() == id; });
+    return found == m_providers.end() ? nullptr : found->get();
+}
+
+bool WallpaperManager::nsfwApplies() const
+{
+    return m_providerOverride == QLatin1String("auto") || m_providerOverride == QLatin1String("grok");
+}
+
+const ImageProvider &WallpaperManager::resolvedProvider() const
+{
+    const bool isAuto = m_providerOverride == QLatin1String("auto");
+    if (!isAuto) {
+        if (const ImageProvider *chosen = providerWithId(m_providerOverride)) {
+            return *chosen;
+        }
+    }
+    const bool wantsGrok = isAuto && nsfwApplies() && m_nsfwEnabled;
+    const ImageProvider *provider = providerWithId(wantsGrok ? QStringLiteral("grok") : QStringLiteral("gemini"));
+    Q_ASSERT(provider != nullptr);
+    return *provider;
+}
+
+QString WallpaperManager::resolvedModelId() const
+{
+    const ImageProvider &provider = resolvedProvider();
+    const QList<ModelOption> models = provider.models();
+    const std::optional<QString> chosen = m_services.defaults->text(SettingsKeys::selectedModel(provider.id()));
+    const bool isOffered = chosen && std::any_of(models.begin(), models.end(),
+                                                 [&chosen](const ModelOption &model) { return model.id == *chosen; });
+    if (isOffered) {
+        return *chosen;
+    }
+    return models.isEmpty() ? QString() : models.first().id;
+}
+
+bool WallpaperManager::providerProducesNative4K() const
+{
+    const QString id = resolvedProvider().id();
+    return id == QLatin1String("gemini") ||
+           (id == QLatin1String("openai") && resolvedModelId() == QLatin1String("gpt-image-2"));
+}
+
+QString WallpaperManager::upscaleMethod() const
+{
+    const QString method = m_services.defaults->text(SettingsKeys::kUpscaleMethod).value_or(QString());
+    return method == QLatin1String("local") ? method : QStringLiteral("gemini");
+}
+
+QStringList WallpaperManager::missingKeys() const
+{
+    const auto keys = Keychain::readAll();
+    const ImageProvider &provider = resolvedProvider();
+    QStringList missing;
+    if (!keys.contains(provider.id())) {
+        missing.append(provider.name());
+    }
+    const bool upscalesRemotely =
+        m_fourKEnabled && !providerProducesNative4K() && upscaleMethod() != QLatin1String("local");
+    if (upscalesRemotely && !keys.contains(QStringLiteral("gemini")) && !missing.contains(QStringLiteral("Gemini"))) {
+        missing.append(QStringLiteral("Gemini (for 4K upscale)"));
+    }
+    return missing;
+}
+
+void WallpaperManager::waitUntilIdle()
+{
+    m_scope.wait();
+}
+
+} // namespace quorvane

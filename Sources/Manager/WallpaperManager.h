@@ -1,0 +1,270 @@
+#pragma once
+
+#include "Manager/Album.h"
+#include "Platform/TaskScope.h"
+#include "Providers/ImageProvider.h"
+#include "Upscaling/UpscaledImage.h"
+
+#include <QCoroTask>
+#include <QDateTime>
+#include <QDeadlineTimer>
+#include <QObject>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+#include <QThreadPool>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <vector>
+
+namespace quorvane {
+
+class DesktopPicture;
+class HttpClient;
+class SecretStore;
+class UserDefaults;
+
+/// Enlarges an encoded picture on this machine. Throws ProviderError or what the engine throws; ends early when asked
+/// to stop. The last argument is called on the calling thread.
+using LocalUpscale = std::function<QCoro::Task<UpscaledImage>(QByteArray image, std::stop_token stop,
+                                                              std::function<void(UpscaleProgress)> progress)>;
+
+/// What the manager works with. Everything outlives it.
+struct ManagerServices
+{
+    UserDefaults *defaults;
+    HttpClient *http;
+    DesktopPicture *desktop;
+    SecretStore *legacyKeys;
+    LocalUpscale localUpscale;
+    std::function<QDateTime()> now = [] { return QDateTime::currentDateTime(); };
+};
+
+/// What a finished operation left on disk; empty where it left nothing.
+struct OperationResult
+{
+    QString file;     ///< The picture that was made, or set.
+    QString original; ///< The picture that file was enlarged from.
+};
+
+/// The one observable model and controller of the program: settings, state, and every operation. All of it belongs to
+/// the main thread. A file location is an absolute path throughout.
+///
+/// Each group below has a source file of its own.
+class WallpaperManager : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString status READ status NOTIFY statusChanged)
+    Q_PROPERTY(bool isError READ isError NOTIFY isErrorChanged)
+    Q_PROPERTY(bool isLoading READ isLoading NOTIFY isLoadingChanged)
+    Q_PROPERTY(QString upscalingURL READ upscalingURL NOTIFY upscalingURLChanged)
+    Q_PROPERTY(bool fourKEnabled READ fourKEnabled WRITE setFourKEnabled NOTIFY fourKEnabledChanged)
+    Q_PROPERTY(bool nsfwEnabled READ nsfwEnabled WRITE setNsfwEnabled NOTIFY nsfwEnabledChanged)
+    Q_PROPERTY(QString providerOverride READ providerOverride WRITE setProviderOverride NOTIFY providerOverrideChanged)
+    Q_PROPERTY(QStringList history READ history NOTIFY historyChanged)
+    Q_PROPERTY(bool autoEnabled READ autoEnabled WRITE setAutoEnabled NOTIFY autoEnabledChanged)
+    Q_PROPERTY(qint64 intervalMinutes READ intervalMinutes WRITE setIntervalMinutes NOTIFY intervalMinutesChanged)
+    Q_PROPERTY(QDateTime nextFireDate READ nextFireDate NOTIFY nextFireDateChanged)
+    Q_PROPERTY(QString currentWallpaperURL READ currentWallpaperURL NOTIFY currentWallpaperURLChanged)
+
+  public:
+    /// The interval where none, or a senseless one, is stored.
+    static constexpr qint64 kDefaultIntervalMinutes = 30;
+    /// A hundred years: beyond it dates stop making sense long before the arithmetic does.
+    static constexpr qint64 kLongestIntervalMinutes = 100LL * 366 * 24 * 60;
+
+    explicit WallpaperManager(ManagerServices services, QObject *parent = nullptr);
+
+    /// Cancels what runs, waits for it and leaves nothing half done.
+    ~WallpaperManager() override;
+
+    // --- State and settings (WallpaperManager.cpp) ---------------------------------------------------------------
+
+    /// Gemini, Grok, OpenAI.
+    [[nodiscard]] const std::vector<std::unique_ptr<const ImageProvider>> &providers() const { return m_providers; }
+
+    /// The intervals on offer, in minutes.
+    [[nodiscard]] static const QList<int> &intervalOptions();
+
+    /// Kept at every assignment, but a change is not announced: the editor that types it is its only view.
+    [[nodiscard]] Q_INVOKABLE QString prompt() const { return m_prompt; }
+    Q_INVOKABLE void setPrompt(const QString &prompt);
+
+    [[nodiscard]] const QString &status() const { return m_status; }
+    [[nodiscard]] bool isError() const { return m_isError; }
+    [[nodiscard]] bool isLoading() const { return m_isLoading; }
+    [[nodiscard]] const QString &upscalingURL() const { return m_upscalingURL; }
+
+    [[nodiscard]] bool fourKEnabled() const { return m_fourKEnabled; }
+    void setFourKEnabled(bool enabled);
+    [[nodiscard]] bool nsfwEnabled() const { return m_nsfwEnabled; }
+    void setNsfwEnabled(bool enabled);
+
+    /// "auto" or a provider's id. A text that names no provider behaves like Gemini.
+    [[nodiscard]] const QString &providerOverride() const { return m_providerOverride; }
+    void setProviderOverride(const QString &override);
+
+    /// The path of the picture that is set; empty when there is none.
+    [[nodiscard]] const QString &currentWallpaperURL() const { return m_currentWallpaperURL; }
+
+    /// Whether the NSFW switch means anything: only Grok honours it.
+    [[nodiscard]] bool nsfwApplies() const;
+
+    /// The provider that a generation will use.
+    [[nodiscard]] const ImageProvider &resolvedProvider() const;
+
+    /// The model that a generation will use: the chosen one while the provider offers it, else the provider's first.
+    [[nodiscard]] QString resolvedModelId() const;
+
+    /// Whether the resolved provider and model make 4K themselves, so that nothing is enlarged afterwards.
+    [[nodiscard]] bool providerProducesNative4K() const;
+
+    /// The names of keys that a generation would need and that are not stored, for the user. Reads the key file.
+    [[nodiscard]] QStringList missingKeys() const;
+
+    /// "local", or "gemini" for any other setting.
+    [[nodiscard]] QString upscaleMethod() const;
+
+    /// How far an enlargement on this machine is; nothing while none runs.
+    [[nodiscard]] const std::optional<UpscaleProgress> &progress() const { return m_progress; }
+
+    /// Runs the event loop until no operation runs any more.
+    void waitUntilIdle();
+
+    // --- From prompt to wallpaper (WallpaperManagerGenerate.cpp) ---------------------------------------------------
+
+    /// Makes a picture of the prompt and sets it as the wallpaper. Returns at once; the published properties tell the
+    /// rest. A call while another runs starts a second run of its own.
+    Q_INVOKABLE void generateAndSet();
+
+    // --- The desktop (WallpaperManagerDesktop.cpp) ------------------------------------------------------------------
+
+    /// Sets the picture as the background of every screen. Returns at once; status tells the rest.
+    Q_INVOKABLE void setWallpaper(const QString &url);
+
+    // --- Enlarging a picture of the library (WallpaperManagerUpscale.cpp) --------------------------------------------
+
+    /// Makes a 4K copy of the picture, links the two and sets the copy as the wallpaper. Returns at once.
+    Q_INVOKABLE void upscaleExistingImage(const QString &url);
+
+    // --- Schedule (WallpaperManagerSchedule.cpp) --------------------------------------------------------------------
+
+    [[nodiscard]] bool autoEnabled() const { return m_autoEnabled; }
+    void setAutoEnabled(bool enabled);
+
+    /// At least 1 and at most kLongestIntervalMinutes when it was loaded.
+    [[nodiscard]] qint64 intervalMinutes() const { return m_intervalMinutes; }
+    void setIntervalMinutes(qint64 minutes);
+
+    /// When the next timed generation is due; invalid while none is.
+    [[nodiscard]] const QDateTime &nextFireDate() const { return m_nextFireDate; }
+
+    /// (Re)starts the schedule from the present moment; only while autoEnabled.
+    void startTimer();
+    void stopTimer();
+
+    // --- History, favourites and albums (WallpaperManagerHistory.cpp) --------------------------------------------------
+
+    /// Paths, newest first, without the originals that an enlarged variant stands for.
+    [[nodiscard]] const QStringList &history() const { return m_history; }
+
+    /// File names, as the library keeps them; may name files that are gone.
+    [[nodiscard]] const QSet<QString> &favorites() const { return m_favorites; }
+
+    /// Reads the library now, on this thread.
+    Q_INVOKABLE void reloadHistory();
+    Q_INVOKABLE void toggleFavorite(const QString &url);
+
+    /// Computed from the history and the files at every call.
+    [[nodiscard]] std::vector<Album> albums() const;
+
+    /// Deletes the picture and its enlarged partner for good, then reads the library again. Returns at once.
+    Q_INVOKABLE void deleteImage(const QString &url);
+
+  Q_SIGNALS:
+    void statusChanged();
+    void isErrorChanged();
+    void isLoadingChanged();
+    void upscalingURLChanged();
+    void fourKEnabledChanged();
+    void nsfwEnabledChanged();
+    void providerOverrideChanged();
+    void historyChanged();
+    void favoritesChanged();
+    void autoEnabledChanged();
+    void intervalMinutesChanged();
+    void nextFireDateChanged();
+    void currentWallpaperURLChanged();
+    void progressChanged();
+
+    /// One of the operations that return at once has ended; status tells how.
+    void operationEnded(const OperationResult &result);
+
+  private:
+    struct Generation;
+    struct FinalImage
+    {
+        QByteArray bytes;
+        QString extension;
+    };
+
+    void setStatus(const QString &status);
+    void setIsError(bool isError);
+    void setIsLoading(bool isLoading);
+    void setUpscalingURL(const QString &url);
+    void setCurrentWallpaperURL(const QString &url);
+    void setProgress(std::optional<UpscaleProgress> progress);
+    void report(const QString &status, bool isError);
+
+    [[nodiscard]] const ImageProvider *providerWithId(const QString &id) const;
+
+    [[nodiscard]] QCoro::Task<> generating(Generation run);
+    [[nodiscard]] QCoro::Task<FinalImage> upscaledOrOriginal(GeneratedImage generated);
+    [[nodiscard]] QCoro::Task<UpscaledImage> upscaleLocally(QByteArray image);
+    [[nodiscard]] QCoro::Task<QString> savedImage(QByteArray bytes, QString extension);
+    [[nodiscard]] QCoro::Task<> settingWallpaper(QString url);
+    [[nodiscard]] QCoro::Task<> applying(QString url);
+    [[nodiscard]] QCoro::Task<> upscalingExistingImage(QString url);
+    [[nodiscard]] QCoro::Task<UpscaledImage> upscaledFile(QString url, QString geminiApiKey);
+    [[nodiscard]] QCoro::Task<> reloadingHistory();
+    [[nodiscard]] QCoro::Task<> writingFavorite(QString name, bool isFavorite);
+    [[nodiscard]] QCoro::Task<> deletingImage(QString url);
+
+    void armTimer();
+    void timerFired();
+
+    ManagerServices m_services;
+    std::vector<std::unique_ptr<const ImageProvider>> m_providers;
+
+    QString m_prompt;
+    QString m_status;
+    bool m_isError = false;
+    bool m_isLoading = false;
+    QString m_upscalingURL;
+    bool m_fourKEnabled = false;
+    bool m_nsfwEnabled = false;
+    QString m_providerOverride;
+    QStringList m_history;
+    QSet<QString> m_favorites;
+    bool m_autoEnabled = false;
+    qint64 m_intervalMinutes = 0;
+    QDateTime m_nextFireDate;
+    QString m_currentWallpaperURL;
+    std::optional<UpscaleProgress> m_progress;
+
+    QTimer m_timer;
+    QDeadlineTimer m_timerDue; ///< The next firing, on a clock that nobody sets.
+    std::chrono::seconds m_timerInterval{0};
+
+    int m_historyVersion = 0;    ///< Counts what makes a listing that is being read out of date.
+    QThreadPool m_libraryThread; ///< One thread, so that library changes happen in the order they were asked for.
+    QThreadPool m_desktopThread; ///< One thread, so that the last picture asked for is the one that stays.
+    TaskScope m_scope;           ///< Last, so that it is drained before what its tasks use goes.
+};
+
+} // namespace quorvane

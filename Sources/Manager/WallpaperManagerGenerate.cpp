@@ -1,0 +1,137 @@
+// The one way by which a new wallpaper comes into being.
+
+#include "Manager/FileNames.h"
+#include "Manager/WallpaperManager.h"
+#include "Platform/Worker.h"
+#include "Providers/ServiceRequest.h"
+#include "Storage/ImageStore.h"
+#include "Storage/Keychain.h"
+#include "Upscaling/GeminiUpscale.h"
+
+namespace quorvane {
+
+/// What a run takes with it at the moment of the call; later changes of the settings are another run's.
+struct WallpaperManager::Generation
+{
+    QString prompt;
+    const ImageProvider *provider;
+    QString modelId;
+    bool needsUpscale;
+    QString apiKey;
+};
+
+void WallpaperManager::generateAndSet()
+{
+    setIsLoading(true);
+    setStatus(QString());
+    setIsError(false);
+
+    const ImageProvider &provider = resolvedProvider();
+    // Told before the key is read: a key must not even be looked up for an address that it may not go to.
+    if (const std::optional<QString> problem = addressProblem(provider.id())) {
+        report(*problem, true);
+        setIsLoading(false);
+        Q_EMIT operationEnded({});
+        return;
+    }
+    const std::optional<QString> apiKey = Keychain::load(provider.id());
+    if (!apiKey) {
+        report(QStringLiteral("Missing ") + provider.name() + QStringLiteral(" API key — open Settings (⌘,)"), true);
+        setIsLoading(false);
+        Q_EMIT operationEnded({});
+        return;
+    }
+    Generation run{m_prompt, &provider, resolvedModelId(), m_fourKEnabled && !providerProducesNative4K(), *apiKey};
+    m_scope.start(generating(std::move(run)));
+}
+
+QCoro::Task<> WallpaperManager::generating(Generation run)
+{
+    // 1. Ask the provider.
+    GeneratedImage generated;
+    QString failure;
+    try {
+        generated = co_await run.provider->generate(run.prompt, run.apiKey, run.modelId, m_fourKEnabled);
+    } catch (const std::exception &error) {
+        failure = QString::fromUtf8(error.what());
+    }
+    if (!failure.isEmpty()) {
+        report(failure, true);
+        setIsLoading(false);
+        Q_EMIT operationEnded({});
+        co_return;
+    }
+
+    // 2. Enlarge it when 4K is wanted and the provider does not make it; the original is safe on disk before that.
+    QString original;
+    FinalImage final{generated.bytes, generated.extension};
+    if (run.needsUpscale) {
+        original = co_await savedImage(generated.bytes, generated.extension);
+        if (!original.isEmpty()) {
+            auto recordPrompt = [prompt = run.prompt, original] { ImageStore::savePrompt(prompt, original); };
+            co_await onWorker(&m_libraryThread, std::move(recordPrompt));
+        }
+        final = co_await upscaledOrOriginal(std::move(generated));
+        if (m_scope.stopToken().stop_requested() && !original.isEmpty()) {
+            co_return; // The program ends; the original is in the library already.
+        }
+    }
+
+    // 3. Save what is final, with its prompt and its link.
+    const QString saved = co_await savedImage(std::move(final.bytes), final.extension);
+    if (saved.isEmpty()) {
+        report(QStringLiteral("Failed to save image"), true);
+        setIsLoading(false);
+        Q_EMIT operationEnded({.file = {}, .original = original});
+        co_return;
+    }
+    auto record = [prompt = run.prompt, original, saved] {
+        ImageStore::savePrompt(prompt, saved);
+        if (!original.isEmpty()) {
+            ImageStore::saveVariantLink(original, saved);
+        }
+    };
+    co_await onWorker(&m_libraryThread, std::move(record));
+
+    // 4. Set it, and show it in the history.
+    co_await applying(saved);
+    co_await reloadingHistory();
+    setIsLoading(false);
+    Q_EMIT operationEnded({.file = saved, .original = original});
+}
+
+/// The enlarged picture, or the generated one where that fails; a failure is a warning in the status line.
+QCoro::Task<WallpaperManager::FinalImage> WallpaperManager::upscaledOrOriginal(GeneratedImage generated)
+{
+    const bool isLocal = upscaleMethod() == QLatin1String("local");
+    const std::optional<QString> geminiKey = isLocal ? std::nullopt : Keychain::load(QStringLiteral("gemini"));
+    if (!isLocal && !geminiKey) {
+        co_return FinalImage{std::move(generated.bytes), std::move(generated.extension)};
+    }
+    report(isLocal ? QStringLiteral("Upscaling to 4K (local)...") : QStringLiteral("Upscaling to 4K..."), false);
+    try {
+        UpscaledImage upscaled;
+        if (isLocal) {
+            upscaled = co_await upscaleLocally(generated.bytes);
+        } else {
+            upscaled = co_await upscaleImage(m_services.http, generated.bytes, generated.extension, *geminiKey);
+        }
+        co_return FinalImage{std::move(upscaled.bytes), std::move(upscaled.extension)};
+    } catch (const std::exception &error) {
+        const QString prefix = isLocal ? QStringLiteral("Local upscale failed, using original — ")
+                                       : QStringLiteral("Upscale failed, using original — ");
+        report(prefix + QString::fromUtf8(error.what()), false);
+    }
+    co_return FinalImage{std::move(generated.bytes), std::move(generated.extension)};
+}
+
+/// Writes the picture into the library under the name of the present second; empty when that failed.
+QCoro::Task<QString> WallpaperManager::savedImage(QByteArray bytes, QString extension)
+{
+    auto write = [name = wallpaperFileName(m_services.now(), extension), bytes = std::move(bytes)] {
+        return ImageStore::saveImage(name, bytes).value_or(QString());
+    };
+    co_return co_await onWorker(&m_libraryThread, std::move(write));
+}
+
+} // namespace quorvane

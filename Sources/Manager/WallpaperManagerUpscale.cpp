@@ -1,0 +1,122 @@
+// A 4K copy of a picture that is in the library already.
+
+#include "Manager/WallpaperManager.h"
+#include "Platform/Worker.h"
+#include "Storage/ImageStore.h"
+#include "Storage/Keychain.h"
+#include "Storage/SideFile.h"
+#include "Upscaling/GeminiUpscale.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <stdexcept>
+
+namespace quorvane {
+
+namespace {
+
+/// The whole file; throws with the system's words.
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw std::runtime_error(file.errorString().toStdString());
+    }
+    QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        throw std::runtime_error(file.errorString().toStdString());
+    }
+    return bytes;
+}
+
+} // namespace
+
+void WallpaperManager::upscaleExistingImage(const QString &url)
+{
+    setIsLoading(true);
+    setUpscalingURL(url);
+    setStatus(QString());
+    setIsError(false);
+    m_scope.start(upscalingExistingImage(url));
+}
+
+QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url)
+{
+    const auto end = [this](OperationResult result) {
+        setIsLoading(false);
+        setUpscalingURL(QString());
+        Q_EMIT operationEnded(result);
+    };
+
+    // 1. Enlarge it by the chosen method.
+    const bool isLocal = upscaleMethod() == QLatin1String("local");
+    UpscaledImage upscaled;
+    QString failure;
+    try {
+        auto read = [url] { return contentOf(url); };
+        QByteArray source = co_await onWorker(std::move(read));
+        if (isLocal) {
+            report(QStringLiteral("Upscaling to 4K (local)..."), false);
+            upscaled = co_await upscaleLocally(std::move(source));
+        } else {
+            const std::optional<QString> key = Keychain::load(QStringLiteral("gemini"));
+            if (!key) {
+                report(QStringLiteral("No Gemini API key — switch to Local upscale in Settings > Advanced"), true);
+                end({});
+                co_return;
+            }
+            report(QStringLiteral("Upscaling to 4K..."), false);
+            QString ext = QFileInfo(url).suffix().toLower();
+            upscaled = co_await upscaleImage(m_services.http, std::move(source), std::move(ext), *key);
+        }
+    } catch (const std::exception &error) {
+        failure = QString::fromUtf8(error.what());
+    }
+    if (!failure.isEmpty()) {
+        report(QStringLiteral("Upscale failed: ") + failure, true);
+        end({});
+        co_return;
+    }
+
+    // 2. Store the copy with the original's prompt and the link.
+    const QString copy = co_await savedImage(std::move(upscaled.bytes), upscaled.extension);
+    if (copy.isEmpty()) {
+        report(QStringLiteral("Failed to save upscaled image"), true);
+        end({});
+        co_return;
+    }
+    auto record = [url, copy] {
+        const auto prompts = readTextMap(ImageStore::promptsPath());
+        const auto prompt = prompts.find(imageName(url));
+        if (prompt != prompts.end()) {
+            ImageStore::savePrompt(prompt->second, copy);
+        }
+        ImageStore::saveVariantLink(url, copy);
+    };
+    co_await onWorker(&m_libraryThread, std::move(record));
+
+    // 3. Set it, and show it in the history.
+    co_await applying(copy);
+    co_await reloadingHistory();
+    end({.file = copy, .original = url});
+}
+
+QCoro::Task<UpscaledImage> WallpaperManager::upscaleLocally(QByteArray image)
+{
+    auto progress = [this](UpscaleProgress done) { setProgress(done); };
+    std::exception_ptr failure;
+    UpscaledImage upscaled;
+    try {
+        upscaled = co_await m_services.localUpscale(std::move(image), m_scope.stopToken(), std::move(progress));
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    setProgress(std::nullopt);
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
+    co_return upscaled;
+}
+
+} // namespace quorvane

@@ -1,0 +1,105 @@
+#include "Platform/DesktopChoice.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quorvane {
+
+namespace {
+
+struct KnownName
+{
+    QLatin1String name;
+    DesktopWay way; ///< None: a name that is reserved for a way that does not exist yet.
+};
+
+constexpr std::array kKnownNames{
+    KnownName{QLatin1String("gnome"), DesktopWay::None},       KnownName{QLatin1String("plasma"), DesktopWay::None},
+    KnownName{QLatin1String("xfce"), DesktopWay::None},        KnownName{QLatin1String("mate"), DesktopWay::None},
+    KnownName{QLatin1String("cinnamon"), DesktopWay::None},    KnownName{QLatin1String("lxqt"), DesktopWay::None},
+    KnownName{QLatin1String("sway"), DesktopWay::Sway},        KnownName{QLatin1String("hyprland"), DesktopWay::None},
+    KnownName{QLatin1String("layer-shell"), DesktopWay::None}, KnownName{QLatin1String("x11"), DesktopWay::X11},
+    KnownName{QLatin1String("portal"), DesktopWay::None},      KnownName{QLatin1String("command"), DesktopWay::Command},
+};
+
+/// Entries of XDG_CURRENT_DESKTOP whose desktops cover the X11 root window with a window of their own.
+constexpr std::array kPaintersOverRoot{
+    QLatin1String("GNOME"), QLatin1String("Unity"),  QLatin1String("Pantheon"),   QLatin1String("Budgie"),
+    QLatin1String("KDE"),   QLatin1String("XFCE"),   QLatin1String("X-Cinnamon"), QLatin1String("Cinnamon"),
+    QLatin1String("MATE"),  QLatin1String("LXQt"),   QLatin1String("LXDE"),       QLatin1String("Deepin"),
+    QLatin1String("DDE"),   QLatin1String("COSMIC"),
+};
+
+DesktopChoice wantedDesktop(const DesktopFacts &facts)
+{
+    const QString given = QStringLiteral("QUORVANE_DESKTOP is \"%1\"").arg(facts.wanted);
+    const auto known = std::find_if(kKnownNames.begin(), kKnownNames.end(),
+                                    [&](const KnownName &entry) { return entry.name == facts.wanted; });
+    if (known == kKnownNames.end()) {
+        QStringList names;
+        for (const KnownName &entry : kKnownNames) {
+            names.append(entry.name);
+        }
+        return {DesktopWay::None, given + QStringLiteral(", which is none of ") + names.join(QLatin1String(", "))};
+    }
+    if (known->way == DesktopWay::None) {
+        return {DesktopWay::None, given + QStringLiteral(", which this version does not support yet")};
+    }
+    if (known->way == DesktopWay::Command && facts.command.isEmpty()) {
+        return {DesktopWay::None, given + QStringLiteral(", but QUORVANE_WALLPAPER_COMMAND is not set")};
+    }
+    if (known->way == DesktopWay::Sway && !facts.hasSwaySocket) {
+        return {DesktopWay::Sway, given + QStringLiteral(", but SWAYSOCK is not set")};
+    }
+    if (known->way == DesktopWay::X11 && !facts.hasX11) {
+        return {DesktopWay::X11, given + QStringLiteral(", but DISPLAY is not set")};
+    }
+    return {known->way, given};
+}
+
+QString painterOverRoot(const QStringList &currentDesktops)
+{
+    for (const QString &entry : currentDesktops) {
+        for (const QLatin1String painter : kPaintersOverRoot) {
+            if (entry.compare(painter, Qt::CaseInsensitive) == 0) {
+                return entry;
+            }
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+DesktopChoice chooseDesktop(const DesktopFacts &facts)
+{
+    if (!facts.wanted.isEmpty()) {
+        return wantedDesktop(facts);
+    }
+    if (!facts.command.isEmpty()) {
+        return {DesktopWay::Command, QStringLiteral("QUORVANE_WALLPAPER_COMMAND is set")};
+    }
+    if (facts.swayAnswers) {
+        return {DesktopWay::Sway, QStringLiteral("sway answers on SWAYSOCK")};
+    }
+    if (facts.hasWayland) {
+        return {DesktopWay::None,
+                QStringLiteral("this Wayland desktop is not supported yet; "
+                               "QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture")};
+    }
+    if (facts.hasX11) {
+        const QString painter = painterOverRoot(facts.currentDesktops);
+        if (painter.isEmpty()) {
+            return {DesktopWay::X11, QStringLiteral("DISPLAY is set and no desktop paints over the X11 root window")};
+        }
+        return {DesktopWay::None, QStringLiteral("XDG_CURRENT_DESKTOP names \"%1\", which is not supported yet; "
+                                                 "QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture")
+                                      .arg(painter)};
+    }
+    if (facts.hasSwaySocket) {
+        return {DesktopWay::None, QStringLiteral("SWAYSOCK is set, but nobody answers on it")};
+    }
+    return {DesktopWay::None, QStringLiteral("neither SWAYSOCK nor DISPLAY is set")};
+}
+
+} // namespace quorvane

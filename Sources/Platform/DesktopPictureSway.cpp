@@ -1,0 +1,199 @@
+#include "Platform/DesktopPictureSway.h"
+
+#include "Platform/PictureCopy.h"
+#include "Platform/PictureFile.h"
+#include "Platform/SwaySocket.h"
+
+#include <QBuffer>
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QImageWriter>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+/// Enough to know that a picture decodes to its end.
+constexpr QSize kCheckSize(256, 256);
+
+/// What sway is given instead of the picture's own path, or why it cannot be given anything.
+struct HandedPicture
+{
+    QString path;
+    bool isCopy = false;
+    QString error;
+};
+
+QByteArray encodedAsPng(const QImage &image)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QImageWriter writer(&buffer, "png");
+    writer.setCompression(10); // Fast: the copy lives until the next picture.
+    return writer.write(image) ? bytes : QByteArray();
+}
+
+HandedPicture handedPicture(const QString &path)
+{
+    const PictureFile checked = readPicture(path, kCheckSize);
+    if (!checked.error.isEmpty()) {
+        return {{}, false, checked.error};
+    }
+    // sway's background program reads PNG and JPEG everywhere, other formats only where a plug-in happens to be.
+    const bool isReadable = checked.format == "png" || checked.format == "jpeg";
+    if (isReadable && DesktopPictureSway::isPlainPath(path)) {
+        return {path, false, {}};
+    }
+    QByteArray bytes;
+    if (isReadable) {
+        QFile file(path);
+        bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    } else {
+        bytes = encodedAsPng(readPicture(path).image);
+    }
+    if (bytes.isEmpty()) {
+        return {{}, false, QStringLiteral("The picture cannot be copied for sway")};
+    }
+    const QString ending = checked.format == "jpeg" ? QStringLiteral("jpg") : QStringLiteral("png");
+    const QStringList folders = PictureCopy::folders();
+    for (const QString &folder : folders) {
+        if (DesktopPictureSway::isPlainPath(folder)) {
+            if (const std::optional<QString> copy = PictureCopy::write(folder, bytes, ending)) {
+                return {*copy, true, {}};
+            }
+        }
+    }
+    return {{}, false, QStringLiteral("No folder could hold a copy of the picture under a name that sway takes")};
+}
+
+bool contains(const QList<Screen> &screens, const QString &name)
+{
+    return std::any_of(screens.begin(), screens.end(), [&](const Screen &screen) { return screen.name == name; });
+}
+
+} // namespace
+
+DesktopPictureSway::DesktopPictureSway(QString socketPath, QString reason, std::chrono::milliseconds limit)
+    : m_socketPath(std::move(socketPath))
+    , m_reason(std::move(reason))
+    , m_limit(limit)
+{
+}
+
+QList<Screen> DesktopPictureSway::screens()
+{
+    SwaySocket socket(m_socketPath, QDeadlineTimer(m_limit));
+    const std::optional<QByteArray> answer = socket.ask(SwaySocket::Message::GetOutputs);
+    return answer ? screensOf(*answer) : QList<Screen>();
+}
+
+std::optional<QString> DesktopPictureSway::setPicture(const QString &path, const QList<Screen> &screens)
+{
+    // Decoding and copying come first, so that sway's time is not spent on them.
+    const HandedPicture handed = handedPicture(path);
+    if (!handed.error.isEmpty()) {
+        return handed.error;
+    }
+    SwaySocket socket(m_socketPath, QDeadlineTimer(m_limit));
+    const std::optional<QByteArray> answer = socket.ask(SwaySocket::Message::GetOutputs);
+    const QList<Screen> present = answer ? screensOf(*answer) : QList<Screen>();
+    std::optional<QString> failure;
+    bool isShown = false;
+    for (const Screen &screen : screens) {
+        const std::optional<QByteArray> command = commandFor(screen.name, handed.path);
+        if (!socket.isConnected()) {
+            failure = socket.error();
+        } else if (!command || !contains(present, screen.name)) {
+            // sway itself would answer "success".
+            failure = QStringLiteral("sway has no screen \"%1\"").arg(screen.name);
+        } else if (const auto result = socket.ask(SwaySocket::Message::RunCommand, *command)) {
+            failure = failureOf(*result);
+            isShown = isShown || !failure;
+        } else {
+            failure = socket.error();
+            isShown = true; // It may have been carried out before the answer was lost.
+        }
+        if (failure) {
+            break;
+        }
+    }
+    if (failure) {
+        if (handed.isCopy && !isShown) {
+            QFile::remove(handed.path);
+        }
+        return failure;
+    }
+    // sway reads the pictures of all screens anew at every change, so a copy goes only once no screen has it.
+    const bool isEverywhere = std::all_of(present.begin(), present.end(),
+                                          [&](const Screen &screen) { return contains(screens, screen.name); });
+    if (isEverywhere) {
+        PictureCopy::removeAllBut(handed.path);
+    }
+    return std::nullopt;
+}
+
+QList<Screen> DesktopPictureSway::screensOf(const QByteArray &outputsJson)
+{
+    QList<Screen> screens;
+    const QJsonArray outputs = QJsonDocument::fromJson(outputsJson).array();
+    for (const QJsonValue &value : outputs) {
+        const QJsonObject output = value.toObject();
+        const QJsonObject mode = output.value(QLatin1String("current_mode")).toObject();
+        QSize pixels(mode.value(QLatin1String("width")).toInt(), mode.value(QLatin1String("height")).toInt());
+        const QString transform = output.value(QLatin1String("transform")).toString();
+        if (transform.endsWith(QLatin1String("90")) || transform.endsWith(QLatin1String("270"))) {
+            pixels.transpose();
+        }
+        const QString name = output.value(QLatin1String("name")).toString();
+        if (output.value(QLatin1String("active")).toBool() && !name.isEmpty() && !pixels.isEmpty()) {
+            screens.append({name, pixels});
+        }
+    }
+    return screens;
+}
+
+std::optional<QString> DesktopPictureSway::failureOf(const QByteArray &resultsJson)
+{
+    const QJsonDocument document = QJsonDocument::fromJson(resultsJson);
+    const QJsonArray results = document.array();
+    if (results.isEmpty()) {
+        return QStringLiteral("sway's answer cannot be understood");
+    }
+    for (const QJsonValue &result : results) {
+        if (!result.toObject().value(QLatin1String("success")).toBool()) {
+            const QString words = result.toObject().value(QLatin1String("error")).toString();
+            return words.isEmpty() ? QStringLiteral("sway refused the picture") : words;
+        }
+    }
+    return std::nullopt;
+}
+
+bool DesktopPictureSway::isPlainPath(const QString &path)
+{
+    return path.startsWith(QLatin1Char('/')) && std::all_of(path.begin(), path.end(), [](QChar letter) {
+               const char16_t code = letter.unicode();
+               return (code >= u'a' && code <= u'z') || (code >= u'A' && code <= u'Z') ||
+                      (code >= u'0' && code <= u'9') || QStringView(u"/_.-").contains(letter);
+           });
+}
+
+std::optional<QByteArray> DesktopPictureSway::commandFor(const QString &screenName, const QString &path)
+{
+    // Inside double quotes sway knows only these; "*" means every screen and "-" the focused one.
+    const bool isAmbiguous = std::any_of(screenName.begin(), screenName.end(), [](QChar letter) {
+        return QStringView(u"\"\\$").contains(letter) || letter.unicode() < u' ' || letter.unicode() == 0x7f;
+    });
+    static const QStringList special{QString(), QStringLiteral("*"), QStringLiteral("-"), QStringLiteral("--")};
+    if (isAmbiguous || special.contains(screenName)) {
+        return std::nullopt;
+    }
+    return QStringLiteral("output \"%1\" bg %2 fill").arg(screenName, path).toUtf8();
+}
+
+} // namespace quorvane

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// Copies of the wallpaper for desktops that cannot take the library's own file. A copy gets a new name each time,
+/// because desktops keep what they once read under a name, and stays for as long as the desktop may read it again.
+namespace quorvane::PictureCopy {
+
+/// Where copies may lie, the best first: the state folder, then the session's own folder, which is gone after logout.
+[[nodiscard]] QStringList folders();
+
+/// Writes bytes whole under a new time-stamped name with the ending ("png") in folder, which is made where it is
+/// missing. The path, or nothing when the disk refuses.
+[[nodiscard]] std::optional<QString> write(const QString &folder, const QByteArray &bytes, const QString &ending);
+
+/// Deletes the copies in all folders except keep (which may be empty: delete all). Touches no other file.
+void removeAllBut(const QString &keep);
+
+} // namespace quorvane::PictureCopy

@@ -1,0 +1,151 @@
+#include "Platform/SwaySocket.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace quorvane {
+
+namespace {
+
+constexpr std::array<char, 6> kMagic{'i', '3', '-', 'i', 'p', 'c'};
+constexpr qsizetype kHeaderSize = kMagic.size() + 2 * sizeof(quint32);
+/// A description of twenty outputs with all their modes has about 100 KiB.
+constexpr quint32 kPayloadLimit = 4 * 1024 * 1024;
+
+QString systemError()
+{
+    return QString::fromLocal8Bit(std::strerror(errno));
+}
+
+} // namespace
+
+SwaySocket::SwaySocket(const QString &path, QDeadlineTimer deadline)
+    : m_deadline(deadline)
+{
+    const QByteArray name = QFile::encodeName(path);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (name.isEmpty() || name.size() >= static_cast<qsizetype>(sizeof(address.sun_path))) {
+        m_error = QStringLiteral("sway's socket has no usable path");
+        return;
+    }
+    std::memcpy(address.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
+
+    m_descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    // A listener that accepts nobody makes connect() wait; this limit is the one that the kernel applies to it.
+    const qint64 milliseconds = std::max<qint64>(1, m_deadline.remainingTime());
+    const timeval limit{milliseconds / 1000, (milliseconds % 1000) * 1000};
+    if (m_descriptor < 0 || ::setsockopt(m_descriptor, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof(limit)) != 0 ||
+        ::connect(m_descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof(address)) != 0) {
+        fail(QStringLiteral("sway cannot be reached: ") + systemError());
+    }
+}
+
+SwaySocket::~SwaySocket()
+{
+    if (m_descriptor >= 0) {
+        ::close(m_descriptor);
+    }
+}
+
+std::optional<QByteArray> SwaySocket::ask(Message message, const QByteArray &payload)
+{
+    const auto length = static_cast<quint32>(payload.size());
+    const auto type = static_cast<quint32>(message);
+    QByteArray request(kMagic.data(), kMagic.size());
+    request.append(reinterpret_cast<const char *>(&length), sizeof(length));
+    request.append(reinterpret_cast<const char *>(&type), sizeof(type));
+    request.append(payload);
+
+    std::array<char, kHeaderSize> header{};
+    if (!isConnected() || !sendAll(request) || !receiveAll(header.data(), header.size())) {
+        return std::nullopt;
+    }
+    quint32 answerLength = 0;
+    quint32 answerType = 0;
+    std::memcpy(&answerLength, header.data() + kMagic.size(), sizeof(answerLength));
+    std::memcpy(&answerType, header.data() + kMagic.size() + sizeof(answerLength), sizeof(answerType));
+    if (!std::equal(kMagic.begin(), kMagic.end(), header.begin()) || answerType != type ||
+        answerLength > kPayloadLimit) {
+        fail(QStringLiteral("sway's answer cannot be understood"));
+        return std::nullopt;
+    }
+    QByteArray answer(static_cast<qsizetype>(answerLength), Qt::Uninitialized);
+    if (!receiveAll(answer.data(), answer.size())) {
+        return std::nullopt;
+    }
+    return answer;
+}
+
+bool SwaySocket::wait(short events)
+{
+    pollfd waited{m_descriptor, events, 0};
+    while (true) {
+        const int count = ::poll(&waited, 1, static_cast<int>(m_deadline.remainingTime()));
+        if (count > 0) {
+            return true;
+        }
+        if (count == 0 || errno != EINTR) {
+            fail(QStringLiteral("sway does not answer"));
+            return false;
+        }
+    }
+}
+
+bool SwaySocket::sendAll(const QByteArray &bytes)
+{
+    qsizetype done = 0;
+    while (done < bytes.size()) {
+        if (!wait(POLLOUT)) {
+            return false;
+        }
+        const ssize_t count = ::send(m_descriptor, bytes.constData() + done,
+                                     static_cast<std::size_t>(bytes.size() - done), MSG_DONTWAIT | MSG_NOSIGNAL);
+        if (count > 0) {
+            done += count;
+        } else if (errno != EAGAIN && errno != EINTR) {
+            fail(QStringLiteral("sway ended the connection: ") + systemError());
+            return false;
+        }
+    }
+    return true;
+}
+
+bool SwaySocket::receiveAll(char *bytes, qsizetype size)
+{
+    qsizetype done = 0;
+    while (done < size) {
+        if (!wait(POLLIN)) {
+            return false;
+        }
+        const ssize_t count = ::recv(m_descriptor, bytes + done, static_cast<std::size_t>(size - done), MSG_DONTWAIT);
+        if (count > 0) {
+            done += count;
+        } else if (count == 0 || (errno != EAGAIN && errno != EINTR)) {
+            fail(QStringLiteral("sway ended the connection"));
+            return false;
+        }
+    }
+    return true;
+}
+
+void SwaySocket::fail(const QString &error)
+{
+    m_error = error;
+    if (m_descriptor >= 0) {
+        ::close(m_descriptor);
+        m_descriptor = -1;
+    }
+}
+
+} // namespace quorvane

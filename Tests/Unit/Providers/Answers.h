@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Providers/ProviderError.h"
+#include "Providers/ServiceRequest.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace quorvane {
+
+/// What a user reads after this answer: "picture:EXTENSION:BYTES", or the error's text.
+inline QString outcomeOf(const QByteArray &answer, const AnswerFormat &format)
+{
+    try {
+        const GeneratedImage image = imageFromAnswer(answer, format);
+        return QStringLiteral("picture:") + image.extension + QLatin1Char(':') + QString::fromLatin1(image.bytes);
+    } catch (const ProviderError &error) {
+        return error.errorDescription();
+    }
+}
+
+struct AnswerCase
+{
+    const char *answer;
+    const char *outcome;
+};
+
+} // namespace quorvane

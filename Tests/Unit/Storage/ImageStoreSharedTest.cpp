@@ -1,0 +1,181 @@
+#include "Storage/ImageStore.h"
+#include "Storage/Keychain.h"
+#include "Storage/SideFile.h"
+#include "Support/Files.h"
+#include "Support/PrivateHome.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+#include <vector>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace quorvane {
+
+namespace {
+
+constexpr int kWriters = 3;
+constexpr int kWritesEach = 20;
+
+QString nameOf(int writer, int number)
+{
+    return QStringLiteral("%1-%2.png").arg(writer).arg(number);
+}
+
+void savePrompts(int writer)
+{
+    for (int number = 0; number < kWritesEach; ++number) {
+        ImageStore::savePrompt(QStringLiteral("prompt"), nameOf(writer, number));
+    }
+}
+
+/// Runs work in a process of its own; the process id.
+template <typename Work> pid_t inProcess(Work work)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        work();
+        ::_exit(0);
+    }
+    return child;
+}
+
+[[nodiscard]] bool endedWell(pid_t child)
+{
+    int status = -1;
+    return child > 0 && ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+} // namespace
+
+TEST(ImageStoreShared, threadsWritingAtOnceLoseNoPrompt)
+{
+    const PrivateHome home;
+    std::vector<std::thread> threads;
+    for (int writer = 0; writer < kWriters; ++writer) {
+        threads.emplace_back(savePrompts, writer);
+    }
+    for (std::thread &thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(readTextMap(ImageStore::promptsPath()).size(), std::size_t(kWriters * kWritesEach));
+}
+
+TEST(ImageStoreShared, processesWritingAtOnceLoseNoPrompt)
+{
+    const PrivateHome home;
+    std::vector<pid_t> children;
+    for (int writer = 0; writer < kWriters; ++writer) {
+        children.push_back(inProcess([writer] { savePrompts(writer); }));
+    }
+    for (const pid_t child : children) {
+        EXPECT_TRUE(endedWell(child));
+    }
+    EXPECT_EQ(readTextMap(ImageStore::promptsPath()).size(), std::size_t(kWriters * kWritesEach));
+}
+
+TEST(ImageStoreShared, deletionsBesideOtherWritersLoseNothingOfTheirs)
+{
+    const PrivateHome home;
+    for (int number = 0; number < kWritesEach; ++number) {
+        ImageStore::savePrompt(QStringLiteral("old"), nameOf(9, number));
+        ImageStore::saveFavorite(nameOf(9, number));
+        ImageStore::saveVariantLink(nameOf(9, number), nameOf(8, number));
+    }
+    const pid_t deleting = inProcess([] {
+        for (int number = 0; number < kWritesEach; ++number) {
+            ImageStore::deleteImage(nameOf(9, number));
+        }
+    });
+    for (int number = 0; number < kWritesEach; ++number) {
+        ImageStore::savePrompt(QStringLiteral("new"), nameOf(0, number));
+        ImageStore::saveFavorite(nameOf(0, number));
+        ImageStore::saveVariantLink(nameOf(0, number), nameOf(1, number));
+    }
+    EXPECT_TRUE(endedWell(deleting));
+    const TextMap prompts = readTextMap(ImageStore::promptsPath());
+    const TextMap links = readTextMap(ImageStore::variantsPath());
+    const QStringList favorites = readTextList(ImageStore::favoritesPath());
+    EXPECT_EQ(prompts.size(), std::size_t(kWritesEach));
+    EXPECT_EQ(links.size(), std::size_t(kWritesEach));
+    EXPECT_EQ(favorites.size(), kWritesEach);
+    for (int number = 0; number < kWritesEach; ++number) {
+        EXPECT_TRUE(prompts.contains(nameOf(0, number)) && links.contains(nameOf(0, number)) &&
+                    favorites.contains(nameOf(0, number)));
+    }
+}
+
+TEST(ImageStoreShared, aReaderBesideAWriterSeesEveryFileWhole)
+{
+    const PrivateHome home;
+    ASSERT_TRUE(ImageStore::saveImage(QStringLiteral("a.png"), QByteArray(300'000, 'a')));
+    ImageStore::savePrompt(QString(20'000, QLatin1Char('a')), QStringLiteral("a.png"));
+    std::atomic<bool> done = false;
+    std::thread writer([&done] {
+        for (int round = 0; round < 30; ++round) {
+            const char letter = round % 2 == 0 ? 'b' : 'a';
+            (void)ImageStore::saveImage(QStringLiteral("a.png"), QByteArray(300'000, letter));
+            ImageStore::savePrompt(QString(20'000, QLatin1Char(letter)), QStringLiteral("a.png"));
+        }
+        done = true;
+    });
+    int half = 0;
+    int rounds = 0;
+    while (!done) {
+        const QByteArray image = contentOf(ImageStore::directory() + QStringLiteral("/a.png"));
+        const TextMap prompts = readTextMap(ImageStore::promptsPath());
+        const bool whole = image.size() == 300'000 && image.count(image.front()) == image.size() &&
+                           prompts.size() == 1 && ImageStore::allImages().size() == 1;
+        half += whole ? 0 : 1;
+        ++rounds;
+    }
+    writer.join();
+    EXPECT_EQ(half, 0) << "of " << rounds;
+    EXPECT_GT(rounds, 0);
+}
+
+TEST(KeychainShared, threadsAndProcessesWritingAtOnceLoseNoKey)
+{
+    const PrivateHome home;
+    const auto saveKeys = [](int writer) {
+        for (int number = 0; number < kWritesEach; ++number) {
+            Keychain::save(QStringLiteral("key"), nameOf(writer, number));
+        }
+    };
+    const pid_t child = inProcess([&] { saveKeys(0); });
+    std::thread thread(saveKeys, 1);
+    saveKeys(2);
+    thread.join();
+    EXPECT_TRUE(endedWell(child));
+    EXPECT_EQ(Keychain::readAll().size(), std::size_t(3 * kWritesEach));
+}
+
+TEST(KeychainShared, ofSeveralThatSaveWhatIsAbsentTheFirstWins)
+{
+    const PrivateHome home;
+    std::vector<pid_t> children;
+    for (int writer = 0; writer < kWriters; ++writer) {
+        children.push_back(inProcess([writer] {
+            for (int number = 0; number < kWritesEach; ++number) {
+                const QString id = QString::number(number);
+                if (!Keychain::saveIfAbsent(QString::number(writer), id)) {
+                    ::_exit(1);
+                }
+                const auto winner = Keychain::load(id);
+                (void)Keychain::saveIfAbsent(QStringLiteral("late"), id);
+                if (Keychain::load(id) != winner) {
+                    ::_exit(1);
+                }
+            }
+        }));
+    }
+    for (const pid_t child : children) {
+        EXPECT_TRUE(endedWell(child));
+    }
+    EXPECT_EQ(Keychain::readAll().size(), std::size_t(kWritesEach));
+}
+
+} // namespace quorvane

@@ -1,0 +1,114 @@
+#include "Storage/Keychain.h"
+#include "Support/Files.h"
+#include "Support/PrivateHome.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+namespace quorvane {
+
+namespace {
+
+class KeychainTest : public testing::Test
+{
+  protected:
+    [[nodiscard]] QString folder() const
+    {
+        return m_home.path() + QStringLiteral("/Library/Application Support/Quorvane");
+    }
+    [[nodiscard]] QString file() const { return folder() + QStringLiteral("/keys.json"); }
+    [[nodiscard]] QByteArray content() const { return contentOf(file()); }
+
+    [[nodiscard]] static unsigned modeOf(const QString &path)
+    {
+        struct stat status = {};
+        return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777U : ~0U;
+    }
+
+    PrivateHome m_home;
+    const QString m_gemini = QStringLiteral("gemini");
+    const QString m_grok = QStringLiteral("grok");
+    const QString m_openai = QStringLiteral("openai");
+};
+
+} // namespace
+
+TEST_F(KeychainTest, withoutAFileThereIsNoKeyAndReadingMakesOnlyTheFolder)
+{
+    for (const QString &id : {m_gemini, m_grok, m_openai}) {
+        EXPECT_EQ(Keychain::load(id), std::nullopt);
+    }
+    EXPECT_TRUE(Keychain::readAll().empty());
+    EXPECT_TRUE(QFileInfo(folder()).isDir());
+    EXPECT_FALSE(QFileInfo::exists(file()));
+}
+
+TEST_F(KeychainTest, theFirstKeyMakesAFileWithThatEntryOnly)
+{
+    Keychain::save(QStringLiteral("k1"), m_grok);
+    EXPECT_EQ(content(), "{\"grok\":\"k1\"}");
+}
+
+TEST_F(KeychainTest, keysAreSortedReplacedAndKeptExactlyAsGiven)
+{
+    Keychain::save(QStringLiteral("k1"), m_openai);
+    Keychain::save(QStringLiteral("old"), m_gemini);
+    Keychain::save(QStringLiteral("  \"ké\n "), m_gemini);
+    EXPECT_EQ(content(), "{\"gemini\":\"  \\\"ké\\n \",\"openai\":\"k1\"}");
+    EXPECT_EQ(Keychain::load(m_gemini), QStringLiteral("  \"ké\n "));
+}
+
+TEST_F(KeychainTest, anEmptyTextIsAStoredKey)
+{
+    Keychain::save(QString(), m_gemini);
+    ASSERT_TRUE(Keychain::load(m_gemini).has_value());
+    EXPECT_EQ(Keychain::load(m_gemini), QString());
+    EXPECT_EQ(content(), "{\"gemini\":\"\"}");
+}
+
+TEST_F(KeychainTest, removingTheLastKeyLeavesAnEmptyObject)
+{
+    Keychain::save(QStringLiteral("k1"), m_gemini);
+    Keychain::remove(m_gemini);
+    EXPECT_EQ(Keychain::load(m_gemini), std::nullopt);
+    EXPECT_EQ(content(), "{}");
+}
+
+TEST_F(KeychainTest, removingWhatIsNotStoredRewritesTheFileAndItsPermissions)
+{
+    ASSERT_TRUE(putFile(file(), "{ \"openai\": \"k2\", \"grok\": \"k1\" }\n"));
+    ASSERT_EQ(::chmod(QFile::encodeName(file()).constData(), 0644), 0);
+    Keychain::remove(m_gemini);
+    EXPECT_EQ(content(), "{\"grok\":\"k1\",\"openai\":\"k2\"}");
+    EXPECT_EQ(modeOf(file()), 0600U);
+}
+
+TEST_F(KeychainTest, oneWrongValueMakesTheWholeFileEmpty)
+{
+    for (const char *wrong : {"{\"gemini\":5}", "{\"gemini\":\"k\",\"grok\":null}", "[\"gemini\"]", "k", ""}) {
+        ASSERT_TRUE(putFile(file(), wrong));
+        EXPECT_TRUE(Keychain::readAll().empty()) << wrong;
+        EXPECT_EQ(Keychain::load(m_gemini), std::nullopt);
+        Keychain::save(QStringLiteral("k1"), m_grok);
+        EXPECT_EQ(content(), "{\"grok\":\"k1\"}");
+    }
+}
+
+TEST_F(KeychainTest, onlyTheOwnerMayEnterTheFolderAndReadTheFile)
+{
+    const mode_t umaskBefore = ::umask(0);
+    Keychain::save(QStringLiteral("k1"), m_gemini);
+    ::umask(umaskBefore);
+    EXPECT_EQ(modeOf(file()), 0600U);
+    EXPECT_EQ(modeOf(folder()), 0700U);
+}
+
+TEST_F(KeychainTest, whatIsThereIsNotReplacedByWhatShouldFillAGap)
+{
+    EXPECT_TRUE(Keychain::saveIfAbsent(QStringLiteral("k1"), m_gemini));
+    EXPECT_TRUE(Keychain::saveIfAbsent(QStringLiteral("k2"), m_gemini));
+    EXPECT_EQ(Keychain::load(m_gemini), QStringLiteral("k1"));
+}
+
+} // namespace quorvane
