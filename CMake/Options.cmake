@@ -3,6 +3,7 @@
 option(QUORVANE_TESTS "Build the tests, the demonstration service and the fuzz targets" ON)
 option(QUORVANE_BENCHMARKS "Build the benchmarks" OFF)
 option(QUORVANE_FUZZ "Build the fuzz targets with libFuzzer instead of the replaying main (needs clang)" OFF)
+option(QUORVANE_LINT "Run clang-tidy and qmllint as tests (minutes)" OFF)
 option(QUORVANE_COVERAGE "Instrument for gcov" OFF)
 set(QUORVANE_SANITIZERS "" CACHE STRING "Value for -fsanitize=, for example address,undefined")
 

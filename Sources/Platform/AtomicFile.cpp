@@ -45,7 +45,8 @@ mode_t currentUmask()
         const QByteArray text = status.readAll();
         const qsizetype at = text.indexOf("\nUmask:");
         if (at >= 0) {
-            return static_cast<mode_t>(text.mid(at + 7, text.indexOf('\n', at + 1) - at - 7).trimmed().toUInt(nullptr, 8));
+            return static_cast<mode_t>(
+                text.mid(at + 7, text.indexOf('\n', at + 1) - at - 7).trimmed().toUInt(nullptr, 8));
         }
     }
     return S_IWGRP | S_IRWXO;
@@ -66,7 +67,8 @@ bool writeFileAtomically(const QString &path, const QByteArray &bytes, FileAcces
 {
     const QFileInfo target(path);
     const QByteArray folder = QFile::encodeName(target.absolutePath());
-    QByteArray temporary = folder + "/." + QFile::encodeName(target.fileName()).left(200) + ".XXXXXX" + kTemporaryEnding;
+    QByteArray temporary =
+        folder + "/." + QFile::encodeName(target.fileName()).left(200) + ".XXXXXX" + kTemporaryEnding;
 
     // mkostemps creates with mode 0600, so a key is never readable by others, not even for a moment.
     const int descriptor = ::mkostemps(temporary.data(), static_cast<int>(qstrlen(kTemporaryEnding)), O_CLOEXEC);

@@ -142,7 +142,7 @@ QList<Screen> DesktopPictureSway::screensOf(const QByteArray &outputsJson)
 {
     QList<Screen> screens;
     const QJsonArray outputs = QJsonDocument::fromJson(outputsJson).array();
-    for (const QJsonValue &value : outputs) {
+    for (const auto &value : outputs) {
         const QJsonObject output = value.toObject();
         const QJsonObject mode = output.value(QLatin1String("current_mode")).toObject();
         QSize pixels(mode.value(QLatin1String("width")).toInt(), mode.value(QLatin1String("height")).toInt());
@@ -165,7 +165,7 @@ std::optional<QString> DesktopPictureSway::failureOf(const QByteArray &resultsJs
     if (results.isEmpty()) {
         return QStringLiteral("sway's answer cannot be understood");
     }
-    for (const QJsonValue &result : results) {
+    for (const auto &result : results) {
         if (!result.toObject().value(QLatin1String("success")).toBool()) {
             const QString words = result.toObject().value(QLatin1String("error")).toString();
             return words.isEmpty() ? QStringLiteral("sway refused the picture") : words;

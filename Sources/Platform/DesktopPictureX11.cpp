@@ -17,7 +17,7 @@ namespace quorvane {
 namespace {
 
 /// Rows are sent in pieces of about this size, or less where the server takes less.
-constexpr qsizetype kPieceBytes = 1024 * 1024;
+constexpr qsizetype kPieceBytes = qsizetype{1024} * 1024;
 constexpr qsizetype kPutImageHeaderBytes = 32;
 
 /// Where one screen's picture goes.

@@ -171,8 +171,7 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
         throw TransportError(Tr::tr("The request was cancelled."));
     }
     if (state->tooLarge) {
-        throw TransportError(
-            Tr::tr("The answer is larger than %1 MiB.").arg(m_answerLimitBytes / (1024LL * 1024)));
+        throw TransportError(Tr::tr("The answer is larger than %1 MiB.").arg(m_answerLimitBytes / (1024LL * 1024)));
     }
     if (!state->certificateProblem.isEmpty()) {
         throw TransportError(

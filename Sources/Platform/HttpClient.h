@@ -44,10 +44,10 @@ class HttpClient
 
     struct Request
     {
-        QUrl url;                                      ///< https, or http to this machine.
-        QByteArray contentType;                        ///< Sent with the body.
-        Header secret;                                 ///< Goes to the origin of url alone, not along redirects elsewhere.
-        QByteArray body;                               ///< Sent with POST.
+        QUrl url;               ///< https, or http to this machine.
+        QByteArray contentType; ///< Sent with the body.
+        Header secret;          ///< Goes to the origin of url alone, not along redirects elsewhere.
+        QByteArray body;        ///< Sent with POST.
         std::chrono::milliseconds silenceLimit{60000}; ///< How long no byte may move before the request fails.
     };
 

@@ -16,8 +16,7 @@ namespace quorvane {
 /// is thrown here with its own type (QtConcurrent alone would turn it into a QUnhandledException).
 ///
 /// work runs to its end even when nobody waits any more, so it must own what it uses.
-template <typename Work>
-[[nodiscard]] QCoro::Task<std::invoke_result_t<Work>> onWorker(QThreadPool *pool, Work work)
+template <typename Work> [[nodiscard]] QCoro::Task<std::invoke_result_t<Work>> onWorker(QThreadPool *pool, Work work)
 {
     using Result = std::invoke_result_t<Work>;
     struct Outcome
@@ -40,11 +39,12 @@ template <typename Work>
     };
     QFuture<void> future = QtConcurrent::run(pool, std::move(body));
     co_await future;
-    if (outcome->failure) {
+    auto &value = outcome->value;
+    if (!value) {
         std::rethrow_exception(outcome->failure);
     }
     if constexpr (!std::is_void_v<Result>) {
-        co_return std::move(*outcome->value);
+        co_return std::move(*value);
     }
 }
 

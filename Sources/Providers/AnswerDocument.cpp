@@ -35,8 +35,8 @@ qsizetype endOfText(QByteArrayView json, qsizetype begin)
 {
     qsizetype at = begin;
     while (at < json.size()) {
-        const auto *quote = static_cast<const char *>(
-            std::memchr(json.data() + at, '"', static_cast<std::size_t>(json.size() - at)));
+        const auto *quote =
+            static_cast<const char *>(std::memchr(json.data() + at, '"', static_cast<std::size_t>(json.size() - at)));
         if (quote == nullptr) {
             return json.size();
         }

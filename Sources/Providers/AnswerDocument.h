@@ -26,7 +26,7 @@ class AnswerDocument
   private:
     QByteArray m_answer;
     QJsonObject m_object;
-    QByteArray m_mark;                ///< Begins each stand-in; random, so that no answer can hold one.
+    QByteArray m_mark;                 ///< Begins each stand-in; random, so that no answer can hold one.
     QList<QByteArrayView> m_longTexts; ///< Into m_answer, by the number behind the mark.
 };
 

@@ -42,8 +42,7 @@ AnswerFormat openAIAnswer()
     return {.pictureIn = pictureIn};
 }
 
-QCoro::Task<GeneratedImage> OpenAIProvider::generate(QString prompt, QString apiKey, QString model,
-                                                     bool wants4K) const
+QCoro::Task<GeneratedImage> OpenAIProvider::generate(QString prompt, QString apiKey, QString model, bool wants4K) const
 {
     return requestImage(m_http, openAIRequest(prompt, apiKey, model, wants4K), openAIAnswer());
 }

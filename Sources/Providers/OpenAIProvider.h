@@ -25,7 +25,8 @@ class OpenAIProvider final : public ImageProvider
 };
 
 /// The request for a picture, and how its answer is read: what generate() sends.
-[[nodiscard]] ServiceRequest openAIRequest(const QString &prompt, const QString &apiKey, const QString &model, bool wants4K);
+[[nodiscard]] ServiceRequest openAIRequest(const QString &prompt, const QString &apiKey, const QString &model,
+                                           bool wants4K);
 [[nodiscard]] AnswerFormat openAIAnswer();
 
 } // namespace quorvane

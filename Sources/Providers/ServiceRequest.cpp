@@ -53,8 +53,7 @@ std::optional<QString> addressProblem(const Service &service)
     if (isAllowedAddress(QUrl(baseAddress(service), QUrl::StrictMode))) {
         return std::nullopt;
     }
-    return Tr::tr("%1 must be an https address, or http on this machine.")
-        .arg(QLatin1String(service.addressVariable));
+    return Tr::tr("%1 must be an https address, or http on this machine.").arg(QLatin1String(service.addressVariable));
 }
 
 std::optional<QString> addressProblem(const QString &providerId)
@@ -79,7 +78,8 @@ GeneratedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &for
         throw ProviderError::invalidResponse(format.notAnObject);
     }
     // 2. An error object with a text goes to the user in the service's own words; any other "error" is ignored.
-    const QJsonValue message = document->object().value(QLatin1String("error")).toObject().value(QLatin1String("message"));
+    const QJsonValue message =
+        document->object().value(QLatin1String("error")).toObject().value(QLatin1String("message"));
     if (message.isString()) {
         QByteArray storage;
         throw ProviderError::apiError(format.apiErrorPrefix + QString::fromUtf8(document->textOf(message, &storage)));
@@ -119,7 +119,8 @@ QCoro::Task<GeneratedImage> requestImage(HttpClient *http, ServiceRequest reques
     }
     auto serialise = [body = std::move(request.body)] { return QJsonDocument(body).toJson(QJsonDocument::Compact); };
     QByteArray body = co_await onWorker(std::move(serialise));
-    HttpClient::Request httpRequest{url, "application/json", std::move(request.keyHeader), std::move(body), request.silenceLimit};
+    HttpClient::Request httpRequest{url, "application/json", std::move(request.keyHeader), std::move(body),
+                                    request.silenceLimit};
 
     // 3. Send it.
     QByteArray answer;
@@ -156,11 +157,8 @@ std::optional<PictureInAnswer> firstDataEntry(const QJsonObject &answer, const Q
 
 std::optional<PictureInAnswer> firstInlineData(const QJsonObject &answer)
 {
-    const QJsonObject content = objectsIn(answer, QLatin1String("candidates"))
-                                    .first()
-                                    .toObject()
-                                    .value(QLatin1String("content"))
-                                    .toObject();
+    const QJsonObject content =
+        objectsIn(answer, QLatin1String("candidates")).first().toObject().value(QLatin1String("content")).toObject();
     const QJsonArray parts = objectsIn(content, QLatin1String("parts"));
     const auto part = std::find_if(parts.begin(), parts.end(), [](const QJsonValue &value) {
         return value.toObject().contains(QLatin1String("inlineData"));

@@ -35,7 +35,7 @@ inline constexpr Service kOpenAIService{"QUORVANE_OPENAI_BASE_URL", "https://api
 struct ServiceRequest
 {
     Service service;
-    QString path;       ///< Appended to the base address as it stands.
+    QString path; ///< Appended to the base address as it stands.
     HttpClient::Header keyHeader;
     QJsonObject body;
     std::chrono::seconds silenceLimit; ///< How long no byte may move.

@@ -34,7 +34,8 @@ TEST(AtomicFile, aPrivateFileIsReadableByItsOwnerOnly)
     const PrivateHome home;
     const QString path = home.path() + QStringLiteral("/keys.json");
     ASSERT_TRUE(writeFileAtomically(path, "{}", FileAccess::OwnerOnly));
-    EXPECT_EQ(QFileInfo(path).permissions() & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther),
+    EXPECT_EQ(QFileInfo(path).permissions() &
+                  (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther),
               QFile::Permissions());
 }
 
@@ -57,8 +58,9 @@ TEST(AtomicFile, aMissingFolderIsAFailure)
 TEST(AtomicFile, onlyOldTemporariesOfOursAreRemoved)
 {
     const PrivateHome home;
-    const QStringList names{QStringLiteral(".a.json.XyZ123.quorvane-tmp"), QStringLiteral(".b.json.XyZ123.quorvane-tmp"),
-                            QStringLiteral(".other-program"), QStringLiteral("wallpaper.png")};
+    const QStringList names{QStringLiteral(".a.json.XyZ123.quorvane-tmp"),
+                            QStringLiteral(".b.json.XyZ123.quorvane-tmp"), QStringLiteral(".other-program"),
+                            QStringLiteral("wallpaper.png")};
     for (const QString &name : names) {
         QFile file(home.path() + QLatin1Char('/') + name);
         ASSERT_TRUE(file.open(QIODevice::ReadWrite));

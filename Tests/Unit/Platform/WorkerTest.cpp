@@ -1,5 +1,5 @@
-#include "Platform/TaskScope.h"
 #include "Platform/Worker.h"
+#include "Platform/TaskScope.h"
 #include "Support/WaitFor.h"
 
 #include <QThread>

@@ -41,9 +41,8 @@ TEST(AnswerDocument, tellsSeveralLongTextsApart)
 TEST(AnswerDocument, longTextsWithEscapesOrOtherScriptsKeepTheirMeaning)
 {
     const QByteArray filler(5000, 'x');
-    const auto document =
-        AnswerDocument::parse(R"({"slash":"a\/)" + filler + R"(","quote":")" + filler + R"(\"b\\","umlaut":")" + filler +
-                              "\xc3\xbc" + R"("})");
+    const auto document = AnswerDocument::parse(R"({"slash":"a\/)" + filler + R"(","quote":")" + filler +
+                                                R"(\"b\\","umlaut":")" + filler + "\xc3\xbc" + R"("})");
     ASSERT_TRUE(document);
     EXPECT_EQ(textOf(*document, "slash"), "a/" + filler);
     EXPECT_EQ(textOf(*document, "quote"), filler + "\"b\\");
@@ -61,10 +60,10 @@ TEST(AnswerDocument, aLongNameIsAnEntryLikeAnyOther)
 TEST(AnswerDocument, refusesWhatIsNoJsonObject)
 {
     const QByteArray filler(5000, 'x');
-    for (const QByteArray &answer : {QByteArray(), QByteArray("[]"), QByteArray("text"), QByteArray("\"text\""), QByteArray("{"),
-                                     QByteArray("{\"a\":\""), "{\"a\":\"" + filler, "{\"a\":\"" + filler + "\"",
-                                     "[\"" + filler + "\"]", "{\"a\":\"" + filler + "\"\"b\"}",
-                                     "{\"a\":\"" + filler + "\\u12\"}", "{\"a\":\"" + filler + "\xff\"}"}) {
+    for (const QByteArray &answer :
+         {QByteArray(), QByteArray("[]"), QByteArray("text"), QByteArray("\"text\""), QByteArray("{"),
+          QByteArray("{\"a\":\""), "{\"a\":\"" + filler, "{\"a\":\"" + filler + "\"", "[\"" + filler + "\"]",
+          "{\"a\":\"" + filler + "\"\"b\"}", "{\"a\":\"" + filler + "\\u12\"}", "{\"a\":\"" + filler + "\xff\"}"}) {
         EXPECT_FALSE(AnswerDocument::parse(answer)) << answer.left(40).constData();
     }
 }
@@ -72,8 +71,8 @@ TEST(AnswerDocument, refusesWhatIsNoJsonObject)
 TEST(AnswerDocument, leavingLongTextsOutDoesNotChangeWhatCountsAsJson)
 {
     const QByteArray filler(5000, 'x');
-    for (const QByteArray &odd : {"\n" + filler, filler + "\\q", filler + "\\", filler + "\\\"", QByteArray("\\\"") + filler,
-                                  filler + '\0', filler + "\xc3\xbc", filler + "\x7f"}) {
+    for (const QByteArray &odd : {"\n" + filler, filler + "\\q", filler + "\\", filler + "\\\"",
+                                  QByteArray("\\\"") + filler, filler + '\0', filler + "\xc3\xbc", filler + "\x7f"}) {
         const QByteArray answer = "{\"a\":\"" + odd + "\",\"b\":\"" + filler + "\"}";
         EXPECT_EQ(AnswerDocument::parse(answer).has_value(), QJsonDocument::fromJson(answer).isObject())
             << odd.left(3).toHex().constData() << " … " << odd.right(3).toHex().constData();

@@ -22,7 +22,8 @@ TEST(GeminiProvider, asksFor4KAt16To9)
 
 TEST(GeminiProvider, theModelStandsInTheAddressAsItIs)
 {
-    EXPECT_EQ(geminiRequest({}, {}, QStringLiteral("a b%")).path, QStringLiteral("/v1beta/models/a b%:generateContent"));
+    EXPECT_EQ(geminiRequest({}, {}, QStringLiteral("a b%")).path,
+              QStringLiteral("/v1beta/models/a b%:generateContent"));
 }
 
 TEST(GeminiProvider, answersAreReadThisWay)

@@ -16,8 +16,9 @@ TEST(GrokProvider, sendsFiveEntriesAndNoSize)
     EXPECT_EQ(request.keyHeader.value, "Bearer KEY");
     EXPECT_EQ(request.silenceLimit, std::chrono::seconds(120));
     // "n" is the number 1, not the text.
-    EXPECT_EQ(QJsonDocument(request.body).toJson(QJsonDocument::Compact),
-              R"({"aspect_ratio":"16:9","model":"grok-imagine-image","n":1,"prompt":"a lake","response_format":"b64_json"})");
+    EXPECT_EQ(
+        QJsonDocument(request.body).toJson(QJsonDocument::Compact),
+        R"({"aspect_ratio":"16:9","model":"grok-imagine-image","n":1,"prompt":"a lake","response_format":"b64_json"})");
 }
 
 TEST(GrokProvider, answersAreReadThisWay)

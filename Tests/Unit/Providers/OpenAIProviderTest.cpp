@@ -11,7 +11,8 @@ namespace {
 
 QByteArray bodyFor(const char *model, bool wants4K)
 {
-    const ServiceRequest request = openAIRequest(QStringLiteral("p"), QStringLiteral("KEY"), QLatin1String(model), wants4K);
+    const ServiceRequest request =
+        openAIRequest(QStringLiteral("p"), QStringLiteral("KEY"), QLatin1String(model), wants4K);
     return QJsonDocument(request.body).toJson(QJsonDocument::Compact);
 }
 
@@ -40,9 +41,10 @@ TEST(OpenAIProvider, olderModelsAreSentTwoMoreEntriesAndNever4K)
 {
     for (const char *model : {"gpt-image-1", "gpt-image-1.5", "gpt-image-1-mini", "GPT-Image-2", "unknown"}) {
         for (const bool wants4K : {true, false}) {
-            EXPECT_EQ(bodyFor(model, wants4K),
-                      QByteArray(R"({"background":"opaque","model":")") + model +
-                          R"(","moderation":"low","output_format":"png","prompt":"p","quality":"high","size":"1536x1024"})");
+            EXPECT_EQ(
+                bodyFor(model, wants4K),
+                QByteArray(R"({"background":"opaque","model":")") + model +
+                    R"(","moderation":"low","output_format":"png","prompt":"p","quality":"high","size":"1536x1024"})");
             EXPECT_EQ(silenceLimitFor(model, wants4K), std::chrono::seconds(180));
         }
     }
