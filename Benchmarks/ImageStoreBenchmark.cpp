@@ -1,5 +1,12 @@
+#include "Manager/WallpaperManager.h"
+#include "Platform/DesktopPicture.h"
+#include "Platform/HttpClient.h"
+#include "Platform/SecretStore.h"
+#include "Platform/UserDefaults.h"
 #include "Storage/ImageStore.h"
 #include "Storage/SideFile.h"
+
+#include <QCoreApplication>
 
 #include <QDir>
 #include <QFile>
@@ -99,12 +106,38 @@ void readPrompts(benchmark::State &state)
     asRatioToListing(state, [] { return readTextMap(ImageStore::promptsPath()).size(); });
 }
 
+/// A manager over the library, with nothing else to do.
+struct Program
+{
+    UserDefaults defaults;
+    HttpClient http;
+    std::unique_ptr<DesktopPicture> desktop = makeDesktopPicture();
+    std::unique_ptr<SecretStore> legacyKeys = makeSecretStore();
+    WallpaperManager manager{ManagerServices{&defaults, &http, desktop.get(), legacyKeys.get(), {}}};
+};
+
+void reloadHistory(benchmark::State &state)
+{
+    Program program;
+    asRatioToListing(state, [&] {
+        program.manager.reloadHistory();
+        return program.manager.history().size();
+    });
+}
+
+void albums(benchmark::State &state)
+{
+    Program program;
+    asRatioToListing(state, [&] { return program.manager.albums().size(); });
+}
+
 } // namespace
 
 } // namespace quorvane
 
 int main(int argc, char **argv)
 {
+    const QCoreApplication application(argc, argv);
     const QTemporaryDir home;
     qputenv("HOME", QFile::encodeName(home.path()));
     quorvane::makeLibrary();
@@ -113,6 +146,10 @@ int main(int argc, char **argv)
     benchmark::RegisterBenchmark("reading 10,000 prompts", quorvane::readPrompts)
         ->Unit(benchmark::kMillisecond)
         ->UseManualTime();
+    benchmark::RegisterBenchmark("history reload", quorvane::reloadHistory)
+        ->Unit(benchmark::kMillisecond)
+        ->UseManualTime();
+    benchmark::RegisterBenchmark("albums", quorvane::albums)->Unit(benchmark::kMillisecond)->UseManualTime();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

@@ -12,6 +12,7 @@
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
 #include "Upscaling/LocalUpscaler.h"
+#include "Upscaling/ModelFiles.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -200,6 +201,31 @@ int runKey(const CommandLine &line)
     return kDone;
 }
 
+int runModel(const CommandLine &line)
+{
+    try {
+        if (line.arguments.size() == 2) {
+            installModel(line.arguments.at(1));
+        }
+        const std::optional<QString> file = findModel();
+        if (line.json) {
+            Console::printJson(QJsonObject{
+                {QStringLiteral("file"), textOrNull(file.value_or(QString()))},
+                {QStringLiteral("description"), file ? QJsonValue(describeModel(*file)) : QJsonValue()},
+            });
+            return kDone;
+        }
+        if (!file) {
+            return fail(missingModel().errorDescription());
+        }
+        Console::print(*file);
+        Console::print(describeModel(*file));
+    } catch (const std::exception &error) {
+        return fail(QString::fromUtf8(error.what()));
+    }
+    return kDone;
+}
+
 int runAutostart(const CommandLine &line)
 {
     const bool enabled = line.arguments.first() == QLatin1String("on");
@@ -272,7 +298,7 @@ int runCommand(const CommandLine &line)
     case CommandLine::Verb::Autostart:
         return runAutostart(line);
     case CommandLine::Verb::Model:
-        return fail(Tr::tr("not yet"));
+        return runModel(line);
     default:
         return runWithWorkshop(line);
     }

@@ -102,14 +102,19 @@ GeneratedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &for
     return {std::move(*bytes), picture->extension};
 }
 
+QUrl requestUrl(const ServiceRequest &request)
+{
+    return QUrl(baseAddress(request.service) + request.path, QUrl::StrictMode);
+}
+
 QCoro::Task<GeneratedImage> requestImage(HttpClient *http, ServiceRequest request, AnswerFormat format)
 {
     // 1. The address.
     if (const std::optional<QString> problem = addressProblem(request.service)) {
         throw ProviderError::networkError(*problem);
     }
-    const QUrl url(baseAddress(request.service) + request.path, QUrl::StrictMode);
-    if (!url.isValid() || url.host().isEmpty()) {
+    const QUrl url = requestUrl(request);
+    if (!url.isValid()) {
         throw ProviderError::invalidResponse(QStringLiteral("Invalid URL"));
     }
     // 2. The request. A body with a picture in it has many megabytes, so it is written on a worker.

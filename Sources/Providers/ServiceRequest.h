@@ -62,6 +62,9 @@ struct AnswerFormat
 /// The picture in an answer's body, or a ProviderError. Total: any bytes give one or the other. Any thread.
 [[nodiscard]] GeneratedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &format);
 
+/// Where the request goes; invalid when its parts do not form an address.
+[[nodiscard]] QUrl requestUrl(const ServiceRequest &request);
+
 /// Sends the request and takes the picture from the answer, whatever the HTTP status. Throws ProviderError. Comes back
 /// on the calling thread.
 [[nodiscard]] QCoro::Task<GeneratedImage> requestImage(HttpClient *http, ServiceRequest request, AnswerFormat format);

@@ -1,0 +1,152 @@
+#include "PeakMemory.h"
+
+#include "Providers/Base64.h"
+#include "Providers/GeminiProvider.h"
+#include "Providers/ServiceRequest.h"
+#include "Storage/ImageStore.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+#include <cstring>
+#include <memory>
+
+// A service's answer with a large picture in it: from its last byte to the picture's bytes, and to the file on disk.
+namespace quorvane {
+
+namespace {
+
+constexpr qsizetype kMebibyte = qsizetype{1024} * 1024;
+
+QByteArray randomBytes(qsizetype size)
+{
+    QByteArray bytes(size, Qt::Uninitialized);
+    QRandomGenerator random(1);
+    random.fillRange(reinterpret_cast<quint32 *>(bytes.data()), size / 4);
+    return bytes;
+}
+
+QByteArray answerWith(const QByteArray &base64)
+{
+    return R"({"candidates":[{"content":{"parts":[{"text":"here"},{"inlineData":{"mimeType":"image/png","data":")" + base64 +
+           R"("}}]}}],"usageMetadata":{"totalTokenCount":1290}})";
+}
+
+QByteArray decodedNaively(const QByteArray &answer)
+{
+    const QString text = QJsonDocument::fromJson(answer)
+                             .object()[QLatin1String("candidates")][0][QLatin1String("content")][QLatin1String("parts")][1]
+                                      [QLatin1String("inlineData")][QLatin1String("data")]
+                             .toString();
+    return QByteArray::fromBase64(text.toLatin1());
+}
+
+double secondsOf(const auto &work)
+{
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+double peakOf(const auto &work)
+{
+    const PeakMemory peak;
+    work();
+    return static_cast<double>(peak.riseBytes());
+}
+
+/// The three ways in turns, so that all see the same machine.
+void answerToPicture(benchmark::State &state)
+{
+    const QByteArray answer = answerWith(randomBytes(30 * kMebibyte * 3 / 4).toBase64());
+    double ours = 0;
+    double naive = 0;
+    double copy = 0;
+    for (auto round : state) {
+        const double seconds = secondsOf([&] { benchmark::DoNotOptimize(imageFromAnswer(answer, geminiAnswer()).bytes.size()); });
+        naive += secondsOf([&] { benchmark::DoNotOptimize(decodedNaively(answer).size()); });
+        copy += secondsOf([&] {
+            const auto target = std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(answer.size()));
+            std::memcpy(target.get(), answer.constData(), static_cast<std::size_t>(answer.size()));
+            benchmark::DoNotOptimize(target[1]);
+        });
+        ours += seconds;
+        state.SetIterationTime(seconds);
+    }
+    state.counters["naive/ours"] = naive / ours;
+    state.counters["ours/copy"] = ours / copy;
+    const auto size = static_cast<double>(answer.size());
+    // The answer itself counts too: it is in memory all the while.
+    state.counters["peak/answer"] = 1 + peakOf([&] { benchmark::DoNotOptimize(imageFromAnswer(answer, geminiAnswer()).bytes.size()); }) / size;
+    state.counters["naive peak/answer"] = 1 + peakOf([&] { benchmark::DoNotOptimize(decodedNaively(answer).size()); }) / size;
+}
+
+/// A PNG of 20 MB to the file on disk, beside reading its base64 text from disk and decoding it with Qt.
+void answerToFile(benchmark::State &state)
+{
+    const QByteArray base64 = randomBytes(20 * 1000 * 1000).toBase64();
+    const QByteArray answer = answerWith(base64);
+    const QString source = ImageStore::directory() + QStringLiteral("/source.txt");
+    QFile file(source);
+    (void)file.open(QIODevice::WriteOnly);
+    file.write(base64);
+    file.close();
+
+    double ours = 0;
+    double reading = 0;
+    const auto toFile = [&] {
+        const GeneratedImage image = imageFromAnswer(answer, geminiAnswer());
+        benchmark::DoNotOptimize(ImageStore::saveImage(QStringLiteral("a.png"), image.bytes).has_value());
+    };
+    for (auto round : state) {
+        const double seconds = secondsOf(toFile);
+        reading += secondsOf([&] {
+            QFile text(source);
+            (void)text.open(QIODevice::ReadOnly);
+            benchmark::DoNotOptimize(QByteArray::fromBase64(text.readAll()).size());
+        });
+        ours += seconds;
+        state.SetIterationTime(seconds);
+    }
+    state.counters["ours/reading and decoding"] = ours / reading;
+    state.counters["peak/answer"] = 1 + peakOf(toFile) / static_cast<double>(answer.size());
+}
+
+void base64(benchmark::State &state)
+{
+    const QByteArray text = randomBytes(30 * kMebibyte * 3 / 4).toBase64();
+    double ours = 0;
+    double qt = 0;
+    for (auto round : state) {
+        const double seconds = secondsOf([&] { benchmark::DoNotOptimize(decodeBase64(text)->size()); });
+        qt += secondsOf([&] { benchmark::DoNotOptimize(QByteArray::fromBase64(text).size()); });
+        ours += seconds;
+        state.SetIterationTime(seconds);
+    }
+    state.counters["Qt/ours"] = qt / ours;
+}
+
+} // namespace
+
+} // namespace quorvane
+
+int main(int argc, char **argv)
+{
+    const QTemporaryDir home;
+    qputenv("HOME", QFile::encodeName(home.path()));
+    for (const auto &[name, run] : {std::pair{"30 MiB answer to picture", quorvane::answerToPicture},
+                                    std::pair{"20 MB PNG: answer to file", quorvane::answerToFile},
+                                    std::pair{"30 MiB of base64", quorvane::base64}}) {
+        benchmark::RegisterBenchmark(name, run)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(2);
+    }
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

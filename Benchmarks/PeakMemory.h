@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QByteArray>
+#include <QFile>
+
+#include <malloc.h>
+
+namespace quorvane {
+
+/// How far the resident memory of this process rises above what it was at the beginning.
+class PeakMemory
+{
+  public:
+    PeakMemory()
+    {
+        ::malloc_trim(0);
+        QFile reset(QStringLiteral("/proc/self/clear_refs"));
+        if (reset.open(QIODevice::WriteOnly)) {
+            reset.write("5"); // Resets the high-water mark.
+        }
+        reset.close();
+        m_before = highWaterBytes();
+    }
+
+    [[nodiscard]] qint64 riseBytes() const { return highWaterBytes() - m_before; }
+
+  private:
+    [[nodiscard]] static qint64 highWaterBytes()
+    {
+        QFile status(QStringLiteral("/proc/self/status"));
+        (void)status.open(QIODevice::ReadOnly);
+        const QByteArray text = status.readAll();
+        const qsizetype at = text.indexOf("VmHWM:") + 6;
+        constexpr qint64 kKibibyte = 1024;
+        return text.sliced(at, text.indexOf("kB", at) - at).trimmed().toLongLong() * kKibibyte;
+    }
+
+    qint64 m_before = 0;
+};
+
+} // namespace quorvane

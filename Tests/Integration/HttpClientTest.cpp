@@ -1,0 +1,358 @@
+// Our HTTP client against a server of our own on loopback that behaves badly in every way it knows.
+
+#include "Platform/HttpClient.h"
+#include "Platform/TaskScope.h"
+#include "Support/TestCertificates.h"
+#include "Support/WaitFor.h"
+#include "demo-service/DemoService.h"
+
+#include <QSslCertificate>
+#include <QTemporaryFile>
+
+#include <gtest/gtest.h>
+
+namespace quorvane {
+
+namespace {
+
+using Kind = Misbehaviour::Kind;
+
+/// Makes the client trust the authority of this run for as long as it lives.
+class TrustedAuthority
+{
+  public:
+    explicit TrustedAuthority(const QSslCertificate &authority)
+    {
+        EXPECT_TRUE(m_file.open());
+        m_file.write(authority.toPem());
+        m_file.close();
+        qputenv("SSL_CERT_FILE", m_file.fileName().toLocal8Bit());
+    }
+    ~TrustedAuthority() { qunsetenv("SSL_CERT_FILE"); }
+    TrustedAuthority(const TrustedAuthority &) = delete;
+    TrustedAuthority &operator=(const TrustedAuthority &) = delete;
+
+  private:
+    QTemporaryFile m_file;
+};
+
+struct Outcome
+{
+    QByteArray answer;
+    QString failure;
+};
+
+QCoro::Task<> posting(HttpClient *client, HttpClient::Request request, Outcome *outcome)
+{
+    try {
+        outcome->answer = co_await client->post(std::move(request));
+    } catch (const TransportError &error) {
+        outcome->failure = error.description();
+    }
+}
+
+Outcome post(HttpClient &client, HttpClient::Request request)
+{
+    Outcome outcome;
+    TaskScope scope;
+    scope.start(posting(&client, std::move(request), &outcome));
+    EXPECT_TRUE(waitFor([&scope] { return scope.running() == 0; }));
+    return outcome;
+}
+
+HttpClient::Request request(const DemoService &service, const QString &path = QStringLiteral("/v1/images/generations"))
+{
+    HttpClient::Request result;
+    result.url = QUrl(service.baseAddress().toString() + path);
+    result.contentType = "application/json";
+    result.secret = {"Authorization", "Bearer SECRET"};
+    result.body = R"({"model":"grok-imagine-image","prompt":"p","response_format":"b64_json","n":1,"aspect_ratio":"16:9"})";
+    result.silenceLimit = std::chrono::milliseconds(700);
+    return result;
+}
+
+void paintSmall(DemoService &service)
+{
+    service.setPictureMaker([](const QString & /*prompt*/, QSize /*size*/) {
+        QImage image(64, 36, QImage::Format_RGB32);
+        image.fill(Qt::darkGreen);
+        return image;
+    });
+}
+
+} // namespace
+
+class HttpClientTest : public testing::Test
+{
+  protected:
+    HttpClientTest() { paintSmall(service); }
+
+    Outcome postWith(const Misbehaviour &misbehaviour)
+    {
+        service.setMisbehaviour(misbehaviour);
+        HttpClient client;
+        return post(client, request(service));
+    }
+
+    DemoService service;
+};
+
+TEST_F(HttpClientTest, aWholeAnswerIsTheAnswerWhateverItsStatus)
+{
+    const QByteArray good = postWith({}).answer;
+    EXPECT_TRUE(good.startsWith("{"));
+    for (const int status : {200, 201, 400, 401, 403, 404, 405, 407, 409, 410, 418, 429, 500, 501, 503, 599}) {
+        Misbehaviour bad(Kind::GoodBodyBadStatus);
+        bad.status = status;
+        const Outcome outcome = postWith(bad);
+        EXPECT_EQ(outcome.failure, QString()) << status;
+        EXPECT_EQ(outcome.answer.size(), good.size()) << status;
+    }
+}
+
+TEST_F(HttpClientTest, framingThatHttpAllowsIsRead)
+{
+    const QByteArray good = postWith({}).answer;
+    for (const Kind kind : {Kind::Chunked, Kind::Gzip}) {
+        const Outcome outcome = postWith(kind);
+        EXPECT_EQ(outcome.failure, QString());
+        EXPECT_EQ(outcome.answer, good);
+    }
+    EXPECT_EQ(postWith(Kind::EmptyBody).answer, QByteArray());
+    EXPECT_EQ(postWith(Kind::EmptyBody).failure, QString());
+}
+
+TEST_F(HttpClientTest, aSlowDripGoesOnForAsLongAsBytesCome)
+{
+    const QByteArray good = postWith({}).answer;
+    Misbehaviour drip(Kind::SlowDrip);
+    drip.bytes = good.size() / 6;
+    drip.pause = std::chrono::milliseconds(250);
+    const Outcome outcome = postWith(drip);
+    EXPECT_EQ(outcome.failure, QString());
+    EXPECT_EQ(outcome.answer, good);
+}
+
+TEST_F(HttpClientTest, silenceEndsAfterTheLimit)
+{
+    for (const Kind kind : {Kind::SilenceOnAccept, Kind::Silence, Kind::SilenceAfterHeaders, Kind::SilenceMidBody}) {
+        EXPECT_EQ(postWith(kind).failure, QStringLiteral("The request timed out.")) << static_cast<int>(kind);
+    }
+}
+
+TEST_F(HttpClientTest, aConnectionThatBreaksIsAFailureInEveryPhase)
+{
+    for (const Kind kind : {Kind::ResetOnAccept, Kind::ResetDuringRequest, Kind::ResetAfterRequest, Kind::ResetAfterHeaders,
+                            Kind::ResetMidBody, Kind::CutBody, Kind::LengthTooLarge, Kind::ChunkedCut, Kind::Garbage}) {
+        const Outcome outcome = postWith(kind);
+        EXPECT_FALSE(outcome.failure.isEmpty()) << static_cast<int>(kind);
+        EXPECT_TRUE(outcome.answer.isEmpty());
+    }
+}
+
+TEST_F(HttpClientTest, aLengthThatIsTooSmallCutsTheAnswer)
+{
+    const QByteArray good = postWith({}).answer;
+    const Outcome outcome = postWith(Kind::LengthTooSmall);
+    EXPECT_EQ(outcome.failure, QString());
+    EXPECT_TRUE(good.startsWith(outcome.answer.left(100)));
+    EXPECT_LT(outcome.answer.size(), good.size());
+}
+
+TEST_F(HttpClientTest, whatHasNoEndIsRefusedAtTheLimit)
+{
+    constexpr qint64 kLimit = 4LL * 1024 * 1024;
+    HttpClient client(kLimit);
+    service.setMisbehaviour(Kind::EndlessBody);
+    EXPECT_EQ(post(client, request(service)).failure, QStringLiteral("The answer is larger than 4 MiB."));
+    Misbehaviour huge(Kind::HugeAnswer);
+    huge.bytes = 2 * kLimit;
+    service.setMisbehaviour(huge);
+    EXPECT_EQ(post(client, request(service)).failure, QStringLiteral("The answer is larger than 4 MiB."));
+}
+
+TEST_F(HttpClientTest, aCompressedBombIsRefused)
+{
+    const Outcome outcome = postWith(Kind::GzipBomb);
+    EXPECT_FALSE(outcome.failure.isEmpty());
+    EXPECT_TRUE(outcome.answer.isEmpty());
+}
+
+TEST_F(HttpClientTest, headersWithoutEndAreRefused)
+{
+    EXPECT_FALSE(postWith(Kind::EndlessHeaders).failure.isEmpty());
+}
+
+TEST_F(HttpClientTest, redirectsToTheSameHostAreFollowedWithKeyAndBody)
+{
+    for (const int status : {307, 308}) {
+        service.clearRequests();
+        service.setResponder([status](const HttpRequest &arrived) -> std::optional<WireScript> {
+            if (arrived.path == "/moved") {
+                return HttpAnswer::json(200, "{}");
+            }
+            return HttpAnswer{status, {{"Location", "/moved"}}, {}};
+        });
+        HttpClient client;
+        EXPECT_EQ(post(client, request(service)).answer, "{}");
+        const auto requests = service.requests();
+        ASSERT_EQ(requests.size(), 2);
+        EXPECT_EQ(requests.at(1).method, "POST");
+        EXPECT_EQ(requests.at(1).body, requests.at(0).body);
+        EXPECT_EQ(requests.at(1).header("Authorization"), "Bearer SECRET");
+    }
+}
+
+TEST_F(HttpClientTest, olderRedirectsBecomeGetAsBrowsersDo)
+{
+    for (const int status : {301, 302, 303}) {
+        service.clearRequests();
+        service.setResponder([status](const HttpRequest &arrived) -> std::optional<WireScript> {
+            if (arrived.path == "/moved") {
+                return HttpAnswer::json(200, "{}");
+            }
+            return HttpAnswer{status, {{"Location", "/moved"}}, {}};
+        });
+        HttpClient client;
+        EXPECT_EQ(post(client, request(service)).answer, "{}");
+        ASSERT_EQ(service.requests().size(), 2);
+        EXPECT_EQ(service.requests().at(1).method, "GET");
+        EXPECT_TRUE(service.requests().at(1).body.isEmpty());
+    }
+}
+
+TEST_F(HttpClientTest, aRedirectToAnotherHostLosesTheKey)
+{
+    DemoService other;
+    other.setResponder([](const HttpRequest & /*arrived*/) -> std::optional<WireScript> {
+        return HttpAnswer::json(200, "{}");
+    });
+    Misbehaviour away(Kind::Redirect);
+    away.text = other.baseAddress().toEncoded() + "/elsewhere";
+    EXPECT_EQ(postWith(away).answer, "{}");
+    ASSERT_EQ(other.requests().size(), 1);
+    EXPECT_EQ(other.requests().first().header("Authorization"), QByteArray());
+    for (const auto &[name, value] : other.requests().first().headers) {
+        EXPECT_FALSE(value.contains("SECRET")) << name.constData();
+    }
+}
+
+TEST_F(HttpClientTest, aRedirectToAndFroDoesNotBringTheKeyBack)
+{
+    DemoService other;
+    const QByteArray home = service.baseAddress().toEncoded() + "/back";
+    other.setResponder([home](const HttpRequest & /*arrived*/) -> std::optional<WireScript> {
+        return HttpAnswer{307, {{"Location", home}}, {}};
+    });
+    const QByteArray away = other.baseAddress().toEncoded() + "/away";
+    service.setResponder([away](const HttpRequest &arrived) -> std::optional<WireScript> {
+        if (arrived.path == "/back") {
+            return HttpAnswer::json(200, "{}");
+        }
+        return HttpAnswer{307, {{"Location", away}}, {}};
+    });
+    HttpClient client;
+    EXPECT_EQ(post(client, request(service)).answer, "{}");
+    ASSERT_EQ(service.requests().size(), 2);
+    EXPECT_EQ(service.requests().at(1).header("Authorization"), QByteArray());
+}
+
+TEST_F(HttpClientTest, redirectsToAddressesWithoutEncryptionAreRefused)
+{
+    for (const char *target : {"http://service.example/", "ftp://127.0.0.1/", "file:///etc/passwd", "http://192.168.1.1/"}) {
+        Misbehaviour away(Kind::Redirect);
+        away.text = target;
+        EXPECT_EQ(postWith(away).failure, QStringLiteral("The service redirected to an address without encryption.")) << target;
+    }
+}
+
+TEST_F(HttpClientTest, redirectsThatNeverEndAreGivenUp)
+{
+    EXPECT_EQ(postWith(Kind::RedirectLoop).failure, QStringLiteral("The service redirected too many times."));
+    EXPECT_EQ(service.requests().size(), 11);
+}
+
+TEST_F(HttpClientTest, anAddressThatIsNotAllowedIsNotEvenTried)
+{
+    HttpClient client;
+    HttpClient::Request bad = request(service);
+    bad.url = QUrl(QStringLiteral("http://service.example/"));
+    EXPECT_EQ(post(client, bad).failure, QStringLiteral("The address is neither https nor on this machine."));
+}
+
+TEST_F(HttpClientTest, nobodyListeningIsAFailureWithoutTheKeyInIt)
+{
+    HttpClient client;
+    HttpClient::Request nobody = request(service);
+    nobody.url = QUrl(QStringLiteral("http://127.0.0.1:1/"));
+    const QString failure = post(client, nobody).failure;
+    EXPECT_FALSE(failure.isEmpty());
+    EXPECT_FALSE(failure.contains(QStringLiteral("SECRET")));
+}
+
+TEST_F(HttpClientTest, cancellingEndsWhatRunsAndWhatComes)
+{
+    service.setMisbehaviour(Kind::Silence);
+    HttpClient client;
+    Outcome outcome;
+    TaskScope scope;
+    scope.start(posting(&client, request(service), &outcome));
+    ASSERT_TRUE(waitFor([this] { return !service.requests().isEmpty(); }));
+    client.cancelAll();
+    ASSERT_TRUE(waitFor([&scope] { return scope.running() == 0; }));
+    EXPECT_EQ(outcome.failure, QStringLiteral("The request was cancelled."));
+    EXPECT_EQ(post(client, request(service)).failure, QStringLiteral("The request was cancelled."));
+}
+
+TEST(HttpClientOverIpv6, works)
+{
+    DemoService service({.address = QHostAddress(QHostAddress::LocalHostIPv6), .port = 0, .tls = std::nullopt});
+    if (!service.errorString().isEmpty()) {
+        GTEST_SKIP() << "no IPv6 loopback here: " << service.errorString().toStdString();
+    }
+    paintSmall(service);
+    HttpClient client;
+    EXPECT_TRUE(post(client, request(service)).answer.contains("b64_json"));
+}
+
+class HttpClientTlsTest : public testing::Test
+{
+  protected:
+    static Outcome postTo(const QSslConfiguration &tls, const QSslCertificate &trusted)
+    {
+        DemoService service({.address = QHostAddress::LocalHost, .port = 0, .tls = tls});
+        paintSmall(service);
+        const TrustedAuthority authority(trusted);
+        HttpClient client;
+        const Outcome outcome = post(client, request(service));
+        if (!outcome.failure.isEmpty()) {
+            // Not a byte of the request may have gone out.
+            EXPECT_TRUE(service.requests().isEmpty());
+        }
+        return outcome;
+    }
+
+    TestCertificates certificates;
+};
+
+TEST_F(HttpClientTlsTest, aValidCertificateOfATrustedAuthorityIsAccepted)
+{
+    const Outcome outcome = postTo(certificates.valid(), certificates.authority());
+    EXPECT_EQ(outcome.failure, QString());
+    EXPECT_TRUE(outcome.answer.contains("b64_json"));
+}
+
+TEST_F(HttpClientTlsTest, eachKindOfBadCertificateIsRefusedInItsOwnWords)
+{
+    const QString expired = postTo(certificates.expired(), certificates.authority()).failure;
+    const QString wrongHost = postTo(certificates.wrongHost(), certificates.authority()).failure;
+    const QString unknown = postTo(certificates.unknownAuthority(), certificates.authority()).failure;
+    EXPECT_EQ(expired, QStringLiteral("No secure connection to 127.0.0.1: The certificate has expired"));
+    EXPECT_EQ(wrongHost, QStringLiteral("No secure connection to 127.0.0.1: The host name did not match any of the valid "
+                                        "hosts for this certificate"));
+    EXPECT_TRUE(unknown.startsWith(QStringLiteral("No secure connection to 127.0.0.1: "))) << unknown.toStdString();
+    EXPECT_NE(unknown, expired);
+    EXPECT_NE(unknown, wrongHost);
+}
+
+} // namespace quorvane
