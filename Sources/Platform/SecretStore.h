@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -27,7 +28,12 @@ class SecretStore
     virtual void remove(const QString &service, const QString &account) = 0;
 };
 
-/// The Secret Service (or KWallet) of this session through QtKeychain.
-[[nodiscard]] std::unique_ptr<SecretStore> makeSecretStore();
+/// What a start of the program may lose to a password storage that does not answer, or has nothing for us.
+inline constexpr std::chrono::milliseconds kSecretStorePatience{150};
+
+/// The Secret Service (or KWallet) of this session through QtKeychain. All its calls together wait no longer than
+/// patience to learn whether there is anything to read, and then, where there is, no longer than two seconds for it.
+/// Belongs to the main thread; needs an application object, but neither a display nor a bus.
+[[nodiscard]] std::unique_ptr<SecretStore> makeSecretStore(std::chrono::milliseconds patience = kSecretStorePatience);
 
 } // namespace quorvane

@@ -13,14 +13,17 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A start of the program waits no longer than this for a storage that does not answer or has nothing for us.
-constexpr auto kProbeLimit = 150ms;
-/// And no longer than this, in all, for one that holds something, which happens at one launch.
+/// So long, in all, may reading and deleting take where something is there, which happens at one launch.
 constexpr auto kJobsLimit = 2000ms;
 
 class KeychainSecretStore final : public SecretStore
 {
   public:
+    explicit KeychainSecretStore(std::chrono::milliseconds patience)
+        : m_probe(patience)
+    {
+    }
+
     std::optional<QByteArray> read(const QString &service, const QString &account) override
     {
         std::optional<QByteArray> bytes;
@@ -59,7 +62,10 @@ class KeychainSecretStore final : public SecretStore
             finished();
             loop.quit();
         });
-        QTimer::singleShot(m_jobsLeft, &loop, &QEventLoop::quit);
+        QTimer limit;
+        limit.setSingleShot(true);
+        QObject::connect(&limit, &QTimer::timeout, &loop, &QEventLoop::quit);
+        limit.start(m_jobsLeft);
         job->start();
         loop.exec(QEventLoop::ExcludeUserInputEvents);
         m_jobsLeft -= std::chrono::milliseconds(timer.elapsed());
@@ -69,15 +75,15 @@ class KeychainSecretStore final : public SecretStore
         }
     }
 
-    SecretProbe m_probe{kProbeLimit};
+    SecretProbe m_probe;
     std::chrono::milliseconds m_jobsLeft = kJobsLimit;
 };
 
 } // namespace
 
-std::unique_ptr<SecretStore> makeSecretStore()
+std::unique_ptr<SecretStore> makeSecretStore(std::chrono::milliseconds patience)
 {
-    return std::make_unique<KeychainSecretStore>();
+    return std::make_unique<KeychainSecretStore>(patience);
 }
 
 } // namespace quorvane

@@ -248,4 +248,9 @@ void ImageStore::deleteImage(const QString &image)
     }
 }
 
+void ImageStore::removeAbandonedTemporaries()
+{
+    quorvane::removeAbandonedTemporaries(directory());
+}
+
 } // namespace quorvane

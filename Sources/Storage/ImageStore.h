@@ -51,6 +51,9 @@ class ImageStore
     /// Deletes image, its enlarged copy or its original, and every entry that names one of them. For good: nothing
     /// goes to a wastebasket. Of folders only an empty one is deleted.
     static void deleteImage(const QString &image);
+
+    /// Removes what a killed process left half-written; see AtomicFile.h. Once per launch is enough.
+    static void removeAbandonedTemporaries();
 };
 
 /// The last component of path, extension included: what the side files know an image by.

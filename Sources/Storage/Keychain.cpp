@@ -59,6 +59,11 @@ void Keychain::migrateLegacyKey(SecretStore &store)
     moveLegacyKeys(store);
 }
 
+void Keychain::removeAbandonedTemporaries()
+{
+    quorvane::removeAbandonedTemporaries(folder());
+}
+
 QString Keychain::folder()
 {
     const QString parent = Paths::home() + QStringLiteral("/Library/Application Support");

@@ -37,6 +37,9 @@ class Keychain
     /// Moves keys that lie in store into the file. Once per launch; blocks as long as store does.
     static void migrateLegacyKey(SecretStore &store);
 
+    /// Removes what a killed process left half-written; see AtomicFile.h. Once per launch is enough.
+    static void removeAbandonedTemporaries();
+
   private:
     [[nodiscard]] static QString folder();
     [[nodiscard]] static QString filePath();

@@ -12,7 +12,7 @@ class KeyringAbsent : public testing::Test
   protected:
     void expectQuickAndUnchanged()
     {
-        const auto milliseconds = m_session.migrate();
+        const auto milliseconds = m_session.quickestMigration();
         ASSERT_TRUE(milliseconds);
         EXPECT_LT(*milliseconds, 200);
         EXPECT_TRUE(m_session.keyFile().isNull());

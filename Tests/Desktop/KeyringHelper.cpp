@@ -23,7 +23,9 @@ int main(int argc, char **argv)
     if (arguments.value(1) == QStringLiteral("migrate")) {
         QElapsedTimer timer;
         timer.start();
-        const auto store = quorvane::makeSecretStore();
+        const bool isPatient = arguments.value(2) == QStringLiteral("patient");
+        const auto store =
+            quorvane::makeSecretStore(isPatient ? std::chrono::seconds(10) : quorvane::kSecretStorePatience);
         quorvane::Keychain::migrateLegacyKey(*store);
         std::printf("%lld\n", static_cast<long long>(timer.elapsed()));
         (void)std::fflush(stdout);

