@@ -1,7 +1,9 @@
 #include "Support/PrivateXServer.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -51,6 +53,38 @@ QImage imageOf(const Connection &connection, xcb_drawable_t drawable)
         .copy();
 }
 
+/// X servers on one machine share their numbers through these files, which hold the process id of who has the number.
+QString lockPath(const QByteArray &number)
+{
+    return QStringLiteral("/tmp/.X%1-lock").arg(QString::fromLatin1(number));
+}
+
+QByteArray lockHolder(const QByteArray &number)
+{
+    QFile lock(lockPath(number));
+    return lock.open(QIODevice::ReadOnly) ? lock.readAll().trimmed() : QByteArray();
+}
+
+/// Writes our own process id in place of the server's, so that nobody else gets the number when the server is killed.
+void holdNumber(const QByteArray &number)
+{
+    const QByteArray ourId = QByteArray::number(QCoreApplication::applicationPid());
+    QFile lock(lockPath(number) + QStringLiteral(".held-by-") + QString::fromLatin1(ourId));
+    if (lock.open(QIODevice::WriteOnly)) {
+        lock.write(ourId.rightJustified(10) + '\n');
+        lock.close();
+        ::rename(QFile::encodeName(lock.fileName()).constData(), QFile::encodeName(lockPath(number)).constData());
+    }
+}
+
+void releaseNumber(const QByteArray &number)
+{
+    if (lockHolder(number) == QByteArray::number(QCoreApplication::applicationPid())) {
+        QFile::remove(QStringLiteral("/tmp/.X11-unix/X") + QString::fromLatin1(number));
+        QFile::remove(lockPath(number));
+    }
+}
+
 } // namespace
 
 QString PrivateXServer::missingProgram()
@@ -73,17 +107,15 @@ PrivateXServer::PrivateXServer(QSize root, int depth, const QStringList &extraOp
         qWarning("Xvfb did not start: %s", m_program->errors().constData());
     } else {
         m_display = ":" + number;
+        holdNumber(number);
     }
 }
 
 PrivateXServer::~PrivateXServer()
 {
     m_program->stop();
-    // A killed server leaves these behind, and the number would stay taken.
     if (isReady()) {
-        const QString number = QString::fromLatin1(m_display.mid(1));
-        QFile::remove(QStringLiteral("/tmp/.X%1-lock").arg(number));
-        QFile::remove(QStringLiteral("/tmp/.X11-unix/X%1").arg(number));
+        releaseNumber(m_display.mid(1));
     }
 }
 
