@@ -36,16 +36,18 @@ Look conifer(const Tree &tree, float x, float y)
     }
     const float dx = (x - tree.x) / tree.height;
     const int side = dx < 0 ? 0 : 1;
-    // Branches: whorls get longer downwards and each hangs a little.
-    const float whorl = down * 23 + 0.8F * noise(down * 9, static_cast<float>(side) * 5, tree.seed) - std::abs(dx) * 15;
+    const float out = std::sqrt(dx * dx + 0.0002F);
+    // Branches: whorls get longer downwards and each hangs a little; needles fringe them.
+    const float needles = fractal(dx * 190, down * 170, 3, tree.seed + 2);
+    const float whorl =
+        down * 25 + 0.9F * noise(down * 9, static_cast<float>(side) * 5, tree.seed) - out * 15 + 0.35F * needles;
     const float inWhorl = whorl - static_cast<float>(floorToInt(whorl));
     const float length = 0.75F + 0.5F * random(floorToInt(whorl), side, tree.seed + 1);
-    const float needles = 0.014F * noise(dx * 150, down * 130, tree.seed + 2);
-    const float branch =
-        0.18F * std::pow(down, 0.85F) * length * (0.35F + 0.65F * inWhorl) + needles * step(0, 0.2F, down);
+    const float fringe = 0.012F * needles * step(0, 0.15F, down);
+    const float branch = 0.18F * std::pow(down, 0.85F) * length * (0.3F + 0.7F * inWhorl) + fringe;
     const float trunk = 0.003F + 0.009F * down;
     const float width = std::max(down < 0.96F ? branch : 0.0F, trunk);
-    return {(width - std::abs(dx)) * tree.height, 1 - inWhorl, down >= 0.96F};
+    return {(width - std::abs(dx)) * tree.height, clamp01(1 - inWhorl + 0.35F * needles), down >= 0.96F};
 }
 
 Look palm(const Tree &tree, float x, float y)
