@@ -3,6 +3,7 @@
 
 #include "demo-service/Gzip.h"
 #include "demo-service/Misbehaviour.h"
+#include "demo-service/ServiceAnswer.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -3,7 +3,6 @@
 #include "demo-service/HttpMessage.h"
 
 #include <QImage>
-#include <QJsonObject>
 #include <QSize>
 #include <QString>
 
@@ -29,12 +28,5 @@ struct PictureOrder
 /// Checks a request as the three services do (path, method, content type, key, fields) and says what it orders, or
 /// which refusal it gets.
 [[nodiscard]] std::variant<PictureOrder, HttpAnswer> readOrder(const HttpRequest &request);
-
-/// The object {"error": {"message": message, "code": status}} under that status.
-[[nodiscard]] HttpAnswer errorAnswer(int status, const QString &message);
-
-/// The service's answer to order: base64 stands where the picture belongs, with the fields around it that the real
-/// services send too.
-[[nodiscard]] QJsonObject pictureAnswer(const PictureOrder &order, const QString &base64);
 
 } // namespace quorvane

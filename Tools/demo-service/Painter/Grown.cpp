@@ -28,7 +28,7 @@ class Trees : public Layer
     {
         const float fine = fractal(x * m_place.scale * 5, y * m_place.scale * 4.5F, 3, m_place.seed + 6) * 1.6F;
         // Looking a little aside, now here and now there, makes leafy borders between the trees.
-        const Stand tree = tallest(x + (m_round ? 0.3F : 0.12F) * fine / m_place.scale);
+        const Stand tree = tallest(x + (m_round ? 0.3F : 0.02F) * fine / m_place.scale);
         const float below = clamp01((y - ground(x) + tree.height) / m_treeHeight);
         const float side = m_scene.lightX > x ? 1.0F : -1.0F;
         const float lit = clamp01(0.62F - 0.6F * below + 0.7F * side * tree.across + 0.4F * fine);
@@ -64,7 +64,7 @@ class Trees : public Layer
             return mix(leaves, leaves * 0.45F, step(0.3F, 0.75F, below));
         }
         // Layers of branches, of which the upper sides carry the snow.
-        const float whorl = below * 11 - std::abs(tree.across) * 6 + 0.8F * fine;
+        const float whorl = below * 11 - std::abs(tree.across) * 6 + 0.3F * fine;
         const float under = whorl - static_cast<float>(floorToInt(whorl));
         leaves = leaves * (1.1F - 0.45F * under);
         return m_scene.snow ? mix(leaves, rgb(0xe4ecf7), step(0.75F, 0.15F, under) * step(0.9F, 0.3F, below) * 0.9F)

@@ -52,15 +52,15 @@ Layers layersOf(const Scene &scene)
     Builder land(scene);
     switch (scene.subject) {
     case Subject::Mountains:
-        land.add(mountains, h + 0.02F, 0.46F, 1.5F, 0.66F + more * 0.5F)
-            .add(mountains, h + 0.08F, 0.36F, 2.0F, 0.4F + more)
-            .add(mountains, h + 0.17F, 0.28F, 2.4F, 0.18F + more);
+        land.add(mountains, h + 0.02F, 0.46F, 1.5F, 0.5F + more * 0.5F)
+            .add(mountains, h + 0.08F, 0.36F, 2.0F, 0.3F + more)
+            .add(mountains, h + 0.17F, 0.28F, 2.4F, 0.14F + more);
         land.woods(h + 0.14F, h + 0.42F, 7, 0.2F + more);
         break;
     case Subject::Lake:
-        land.add(mountains, h, 0.46F, 1.4F, 0.6F + more * 0.5F)
-            .add(mountains, h, 0.3F, 1.9F, 0.36F + more)
-            .add(mountains, h, 0.16F, 2.6F, 0.18F + more);
+        land.add(mountains, h, 0.46F, 1.4F, 0.44F + more * 0.5F)
+            .add(mountains, h, 0.3F, 1.9F, 0.26F + more)
+            .add(mountains, h, 0.16F, 2.6F, 0.14F + more);
         land.woods(h - 0.012F, h + 0.016F, 3, 0.18F + more);
         break;
     case Subject::Sea:
@@ -72,7 +72,7 @@ Layers layersOf(const Scene &scene)
             .add(island, h + 0.012F, 0.14F, 0.8F, 0.1F);
         break;
     case Subject::Forest:
-        land.add(mountains, h + 0.06F, 0.42F, 1.5F, 0.66F + more * 0.5F);
+        land.add(mountains, h + 0.06F, 0.42F, 1.5F, 0.52F + more * 0.5F);
         land.woods(h + 0.04F, h + 0.5F, scene.autumn || scene.tropical ? 20 : 15, 0.52F + more);
         break;
     case Subject::Desert:
@@ -86,7 +86,7 @@ Layers layersOf(const Scene &scene)
         land.add(houses, h, 0.66F, 12, 0.55F).add(houses, h, 0.55F, 9, 0.3F).add(houses, h, 0.36F, 6.5F, 0.08F);
         break;
     case Subject::Meadow:
-        land.add(mountains, h + 0.02F, 0.34F, 1.6F, 0.64F + more * 0.5F);
+        land.add(mountains, h + 0.02F, 0.34F, 1.6F, 0.5F + more * 0.5F);
         land.woods(h + 0.0F, h + 0.05F, 3, 0.5F + more);
         land.add(hills, h + 0.08F, 0.07F, 1.4F, 0.26F + more);
         land.woods(h + 0.1F, h + 0.11F, 2, 0.2F + more);

@@ -197,10 +197,12 @@ Color starLight(const Scene &scene, float x, float y, float pixel, float density
         const float py = (static_cast<float>(cy) + 0.2F + 0.6F * random(cx, cy, seed + 2)) / cells;
         const float size = random(cx, cy, seed + 7);
         const float brightness = (0.25F + 3.2F * size * size * size * size * size) / static_cast<float>(1 + layer);
-        const float radius = std::max(0.00075F + 0.0006F * size, pixel * 0.6F);
+        // Where a star is smaller than a pixel, the pixel is dimmer instead.
+        const float trueRadius = 0.00075F + 0.0006F * size;
+        const float radius = std::max(trueRadius, pixel * 0.6F);
         const float from = distance(x - px, y - py) / radius;
         const Color tone = mix(rgb(0xffd2b0), rgb(0xb8d0ff), random(cx, cy, seed + 5));
-        sum = sum + tone * (brightness * std::exp(-from * from));
+        sum = sum + tone * (brightness * trueRadius / radius * std::exp(-from * from));
     }
     return sum;
 }

@@ -33,7 +33,7 @@ Color nebula(const Scene &scene, float x, float y)
            rgb(0xffe0c8) * (0.28F * veil * veil * veil * strength) + rgb(0x05060f);
 }
 
-void paintGlobe(Canvas &canvas, const Scene &scene, const Globe &globe)
+void paintGlobe(Canvas &canvas, const Globe &globe)
 {
     const float lightX = globe.x < 0 ? 0.75F : -0.75F;
     inParallel(canvas.height(), [&](int row) {
@@ -66,7 +66,6 @@ void paintGlobe(Canvas &canvas, const Scene &scene, const Globe &globe)
             canvas.at(column, row) = canvas.at(column, row) + rim;
         }
     });
-    static_cast<void>(scene);
 }
 
 } // namespace
@@ -85,13 +84,12 @@ void paintSpace(Canvas &canvas, const Scene &scene)
     const float radius = named ? scene.choose(61, 0.34F, 0.42F) : scene.choose(61, 0.12F, 0.2F);
     Globe planet{side * scene.choose(62, 0.18F, 0.34F), named ? 0.58F : 0.36F, radius,          scene.accent,
                  scene.accent * scene.accent * 0.35F,   named ? 0.0F : 1.0F,   scene.seed + 400};
-    paintGlobe(canvas, scene, planet);
+    paintGlobe(canvas, planet);
     const int moons = scene.moons > 0 ? scene.moons : 1;
     for (int i = 0; i < moons; ++i) {
         const auto n = static_cast<float>(i);
-        paintGlobe(canvas, scene,
-                   {-side * (0.3F + 0.24F * n), 0.24F + 0.2F * n, 0.075F - 0.03F * n, rgb(0xd9d2c8), rgb(0x5a534e), 0,
-                    scene.seed + 500 + static_cast<uint32_t>(i)});
+        paintGlobe(canvas, {-side * (0.3F + 0.24F * n), 0.24F + 0.2F * n, 0.075F - 0.03F * n, rgb(0xd9d2c8),
+                            rgb(0x5a534e), 0, scene.seed + 500 + static_cast<uint32_t>(i)});
     }
 }
 

@@ -16,7 +16,7 @@ class Ground : public Layer
         , m_place(place)
         , m_lightSide(scene.lightX < 0 ? -1.0F : 1.0F)
         , m_light(scene.palette.land * daylight(scene))
-        , m_shadow(mix(scene.palette.zenith, scene.palette.middle, 0.5F) * (0.55F * daylight(scene) + 0.1F))
+        , m_shadow(mix(scene.palette.zenith, scene.palette.middle, 0.5F) * (0.4F * daylight(scene) + 0.06F))
     {
     }
 
@@ -25,7 +25,7 @@ class Ground : public Layer
     [[nodiscard]] Color distant(Color color, float x, float y) const
     {
         const float low = step(m_place.base - 0.8F * m_place.height, m_place.base + 0.02F, y);
-        const float mist = m_scene.fog ? 0.75F : 0.42F;
+        const float mist = m_scene.fog ? 0.7F : 0.3F;
         return throughAir(m_scene, color, x,
                           m_place.haze + (1 - m_place.haze) * mist * low * step(0, 0.35F, m_place.haze));
     }
@@ -61,7 +61,7 @@ class Mountains : public Ground
         const float bend = 0.3F * noise(u * 2.3F, v * 2.1F, m_place.seed + 7);
         const float here = ridged(u * 2.6F + bend, v * 1.5F, 6, m_place.seed + 6);
         const float there = ridged(u * 2.6F + bend + 0.06F * m_lightSide, v * 1.5F - 0.04F, 6, m_place.seed + 6);
-        const float gully = 4.2F * (here - there);
+        const float gully = 5.5F * (here - there);
         const float lit = clamp01(0.45F + 0.42F * std::clamp(facing, -1.0F, 1.0F) + gully);
 
         const float altitude = (m_place.base - y) / m_place.height;
@@ -218,7 +218,7 @@ Color throughAir(const Scene &scene, Color color, float x, float haze)
 {
     const Color air = hazeLight(scene, x);
     const float grey = scene.fog ? 0.35F : 0.12F;
-    return mix(color, mix(air, Color{1, 1, 1} * luminance(air), grey), clamp01(haze));
+    return mix(color, mix(air, Color{1, 1, 1} * luminance(air), grey), clamp01(haze) * (scene.isDark() ? 0.8F : 1.0F));
 }
 
 float daylight(const Scene &scene)

@@ -146,6 +146,7 @@ void applyWords(const QString &prompt, Scene &scene)
     if (words.have("mono") || (words.have("black") && words.have("white")) || words.have("grey") ||
         words.have("gray")) {
         scene.saturation = 0;
+        scene.time = words.first(kTimes).value_or(Time::Golden); // Greys live on hard light.
     }
     if (words.have("clear") || words.have("cloudless") || scene.aurora || scene.milkyWay) {
         scene.cloudiness = 0.08F;
