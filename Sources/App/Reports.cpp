@@ -191,11 +191,14 @@ QJsonObject changedFile(const WallpaperManager &manager, const QString &path)
 
 QString progressLine(const UpscaleProgress &progress)
 {
+    const QString tiles = Tr::tr("%1 of %2 tiles").arg(progress.tilesDone).arg(progress.tilesTotal);
+    if (!progress.remaining) {
+        return tiles;
+    }
     constexpr int kSecondsPerMinute = 60;
-    const auto seconds = std::chrono::ceil<std::chrono::seconds>(progress.remaining).count();
-    return Tr::tr("%1 of %2 tiles, %3:%4 left")
-        .arg(progress.tilesDone)
-        .arg(progress.tilesTotal)
+    const auto seconds = std::chrono::ceil<std::chrono::seconds>(*progress.remaining).count();
+    return Tr::tr("%1, %2:%3 left")
+        .arg(tiles)
         .arg(seconds / kSecondsPerMinute)
         .arg(seconds % kSecondsPerMinute, 2, 10, QLatin1Char('0'));
 }

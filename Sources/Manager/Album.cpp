@@ -12,7 +12,7 @@ namespace quorvane {
 namespace {
 
 /// The albums of the prompts in the order in which the history first names them.
-std::vector<Album> groupedByPrompt(const QStringList &history, const std::map<QString, QString> &prompts)
+std::vector<Album> groupedByPrompt(const QStringList &history, const TextMap &prompts)
 {
     std::vector<Album> albums;
     QHash<QString, std::size_t> indexOf;
@@ -35,7 +35,7 @@ std::vector<Album> groupedByPrompt(const QStringList &history, const std::map<QS
 void sortByCoverDate(std::vector<Album> &albums, const CreationDateOf &creationDate)
 {
     std::vector<std::size_t> places;
-    std::vector<std::pair<std::int64_t, Album>> dated;
+    std::vector<std::pair<CreationDate, Album>> dated;
     for (std::size_t place = 0; place < albums.size(); ++place) {
         if (const auto date = creationDate(albums[place].images.first())) {
             places.push_back(place);
@@ -51,7 +51,7 @@ void sortByCoverDate(std::vector<Album> &albums, const CreationDateOf &creationD
 
 } // namespace
 
-QStringList withoutHiddenOriginals(const QStringList &all, const std::map<QString, QString> &links)
+QStringList withoutHiddenOriginals(const QStringList &all, const TextMap &links)
 {
     if (links.empty()) {
         return all;
@@ -73,7 +73,7 @@ QStringList withoutHiddenOriginals(const QStringList &all, const std::map<QStrin
 }
 
 std::vector<Album> albumsOf(const QStringList &history, const QSet<QString> &favorites,
-                            const std::map<QString, QString> &prompts, const CreationDateOf &creationDate)
+                            const TextMap &prompts, const CreationDateOf &creationDate)
 {
     const auto isFavorite = [&favorites](const QString &path) { return favorites.contains(imageName(path)); };
 

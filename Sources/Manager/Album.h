@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QDateTime>
+#include "Storage/CreationDate.h"
+#include "Storage/SideFile.h"
+
 #include <QSet>
 #include <QString>
 #include <QStringList>
 
-#include <cstdint>
 #include <functional>
-#include <map>
 #include <optional>
 #include <vector>
 
@@ -23,16 +23,16 @@ struct Album
     friend bool operator==(const Album &, const Album &) = default;
 };
 
-/// The creation date of the file at a path in any unit that orders; nothing when it cannot be read.
-using CreationDateOf = std::function<std::optional<std::int64_t>(const QString &path)>;
+/// The creation date of the file at a path; nothing when it cannot be read.
+using CreationDateOf = std::function<std::optional<CreationDate>(const QString &path)>;
 
 /// Groups history (paths, newest first) by the prompts recorded under the file names. Inside an album favourites come
 /// first; albums are ordered by the creation date of their cover, latest first, and an album whose date cannot be read
 /// keeps its place. The favourites album stands in front when it has a picture.
 [[nodiscard]] std::vector<Album> albumsOf(const QStringList &history, const QSet<QString> &favorites,
-                                          const std::map<QString, QString> &prompts, const CreationDateOf &creationDate);
+                                          const TextMap &prompts, const CreationDateOf &creationDate);
 
 /// all without the originals whose enlarged variant is itself among all. links leads from an original's file name to
 /// its variant's.
-[[nodiscard]] QStringList withoutHiddenOriginals(const QStringList &all, const std::map<QString, QString> &links);
+[[nodiscard]] QStringList withoutHiddenOriginals(const QStringList &all, const TextMap &links);
 } // namespace quorvane

@@ -3,7 +3,7 @@
 #include "Manager/Album.h"
 #include "Platform/TaskScope.h"
 #include "Providers/ImageProvider.h"
-#include "Upscaling/UpscaledImage.h"
+#include "Upscaling/LocalUpscaler.h"
 
 #include <QCoroTask>
 #include <QDateTime>
@@ -261,7 +261,7 @@ class WallpaperManager : public QObject
     QDeadlineTimer m_timerDue; ///< The next firing, on a clock that nobody sets.
     std::chrono::seconds m_timerInterval{0};
 
-    int m_historyVersion = 0;    ///< Counts what makes a listing that is being read out of date.
+    int m_historyVersion = 0;    ///< Counts changes made here while a listing may be under way.
     QThreadPool m_libraryThread; ///< One thread, so that library changes happen in the order they were asked for.
     QThreadPool m_desktopThread; ///< One thread, so that the last picture asked for is the one that stays.
     TaskScope m_scope;           ///< Last, so that it is drained before what its tasks use goes.

@@ -43,7 +43,7 @@ QCoro::Task<> WallpaperManager::reloadingHistory()
     int version = 0;
     do {
         // A favourite toggled while the library is read would be undone by what was read before it.
-        version = ++m_historyVersion;
+        version = m_historyVersion;
         listing = co_await onWorker(&m_libraryThread, readLibrary);
     } while (version != m_historyVersion);
     m_history = std::move(listing.history);
@@ -81,7 +81,8 @@ QCoro::Task<> WallpaperManager::writingFavorite(QString name, bool isFavorite)
 std::vector<Album> WallpaperManager::albums() const
 {
     const auto prompts = readTextMap(ImageStore::promptsPath());
-    return albumsOf(m_history, m_favorites, prompts, creationDate);
+    const auto dateOf = [](const QString &path) { return creationDate(path); };
+    return albumsOf(m_history, m_favorites, prompts, dateOf);
 }
 
 void WallpaperManager::deleteImage(const QString &url)

@@ -3,23 +3,13 @@
 #include <QByteArray>
 #include <QString>
 
-#include <chrono>
-
 namespace quorvane {
 
-/// An enlarged picture.
+/// What an upscaler gives: an encoded picture and the extension, without a dot, that its file gets.
 struct UpscaledImage
 {
-    QByteArray bytes;  ///< The encoded picture, as it goes into the library.
-    QString extension; ///< "png" or "jpg", without a dot.
-};
-
-/// How far an enlargement on the machine is.
-struct UpscaleProgress
-{
-    int tilesDone = 0;
-    int tilesTotal = 0;                        ///< At least 1.
-    std::chrono::milliseconds remaining{0};    ///< Estimated from the tiles done so far.
+    QByteArray bytes;
+    QString extension;
 };
 
 } // namespace quorvane

@@ -1,21 +1,33 @@
+// A picture in the order of a painter's work: read the prompt, paint sky and land from far to near, the water that
+// mirrors them, what stands in the foreground, the weather; then let it glow and develop it for the screen.
+
 #include "demo-service/Painter/Painter.h"
 
-#include <QColor>
-#include <QCryptographicHash>
+#include "demo-service/Painter/Finish.h"
+#include "demo-service/Painter/Foreground.h"
+#include "demo-service/Painter/Layer.h"
+#include "demo-service/Painter/Space.h"
+#include "demo-service/Painter/Water.h"
 
 namespace quorvane {
 
 QImage paintPicture(const QString &prompt, QSize size)
 {
-    const QByteArray hash = QCryptographicHash::hash(prompt.toUtf8(), QCryptographicHash::Sha256);
-    QImage image(size, QImage::Format_RGB32);
-    for (int y = 0; y < size.height(); ++y) {
-        auto *row = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (int x = 0; x < size.width(); ++x) {
-            row[x] = qRgb(static_cast<uchar>(hash[0]), x * 255 / size.width(), y * 255 / size.height());
+    using namespace painter;
+    const Scene scene = sceneOf(prompt);
+    Canvas canvas(size.expandedTo(QSize(1, 1)));
+    if (scene.subject == Scene::Subject::Space) {
+        paintSpace(canvas, scene);
+    } else {
+        paintLandscape(canvas, scene, layersOf(scene), hasWater(scene) ? scene.horizon : 1.0F);
+        if (hasWater(scene)) {
+            paintWater(canvas, scene);
         }
+        paintForeground(canvas, scene);
+        paintWeather(canvas, scene);
     }
-    return image;
+    addGlow(canvas, scene);
+    return develop(canvas, scene);
 }
 
 } // namespace quorvane

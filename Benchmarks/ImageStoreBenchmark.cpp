@@ -1,0 +1,120 @@
+#include "Storage/ImageStore.h"
+#include "Storage/SideFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+#include <cstdio>
+#include <map>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+// A library of 10,000 images with 5,000 links and 10,000 prompts, in a home of the benchmark's own.
+namespace quorvane {
+
+namespace {
+
+constexpr int kImages = 10'000;
+
+void makeLibrary()
+{
+    const QString folder = ImageStore::directory() + QLatin1Char('/');
+    TextMap prompts;
+    TextMap links;
+    for (int number = 0; number < kImages; ++number) {
+        const QString name = QStringLiteral("wallpaper_2024-05-01_%1.png").arg(number, 6, 10, QLatin1Char('0'));
+        QFile file(folder + name);
+        (void)file.open(QIODevice::WriteOnly);
+        prompts.emplace(name, QStringLiteral("a quiet mountain lake at dawn, number %1").arg(number / 4));
+        if (number % 2 == 1) {
+            links.emplace(QStringLiteral("wallpaper_2024-05-01_%1.png").arg(number - 1, 6, 10, QLatin1Char('0')), name);
+        }
+    }
+    for (const auto &[path, map] :
+         std::map<QString, TextMap>{{ImageStore::promptsPath(), prompts}, {ImageStore::variantsPath(), links}}) {
+        QFile file(path);
+        (void)file.open(QIODevice::WriteOnly);
+        (void)file.write(bytesFromTextMap(map).value_or(QByteArray()));
+    }
+}
+
+/// What no listing can do without: every entry's name and one look at its dates.
+int listWithStatx(const QByteArray &folder)
+{
+    int count = 0;
+    DIR *listing = ::opendir(folder.constData());
+    while (const dirent *entry = ::readdir(listing)) {
+        struct statx status = {};
+        count += ::statx(::dirfd(listing), static_cast<const char *>(entry->d_name), AT_SYMLINK_NOFOLLOW, STATX_BTIME,
+                         &status) == 0
+                     ? 1
+                     : 0;
+    }
+    ::closedir(listing);
+    return count;
+}
+
+void listing(benchmark::State &state)
+{
+    const QByteArray folder = QFile::encodeName(ImageStore::directory());
+    for (auto round : state) {
+        benchmark::DoNotOptimize(listWithStatx(folder));
+    }
+}
+
+/// Runs subject and the plain listing in turns, so that both see the same machine, and tells the ratio of their times.
+template <typename Subject> void asRatioToListing(benchmark::State &state, Subject subject)
+{
+    using Clock = std::chrono::steady_clock;
+    const QByteArray folder = QFile::encodeName(ImageStore::directory());
+    Clock::duration listingTime{};
+    Clock::duration subjectTime{};
+    for (auto round : state) {
+        const auto start = Clock::now();
+        benchmark::DoNotOptimize(listWithStatx(folder));
+        const auto middle = Clock::now();
+        benchmark::DoNotOptimize(subject());
+        const auto end = Clock::now();
+        listingTime += middle - start;
+        subjectTime += end - middle;
+        state.SetIterationTime(std::chrono::duration<double>(end - middle).count());
+    }
+    state.counters["ratio to listing"] =
+        std::chrono::duration<double>(subjectTime).count() / std::chrono::duration<double>(listingTime).count();
+}
+
+void allImages(benchmark::State &state)
+{
+    asRatioToListing(state, [] { return ImageStore::allImages().size(); });
+}
+
+void readPrompts(benchmark::State &state)
+{
+    asRatioToListing(state, [] { return readTextMap(ImageStore::promptsPath()).size(); });
+}
+
+} // namespace
+
+} // namespace quorvane
+
+int main(int argc, char **argv)
+{
+    const QTemporaryDir home;
+    qputenv("HOME", QFile::encodeName(home.path()));
+    quorvane::makeLibrary();
+    benchmark::RegisterBenchmark("listing with statx alone", quorvane::listing)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("allImages", quorvane::allImages)->Unit(benchmark::kMillisecond)->UseManualTime();
+    benchmark::RegisterBenchmark("reading 10,000 prompts", quorvane::readPrompts)
+        ->Unit(benchmark::kMillisecond)
+        ->UseManualTime();
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -1,0 +1,160 @@
+#include "Upscaling/LocalUpscaler.h"
+
+#include "Platform/BackgroundThread.h"
+#include "Platform/Worker.h"
+#include "Providers/ProviderError.h"
+#include "Upscaling/ImageDecoding.h"
+#include "Upscaling/ModelFiles.h"
+#include "Upscaling/SuperResolutionModel.h"
+#include "Upscaling/TileGrid.h"
+#include "Upscaling/TilePixels.h"
+#include "Upscaling/UpscaleErrors.h"
+#include "Upscaling/UpscaledCanvas.h"
+
+#include <QColorSpace>
+#include <QElapsedTimer>
+#include <QThreadPool>
+
+#include <cstring>
+#include <vector>
+
+// The padded picture and the canvas exist only where somebody works on them: a tile is padded when it is cut, which
+// gives the same pixels as cutting it out of the padded whole, and of the canvas there is one row of tiles. Held whole,
+// the canvas of a 3840 × 2160 picture alone would take 640 MiB.
+
+namespace quorvane {
+
+namespace {
+
+/// The tile in column tx, row ty with its padding.
+QImage cropTile(const QImage &image, const TileGrid &grid, int tx, int ty)
+{
+    const QImage part = image.copy(grid.sourceRect(tx, ty));
+    if (part.isNull()) {
+        throw ProviderError::invalidResponse(QStringLiteral("Failed to crop tile at (%1, %2)").arg(tx).arg(ty));
+    }
+    return padImageToTile(part, TileGrid::kTileEdge, TileGrid::kTileEdge);
+}
+
+/// Reports progress and estimates what is left from what is done.
+class Stopwatch
+{
+  public:
+    Stopwatch(int total, const std::function<void(UpscaleProgress)> &report)
+        : m_total(total)
+        , m_report(report)
+    {
+        m_running.start();
+        tell(std::nullopt);
+    }
+
+    void tileDone()
+    {
+        ++m_done;
+        tell(std::chrono::milliseconds(m_running.elapsed() * (m_total - m_done) / m_done));
+    }
+
+  private:
+    void tell(std::optional<std::chrono::milliseconds> remaining) const
+    {
+        if (m_report) {
+            m_report({m_done, m_total, remaining});
+        }
+    }
+
+    int m_done = 0;
+    int m_total;
+    const std::function<void(UpscaleProgress)> &m_report;
+    QElapsedTimer m_running;
+};
+
+} // namespace
+
+QCoro::Task<UpscaledImage> localUpscaleImage(QByteArray encoded, std::stop_token stop,
+                                             std::function<void(UpscaleProgress)> onProgress)
+{
+    // A pool of its own, because low priority cannot be taken back from a shared thread.
+    QThreadPool ownThread;
+    ownThread.setMaxThreadCount(1);
+    QObject here;
+    auto tellHere = [&here, onProgress](UpscaleProgress progress) {
+        QMetaObject::invokeMethod(
+            &here, [onProgress, progress] { onProgress(progress); }, Qt::QueuedConnection);
+    };
+    TileUpscaleOptions options{.threads = physicalCores(), .stop = std::move(stop)};
+    if (onProgress) {
+        options.onProgress = std::move(tellHere);
+    }
+    auto work = [encoded = std::move(encoded), options = std::move(options)]() mutable {
+        lowerThreadPriority();
+        const QImage image = decodeImage(std::exchange(encoded, {}));
+        if (image.isNull()) {
+            throw ProviderError::invalidResponse(QStringLiteral("Failed to decode image for upscaling"));
+        }
+        return tileUpscaleImage(image, options);
+    };
+    QByteArray png = co_await onWorker(&ownThread, std::move(work));
+    co_return UpscaledImage{std::move(png), QStringLiteral("png")};
+}
+
+QByteArray tileUpscaleImage(const QImage &image, const TileUpscaleOptions &options)
+{
+    const std::optional<QString> path = findModel();
+    if (!path) {
+        throw missingModel();
+    }
+    SuperResolutionModel model(*path, options.threads);
+    return tileUpscaleWithModel(image, model, options);
+}
+
+QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model, const TileUpscaleOptions &options)
+{
+    const TileGrid grid(image.size());
+    UpscaledCanvas canvas(image);
+    Stopwatch stopwatch(grid.count(), options.onProgress);
+    for (int ty = 0; ty < grid.rows(); ++ty) {
+        for (int tx = 0; tx < grid.columns(); ++tx) {
+            if (options.stop.stop_requested()) {
+                throw UpscaleStopped();
+            }
+            const QImage tile = cropTile(image, grid, tx, ty);
+            const QImage upscaled = upscaleTileWithModel(tile, model, options.stop);
+            if (upscaled.isNull()) {
+                throw ProviderError::invalidResponse(
+                    QStringLiteral("The RealESRGAN model gave values that are not numbers for the tile at (%1, %2)")
+                        .arg(tx)
+                        .arg(ty));
+            }
+            canvas.place(upscaled, tx, ty);
+            stopwatch.tileDone();
+        }
+    }
+    return canvas.finish();
+}
+
+QImage padImageToTile(const QImage &image, int width, int height)
+{
+    if (image.size() == QSize(width, height)) {
+        return image;
+    }
+    QImage padded(width, height, QImage::Format_RGBA8888_Premultiplied);
+    if (padded.isNull()) {
+        throw ProviderError::invalidResponse(QStringLiteral("Failed to create padding context"));
+    }
+    padded.fill(Qt::transparent);
+    padded.setColorSpace(image.colorSpace());
+    for (int y = 0; y < image.height(); ++y) {
+        std::memcpy(padded.scanLine(y), image.constScanLine(y),
+                    std::size_t(4) * static_cast<std::size_t>(image.width()));
+    }
+    return padded;
+}
+
+QImage upscaleTileWithModel(const QImage &tile, SuperResolutionModel &model, const std::stop_token &stop)
+{
+    std::vector<float> planes(std::size_t(3) * TileGrid::kTileEdge * TileGrid::kTileEdge);
+    planesFromTile(tile, planes);
+    return tileFromPlanes(model.run(planes, stop), QSize(TileGrid::kResultEdge, TileGrid::kResultEdge));
+}
+
+} // namespace quorvane

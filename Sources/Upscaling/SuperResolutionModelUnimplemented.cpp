@@ -1,0 +1,29 @@
+#include "Upscaling/ModelFiles.h"
+#include "Upscaling/SuperResolutionModel.h"
+
+// The inference engine was not there when this was built, so no file can be a model.
+
+namespace quorvane {
+
+struct SuperResolutionModel::Engine
+{
+};
+
+SuperResolutionModel::SuperResolutionModel(const QString &, int)
+{
+    throw missingModel();
+}
+
+SuperResolutionModel::~SuperResolutionModel() = default;
+
+std::span<const float> SuperResolutionModel::run(std::span<const float>, const std::stop_token &)
+{
+    throw missingModel();
+}
+
+QString SuperResolutionModel::description() const
+{
+    return {};
+}
+
+} // namespace quorvane

@@ -1,0 +1,81 @@
+#include "KeyringSession.h"
+
+#include <gtest/gtest.h>
+
+// No password storage answers: a launch is delayed by less than 200 ms, and nothing changes.
+namespace quorvane {
+
+namespace {
+
+class KeyringAbsent : public testing::Test
+{
+  protected:
+    void expectQuickAndUnchanged()
+    {
+        const auto milliseconds = m_session.migrate();
+        ASSERT_TRUE(milliseconds);
+        EXPECT_LT(*milliseconds, 200);
+        EXPECT_TRUE(m_session.keyFile().isNull());
+    }
+
+    KeyringSession m_session;
+};
+
+class KeyringAbsentFromBus : public KeyringAbsent
+{
+  protected:
+    void SetUp() override
+    {
+        if (const QString reason = whyNoBus(); !reason.isEmpty()) {
+            GTEST_SKIP() << qPrintable(reason);
+        }
+    }
+};
+
+} // namespace
+
+TEST_F(KeyringAbsent, withoutABus)
+{
+    expectQuickAndUnchanged();
+}
+
+TEST_F(KeyringAbsent, withoutARunTimeFolder)
+{
+    m_session.environment().remove(QStringLiteral("XDG_RUNTIME_DIR"));
+    expectQuickAndUnchanged();
+}
+
+TEST_F(KeyringAbsent, withTheAddressOfABusThatIsGone)
+{
+    m_session.environment().insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
+                                   QStringLiteral("unix:path=/nonexistent/bus"));
+    expectQuickAndUnchanged();
+}
+
+TEST_F(KeyringAbsentFromBus, withABusThatKnowsNoStorage)
+{
+    ASSERT_TRUE(m_session.startBus());
+    expectQuickAndUnchanged();
+}
+
+TEST_F(KeyringAbsentFromBus, withAStorageThatCannotBeStarted)
+{
+    ASSERT_TRUE(m_session.startBus("[D-BUS Service]\nName=org.freedesktop.secrets\nExec=/bin/false\n"));
+    expectQuickAndUnchanged();
+}
+
+TEST_F(KeyringAbsentFromBus, withAStorageThatStartsButNeverArrives)
+{
+    ASSERT_TRUE(m_session.startBus("[D-BUS Service]\nName=org.freedesktop.secrets\nExec=/bin/sleep 2\n"));
+    expectQuickAndUnchanged();
+}
+
+TEST_F(KeyringAbsentFromBus, onPlasmaWithoutAWallet)
+{
+    m_session.environment().insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("KDE"));
+    m_session.environment().insert(QStringLiteral("KDE_SESSION_VERSION"), QStringLiteral("5"));
+    ASSERT_TRUE(m_session.startBus("[D-BUS Service]\nName=org.kde.kwalletd5\nExec=/bin/sleep 2\n"));
+    expectQuickAndUnchanged();
+}
+
+} // namespace quorvane

@@ -1,0 +1,142 @@
+#include "Support/PrivateXServer.h"
+
+#include <QFile>
+
+#include <cstdlib>
+#include <cstring>
+
+#include <xcb/xcb.h>
+
+namespace quorvane {
+
+namespace {
+
+struct Freed
+{
+    void operator()(void *memory) const { std::free(memory); }
+};
+template <typename Reply> using XcbReply = std::unique_ptr<Reply, Freed>;
+
+struct Disconnected
+{
+    void operator()(xcb_connection_t *connection) const { xcb_disconnect(connection); }
+};
+using Connection = std::unique_ptr<xcb_connection_t, Disconnected>;
+
+xcb_window_t rootOf(const Connection &connection)
+{
+    return xcb_setup_roots_iterator(xcb_get_setup(connection.get())).data->root;
+}
+
+/// Knows the two pixel formats that the servers here have: 32 bits for depth 24, and 16 bits as 5, 6 and 5.
+QImage imageOf(const Connection &connection, xcb_drawable_t drawable)
+{
+    const XcbReply<xcb_get_geometry_reply_t> geometry(
+        xcb_get_geometry_reply(connection.get(), xcb_get_geometry(connection.get(), drawable), nullptr));
+    if (!geometry) {
+        return {};
+    }
+    const XcbReply<xcb_get_image_reply_t> reply(
+        xcb_get_image_reply(connection.get(),
+                            xcb_get_image(connection.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, drawable, 0, 0, geometry->width,
+                                          geometry->height, ~0U),
+                            nullptr));
+    if (!reply) {
+        return {};
+    }
+    const auto format = reply->depth == 16 ? QImage::Format_RGB16 : QImage::Format_RGB32;
+    const int rowBytes = xcb_get_image_data_length(reply.get()) / geometry->height;
+    return QImage(xcb_get_image_data(reply.get()), geometry->width, geometry->height, rowBytes, format)
+        .convertToFormat(QImage::Format_RGB32)
+        .copy();
+}
+
+} // namespace
+
+QString PrivateXServer::missingProgram()
+{
+    return firstMissing({QStringLiteral("Xvfb"), QStringLiteral("xrandr")});
+}
+
+PrivateXServer::PrivateXServer(QSize root, int depth, const QStringList &extraOptions)
+{
+    const QString screen = QStringLiteral("%1x%2x%3").arg(root.width()).arg(root.height()).arg(depth);
+    const QStringList options{
+        QStringLiteral("-displayfd"), QStringLiteral("1"),   QStringLiteral("-screen"), QStringLiteral("0"), screen,
+        QStringLiteral("-nolisten"),  QStringLiteral("tcp"), QStringLiteral("-noreset")};
+    QProcessEnvironment environment;
+    environment.insert(QStringLiteral("PATH"), qEnvironmentVariable("PATH"));
+    m_program =
+        std::make_unique<OwnedProgram>(QStringLiteral("Xvfb"), options + extraOptions, environment, m_folder.path());
+    const QByteArray number = m_program->readLine();
+    if (number.isEmpty()) {
+        qWarning("Xvfb did not start: %s", m_program->errors().constData());
+    } else {
+        m_display = ":" + number;
+    }
+}
+
+PrivateXServer::~PrivateXServer()
+{
+    m_program->stop();
+    // A killed server leaves these behind, and the number would stay taken.
+    if (isReady()) {
+        const QString number = QString::fromLatin1(m_display.mid(1));
+        QFile::remove(QStringLiteral("/tmp/.X%1-lock").arg(number));
+        QFile::remove(QStringLiteral("/tmp/.X11-unix/X%1").arg(number));
+    }
+}
+
+QProcessEnvironment PrivateXServer::clientEnvironment() const
+{
+    QProcessEnvironment environment;
+    environment.insert(QStringLiteral("PATH"), qEnvironmentVariable("PATH"));
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    environment.insert(QStringLiteral("HOME"), m_folder.path());
+    environment.insert(QStringLiteral("DISPLAY"), QString::fromLatin1(m_display));
+    return environment;
+}
+
+bool PrivateXServer::addMonitor(const QString &name, const QRect &area)
+{
+    const QString geometry =
+        QStringLiteral("%1/200x%2/200+%3+%4").arg(area.width()).arg(area.height()).arg(area.x()).arg(area.y());
+    // Giving it the only output makes a monitor replace the one that covers everything.
+    const QString output = m_hasMonitors ? QStringLiteral("none") : QStringLiteral("screen");
+    m_hasMonitors = true;
+    return !outputOf(QStringLiteral("xrandr"), {QStringLiteral("--setmonitor"), name, geometry, output},
+                     clientEnvironment())
+                .isNull();
+}
+
+QImage PrivateXServer::rootWindow() const
+{
+    const Connection connection(xcb_connect(m_display.constData(), nullptr));
+    return xcb_connection_has_error(connection.get()) == 0 ? imageOf(connection, rootOf(connection)) : QImage();
+}
+
+quint32 PrivateXServer::announcedPixmap(const char *property) const
+{
+    const Connection connection(xcb_connect(m_display.constData(), nullptr));
+    if (xcb_connection_has_error(connection.get()) != 0) {
+        return 0;
+    }
+    const XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
+        connection.get(), xcb_intern_atom(connection.get(), 0, static_cast<uint16_t>(std::strlen(property)), property),
+        nullptr));
+    const XcbReply<xcb_get_property_reply_t> value(
+        xcb_get_property_reply(connection.get(),
+                               xcb_get_property(connection.get(), 0, rootOf(connection),
+                                                atom ? atom->atom : xcb_atom_t(XCB_ATOM_NONE), XCB_ATOM_PIXMAP, 0, 1),
+                               nullptr));
+    const bool isPixmap = value && xcb_get_property_value_length(value.get()) == sizeof(xcb_pixmap_t);
+    return isPixmap ? *static_cast<const xcb_pixmap_t *>(xcb_get_property_value(value.get())) : 0;
+}
+
+QImage PrivateXServer::pixelsOf(quint32 pixmap) const
+{
+    const Connection connection(xcb_connect(m_display.constData(), nullptr));
+    return xcb_connection_has_error(connection.get()) == 0 ? imageOf(connection, pixmap) : QImage();
+}
+
+} // namespace quorvane

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Platform/DesktopPicture.h"
+#include "Platform/SecretStore.h"
+
+#include <QMutex>
+#include <QStringList>
+
+namespace quorvane {
+
+/// A desktop that shows nothing and remembers what it was asked for. For tests of what stands above the seam; the
+/// desktops behind it are tested as they are.
+class RecordingDesktop final : public DesktopPicture
+{
+  public:
+    [[nodiscard]] QString name() const override { return QStringLiteral("recording"); }
+    [[nodiscard]] QString reason() const override { return QStringLiteral("a test asked for it"); }
+    [[nodiscard]] QList<Screen> screens() override { return attached; }
+    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> & /*screens*/) override
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_shown.append(path);
+        return refusal;
+    }
+
+    /// The pictures that were asked for, in order.
+    [[nodiscard]] QStringList shown() const
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_shown;
+    }
+
+    QList<Screen> attached{{QStringLiteral("ONE-1"), QSize(1920, 1080)}};
+    std::optional<QString> refusal; ///< What every screen answers.
+
+  private:
+    mutable QMutex m_mutex;
+    QStringList m_shown;
+};
+
+/// A password storage with nothing in it.
+class EmptySecretStore final : public SecretStore
+{
+  public:
+    [[nodiscard]] std::optional<QByteArray> read(const QString & /*service*/, const QString & /*account*/) override
+    {
+        return std::nullopt;
+    }
+    void remove(const QString & /*service*/, const QString & /*account*/) override {}
+};
+
+} // namespace quorvane

@@ -1,0 +1,126 @@
+#pragma once
+
+#include "Manager/WallpaperManager.h"
+#include "Platform/HttpClient.h"
+#include "Platform/UserDefaults.h"
+#include "Providers/ProviderError.h"
+#include "Storage/ImageStore.h"
+#include "Storage/Keychain.h"
+#include "Support/PrivateHome.h"
+#include "Support/RecordingDesktop.h"
+#include "demo-service/DemoService.h"
+
+#include <QFile>
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace quorvane {
+
+/// A manager in a home of its own, with the demonstration service for all three services and a clock that goes on one
+/// second at each look, so that no two pictures share a name unless a test wants it.
+class ManagerTest : public testing::Test
+{
+  protected:
+    ManagerTest()
+    {
+        for (const char *variable : kAddresses) {
+            qputenv(variable, service.baseAddress().toEncoded());
+        }
+        service.setPictureMaker([](const QString & /*prompt*/, QSize /*size*/) {
+            QImage image(8, 8, QImage::Format_RGB32);
+            image.fill(Qt::darkCyan);
+            return image;
+        });
+    }
+    ~ManagerTest() override
+    {
+        manager.reset();
+        for (const char *variable : kAddresses) {
+            qunsetenv(variable);
+        }
+    }
+
+    /// The program starts.
+    WallpaperManager &start()
+    {
+        manager.reset();
+        http = std::make_unique<HttpClient>();
+        defaults = std::make_unique<UserDefaults>();
+        ManagerServices services{defaults.get(), http.get(), &desktop, &secrets, localUpscale, [this] { return tick(); }};
+        manager = std::make_unique<WallpaperManager>(std::move(services));
+        QObject::connect(manager.get(), &WallpaperManager::statusChanged, manager.get(),
+                         [this, each = manager.get()] { statuses.append(each->status()); });
+        QObject::connect(manager.get(), &WallpaperManager::operationEnded, manager.get(),
+                         [this](const OperationResult &ended) { result = ended; });
+        return *manager;
+    }
+
+    /// The button is pressed, and all is waited for.
+    void generate(const QString &prompt = QStringLiteral("a lake"))
+    {
+        statuses.clear();
+        manager->setPrompt(prompt);
+        manager->generateAndSet();
+        manager->waitUntilIdle();
+    }
+
+    [[nodiscard]] QDateTime tick()
+    {
+        m_now = m_now.addSecs(secondsPerTick);
+        return m_now;
+    }
+
+    /// What a setting file says before the program starts.
+    static void store(const QString &key, const QVariant &value)
+    {
+        UserDefaults before;
+        before.set(key, value);
+        EXPECT_TRUE(before.sync());
+    }
+
+    /// An image in the library, older the larger age is.
+    [[nodiscard]] QString putImage(const QString &name) const
+    {
+        return ImageStore::saveImage(name, "image " + name.toUtf8()).value_or(QString());
+    }
+
+    [[nodiscard]] static QByteArray contentOf(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    [[nodiscard]] QStringList files() const { return QDir(home.library()).entryList(QDir::Files, QDir::Name); }
+
+    [[nodiscard]] QByteArray sideFile(const char *name) const
+    {
+        return contentOf(home.library() + QLatin1Char('/') + QLatin1String(name));
+    }
+
+    static constexpr std::array kAddresses{"QUORVANE_GEMINI_BASE_URL", "QUORVANE_XAI_BASE_URL",
+                                           "QUORVANE_OPENAI_BASE_URL"};
+
+    PrivateHome home;
+    DemoService service;
+    RecordingDesktop desktop;
+    EmptySecretStore secrets;
+    int secondsPerTick = 1;
+    LocalUpscale localUpscale = [](QByteArray image, std::stop_token, std::function<void(UpscaleProgress)> progress)
+        -> QCoro::Task<UpscaledImage> {
+        progress({1, 1, std::nullopt});
+        co_return UpscaledImage{"4K of " + image, QStringLiteral("png")};
+    };
+    std::unique_ptr<HttpClient> http;
+    std::unique_ptr<UserDefaults> defaults;
+    std::unique_ptr<WallpaperManager> manager;
+    QStringList statuses;
+    OperationResult result;
+
+  private:
+    QDateTime m_now{QDate(2026, 1, 31), QTime(23, 59, 0)};
+};
+
+} // namespace quorvane

@@ -1,0 +1,214 @@
+#include "Manager/SettingsKeys.h"
+#include "Unit/Manager/ManagerFixture.h"
+
+#include <QSignalSpy>
+
+namespace quorvane {
+
+using WallpaperManagerTest = ManagerTest;
+
+TEST_F(WallpaperManagerTest, aFreshInstallationHasItsDefaults)
+{
+    const WallpaperManager &fresh = start();
+    EXPECT_EQ(fresh.prompt(), QString());
+    EXPECT_EQ(fresh.providerOverride(), QStringLiteral("auto"));
+    EXPECT_EQ(fresh.resolvedProvider().id(), QStringLiteral("gemini"));
+    EXPECT_EQ(fresh.resolvedModelId(), QStringLiteral("gemini-2.5-flash-image"));
+    EXPECT_EQ(fresh.intervalMinutes(), 30);
+    EXPECT_FALSE(fresh.autoEnabled());
+    EXPECT_FALSE(fresh.nextFireDate().isValid());
+    EXPECT_FALSE(fresh.fourKEnabled());
+    EXPECT_FALSE(fresh.nsfwEnabled());
+    EXPECT_TRUE(fresh.nsfwApplies());
+    EXPECT_TRUE(fresh.providerProducesNative4K());
+    EXPECT_EQ(fresh.status(), QString());
+    EXPECT_FALSE(fresh.isError());
+    EXPECT_FALSE(fresh.isLoading());
+    EXPECT_EQ(fresh.upscalingURL(), QString());
+    EXPECT_EQ(fresh.currentWallpaperURL(), QString());
+    EXPECT_TRUE(fresh.history().isEmpty());
+    EXPECT_TRUE(fresh.favorites().isEmpty());
+    EXPECT_EQ(fresh.missingKeys(), QStringList{QStringLiteral("Gemini")});
+    EXPECT_EQ(fresh.providers().size(), 3U);
+    // Nothing was written back.
+    EXPECT_TRUE(defaults->sync());
+    EXPECT_FALSE(QFile::exists(UserDefaults::defaultPath()));
+}
+
+TEST_F(WallpaperManagerTest, storedIntervalsBelowOneBecomeThirtyAndOthersStay)
+{
+    const QList<std::pair<qint64, qint64>> cases{{0, 30}, {-7, 30}, {45, 45}, {1, 1}, {1000000, 1000000}};
+    for (const auto &[stored, loaded] : cases) {
+        store(SettingsKeys::kIntervalMinutes, stored);
+        EXPECT_EQ(start().intervalMinutes(), loaded);
+    }
+    store(SettingsKeys::kIntervalMinutes, QStringLiteral("soon"));
+    EXPECT_EQ(start().intervalMinutes(), 30);
+    store(SettingsKeys::kIntervalMinutes, std::numeric_limits<qint64>::max());
+    EXPECT_EQ(start().intervalMinutes(), WallpaperManager::kLongestIntervalMinutes);
+}
+
+TEST_F(WallpaperManagerTest, settingsSurviveARestart)
+{
+    WallpaperManager &before = start();
+    before.setPrompt(QStringLiteral("@a, \"lake\"\n= 水; % \\ "));
+    before.setFourKEnabled(true);
+    before.setNsfwEnabled(true);
+    before.setProviderOverride(QStringLiteral("grok"));
+    before.setIntervalMinutes(45);
+    WallpaperManager &after = start();
+    EXPECT_EQ(after.prompt(), QStringLiteral("@a, \"lake\"\n= 水; % \\ "));
+    EXPECT_TRUE(after.fourKEnabled());
+    EXPECT_TRUE(after.nsfwEnabled());
+    EXPECT_EQ(after.providerOverride(), QStringLiteral("grok"));
+    EXPECT_EQ(after.intervalMinutes(), 45);
+}
+
+TEST_F(WallpaperManagerTest, autoIsKeptByKeepingNothing)
+{
+    start().setProviderOverride(QStringLiteral("openai"));
+    EXPECT_EQ(defaults->text(SettingsKeys::kProviderOverride), QStringLiteral("openai"));
+    manager->setProviderOverride(QStringLiteral("auto"));
+    EXPECT_FALSE(defaults->contains(SettingsKeys::kProviderOverride));
+    EXPECT_EQ(start().providerOverride(), QStringLiteral("auto"));
+}
+
+TEST_F(WallpaperManagerTest, anEqualAssignmentIsKeptAndAnnouncedToo)
+{
+    start();
+    const QSignalSpy announced(manager.get(), &WallpaperManager::fourKEnabledChanged);
+    manager->setFourKEnabled(false);
+    EXPECT_EQ(announced.count(), 1);
+    EXPECT_TRUE(defaults->contains(SettingsKeys::kFourKEnabled));
+}
+
+TEST_F(WallpaperManagerTest, thePromptIsNoPublishedProperty)
+{
+    start();
+    EXPECT_EQ(manager->metaObject()->indexOfProperty("prompt"), -1);
+    manager->setPrompt(QStringLiteral("typed"));
+    EXPECT_EQ(defaults->text(SettingsKeys::kLastPrompt), QStringLiteral("typed"));
+}
+
+TEST_F(WallpaperManagerTest, theProviderFollowsTheOverrideThenTheNsfwSwitch)
+{
+    struct Case
+    {
+        const char *override;
+        bool nsfw;
+        const char *provider;
+        bool applies;
+    };
+    start();
+    for (const Case &each : {Case{"auto", false, "gemini", true}, Case{"auto", true, "grok", true},
+                             Case{"grok", false, "grok", true}, Case{"grok", true, "grok", true},
+                             Case{"gemini", true, "gemini", false}, Case{"openai", true, "openai", false},
+                             Case{"openai", false, "openai", false}, Case{"nobody", true, "gemini", false},
+                             Case{"", false, "gemini", false}}) {
+        manager->setProviderOverride(QLatin1String(each.override));
+        manager->setNsfwEnabled(each.nsfw);
+        EXPECT_EQ(manager->resolvedProvider().id(), QLatin1String(each.provider)) << each.override << each.nsfw;
+        EXPECT_EQ(manager->nsfwApplies(), each.applies) << each.override;
+    }
+}
+
+TEST_F(WallpaperManagerTest, aModelThatIsNotOfferedFallsBackToTheFirst)
+{
+    start();
+    defaults->set(SettingsKeys::selectedModel(QStringLiteral("gemini")), QStringLiteral("gemini-3-pro-image-preview"));
+    EXPECT_EQ(manager->resolvedModelId(), QStringLiteral("gemini-3-pro-image-preview"));
+    for (const char *stale : {"gemini-1", "", "GEMINI-3-pro-image-preview"}) {
+        defaults->set(SettingsKeys::selectedModel(QStringLiteral("gemini")), QLatin1String(stale));
+        EXPECT_EQ(manager->resolvedModelId(), QStringLiteral("gemini-2.5-flash-image")) << stale;
+    }
+}
+
+TEST_F(WallpaperManagerTest, native4KDependsOnProviderAndModel)
+{
+    start();
+    EXPECT_TRUE(manager->providerProducesNative4K());
+    manager->setProviderOverride(QStringLiteral("grok"));
+    EXPECT_FALSE(manager->providerProducesNative4K());
+    manager->setProviderOverride(QStringLiteral("openai"));
+    EXPECT_TRUE(manager->providerProducesNative4K());
+    for (const char *model : {"gpt-image-1", "gpt-image-1.5", "gpt-image-1-mini"}) {
+        defaults->set(SettingsKeys::selectedModel(QStringLiteral("openai")), QLatin1String(model));
+        EXPECT_FALSE(manager->providerProducesNative4K()) << model;
+    }
+    defaults->set(SettingsKeys::selectedModel(QStringLiteral("openai")), QStringLiteral("gpt-image-2"));
+    EXPECT_TRUE(manager->providerProducesNative4K());
+}
+
+TEST_F(WallpaperManagerTest, missingKeysNameTheProviderAndTheRemoteUpscale)
+{
+    start();
+    manager->setProviderOverride(QStringLiteral("grok"));
+    manager->setFourKEnabled(true);
+    EXPECT_EQ(manager->missingKeys(), (QStringList{QStringLiteral("Grok"), QStringLiteral("Gemini (for 4K upscale)")}));
+
+    Keychain::save(QStringLiteral("K"), QStringLiteral("grok"));
+    EXPECT_EQ(manager->missingKeys(), QStringList{QStringLiteral("Gemini (for 4K upscale)")});
+
+    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+    EXPECT_TRUE(manager->missingKeys().isEmpty());
+    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("Local"));
+    EXPECT_EQ(manager->missingKeys(), QStringList{QStringLiteral("Gemini (for 4K upscale)")});
+
+    manager->setFourKEnabled(false);
+    EXPECT_TRUE(manager->missingKeys().isEmpty());
+
+    // An empty key is a key.
+    manager->setFourKEnabled(true);
+    Keychain::save(QString(), QStringLiteral("gemini"));
+    EXPECT_TRUE(manager->missingKeys().isEmpty());
+}
+
+TEST_F(WallpaperManagerTest, geminiIsNotMissedTwice)
+{
+    start();
+    manager->setFourKEnabled(true);
+    EXPECT_EQ(manager->missingKeys(), QStringList{QStringLiteral("Gemini")});
+}
+
+TEST_F(WallpaperManagerTest, anUnreadableKeyFileHoldsNoKeys)
+{
+    start();
+    Keychain::save(QStringLiteral("K"), QStringLiteral("gemini"));
+    EXPECT_TRUE(manager->missingKeys().isEmpty());
+    QFile file(home.path() + QStringLiteral("/Library/Application Support/Quorvane/keys.json"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(R"({"gemini":5})");
+    file.close();
+    EXPECT_EQ(manager->missingKeys(), QStringList{QStringLiteral("Gemini")});
+}
+
+TEST_F(WallpaperManagerTest, theCurrentWallpaperComesBackWhileItsFileIsThere)
+{
+    const QString path = putImage(QStringLiteral("a.png"));
+    store(SettingsKeys::kCurrentWallpaperPath, path);
+    EXPECT_EQ(start().currentWallpaperURL(), path);
+}
+
+TEST_F(WallpaperManagerTest, aDeletedCurrentWallpaperStaysUnsetAndItsPathStored)
+{
+    store(SettingsKeys::kCurrentWallpaperPath, QStringLiteral("/nowhere/a.png"));
+    EXPECT_EQ(start().currentWallpaperURL(), QString());
+    EXPECT_EQ(defaults->text(SettingsKeys::kCurrentWallpaperPath), QStringLiteral("/nowhere/a.png"));
+}
+
+TEST_F(WallpaperManagerTest, automaticModeStartsTheScheduleAtLaunchAndGeneratesNothing)
+{
+    store(SettingsKeys::kAutoEnabled, true);
+    store(SettingsKeys::kIntervalMinutes, 1000000);
+    const QDateTime before = tick();
+    start();
+    EXPECT_EQ(before.secsTo(manager->nextFireDate()), 1000000LL * 60 + 1);
+    EXPECT_FALSE(manager->isLoading());
+    manager->setAutoEnabled(false);
+    EXPECT_FALSE(manager->nextFireDate().isValid());
+    EXPECT_FALSE(defaults->boolean(SettingsKeys::kAutoEnabled));
+    manager->setIntervalMinutes(5);
+    EXPECT_FALSE(manager->nextFireDate().isValid());
+}
+
+} // namespace quorvane

@@ -1,0 +1,117 @@
+#include "Platform/BackgroundThread.h"
+#include "Support/WaitFor.h"
+#include "Unit/Upscaling/UpscalingTestSupport.h"
+#include "Upscaling/ImageDecoding.h"
+#include "Upscaling/LocalUpscaler.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSet>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <sys/resource.h>
+
+// What an upscale takes from the machine: memory and processor time.
+
+namespace quorvane {
+
+namespace {
+
+constexpr qint64 kMegabyte = 1 << 20;
+
+/// A line of /proc/self/status, in bytes.
+qint64 statusBytes(const char *name)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (status.open(QIODevice::ReadOnly)) {
+        for (QByteArray line = status.readLine(); !line.isEmpty(); line = status.readLine()) {
+            if (line.startsWith(name)) {
+                return line.mid(line.indexOf(':') + 1).trimmed().split(' ').front().toLongLong() * 1024;
+            }
+        }
+    }
+    return -1;
+}
+
+/// Makes the kernel forget the peak so far.
+bool restartPeak()
+{
+    QFile reset(QStringLiteral("/proc/self/clear_refs"));
+    return reset.open(QIODevice::WriteOnly) && reset.write("5") == 1 && reset.flush();
+}
+
+bool memoryIsMeasurable()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    return false;
+#else
+    return true;
+#endif
+}
+
+QSet<QString> threads()
+{
+    const QStringList names = QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return {names.begin(), names.end()};
+}
+
+} // namespace
+
+TEST(LocalUpscalerResources, aFourKPictureSucceedsWithinTwoGigabytesAndMemoryFollowsTheRowOfTiles)
+{
+    const HomeWithModel home("nearest");
+    const QImage source = positions(3840, 2160);
+    const QByteArray bytes = encoded(source);
+    // The engine's library and what it keeps are there before the measurement.
+    ASSERT_EQ(text(upscale(encoded(positions(4, 4))).error), "");
+
+    ASSERT_TRUE(restartPeak());
+    const qint64 before = statusBytes("VmRSS");
+    const UpscaleOutcome outcome = upscale(bytes);
+    const qint64 peak = statusBytes("VmHWM");
+    ASSERT_EQ(text(outcome.error), "");
+
+    if (memoryIsMeasurable()) {
+        // This network needs one input and one result of 32-bit numbers, and nothing between.
+        constexpr qint64 kEngine = qint64(4) * 3 * (512 * 512 + 2048 * 2048);
+        const qint64 decodedInput = source.sizeInBytes();
+        RecordProperty("peakMegabytes", std::to_string(peak / kMegabyte));
+        EXPECT_LT(peak - before, decodedInput + outcome.png.size() + kEngine + 200 * kMegabyte);
+        EXPECT_LT(peak, 2048 * kMegabyte);
+    }
+    EXPECT_EQ(text(firstDifference(decoded(outcome.png), source)), "");
+}
+
+TEST(LocalUpscalerResources, everyThreadOfAnUpscaleHasLowPriorityAndIsGoneAfterwards)
+{
+    const HomeWithModel home("convolutions");
+    const QImage picture = positions(600, 600);
+    ASSERT_EQ(text(upscale(encoded(picture)).error), "");
+    const QSet<QString> before = threads();
+
+    std::map<QString, int> niceness;
+    const auto lookAtThreads = [&] {
+        for (const QString &thread : threads() - before) {
+            niceness[thread] = getpriority(PRIO_PROCESS, thread.toUInt());
+        }
+    };
+    const UpscaleOutcome outcome = upscale(encoded(picture), {}, lookAtThreads);
+    ASSERT_EQ(text(outcome.error), "");
+    EXPECT_GE(niceness.size(), std::size_t(physicalCores()));
+    for (const auto &[thread, nice] : niceness) {
+        EXPECT_GE(nice, 10) << text(thread);
+    }
+    EXPECT_EQ(getpriority(PRIO_PROCESS, 0), 0) << "the calling thread keeps its priority";
+    // A thread that has been joined may still be listed for a moment.
+    const auto allGone = [&] {
+        const QSet<QString> left = threads();
+        return std::none_of(niceness.begin(), niceness.end(),
+                            [&](const auto &one) { return left.contains(one.first); });
+    };
+    EXPECT_TRUE(waitFor(allGone));
+}
+
+} // namespace quorvane
