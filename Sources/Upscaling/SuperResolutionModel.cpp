@@ -138,6 +138,8 @@ Ort::SessionOptions optionsFor(int threads)
     options.SetDeterministicCompute(true);
     options.AddConfigEntry(kOrtSessionOptionsConfigUseEnvAllocators, "1");
     options.AddConfigEntry(kOrtSessionOptionsConfigLoadModelFormat, "ONNX");
+    // Weights in other files are looked for below a folder that cannot be there.
+    options.AddConfigEntry(kOrtSessionOptionsModelExternalInitializersFileFolderPath, "/dev/null/none");
     // Waiting threads sleep instead of turning in circles: the desktop needs the cores.
     options.AddConfigEntry(kOrtSessionOptionsConfigAllowIntraOpSpinning, "0");
     return options;

@@ -55,8 +55,12 @@ def floats(name, dims, values):
 
 
 def external(name, dims, location):
-    entry = block(1, "location") + block(2, location)
-    return b"".join(number(1, d) for d in dims) + number(2, FLOAT) + block(8, name) + block(13, entry) + number(14, 1)
+    size = 4
+    for d in dims:
+        size *= d
+    entries = [block(1, "location") + block(2, location), block(1, "length") + block(2, str(size))]
+    places = b"".join(block(13, e) for e in entries)
+    return b"".join(number(1, d) for d in dims) + number(2, FLOAT) + block(8, name) + places + number(14, 1)
 
 
 def attribute(name, value):
@@ -225,6 +229,12 @@ def huge_constant():
     return nearest(more=[fill, largest, *after(("Add", "constant"))], constants=[size])
 
 
+def external_weights(location):
+    """A convolution whose weights would be read from another file."""
+    mix = node("Conv", ["enlarged", "weights"], ["result"], kernel_shape=[1, 1])
+    return nearest(more=[mix], constants=[external("weights", [3, 3, 1, 1], location)])
+
+
 def no_picture():
     """All pixels in one row. Even the number of the result's sides is only known once the network has run."""
     nodes = [
@@ -251,7 +261,8 @@ def test_models():
         "two-inputs": two_inputs(),
         "huge-shape": nearest((1, 3, 1_000_000, 1_000_000), (1, 3, 4_000_000, 4_000_000)),
         "huge-constant": huge_constant(),
-        "external-weights": nearest(more=after(("Add", "constant")), constants=[external("constant", [1], "weights.bin")]),
+        "external-weights": external_weights("weights.bin"),
+        "foreign-weights": external_weights("/etc/passwd"),
         "not-a-number": nearest(more=after(("Sub", "enlarged"), ("Div", "constant")), constants=[constant(0)]),
         "black": nearest(more=after(("Mul", "constant")), constants=[constant(0)]),
         "no-picture": no_picture(),

@@ -122,4 +122,15 @@ UpscaleOutcome upscale(const QByteArray &bytes, const std::stop_token &stop,
     return outcome;
 }
 
+QSet<QString> threads()
+{
+    const QStringList names = QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return {names.begin(), names.end()};
+}
+
+bool areGone(const QSet<QString> &some)
+{
+    return waitFor([&] { return !threads().intersects(some); });
+}
+
 } // namespace quorvane

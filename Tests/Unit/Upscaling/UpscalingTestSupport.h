@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QSet>
 #include <QString>
 
 #include <vector>
@@ -49,6 +50,12 @@ struct UpscaleOutcome
 /// Runs it to its end; duringFirstTile is called here while the network works.
 [[nodiscard]] UpscaleOutcome upscale(const QByteArray &bytes, const std::stop_token &stop = {},
                                      const std::function<void()> &duringFirstTile = {});
+
+/// The numbers of this process's threads.
+[[nodiscard]] QSet<QString> threads();
+
+/// Whether none of them is left. A thread that has been joined may still be listed for a moment, hence the wait.
+[[nodiscard]] bool areGone(const QSet<QString> &some);
 
 /// The text that call throws as Error; empty when it throws nothing.
 template <typename Error, typename Call> QString thrown(Call call)

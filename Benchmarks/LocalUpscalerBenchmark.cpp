@@ -1,0 +1,187 @@
+#include "Platform/BackgroundThread.h"
+#include "Upscaling/ImageDecoding.h"
+#include "Upscaling/LocalUpscaler.h"
+#include "Upscaling/SuperResolutionModel.h"
+#include "Upscaling/TilePixels.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <sys/resource.h>
+#include <vector>
+
+// What an upscale costs: the network alone, everything around it, and memory. The networks have the shape of those that
+// people use and pseudo-random weights; Tools/test-models/make.py --benchmark writes them.
+
+namespace quorvane {
+
+namespace {
+
+QString modelFile(const char *name)
+{
+    return QStringLiteral(QUORVANE_BENCHMARK_MODELS "/%1.onnx").arg(QLatin1String(name));
+}
+
+/// Soft shapes with a little noise, which compress about as a generated picture does.
+QImage picture(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGBX8888);
+    unsigned noise = 1;
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            noise = noise * 1664525U + 1013904223U;
+            const double wave = std::sin(x / 61.0) + std::sin(y / 43.0) + std::sin((x + y) / 157.0);
+            const int level = 120 + int(wave * 35) + int(noise >> 29);
+            image.setPixel(x, y, qRgb(level, (level + x / 16) % 256, 255 - level));
+        }
+    }
+    return image;
+}
+
+/// Seconds of processor time that this process has used, all threads together.
+double processorSeconds()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](timeval time) { return double(time.tv_sec) + double(time.tv_usec) / 1e6; };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+double statusMegabytes(const char *name)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    static_cast<void>(status.open(QIODevice::ReadOnly));
+    for (QByteArray line = status.readLine(); !line.isEmpty(); line = status.readLine()) {
+        if (line.startsWith(name)) {
+            return line.mid(line.indexOf(':') + 1).trimmed().split(' ').front().toDouble() / 1024;
+        }
+    }
+    return 0;
+}
+
+void restartPeak()
+{
+    QFile reset(QStringLiteral("/proc/self/clear_refs"));
+    if (reset.open(QIODevice::WriteOnly)) {
+        reset.write("5");
+    }
+}
+
+std::vector<float> sampleTile()
+{
+    std::vector<float> planes(std::size_t(3) * 512 * 512);
+    planesFromTile(picture(512, 512), planes);
+    return planes;
+}
+
+/// Processor seconds that the network alone takes for so many tiles.
+double networkSeconds(SuperResolutionModel &model, int tiles)
+{
+    const std::vector<float> tile = sampleTile();
+    const double before = processorSeconds();
+    for (int count = 0; count < tiles; ++count) {
+        static_cast<void>(model.run(tile, {}));
+    }
+    return processorSeconds() - before;
+}
+
+void oneTile(benchmark::State &state, const char *name)
+{
+    SuperResolutionModel model(modelFile(name), physicalCores());
+    const std::vector<float> tile = sampleTile();
+    static_cast<void>(model.run(tile, {}));
+    restartPeak();
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        benchmark::DoNotOptimize(model.run(tile, {}).data());
+    }
+    state.counters["peakMB"] = statusMegabytes("VmHWM");
+}
+
+/// 1536 × 1024, six tiles, from a file to a file. outsideNetwork is the share of the processor's time.
+void fileToFile(benchmark::State &state, const char *name)
+{
+    const QTemporaryDir folder;
+    const QString from = folder.filePath(QStringLiteral("picture.png"));
+    picture(1536, 1024).save(from);
+    double inNetwork = 0;
+    {
+        SuperResolutionModel model(modelFile(name), physicalCores());
+        inNetwork = networkSeconds(model, 6);
+    }
+    double all = 0;
+    double megabytes = 0;
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        const double before = processorSeconds();
+        QFile source(from);
+        QFile target(folder.filePath(QStringLiteral("result.png")));
+        if (!source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly)) {
+            state.SkipWithError("the files cannot be opened");
+            return;
+        }
+        SuperResolutionModel model(modelFile(name), physicalCores());
+        const QByteArray png = tileUpscaleWithModel(decodeImage(source.readAll()), model, {});
+        target.write(png);
+        all += processorSeconds() - before;
+        megabytes = double(png.size()) / 1e6;
+    }
+    state.counters["outsideNetwork"] = 1 - inNetwork * double(state.iterations()) / all;
+    state.counters["resultMB"] = megabytes;
+}
+
+/// Peak memory above what is there before, by picture size, with a network that needs almost none itself.
+void peakMemory(benchmark::State &state)
+{
+    const QImage image = picture(int(state.range(0)), int(state.range(1)));
+    SuperResolutionModel model(QStringLiteral(QUORVANE_TEST_DATA "/models/nearest.onnx"), physicalCores());
+    static_cast<void>(networkSeconds(model, 1));
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        restartPeak();
+        const double before = statusMegabytes("VmRSS");
+        const QByteArray png = tileUpscaleWithModel(image, model, {});
+        state.counters["peakAboveMB"] = statusMegabytes("VmHWM") - before;
+        state.counters["resultMB"] = double(png.size()) / 1e6;
+    }
+    state.counters["inputMB"] = double(image.sizeInBytes()) / 1e6;
+}
+
+BENCHMARK_CAPTURE(oneTile, compact, "compact")->Unit(benchmark::kSecond)->UseRealTime()->MeasureProcessCPUTime();
+BENCHMARK_CAPTURE(oneTile, full, "full")
+    ->Unit(benchmark::kSecond)
+    ->UseRealTime()
+    ->MeasureProcessCPUTime()
+    ->Iterations(1);
+BENCHMARK_CAPTURE(fileToFile, compact, "compact")
+    ->Unit(benchmark::kSecond)
+    ->UseRealTime()
+    ->MeasureProcessCPUTime()
+    ->Iterations(1);
+BENCHMARK(peakMemory)
+    ->Args({512, 512})
+    ->Args({1536, 1024})
+    ->Args({1920, 1080})
+    ->Args({3840, 2160})
+    ->Unit(benchmark::kSecond)
+    ->UseRealTime()
+    ->MeasureProcessCPUTime()
+    ->Iterations(1);
+
+} // namespace
+
+} // namespace quorvane
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
