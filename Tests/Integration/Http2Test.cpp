@@ -72,8 +72,8 @@ TEST(Http2, aLargeAnswerComesBackWhole)
     OwnedProgram proxy(QStringLiteral("nghttpx"),
                        {QStringLiteral("--conf=/dev/null"), QStringLiteral("--frontend=127.0.0.1,%1").arg(port),
                         QStringLiteral("--backend=127.0.0.1,%1").arg(service.baseAddress().port()),
-                        QStringLiteral("--workers=1"), QStringLiteral("--no-ocsp"), folder.filePath(QStringLiteral("key.pem")),
-                        folder.filePath(QStringLiteral("certificate.pem"))},
+                        QStringLiteral("--workers=1"), QStringLiteral("--no-ocsp"),
+                        folder.filePath(QStringLiteral("key.pem")), folder.filePath(QStringLiteral("certificate.pem"))},
                        QProcessEnvironment::systemEnvironment(), folder.path());
     ASSERT_TRUE(waitFor([port] { return listens(port); })) << proxy.errors().constData();
 
