@@ -119,7 +119,7 @@ std::optional<QString> DesktopPictureSway::setPicture(const QString &path, const
     const std::optional<QByteArray> answer = socket.ask(SwaySocket::Message::GetOutputs);
     const QList<Screen> present = answer ? screensOf(*answer) : QList<Screen>();
     for (qsizetype index = 0; index < screens.size(); ++index) {
-        if (const auto failure = showOnScreen(socket, screens.at(index).name, present, handed.path)) {
+        if (std::optional<QString> failure = showOnScreen(socket, screens.at(index).name, present, handed.path)) {
             // Screens before this one show the copy, and so may this one when only the answer was lost.
             if (handed.isCopy && index == 0 && (!answer || socket.isConnected())) {
                 QFile::remove(handed.path);
@@ -140,7 +140,7 @@ QList<Screen> DesktopPictureSway::screensOf(const QByteArray &outputsJson)
 {
     QList<Screen> screens;
     const QJsonArray outputs = QJsonDocument::fromJson(outputsJson).array();
-    for (const QJsonValue &value : outputs) {
+    for (const QJsonValue value : outputs) {
         const QJsonObject output = value.toObject();
         const QJsonObject mode = output.value(QLatin1String("current_mode")).toObject();
         QSize pixels(mode.value(QLatin1String("width")).toInt(), mode.value(QLatin1String("height")).toInt());
@@ -163,7 +163,7 @@ std::optional<QString> DesktopPictureSway::failureOf(const QByteArray &resultsJs
     if (results.isEmpty()) {
         return QStringLiteral("sway's answer cannot be understood");
     }
-    for (const QJsonValue &result : results) {
+    for (const QJsonValue result : results) {
         if (!result.toObject().value(QLatin1String("success")).toBool()) {
             const QString words = result.toObject().value(QLatin1String("error")).toString();
             return words.isEmpty() ? QStringLiteral("sway refused the picture") : words;

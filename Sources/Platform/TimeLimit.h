@@ -21,7 +21,7 @@ template <typename Work>
 [[nodiscard]] std::optional<std::invoke_result_t<Work, std::stop_token>> withinLimit(std::chrono::milliseconds limit,
                                                                                      Work work)
 {
-    std::stop_source stop;
+    const std::stop_source stop;
     std::packaged_task<std::invoke_result_t<Work, std::stop_token>()> task(
         [work = std::move(work), token = stop.get_token()]() mutable {
             // A library that writes into a connection whose other end died must not end the program.
