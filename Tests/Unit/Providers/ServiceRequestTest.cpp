@@ -53,7 +53,7 @@ TEST(ServiceRequest, baseAddressesFromTheEnvironmentAreHttpsOrOnThisMachine)
           Case{"http://localhost.example", false}, Case{"http://127.0.0.1.example", false},
           Case{"ftp://127.0.0.1", false}, Case{"file:///etc/passwd", false}, Case{"proxy.example", false},
           Case{"https://", false}, Case{"https:///path", false}, Case{"https://a b", false},
-          Case{"http://[::2]", false}, Case{"nonsense", false}}) {
+          Case{"http://[::2]", false}, Case{"nonsense", false}, Case{"/", false}}) {
         qputenv(kGrokService.addressVariable, each.address);
         EXPECT_EQ(!addressProblem(QStringLiteral("grok")).has_value(), each.allowed) << each.address;
         EXPECT_FALSE(addressProblem(QStringLiteral("openai")).has_value());
