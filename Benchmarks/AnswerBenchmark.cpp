@@ -34,15 +34,15 @@ QByteArray randomBytes(qsizetype size)
 
 QByteArray answerWith(const QByteArray &base64)
 {
-    return R"({"candidates":[{"content":{"parts":[{"text":"here"},{"inlineData":{"mimeType":"image/png","data":")" + base64 +
-           R"("}}]}}],"usageMetadata":{"totalTokenCount":1290}})";
+    return R"({"candidates":[{"content":{"parts":[{"text":"here"},{"inlineData":{"mimeType":"image/png","data":")" +
+           base64 + R"("}}]}}],"usageMetadata":{"totalTokenCount":1290}})";
 }
 
 QByteArray decodedNaively(const QByteArray &answer)
 {
     const QString text = QJsonDocument::fromJson(answer)
-                             .object()[QLatin1String("candidates")][0][QLatin1String("content")][QLatin1String("parts")][1]
-                                      [QLatin1String("inlineData")][QLatin1String("data")]
+                             .object()[QLatin1String("candidates")][0][QLatin1String("content")][QLatin1String("parts")]
+                                      [1][QLatin1String("inlineData")][QLatin1String("data")]
                              .toString();
     return QByteArray::fromBase64(text.toLatin1());
 }
@@ -69,7 +69,8 @@ void answerToPicture(benchmark::State &state)
     double naive = 0;
     double copy = 0;
     for (auto round : state) {
-        const double seconds = secondsOf([&] { benchmark::DoNotOptimize(imageFromAnswer(answer, geminiAnswer()).bytes.size()); });
+        const double seconds =
+            secondsOf([&] { benchmark::DoNotOptimize(imageFromAnswer(answer, geminiAnswer()).bytes.size()); });
         naive += secondsOf([&] { benchmark::DoNotOptimize(decodedNaively(answer).size()); });
         copy += secondsOf([&] {
             const auto target = std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(answer.size()));
@@ -83,8 +84,10 @@ void answerToPicture(benchmark::State &state)
     state.counters["ours/copy"] = ours / copy;
     const auto size = static_cast<double>(answer.size());
     // The answer itself counts too: it is in memory all the while.
-    state.counters["peak/answer"] = 1 + peakOf([&] { benchmark::DoNotOptimize(imageFromAnswer(answer, geminiAnswer()).bytes.size()); }) / size;
-    state.counters["naive peak/answer"] = 1 + peakOf([&] { benchmark::DoNotOptimize(decodedNaively(answer).size()); }) / size;
+    state.counters["peak/answer"] =
+        1 + peakOf([&] { benchmark::DoNotOptimize(imageFromAnswer(answer, geminiAnswer()).bytes.size()); }) / size;
+    state.counters["naive peak/answer"] =
+        1 + peakOf([&] { benchmark::DoNotOptimize(decodedNaively(answer).size()); }) / size;
 }
 
 /// A PNG of 20 MB to the file on disk, beside reading its base64 text from disk and decoding it with Qt.

@@ -32,5 +32,7 @@ endif()
 
 find_program(QUORVANE_CCACHE ccache)
 if(QUORVANE_CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER "${QUORVANE_CCACHE}")
+    # Paths below the source folder count as relative, so that another checkout finds what this one compiled.
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=1
+                                    "${QUORVANE_CCACHE}")
 endif()

@@ -21,7 +21,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (!refused && url.isValid()) {
         const QUrl base(QString::fromUtf8(address), QUrl::StrictMode);
         // Nothing that a model is called leads to another host.
-        if (!isAllowedAddress(url) || (!address.isEmpty() && (url.host() != base.host() || url.port() != base.port()))) {
+        if (!isAllowedAddress(url) ||
+            (!address.isEmpty() && (url.host() != base.host() || url.port() != base.port()))) {
             std::abort();
         }
     }

@@ -20,7 +20,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     for (const AnswerFormat &format : {geminiAnswer(), grokAnswer(), openAIAnswer()}) {
         try {
             const GeneratedImage image = imageFromAnswer(answer, format);
-            if (image.bytes.size() > answer.size() || (image.extension != QLatin1String("png") && image.extension != QLatin1String("jpg"))) {
+            if (image.bytes.size() > answer.size() ||
+                (image.extension != QLatin1String("png") && image.extension != QLatin1String("jpg"))) {
                 std::abort();
             }
         } catch (const ProviderError &error) {

@@ -133,7 +133,8 @@ std::variant<CommandLine, QString> parseCommandLine(const QStringList &arguments
     if (!hasVerb) {
         return line;
     }
-    const auto *form = std::find_if(kForms.begin(), kForms.end(), [&](const Form &each) { return each.verb == line.verb; });
+    const auto *form =
+        std::find_if(kForms.begin(), kForms.end(), [&](const Form &each) { return each.verb == line.verb; });
     if (line.hidden || line.arguments.size() < form->fewest || line.arguments.size() > form->most || !hasForm(line)) {
         return Tr::tr("usage: %1").arg(usage(line.verb));
     }

@@ -110,8 +110,7 @@ QString statusText(const QJsonObject &status)
         Tr::tr("4K:           %1 (upscale method %2)")
             .arg(onOff(status.value(QLatin1String("fourKEnabled"))), text("upscaleMethod")),
         Tr::tr("NSFW:         %1").arg(onOff(status.value(QLatin1String("nsfwEnabled")))),
-        Tr::tr("Automatic:    %1, every %2")
-            .arg(onOff(status.value(QLatin1String("autoEnabled"))), text("interval")),
+        Tr::tr("Automatic:    %1, every %2").arg(onOff(status.value(QLatin1String("autoEnabled"))), text("interval")),
         Tr::tr("Wallpaper:    %1").arg(orNone(text("currentWallpaper"))),
         Tr::tr("Desktop:      %1 (%2)").arg(orNone(text("desktop")), text("desktopReason")),
         Tr::tr("Screens:      %1").arg(orNone(screens.join(QStringLiteral(", ")))),
@@ -146,7 +145,8 @@ QString historyText(const QJsonArray &history)
     QStringList lines;
     for (const QJsonValue &value : history) {
         const QJsonObject image = value.toObject();
-        const QString star = image.value(QLatin1String("favorite")).toBool() ? QStringLiteral("★ ") : QStringLiteral("  ");
+        const QString star =
+            image.value(QLatin1String("favorite")).toBool() ? QStringLiteral("★ ") : QStringLiteral("  ");
         lines.append(star + image.value(QLatin1String("file")).toString() + QStringLiteral("  ") +
                      image.value(QLatin1String("prompt")).toString().simplified());
     }

@@ -60,8 +60,8 @@ QString unknownKey(const QString &key)
 
 QStringList keys(const WallpaperManager &manager)
 {
-    QStringList all{kLastPrompt,      kFourKEnabled, kNsfwEnabled,   kProviderOverride, kAutoEnabled,
-                    kIntervalMinutes, kUpscaleMethod, kCurrentWallpaperPath};
+    QStringList all{kLastPrompt,  kFourKEnabled,    kNsfwEnabled,   kProviderOverride,
+                    kAutoEnabled, kIntervalMinutes, kUpscaleMethod, kCurrentWallpaperPath};
     for (const auto &provider : manager.providers()) {
         all.append(selectedModel(provider->id()));
     }

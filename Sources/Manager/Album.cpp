@@ -72,8 +72,8 @@ QStringList withoutHiddenOriginals(const QStringList &all, const TextMap &links)
     return shown;
 }
 
-std::vector<Album> albumsOf(const QStringList &history, const QSet<QString> &favorites,
-                            const TextMap &prompts, const CreationDateOf &creationDate)
+std::vector<Album> albumsOf(const QStringList &history, const QSet<QString> &favorites, const TextMap &prompts,
+                            const CreationDateOf &creationDate)
 {
     const auto isFavorite = [&favorites](const QString &path) { return favorites.contains(imageName(path)); };
 

@@ -168,7 +168,8 @@ class WallpaperManager : public QObject
     void startTimer();
     void stopTimer();
 
-    // --- History, favourites and albums (WallpaperManagerHistory.cpp) --------------------------------------------------
+    // --- History, favourites and albums (WallpaperManagerHistory.cpp)
+    // --------------------------------------------------
 
     /// Paths, newest first, without the originals that an enlarged variant stands for.
     [[nodiscard]] const QStringList &history() const { return m_history; }

@@ -33,8 +33,8 @@ constexpr std::array kPaintersOverRoot{
 DesktopChoice wantedDesktop(const DesktopFacts &facts)
 {
     const QString given = QStringLiteral("QUORVANE_DESKTOP is \"%1\"").arg(facts.wanted);
-    const auto *known = std::find_if(kKnownNames.begin(), kKnownNames.end(),
-                                     [&](const KnownName &entry) { return entry.name == facts.wanted; });
+    const auto *const known = std::find_if(kKnownNames.begin(), kKnownNames.end(),
+                                           [&](const KnownName &entry) { return entry.name == facts.wanted; });
     if (known == kKnownNames.end()) {
         QStringList names;
         for (const KnownName &entry : kKnownNames) {

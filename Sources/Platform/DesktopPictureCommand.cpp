@@ -16,7 +16,7 @@ namespace quorvane {
 namespace {
 
 /// A program that writes more than this to its standard error is killed.
-constexpr off_t kErrorLimitBytes = off_t{1024} * 1024;
+constexpr off_t kErrorLimitBytes = 1024L * 1024;
 /// How much of that becomes the description.
 constexpr qsizetype kDescriptionLength = 1000;
 /// How often a running program's standard error is measured.

@@ -77,6 +77,21 @@ bool contains(const QList<Screen> &screens, const QString &name)
     return std::any_of(screens.begin(), screens.end(), [&](const Screen &screen) { return screen.name == name; });
 }
 
+/// Nothing on success, as setPicture().
+std::optional<QString> showOnScreen(SwaySocket &socket, const QString &name, const QList<Screen> &present,
+                                    const QString &path)
+{
+    if (!socket.isConnected()) {
+        return socket.error();
+    }
+    const std::optional<QByteArray> command = DesktopPictureSway::commandFor(name, path);
+    if (!command || !contains(present, name)) {
+        return QStringLiteral("sway has no screen \"%1\"").arg(name); // sway itself would answer "success".
+    }
+    const std::optional<QByteArray> result = socket.ask(SwaySocket::Message::RunCommand, *command);
+    return result ? DesktopPictureSway::failureOf(*result) : socket.error();
+}
+
 } // namespace
 
 DesktopPictureSway::DesktopPictureSway(QString socketPath, QString reason, std::chrono::milliseconds limit)
@@ -103,31 +118,14 @@ std::optional<QString> DesktopPictureSway::setPicture(const QString &path, const
     SwaySocket socket(m_socketPath, QDeadlineTimer(m_limit));
     const std::optional<QByteArray> answer = socket.ask(SwaySocket::Message::GetOutputs);
     const QList<Screen> present = answer ? screensOf(*answer) : QList<Screen>();
-    std::optional<QString> failure;
-    bool isShown = false;
-    for (const Screen &screen : screens) {
-        const std::optional<QByteArray> command = commandFor(screen.name, handed.path);
-        if (!socket.isConnected()) {
-            failure = socket.error();
-        } else if (!command || !contains(present, screen.name)) {
-            // sway itself would answer "success".
-            failure = QStringLiteral("sway has no screen \"%1\"").arg(screen.name);
-        } else if (const auto result = socket.ask(SwaySocket::Message::RunCommand, *command)) {
-            failure = failureOf(*result);
-            isShown = isShown || !failure;
-        } else {
-            failure = socket.error();
-            isShown = true; // It may have been carried out before the answer was lost.
+    for (qsizetype index = 0; index < screens.size(); ++index) {
+        if (std::optional<QString> failure = showOnScreen(socket, screens.at(index).name, present, handed.path)) {
+            // Screens before this one show the copy, and so may this one when only the answer was lost.
+            if (handed.isCopy && index == 0 && (!answer || socket.isConnected())) {
+                QFile::remove(handed.path);
+            }
+            return failure;
         }
-        if (failure) {
-            break;
-        }
-    }
-    if (failure) {
-        if (handed.isCopy && !isShown) {
-            QFile::remove(handed.path);
-        }
-        return failure;
     }
     // sway reads the pictures of all screens anew at every change, so a copy goes only once no screen has it.
     const bool isEverywhere = std::all_of(present.begin(), present.end(),
@@ -142,7 +140,7 @@ QList<Screen> DesktopPictureSway::screensOf(const QByteArray &outputsJson)
 {
     QList<Screen> screens;
     const QJsonArray outputs = QJsonDocument::fromJson(outputsJson).array();
-    for (const auto &value : outputs) {
+    for (const QJsonValue value : outputs) {
         const QJsonObject output = value.toObject();
         const QJsonObject mode = output.value(QLatin1String("current_mode")).toObject();
         QSize pixels(mode.value(QLatin1String("width")).toInt(), mode.value(QLatin1String("height")).toInt());
@@ -165,7 +163,7 @@ std::optional<QString> DesktopPictureSway::failureOf(const QByteArray &resultsJs
     if (results.isEmpty()) {
         return QStringLiteral("sway's answer cannot be understood");
     }
-    for (const auto &result : results) {
+    for (const QJsonValue result : results) {
         if (!result.toObject().value(QLatin1String("success")).toBool()) {
             const QString words = result.toObject().value(QLatin1String("error")).toString();
             return words.isEmpty() ? QStringLiteral("sway refused the picture") : words;

@@ -17,7 +17,7 @@ namespace quorvane {
 namespace {
 
 /// Rows are sent in pieces of about this size, or less where the server takes less.
-constexpr qsizetype kPieceBytes = qsizetype{1024} * 1024;
+constexpr qsizetype kPieceBytes = 1024L * 1024;
 constexpr qsizetype kPutImageHeaderBytes = 32;
 
 /// Where one screen's picture goes.
@@ -34,12 +34,12 @@ void send(const X11Connection &x, xcb_pixmap_t pixmap, xcb_gcontext_t context, c
     const qsizetype requestBytes = qsizetype(xcb_get_maximum_request_length(x.get())) * 4 - kPutImageHeaderBytes;
     const qsizetype rowBytes = format.bytesPerRow(picture.width());
     const int rowsAtOnce = static_cast<int>(std::max<qsizetype>(1, std::min(requestBytes, kPieceBytes) / rowBytes));
-    for (int row = 0; row < picture.height(); row += rowsAtOnce) {
-        const int rows = std::min(rowsAtOnce, picture.height() - row);
-        const QByteArray bytes = packedRows(picture, row, rows, format);
+    for (int first = 0; first < picture.height(); first += rowsAtOnce) {
+        const int count = std::min(rowsAtOnce, picture.height() - first);
+        const QByteArray bytes = packedRows(picture, first, count, format);
         xcb_put_image(x.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, context, static_cast<uint16_t>(picture.width()),
-                      static_cast<uint16_t>(rows), static_cast<int16_t>(placement.position.x()),
-                      static_cast<int16_t>(placement.position.y() + row), 0, x.screen()->root_depth,
+                      static_cast<uint16_t>(count), static_cast<int16_t>(placement.position.x()),
+                      static_cast<int16_t>(placement.position.y() + first), 0, x.screen()->root_depth,
                       static_cast<uint32_t>(bytes.size()), reinterpret_cast<const uint8_t *>(bytes.constData()));
     }
 }

@@ -39,7 +39,7 @@ SwaySocket::SwaySocket(const QString &path, QDeadlineTimer deadline)
         m_error = QStringLiteral("sway's socket has no usable path");
         return;
     }
-    std::memcpy(address.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
+    std::memcpy(&address.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
 
     m_descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     // A listener that accepts nobody makes connect() wait; this limit is the one that the kernel applies to it.

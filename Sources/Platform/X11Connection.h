@@ -18,7 +18,7 @@ namespace quorvane {
 /// What xcb hands out to be freed.
 struct Freed
 {
-    void operator()(void *memory) const { std::free(memory); }
+    void operator()(void *memory) const { std::free(memory); } // NOLINT(cppcoreguidelines-no-malloc): xcb allocates so.
 };
 template <typename Reply> using XcbReply = std::unique_ptr<Reply, Freed>;
 

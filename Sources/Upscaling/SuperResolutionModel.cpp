@@ -1,6 +1,7 @@
 #include "Upscaling/SuperResolutionModel.h"
 
 #include "Providers/ProviderError.h"
+#include "Upscaling/EngineMemory.h"
 #include "Upscaling/TileGrid.h"
 #include "Upscaling/UpscaleErrors.h"
 
@@ -14,7 +15,6 @@
 #include <numeric>
 #include <onnxruntime_cxx_api.h>
 #include <onnxruntime_session_options_config_keys.h>
-#include <unistd.h>
 #include <vector>
 
 namespace quorvane {
@@ -98,11 +98,29 @@ QByteArray contentOf(const QString &path)
     return content;
 }
 
-/// Three quarters of the machine's memory: a hostile file ends as an error before the system has to end the program.
-std::size_t memoryBound()
+/// Lends our memory to the engine.
+struct Allocator : OrtAllocator
 {
-    return static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES)) * static_cast<std::size_t>(sysconf(_SC_PAGE_SIZE)) / 4 * 3;
-}
+    Allocator()
+        : OrtAllocator{}
+    {
+        version = ORT_API_VERSION;
+        // Declared as C functions, but called from C++ that takes exceptions from allocators.
+        OrtAllocator::Alloc = [](OrtAllocator *self, std::size_t size) {
+            return static_cast<Allocator *>(self)->memory.allocate(size);
+        };
+        OrtAllocator::Reserve = OrtAllocator::Alloc;
+        OrtAllocator::Free = [](OrtAllocator *self, void *block) {
+            static_cast<Allocator *>(self)->memory.release(block);
+        };
+        OrtAllocator::Info = [](const OrtAllocator *self) -> const OrtMemoryInfo * {
+            return static_cast<const Allocator *>(self)->info;
+        };
+    }
+
+    EngineMemory memory{engineMemoryBound()};
+    Ort::MemoryInfo info{Ort::MemoryInfo::CreateCpu(OrtDeviceAllocator, OrtMemTypeDefault)};
+};
 
 /// The engine's own errors leave this file as ours with their text unchanged.
 template <typename Call> auto passingOn(Call call)
@@ -119,14 +137,10 @@ Ort::Env quietEnvironment()
     const auto nothing = [](void *, OrtLoggingLevel, const char *, const char *, const char *, const char *) {};
     Ort::Env environment(ORT_LOGGING_LEVEL_FATAL, "quorvane", nothing, nullptr);
     environment.DisableTelemetryEvents();
-    constexpr int kDefault = -1;
-    constexpr int kExactlyAsRequested = 1;
-    const Ort::ArenaCfg arena(memoryBound(), kExactlyAsRequested, kDefault, kDefault);
-    try {
-        environment.CreateAndRegisterAllocator(Ort::MemoryInfo::CreateCpu(OrtArenaAllocator, OrtMemTypeDefault), arena);
-    } catch (const Ort::Exception &) {
-        // Another upscale is running: the engine has one environment in a process, and its allocator serves both.
-    }
+    // The engine has one environment in a process, with one allocator, which two upscales at a time share: hence the
+    // static, and hence no error when the other one has brought it already.
+    static Allocator allocator;
+    Ort::Status(Ort::GetApi().RegisterAllocator(environment, &allocator));
     return environment;
 }
 
@@ -137,6 +151,7 @@ Ort::SessionOptions optionsFor(int threads)
     options.SetInterOpNumThreads(1);
     options.SetDeterministicCompute(true);
     options.AddConfigEntry(kOrtSessionOptionsConfigUseEnvAllocators, "1");
+    options.DisableMemPattern(); // One block for everything would hold what is needed one after another.
     options.AddConfigEntry(kOrtSessionOptionsConfigLoadModelFormat, "ONNX");
     // Weights in other files are looked for below a folder that cannot be there.
     options.AddConfigEntry(kOrtSessionOptionsModelExternalInitializersFileFolderPath, "/dev/null/none");

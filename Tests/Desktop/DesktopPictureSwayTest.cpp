@@ -187,6 +187,8 @@ TEST_F(DesktopPictureSwayTest, aKilledSwayIsAnErrorAtOnceAndHasNoScreens)
     EXPECT_LT(clock.elapsed(), 5000);
     EXPECT_TRUE(failure && failure->startsWith(QStringLiteral("sway ")));
     EXPECT_EQ(m_desktop->screens(), QList<Screen>());
+    EXPECT_NE(m_desktop->setPicture(save(library(QStringLiteral("it's/two.png")), 80), screens), std::nullopt);
+    EXPECT_EQ(copies(), QStringList()) << "no failure leaves a copy behind that nobody shows";
 }
 
 TEST_F(DesktopPictureSwayTest, aSwayThatHangsIsGivenUp)

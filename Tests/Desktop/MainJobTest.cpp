@@ -44,9 +44,13 @@ class MainJobTest : public testing::Test
         environment.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
         environment.insert(QStringLiteral("QUORVANE_GEMINI_BASE_URL"), service.baseAddress().toString());
         environment.insert(QStringLiteral("SSL_CERT_FILE"), home.path() + QStringLiteral("/authority.pem"));
-        EXPECT_EQ(runQuorvane({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, environment, "KEY").status, 0);
-        const CommandRun made = runQuorvane(
-            {QStringLiteral("generate"), QStringLiteral("--prompt"), QStringLiteral("a lake"), QStringLiteral("--json")}, environment);
+        EXPECT_EQ(
+            runQuorvane({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, environment, "KEY")
+                .status,
+            0);
+        const CommandRun made = runQuorvane({QStringLiteral("generate"), QStringLiteral("--prompt"),
+                                             QStringLiteral("a lake"), QStringLiteral("--json")},
+                                            environment);
         EXPECT_EQ(made.status, 0) << made.errors.constData();
         EXPECT_EQ(made.json()[QLatin1String("status")].toString(), QStringLiteral("Wallpaper set!"));
         const QString path = made.json()[QLatin1String("file")].toString();

@@ -21,7 +21,8 @@ class CommandsTest : public testing::Test
             return image;
         });
         environment = QProcessEnvironment::systemEnvironment();
-        for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "SWAYSOCK", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"}) {
+        for (const char *name :
+             {"DISPLAY", "WAYLAND_DISPLAY", "SWAYSOCK", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"}) {
             environment.remove(QLatin1String(name));
         }
         for (const char *name : {"QUORVANE_GEMINI_BASE_URL", "QUORVANE_XAI_BASE_URL", "QUORVANE_OPENAI_BASE_URL"}) {
@@ -40,7 +41,8 @@ class CommandsTest : public testing::Test
     QString generate(const QString &prompt)
     {
         (void)run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY");
-        const CommandRun made = run({QStringLiteral("generate"), QStringLiteral("--prompt"), prompt, QStringLiteral("--json")});
+        const CommandRun made =
+            run({QStringLiteral("generate"), QStringLiteral("--prompt"), prompt, QStringLiteral("--json")});
         EXPECT_EQ(made.status, 0) << made.errors.constData();
         return made.json()[QLatin1String("file")].toString();
     }
@@ -53,8 +55,8 @@ class CommandsTest : public testing::Test
 TEST_F(CommandsTest, generateMakesAPictureAndSaysSoInJson)
 {
     ASSERT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY\n").status, 0);
-    const CommandRun made =
-        run({QStringLiteral("generate"), QStringLiteral("--prompt"), QStringLiteral("a lake"), QStringLiteral("--json")});
+    const CommandRun made = run(
+        {QStringLiteral("generate"), QStringLiteral("--prompt"), QStringLiteral("a lake"), QStringLiteral("--json")});
     EXPECT_EQ(made.status, 0);
     const QJsonObject result = made.json().toObject();
     EXPECT_EQ(result.keys(), (QStringList{QStringLiteral("file"), QStringLiteral("isError"), QStringLiteral("original"),
@@ -108,7 +110,8 @@ TEST_F(CommandsTest, keysAreListedByIdAndNeverPrinted)
     EXPECT_EQ(run({QStringLiteral("key"), QStringLiteral("list"), QStringLiteral("--json")}).output, "[]\n");
     ASSERT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("openai")}, "SECRET\n").status, 0);
     ASSERT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("grok")}, "two\n\n").status, 0);
-    EXPECT_EQ(run({QStringLiteral("key"), QStringLiteral("list"), QStringLiteral("--json")}).output, "[\"grok\",\"openai\"]\n");
+    EXPECT_EQ(run({QStringLiteral("key"), QStringLiteral("list"), QStringLiteral("--json")}).output,
+              "[\"grok\",\"openai\"]\n");
     EXPECT_EQ(run({QStringLiteral("key"), QStringLiteral("list")}).output, "grok\nopenai\n");
     const QString file = home.path() + QStringLiteral("/Library/Application Support/Quorvane/keys.json");
     // One trailing line break goes, a second one stays.
@@ -122,7 +125,8 @@ TEST_F(CommandsTest, keysAreListedByIdAndNeverPrinted)
     EXPECT_EQ(contentOf(file), "{\"grok\":\"two\\n\"}");
     EXPECT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("grok")}, "\n").status, 1);
     EXPECT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("grok")}, "\xff\xfe").status, 1);
-    EXPECT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("grok")}, QByteArray(100000, 'k')).status, 1);
+    EXPECT_EQ(
+        run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("grok")}, QByteArray(100000, 'k')).status, 1);
     EXPECT_EQ(contentOf(file), "{\"grok\":\"two\\n\"}");
 }
 
@@ -145,7 +149,8 @@ TEST_F(CommandsTest, settingsAreReadSetAndRemoved)
         EXPECT_EQ(run({QStringLiteral("settings"), key, value}).status, 0) << key.toStdString();
         EXPECT_EQ(QString::fromUtf8(run({QStringLiteral("settings"), key}).output), value + QLatin1Char('\n'));
     }
-    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("--unset"), QStringLiteral("providerOverride")}).status, 0);
+    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("--unset"), QStringLiteral("providerOverride")}).status,
+              0);
     EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("providerOverride"), QStringLiteral("--json")}).output,
               "{\"providerOverride\":\"auto\"}\n");
 }
@@ -177,13 +182,13 @@ TEST_F(CommandsTest, statusTellsEverythingThatScriptsRelyOn)
 {
     const QJsonObject status = run({QStringLiteral("status"), QStringLiteral("--json")}).json().toObject();
     const QStringList members{
-        QStringLiteral("status"), QStringLiteral("isError"), QStringLiteral("isLoading"), QStringLiteral("provider"),
-        QStringLiteral("providerName"), QStringLiteral("model"), QStringLiteral("producesNative4K"),
-        QStringLiteral("nsfwApplies"), QStringLiteral("missingKeys"), QStringLiteral("prompt"),
-        QStringLiteral("fourKEnabled"), QStringLiteral("nsfwEnabled"), QStringLiteral("providerOverride"),
-        QStringLiteral("upscaleMethod"), QStringLiteral("autoEnabled"), QStringLiteral("intervalMinutes"),
-        QStringLiteral("interval"), QStringLiteral("nextFireDate"), QStringLiteral("currentWallpaper"),
-        QStringLiteral("desktop"), QStringLiteral("screens")};
+        QStringLiteral("status"),           QStringLiteral("isError"),       QStringLiteral("isLoading"),
+        QStringLiteral("provider"),         QStringLiteral("providerName"),  QStringLiteral("model"),
+        QStringLiteral("producesNative4K"), QStringLiteral("nsfwApplies"),   QStringLiteral("missingKeys"),
+        QStringLiteral("prompt"),           QStringLiteral("fourKEnabled"),  QStringLiteral("nsfwEnabled"),
+        QStringLiteral("providerOverride"), QStringLiteral("upscaleMethod"), QStringLiteral("autoEnabled"),
+        QStringLiteral("intervalMinutes"),  QStringLiteral("interval"),      QStringLiteral("nextFireDate"),
+        QStringLiteral("currentWallpaper"), QStringLiteral("desktop"),       QStringLiteral("screens")};
     for (const QString &member : members) {
         EXPECT_TRUE(status.contains(member)) << member.toStdString();
     }
@@ -230,8 +235,9 @@ TEST_F(CommandsTest, onlyPicturesOfTheLibraryAreEverDeletedOrMarked)
     ASSERT_TRUE(putFile(outside));
     ASSERT_TRUE(putFile(home.library() + QStringLiteral("/prompts.json"), "{}"));
     for (const char *command : {"delete", "favorite"}) {
-        for (const QString &file : {outside, QStringLiteral("mine.png"), QStringLiteral("prompts.json"), QStringLiteral("."),
-                                    QStringLiteral("../Quorvane"), QStringLiteral("gone.png"), QString()}) {
+        for (const QString &file :
+             {outside, QStringLiteral("mine.png"), QStringLiteral("prompts.json"), QStringLiteral("."),
+              QStringLiteral("../Quorvane"), QStringLiteral("gone.png"), QString()}) {
             EXPECT_EQ(run({QLatin1String(command), file}).status, 1) << command << " " << file.toStdString();
         }
     }
@@ -245,11 +251,14 @@ TEST_F(CommandsTest, setTakesPathsAndNamesAndRemembersTheWallpaper)
     const QString path = generate(QStringLiteral("a lake"));
     const QString mine = home.path() + QStringLiteral("/my picture.png");
     ASSERT_TRUE(QImage(4, 4, QImage::Format_RGB32).save(mine));
-    EXPECT_EQ(run({QStringLiteral("set"), QStringLiteral("my picture.png"), QStringLiteral("--json")}).json()[QLatin1String("file")],
+    EXPECT_EQ(run({QStringLiteral("set"), QStringLiteral("my picture.png"), QStringLiteral("--json")})
+                  .json()[QLatin1String("file")],
               QJsonValue(mine));
-    EXPECT_EQ(run({QStringLiteral("status"), QStringLiteral("--json")}).json()[QLatin1String("currentWallpaper")], QJsonValue(mine));
+    EXPECT_EQ(run({QStringLiteral("status"), QStringLiteral("--json")}).json()[QLatin1String("currentWallpaper")],
+              QJsonValue(mine));
     EXPECT_EQ(run({QStringLiteral("set"), QFileInfo(path).fileName()}).output, "Wallpaper set!\n");
-    EXPECT_EQ(run({QStringLiteral("status"), QStringLiteral("--json")}).json()[QLatin1String("currentWallpaper")], QJsonValue(path));
+    EXPECT_EQ(run({QStringLiteral("status"), QStringLiteral("--json")}).json()[QLatin1String("currentWallpaper")],
+              QJsonValue(path));
     EXPECT_EQ(run({QStringLiteral("set"), QStringLiteral("gone.png")}).status, 1);
 }
 
@@ -292,13 +301,16 @@ TEST_F(CommandsTest, withoutANetworkLocalUpscalingSaysSo)
 TEST_F(CommandsTest, autoAndAutostartAreSwitches)
 {
     EXPECT_EQ(run({QStringLiteral("auto"), QStringLiteral("on")}).status, 0);
-    EXPECT_TRUE(run({QStringLiteral("status"), QStringLiteral("--json")}).json()[QLatin1String("autoEnabled")].toBool());
+    EXPECT_TRUE(
+        run({QStringLiteral("status"), QStringLiteral("--json")}).json()[QLatin1String("autoEnabled")].toBool());
     EXPECT_EQ(run({QStringLiteral("auto"), QStringLiteral("off")}).status, 0);
-    EXPECT_FALSE(run({QStringLiteral("status"), QStringLiteral("--json")}).json()[QLatin1String("autoEnabled")].toBool(true));
+    EXPECT_FALSE(
+        run({QStringLiteral("status"), QStringLiteral("--json")}).json()[QLatin1String("autoEnabled")].toBool(true));
 
     const QString entry = home.path() + QStringLiteral("/.config/autostart/app.quorvane.Quorvane.desktop");
     EXPECT_EQ(run({QStringLiteral("autostart"), QStringLiteral("on")}).status, 0);
-    EXPECT_TRUE(contentOf(entry).contains("\nExec=\"" QUORVANE_PROGRAM "\" --hidden\n")) << contentOf(entry).constData();
+    EXPECT_TRUE(contentOf(entry).contains("\nExec=\"" QUORVANE_PROGRAM "\" --hidden\n"))
+        << contentOf(entry).constData();
     EXPECT_EQ(run({QStringLiteral("autostart"), QStringLiteral("off")}).status, 0);
     EXPECT_FALSE(QFile::exists(entry));
     EXPECT_EQ(run({QStringLiteral("autostart"), QStringLiteral("off")}).status, 0);
@@ -306,10 +318,12 @@ TEST_F(CommandsTest, autoAndAutostartAreSwitches)
 
 TEST_F(CommandsTest, aWrongCommandLineEndsWithTwoAndDoesNothing)
 {
-    for (const QStringList &arguments :
-         {QStringList{QStringLiteral("paint")}, {QStringLiteral("--loud")}, {QStringLiteral("set")},
-          {QStringLiteral("generate"), QStringLiteral("extra")}, {QStringLiteral("key"), QStringLiteral("set")},
-          {QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("nobody")}}) {
+    for (const QStringList &arguments : {QStringList{QStringLiteral("paint")},
+                                         {QStringLiteral("--loud")},
+                                         {QStringLiteral("set")},
+                                         {QStringLiteral("generate"), QStringLiteral("extra")},
+                                         {QStringLiteral("key"), QStringLiteral("set")},
+                                         {QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("nobody")}}) {
         const CommandRun refused = run(arguments);
         EXPECT_EQ(refused.status, 2) << arguments.join(QLatin1Char(' ')).toStdString();
         EXPECT_TRUE(refused.errors.startsWith("quorvane: "));

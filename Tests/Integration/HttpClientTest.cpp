@@ -66,7 +66,8 @@ HttpClient::Request request(const DemoService &service, const QString &path = QS
     result.url = QUrl(service.baseAddress().toString() + path);
     result.contentType = "application/json";
     result.secret = {"Authorization", "Bearer SECRET"};
-    result.body = R"({"model":"grok-imagine-image","prompt":"p","response_format":"b64_json","n":1,"aspect_ratio":"16:9"})";
+    result.body =
+        R"({"model":"grok-imagine-image","prompt":"p","response_format":"b64_json","n":1,"aspect_ratio":"16:9"})";
     result.silenceLimit = std::chrono::milliseconds(700);
     return result;
 }
@@ -142,8 +143,9 @@ TEST_F(HttpClientTest, silenceEndsAfterTheLimit)
 
 TEST_F(HttpClientTest, aConnectionThatBreaksIsAFailureInEveryPhase)
 {
-    for (const Kind kind : {Kind::ResetOnAccept, Kind::ResetDuringRequest, Kind::ResetAfterRequest, Kind::ResetAfterHeaders,
-                            Kind::ResetMidBody, Kind::CutBody, Kind::LengthTooLarge, Kind::ChunkedCut, Kind::Garbage}) {
+    for (const Kind kind :
+         {Kind::ResetOnAccept, Kind::ResetDuringRequest, Kind::ResetAfterRequest, Kind::ResetAfterHeaders,
+          Kind::ResetMidBody, Kind::CutBody, Kind::LengthTooLarge, Kind::ChunkedCut, Kind::Garbage}) {
         const Outcome outcome = postWith(kind);
         EXPECT_FALSE(outcome.failure.isEmpty()) << static_cast<int>(kind);
         EXPECT_TRUE(outcome.answer.isEmpty());
@@ -224,9 +226,8 @@ TEST_F(HttpClientTest, olderRedirectsBecomeGetAsBrowsersDo)
 TEST_F(HttpClientTest, aRedirectToAnotherHostLosesTheKey)
 {
     DemoService other;
-    other.setResponder([](const HttpRequest & /*arrived*/) -> std::optional<WireScript> {
-        return HttpAnswer::json(200, "{}");
-    });
+    other.setResponder(
+        [](const HttpRequest & /*arrived*/) -> std::optional<WireScript> { return HttpAnswer::json(200, "{}"); });
     Misbehaviour away(Kind::Redirect);
     away.text = other.baseAddress().toEncoded() + "/elsewhere";
     EXPECT_EQ(postWith(away).answer, "{}");
@@ -259,10 +260,12 @@ TEST_F(HttpClientTest, aRedirectToAndFroDoesNotBringTheKeyBack)
 
 TEST_F(HttpClientTest, redirectsToAddressesWithoutEncryptionAreRefused)
 {
-    for (const char *target : {"http://service.example/", "ftp://127.0.0.1/", "file:///etc/passwd", "http://192.168.1.1/"}) {
+    for (const char *target :
+         {"http://service.example/", "ftp://127.0.0.1/", "file:///etc/passwd", "http://192.168.1.1/"}) {
         Misbehaviour away(Kind::Redirect);
         away.text = target;
-        EXPECT_EQ(postWith(away).failure, QStringLiteral("The service redirected to an address without encryption.")) << target;
+        EXPECT_EQ(postWith(away).failure, QStringLiteral("The service redirected to an address without encryption."))
+            << target;
     }
 }
 
@@ -348,8 +351,9 @@ TEST_F(HttpClientTlsTest, eachKindOfBadCertificateIsRefusedInItsOwnWords)
     const QString wrongHost = postTo(certificates.wrongHost(), certificates.authority()).failure;
     const QString unknown = postTo(certificates.unknownAuthority(), certificates.authority()).failure;
     EXPECT_EQ(expired, QStringLiteral("No secure connection to 127.0.0.1: The certificate has expired"));
-    EXPECT_EQ(wrongHost, QStringLiteral("No secure connection to 127.0.0.1: The host name did not match any of the valid "
-                                        "hosts for this certificate"));
+    EXPECT_EQ(wrongHost,
+              QStringLiteral("No secure connection to 127.0.0.1: The host name did not match any of the valid "
+                             "hosts for this certificate"));
     EXPECT_TRUE(unknown.startsWith(QStringLiteral("No secure connection to 127.0.0.1: "))) << unknown.toStdString();
     EXPECT_NE(unknown, expired);
     EXPECT_NE(unknown, wrongHost);

@@ -57,9 +57,9 @@ class WireScript
     [[nodiscard]] const std::vector<Step> &steps() const { return m_steps; }
 
   private:
-    WireScript &add(Step step)
+    template <typename Kind> WireScript &add(Kind step)
     {
-        m_steps.push_back(std::move(step));
+        m_steps.emplace_back(std::move(step));
         return *this;
     }
 

@@ -24,17 +24,32 @@ TEST(CommandLine, everyCommandHasItsForm)
         const char *words;
         Verb verb;
     };
-    for (const Case &each : {Case{"", Verb::Start}, Case{"--hidden", Verb::Start}, Case{"generate", Verb::Generate},
-                             Case{"generate --prompt lake", Verb::Generate}, Case{"upscale a.png", Verb::Upscale},
-                             Case{"set a.png", Verb::Set}, Case{"status", Verb::Status}, Case{"history", Verb::History},
-                             Case{"albums", Verb::Albums}, Case{"favorite a.png", Verb::Favorite},
-                             Case{"delete a.png", Verb::Delete}, Case{"settings", Verb::Settings},
-                             Case{"settings k", Verb::Settings}, Case{"settings k v", Verb::Settings},
-                             Case{"settings --unset k", Verb::Settings}, Case{"key list", Verb::Key},
-                             Case{"key set grok", Verb::Key}, Case{"key delete openai", Verb::Key}, Case{"auto on", Verb::Auto},
-                             Case{"autostart off", Verb::Autostart}, Case{"model", Verb::Model},
-                             Case{"model install f", Verb::Model}, Case{"quit", Verb::Quit}, Case{"--help", Verb::Help},
-                             Case{"set --help", Verb::Help}, Case{"--version", Verb::Version}}) {
+    for (const Case &each : {Case{"", Verb::Start},
+                             Case{"--hidden", Verb::Start},
+                             Case{"generate", Verb::Generate},
+                             Case{"generate --prompt lake", Verb::Generate},
+                             Case{"upscale a.png", Verb::Upscale},
+                             Case{"set a.png", Verb::Set},
+                             Case{"status", Verb::Status},
+                             Case{"history", Verb::History},
+                             Case{"albums", Verb::Albums},
+                             Case{"favorite a.png", Verb::Favorite},
+                             Case{"delete a.png", Verb::Delete},
+                             Case{"settings", Verb::Settings},
+                             Case{"settings k", Verb::Settings},
+                             Case{"settings k v", Verb::Settings},
+                             Case{"settings --unset k", Verb::Settings},
+                             Case{"key list", Verb::Key},
+                             Case{"key set grok", Verb::Key},
+                             Case{"key delete openai", Verb::Key},
+                             Case{"auto on", Verb::Auto},
+                             Case{"autostart off", Verb::Autostart},
+                             Case{"model", Verb::Model},
+                             Case{"model install f", Verb::Model},
+                             Case{"quit", Verb::Quit},
+                             Case{"--help", Verb::Help},
+                             Case{"set --help", Verb::Help},
+                             Case{"--version", Verb::Version}}) {
         const auto line = parsed(each.words);
         ASSERT_TRUE(line) << each.words;
         EXPECT_EQ(line->verb, each.verb) << each.words;
@@ -43,11 +58,33 @@ TEST(CommandLine, everyCommandHasItsForm)
 
 TEST(CommandLine, whatHasNoFormIsRefused)
 {
-    for (const char *words : {"paint", "--loud", "generate extra", "generate --prompt", "upscale", "set a b", "status now",
-                              "favorite", "delete", "settings a b c", "settings --unset", "settings --unset a b", "key",
-                              "key list gemini", "key set", "key set nobody", "key show grok", "auto", "auto maybe",
-                              "autostart", "model remove f", "model install", "quit now", "generate --hidden",
-                              "--hidden generate", "status --prompt x", "--prompt x"}) {
+    for (const char *words : {"paint",
+                              "--loud",
+                              "generate extra",
+                              "generate --prompt",
+                              "upscale",
+                              "set a b",
+                              "status now",
+                              "favorite",
+                              "delete",
+                              "settings a b c",
+                              "settings --unset",
+                              "settings --unset a b",
+                              "key",
+                              "key list gemini",
+                              "key set",
+                              "key set nobody",
+                              "key show grok",
+                              "auto",
+                              "auto maybe",
+                              "autostart",
+                              "model remove f",
+                              "model install",
+                              "quit now",
+                              "generate --hidden",
+                              "--hidden generate",
+                              "status --prompt x",
+                              "--prompt x"}) {
         EXPECT_FALSE(parsed(words)) << words;
     }
 }

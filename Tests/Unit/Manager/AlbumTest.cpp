@@ -112,7 +112,8 @@ TEST(Album, anOriginalIsHiddenExactlyWhileItsVariantIsThere)
     EXPECT_EQ(withoutHiddenOriginals(paths({"a3", "a2", "a1"}), links), paths({"a3", "a2"}));
     EXPECT_EQ(withoutHiddenOriginals(paths({"a3", "a1"}), links), paths({"a3", "a1"}));
     // A picture linked to itself hides itself.
-    EXPECT_EQ(withoutHiddenOriginals(paths({"a3", "a2"}), {{QStringLiteral("a2"), QStringLiteral("a2")}}), paths({"a3"}));
+    EXPECT_EQ(withoutHiddenOriginals(paths({"a3", "a2"}), {{QStringLiteral("a2"), QStringLiteral("a2")}}),
+              paths({"a3"}));
 }
 
 } // namespace quorvane

@@ -18,8 +18,8 @@ TEST(IntervalLabel, everyOfferedIntervalHasItsLabel)
 TEST(IntervalLabel, minutesNeverStandBesideHours)
 {
     const QList<std::pair<qint64, QString>> cases{
-        {-5, QStringLiteral("-5 min")},  {0, QStringLiteral("0 min")},    {59, QStringLiteral("59 min")},
-        {60, QStringLiteral("1 hour")},  {90, QStringLiteral("1 hour")},  {119, QStringLiteral("1 hour")},
+        {-5, QStringLiteral("-5 min")},   {0, QStringLiteral("0 min")},     {59, QStringLiteral("59 min")},
+        {60, QStringLiteral("1 hour")},   {90, QStringLiteral("1 hour")},   {119, QStringLiteral("1 hour")},
         {120, QStringLiteral("2 hours")}, {150, QStringLiteral("2 hours")}, {1000000, QStringLiteral("16666 hours")}};
     for (const auto &[minutes, label] : cases) {
         EXPECT_EQ(formatInterval(minutes), label);

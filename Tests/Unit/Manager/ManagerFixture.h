@@ -49,7 +49,8 @@ class ManagerTest : public testing::Test
         manager.reset();
         http = std::make_unique<HttpClient>();
         defaults = std::make_unique<UserDefaults>();
-        ManagerServices services{defaults.get(), http.get(), &desktop, &secrets, localUpscale, [this] { return tick(); }};
+        ManagerServices services{defaults.get(), http.get(),   &desktop,
+                                 &secrets,       localUpscale, [this] { return tick(); }};
         manager = std::make_unique<WallpaperManager>(std::move(services));
         QObject::connect(manager.get(), &WallpaperManager::statusChanged, manager.get(),
                          [this, each = manager.get()] { statuses.append(each->status()); });
@@ -108,8 +109,8 @@ class ManagerTest : public testing::Test
     RecordingDesktop desktop;
     EmptySecretStore secrets;
     int secondsPerTick = 1;
-    LocalUpscale localUpscale = [](QByteArray image, std::stop_token, std::function<void(UpscaleProgress)> progress)
-        -> QCoro::Task<UpscaledImage> {
+    LocalUpscale localUpscale = [](QByteArray image, std::stop_token,
+                                   std::function<void(UpscaleProgress)> progress) -> QCoro::Task<UpscaledImage> {
         progress({1, 1, std::nullopt});
         co_return UpscaledImage{"4K of " + image, QStringLiteral("png")};
     };

@@ -51,7 +51,8 @@ TEST_F(WallpaperManagerGenerateTest, geminiWith4KMakesOneFileAndNoLink)
 {
     start().setFourKEnabled(true);
     generate();
-    EXPECT_EQ(files(), (QStringList{QStringLiteral("prompts.json"), QStringLiteral("wallpaper_2026-01-31_23-59-01.png")}));
+    EXPECT_EQ(files(),
+              (QStringList{QStringLiteral("prompts.json"), QStringLiteral("wallpaper_2026-01-31_23-59-01.png")}));
     EXPECT_EQ(manager->status(), QStringLiteral("Wallpaper set!"));
 }
 
@@ -70,7 +71,8 @@ TEST_F(WallpaperManagerGenerateTest, grokWith4KLocallySavesTheOriginalThenTheUps
     EXPECT_EQ(manager->history(), QStringList{inLibrary(upscaled.toLatin1())});
     EXPECT_EQ(manager->currentWallpaperURL(), inLibrary(upscaled.toLatin1()));
     EXPECT_EQ(result.original, inLibrary(original.toLatin1()));
-    EXPECT_EQ(statuses, (QStringList{QString(), QStringLiteral("Upscaling to 4K (local)..."), QStringLiteral("Wallpaper set!")}));
+    EXPECT_EQ(statuses,
+              (QStringList{QString(), QStringLiteral("Upscaling to 4K (local)..."), QStringLiteral("Wallpaper set!")}));
     EXPECT_FALSE(manager->progress());
 }
 
@@ -84,7 +86,8 @@ TEST_F(WallpaperManagerGenerateTest, grokWith4KRemotelyAsksGemini)
     EXPECT_EQ(requests.at(0).header("Authorization"), "Bearer key of grok");
     EXPECT_EQ(requests.at(1).path, "/v1beta/models/gemini-3-pro-image-preview:generateContent");
     EXPECT_EQ(requests.at(1).header("x-goog-api-key"), "key of gemini");
-    EXPECT_EQ(statuses, (QStringList{QString(), QStringLiteral("Upscaling to 4K..."), QStringLiteral("Wallpaper set!")}));
+    EXPECT_EQ(statuses,
+              (QStringList{QString(), QStringLiteral("Upscaling to 4K..."), QStringLiteral("Wallpaper set!")}));
     EXPECT_EQ(manager->history(), QStringList{inLibrary("wallpaper_2026-01-31_23-59-02.png")});
 }
 
@@ -97,7 +100,8 @@ TEST_F(WallpaperManagerGenerateTest, withoutAGeminiKeyTheOriginalIsSavedTwiceAnd
     const QByteArray first = contentOf(inLibrary("wallpaper_2026-01-31_23-59-01.jpg"));
     EXPECT_FALSE(first.isEmpty());
     EXPECT_EQ(contentOf(inLibrary("wallpaper_2026-01-31_23-59-02.jpg")), first);
-    EXPECT_EQ(sideFile("variants.json"), R"({"wallpaper_2026-01-31_23-59-01.jpg":"wallpaper_2026-01-31_23-59-02.jpg"})");
+    EXPECT_EQ(sideFile("variants.json"),
+              R"({"wallpaper_2026-01-31_23-59-01.jpg":"wallpaper_2026-01-31_23-59-02.jpg"})");
     EXPECT_EQ(statuses, (QStringList{QString(), QStringLiteral("Wallpaper set!")}));
     EXPECT_EQ(service.requests().size(), 1);
 }
@@ -109,7 +113,8 @@ TEST_F(WallpaperManagerGenerateTest, twoSavesInOneSecondLinkThePictureToItselfAn
     start().setFourKEnabled(true);
     manager->setProviderOverride(QStringLiteral("grok"));
     generate();
-    EXPECT_EQ(sideFile("variants.json"), R"({"wallpaper_2026-01-31_23-59-00.jpg":"wallpaper_2026-01-31_23-59-00.jpg"})");
+    EXPECT_EQ(sideFile("variants.json"),
+              R"({"wallpaper_2026-01-31_23-59-00.jpg":"wallpaper_2026-01-31_23-59-00.jpg"})");
     EXPECT_TRUE(manager->history().isEmpty());
     EXPECT_EQ(manager->status(), QStringLiteral("Wallpaper set!"));
     EXPECT_EQ(manager->currentWallpaperURL(), inLibrary("wallpaper_2026-01-31_23-59-00.jpg"));
@@ -128,15 +133,17 @@ TEST_F(WallpaperManagerGenerateTest, aFailedUpscaleIsAWarningAndTheOriginalIsUse
     QObject::connect(manager.get(), &WallpaperManager::statusChanged, manager.get(),
                      [&] { errors.append(manager->isError()); });
     generate();
-    EXPECT_EQ(statuses,
-              (QStringList{QString(), QStringLiteral("Upscaling to 4K (local)..."),
-                           QStringLiteral("Local upscale failed, using original — Invalid response: RealESRGAN model not "
-                                          "found in app bundle"),
-                           QStringLiteral("Wallpaper set!")}));
+    EXPECT_EQ(
+        statuses,
+        (QStringList{QString(), QStringLiteral("Upscaling to 4K (local)..."),
+                     QStringLiteral("Local upscale failed, using original — Invalid response: RealESRGAN model not "
+                                    "found in app bundle"),
+                     QStringLiteral("Wallpaper set!")}));
     EXPECT_FALSE(errors.contains(true));
     EXPECT_EQ(contentOf(inLibrary("wallpaper_2026-01-31_23-59-01.jpg")),
               contentOf(inLibrary("wallpaper_2026-01-31_23-59-02.jpg")));
-    EXPECT_EQ(sideFile("variants.json"), R"({"wallpaper_2026-01-31_23-59-01.jpg":"wallpaper_2026-01-31_23-59-02.jpg"})");
+    EXPECT_EQ(sideFile("variants.json"),
+              R"({"wallpaper_2026-01-31_23-59-01.jpg":"wallpaper_2026-01-31_23-59-02.jpg"})");
 }
 
 TEST_F(WallpaperManagerGenerateTest, aFailedRemoteUpscaleIsAWarningToo)
@@ -199,7 +206,8 @@ TEST_F(WallpaperManagerGenerateTest, anAddressThatIsNotAllowedIsToldBeforeTheKey
     qputenv("QUORVANE_GEMINI_BASE_URL", "http://service.example");
     start();
     generate();
-    EXPECT_EQ(manager->status(), QStringLiteral("QUORVANE_GEMINI_BASE_URL must be an https address, or http on this machine."));
+    EXPECT_EQ(manager->status(),
+              QStringLiteral("QUORVANE_GEMINI_BASE_URL must be an https address, or http on this machine."));
     EXPECT_TRUE(manager->isError());
     EXPECT_FALSE(manager->isLoading());
 }
@@ -326,7 +334,8 @@ TEST_F(WallpaperManagerGenerateTest, goingWhileARequestRunsLeavesNothing)
 
 TEST_F(WallpaperManagerGenerateTest, goingWhileAnUpscaleRunsKeepsTheOriginal)
 {
-    localUpscale = [](QByteArray, std::stop_token stop, std::function<void(UpscaleProgress)>) -> QCoro::Task<UpscaledImage> {
+    localUpscale = [](QByteArray, std::stop_token stop,
+                      std::function<void(UpscaleProgress)>) -> QCoro::Task<UpscaledImage> {
         auto work = [stop] {
             std::mutex mutex;
             std::condition_variable_any stopped;
@@ -344,7 +353,8 @@ TEST_F(WallpaperManagerGenerateTest, goingWhileAnUpscaleRunsKeepsTheOriginal)
     manager->generateAndSet();
     ASSERT_TRUE(waitFor([this] { return manager->status().startsWith(QStringLiteral("Upscaling")); }));
     manager.reset();
-    EXPECT_EQ(files(), (QStringList{QStringLiteral("prompts.json"), QStringLiteral("wallpaper_2026-01-31_23-59-01.jpg")}));
+    EXPECT_EQ(files(),
+              (QStringList{QStringLiteral("prompts.json"), QStringLiteral("wallpaper_2026-01-31_23-59-01.jpg")}));
     EXPECT_TRUE(desktop.shown().isEmpty());
 }
 
@@ -372,8 +382,9 @@ TEST_F(WallpaperManagerGenerateTest, aKeyThatWouldBeginAnotherHeaderIsNotSent)
     Keychain::save(QStringLiteral("K\r\nX-Evil: 1"), QStringLiteral("gemini"));
     start();
     generate();
-    EXPECT_EQ(manager->status(),
-              QStringLiteral("Network error: The stored API key has a character that cannot be sent. Save the key again."));
+    EXPECT_EQ(
+        manager->status(),
+        QStringLiteral("Network error: The stored API key has a character that cannot be sent. Save the key again."));
     EXPECT_TRUE(service.requests().isEmpty());
 }
 

@@ -100,11 +100,11 @@ TEST_F(WallpaperManagerTest, theProviderFollowsTheOverrideThenTheNsfwSwitch)
         bool applies;
     };
     start();
-    for (const Case &each : {Case{"auto", false, "gemini", true}, Case{"auto", true, "grok", true},
-                             Case{"grok", false, "grok", true}, Case{"grok", true, "grok", true},
-                             Case{"gemini", true, "gemini", false}, Case{"openai", true, "openai", false},
-                             Case{"openai", false, "openai", false}, Case{"nobody", true, "gemini", false},
-                             Case{"", false, "gemini", false}}) {
+    for (const Case &each :
+         {Case{"auto", false, "gemini", true}, Case{"auto", true, "grok", true}, Case{"grok", false, "grok", true},
+          Case{"grok", true, "grok", true}, Case{"gemini", true, "gemini", false},
+          Case{"openai", true, "openai", false}, Case{"openai", false, "openai", false},
+          Case{"nobody", true, "gemini", false}, Case{"", false, "gemini", false}}) {
         manager->setProviderOverride(QLatin1String(each.override));
         manager->setNsfwEnabled(each.nsfw);
         EXPECT_EQ(manager->resolvedProvider().id(), QLatin1String(each.provider)) << each.override << each.nsfw;

@@ -48,7 +48,8 @@ TEST_F(WallpaperManagerUpscaleTest, locallyItNeedsNoKeyAndTheCopyIsAPng)
     defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
     upscale(path);
     const QString copy = home.library() + QStringLiteral("/wallpaper_2026-01-31_23-59-01.png");
-    EXPECT_EQ(statuses, (QStringList{QString(), QStringLiteral("Upscaling to 4K (local)..."), QStringLiteral("Wallpaper set!")}));
+    EXPECT_EQ(statuses,
+              (QStringList{QString(), QStringLiteral("Upscaling to 4K (local)..."), QStringLiteral("Wallpaper set!")}));
     EXPECT_EQ(contentOf(copy), "4K of " + contentOf(path));
     EXPECT_EQ(manager->currentWallpaperURL(), copy);
     EXPECT_EQ(manager->history(), QStringList{copy});

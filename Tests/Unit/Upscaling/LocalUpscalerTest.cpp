@@ -156,6 +156,18 @@ TEST(LocalUpscaler, theBytesDoNotDependOnTheNumberOfThreads)
     }
 }
 
+TEST(LocalUpscaler, twoUpscalesAtATimeDoNotDisturbEachOther)
+{
+    const HomeWithModel home("nearest");
+    const QImage one = positions(700, 30);
+    const QImage other = positions(30, 1100);
+    UpscaleOutcome second;
+    const auto startSecond = [&] { second = upscale(encoded(other)); };
+    const UpscaleOutcome first = upscale(encoded(one), {}, startSecond);
+    EXPECT_EQ(text(firstDifference(decoded(first.png), one)), "");
+    EXPECT_EQ(text(firstDifference(decoded(second.png), other)), "");
+}
+
 TEST(LocalUpscaler, transparencyIsEnlargedBesideTheColors)
 {
     const HomeWithModel home("nearest");

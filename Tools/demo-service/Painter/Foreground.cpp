@@ -1,5 +1,4 @@
-// What stands close by: single trees near one edge, dark against the light behind them, and a bank of grass before
-// water. A tree is a test for a place, inside or not; only its bounding box is looked at.
+// What is close by: a shore before the water, and trees near one edge.
 
 #include "demo-service/Painter/Foreground.h"
 

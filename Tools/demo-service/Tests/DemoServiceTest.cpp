@@ -189,6 +189,14 @@ TEST(DemoService, everyRequestIsRecordedAsItCame)
     EXPECT_TRUE(service.requests().isEmpty());
 }
 
+TEST(DemoService, aRequestOfManyMegabytesArrivesWhole)
+{
+    const DemoService service;
+    const QByteArray body(40'000'000, ' ');
+    EXPECT_EQ(refusalStatus(service, postRequest("/v1/images/generations", "Authorization: Bearer key", body)), 400);
+    EXPECT_EQ(service.requests().constFirst().body, body);
+}
+
 TEST(DemoService, aResponderComesFirstAndMayDecline)
 {
     DemoService service;

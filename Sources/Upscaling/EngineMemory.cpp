@@ -1,0 +1,50 @@
+#include "Upscaling/EngineMemory.h"
+
+#include <cstdlib>
+#include <malloc.h>
+#include <stdexcept>
+#include <string>
+#include <sys/mman.h>
+#include <unistd.h>
+
+namespace quorvane {
+
+namespace {
+
+constexpr std::size_t kVectorAlignment = 64;
+constexpr std::size_t kLargePage = std::size_t(2) << 20;
+
+} // namespace
+
+EngineMemory::EngineMemory(std::size_t bound)
+    : m_bound(bound)
+{
+}
+
+void *EngineMemory::allocate(std::size_t size)
+{
+    const bool large = size >= 2 * kLargePage;
+    void *memory = nullptr;
+    if (size > m_bound || m_used + size > m_bound ||
+        posix_memalign(&memory, large ? kLargePage : kVectorAlignment, size) != 0) {
+        throw std::runtime_error("The model needs more than " + std::to_string(m_bound >> 20) + " MB of memory");
+    }
+    if (large) {
+        madvise(memory, size, MADV_HUGEPAGE);
+    }
+    m_used += malloc_usable_size(memory);
+    return memory;
+}
+
+void EngineMemory::release(void *memory)
+{
+    m_used -= malloc_usable_size(memory);
+    std::free(memory);
+}
+
+std::size_t engineMemoryBound()
+{
+    return static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES)) * static_cast<std::size_t>(sysconf(_SC_PAGE_SIZE)) / 4 * 3;
+}
+
+} // namespace quorvane
