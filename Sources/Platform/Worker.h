@@ -40,9 +40,7 @@ template <typename Work> [[nodiscard]] QCoro::Task<std::invoke_result_t<Work>> o
             outcome->failure = std::current_exception();
         }
         // What work holds goes on this thread, before the other one is told.
-        {
-            const Work done = std::move(work);
-        }
+        static_cast<void>(Work(std::move(work)));
         ThreadHandover::giving(outcome.get());
     };
     ThreadHandover::giving(outcome.get());

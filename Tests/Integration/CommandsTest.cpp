@@ -7,6 +7,10 @@
 
 #include <QImage>
 #include <QJsonObject>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+#include <memory>
 
 namespace quorvane {
 
@@ -314,6 +318,29 @@ TEST_F(CommandsTest, autoAndAutostartAreSwitches)
     EXPECT_EQ(run({QStringLiteral("autostart"), QStringLiteral("off")}).status, 0);
     EXPECT_FALSE(QFile::exists(entry));
     EXPECT_EQ(run({QStringLiteral("autostart"), QStringLiteral("off")}).status, 0);
+}
+
+TEST_F(CommandsTest, theSystemsProxyIsAsked)
+{
+    QTcpServer proxy;
+    ASSERT_TRUE(proxy.listen(QHostAddress::LocalHost));
+    environment.insert(QStringLiteral("https_proxy"), QStringLiteral("http://127.0.0.1:%1").arg(proxy.serverPort()));
+    environment.insert(QStringLiteral("QUORVANE_GEMINI_BASE_URL"), QStringLiteral("https://service.example"));
+    ASSERT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status, 0);
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(QUORVANE_PROGRAM), {QStringLiteral("generate")});
+    ASSERT_TRUE(proxy.waitForNewConnection(10000));
+    const std::unique_ptr<QTcpSocket> connection(proxy.nextPendingConnection());
+    ASSERT_TRUE(connection->waitForReadyRead(10000));
+    const QByteArray asked = connection->readAll();
+    EXPECT_TRUE(asked.startsWith("CONNECT service.example:443 ")) << asked.constData();
+    EXPECT_FALSE(asked.contains("KEY"));
+    connection->write("HTTP/1.1 502 Bad Gateway\r\nContent-Length: 0\r\n\r\n");
+    connection->waitForBytesWritten();
+    connection->disconnectFromHost();
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_TRUE(process.readAllStandardOutput().startsWith("Network error: "));
 }
 
 TEST_F(CommandsTest, aWrongCommandLineEndsWithTwoAndDoesNothing)
