@@ -3,10 +3,10 @@
 #include "Manager/WallpaperManager.h"
 
 #include "Manager/SettingsKeys.h"
-#include "Platform/AtomicFile.h"
 #include "Platform/HttpClient.h"
 #include "Platform/SecretStore.h"
 #include "Platform/UserDefaults.h"
+#include "Platform/Worker.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
 
@@ -47,6 +47,7 @@ WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
     }
     Keychain::migrateLegacyKey(*m_services.legacyKeys);
     reloadHistory();
+    m_scope.start(removingAbandonedFiles());
     if (m_autoEnabled) {
         startTimer();
     }
@@ -208,6 +209,16 @@ QStringList WallpaperManager::missingKeys() const
         missing.append(QStringLiteral("Gemini (for 4K upscale)"));
     }
     return missing;
+}
+
+/// Half-written files of a killed run, on the library's thread after whatever the start needs.
+QCoro::Task<> WallpaperManager::removingAbandonedFiles()
+{
+    auto remove = [] {
+        ImageStore::removeAbandonedTemporaries();
+        Keychain::removeAbandonedTemporaries();
+    };
+    co_await onWorker(&m_libraryThread, std::move(remove));
 }
 
 void WallpaperManager::waitUntilIdle()

@@ -224,6 +224,7 @@ class WallpaperManager : public QObject
 
     [[nodiscard]] const ImageProvider *providerWithId(const QString &id) const;
 
+    [[nodiscard]] QCoro::Task<> removingAbandonedFiles();
     [[nodiscard]] QCoro::Task<> generating(Generation run);
     [[nodiscard]] QCoro::Task<FinalImage> upscaledOrOriginal(GeneratedImage generated);
     [[nodiscard]] QCoro::Task<UpscaledImage> upscaleLocally(QByteArray image);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/ThreadHandover.h"
+
 #include <QCoroFuture>
 #include <QCoroTask>
 #include <QThreadPool>
@@ -26,6 +28,7 @@ template <typename Work> [[nodiscard]] QCoro::Task<std::invoke_result_t<Work>> o
     };
     auto outcome = std::make_shared<Outcome>();
     auto body = [outcome, work = std::move(work)]() mutable {
+        ThreadHandover::taking(outcome.get());
         try {
             if constexpr (std::is_void_v<Result>) {
                 work();
@@ -36,9 +39,16 @@ template <typename Work> [[nodiscard]] QCoro::Task<std::invoke_result_t<Work>> o
         } catch (...) {
             outcome->failure = std::current_exception();
         }
+        // What work holds goes on this thread, before the other one is told.
+        {
+            const Work done = std::move(work);
+        }
+        ThreadHandover::giving(outcome.get());
     };
+    ThreadHandover::giving(outcome.get());
     QFuture<void> future = QtConcurrent::run(pool, std::move(body));
     co_await future;
+    ThreadHandover::taking(outcome.get());
     auto &value = outcome->value;
     if (!value) {
         std::rethrow_exception(outcome->failure);

@@ -23,10 +23,13 @@ struct Tr
 QString baseAddress(const Service &service)
 {
     QString address = qEnvironmentVariable(service.addressVariable);
+    if (address.isEmpty()) {
+        return QLatin1String(service.baseAddress);
+    }
     while (address.endsWith(QLatin1Char('/'))) {
         address.chop(1);
     }
-    return address.isEmpty() ? QLatin1String(service.baseAddress) : address;
+    return address;
 }
 
 // A line break in a header would begin a header of its own.

@@ -86,8 +86,9 @@ QCoro::Task<UpscaledImage> localUpscaleImage(QByteArray encoded, std::stop_token
         options.onProgress = std::move(tellHere);
     }
     auto work = [encoded = std::move(encoded), options = std::move(options)]() mutable {
-        lowerThreadPriority();
+        // Decoding takes a moment and may start threads of Qt's shared pool, which would inherit low priority.
         const QImage image = decodeImage(std::exchange(encoded, {}));
+        lowerThreadPriority();
         if (image.isNull()) {
             throw ProviderError::invalidResponse(QStringLiteral("Failed to decode image for upscaling"));
         }

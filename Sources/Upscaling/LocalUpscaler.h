@@ -19,8 +19,8 @@ class SuperResolutionModel;
 /// How far an upscale is. Only goes forward.
 struct UpscaleProgress
 {
-    int tilesDone;
-    int tilesTotal;
+    int tilesDone = 0;
+    int tilesTotal = 0;
     /// As the tiles so far took; nothing before the first one is done.
     std::optional<std::chrono::milliseconds> remaining;
 };

@@ -25,7 +25,7 @@ void require(int result)
 }
 
 /// Called from C, so nothing may be thrown through it.
-int append(spng_ctx *, void *file, void *bytes, std::size_t size)
+int append(spng_ctx * /*context*/, void *file, void *bytes, std::size_t size)
 {
     try {
         static_cast<QByteArray *>(file)->append(static_cast<const char *>(bytes), static_cast<qsizetype>(size));

@@ -55,12 +55,11 @@ QString shapeText(std::span<const std::int64_t> shape)
 struct Port
 {
     std::string name;
-    ONNXTensorElementDataType type;
+    ONNXTensorElementDataType type = ONNX_TENSOR_ELEMENT_DATA_TYPE_UNDEFINED;
     std::vector<std::int64_t> shape; ///< Negative for a side of any length; empty when the file does not say.
 
     Port(std::string portName, const Ort::TypeInfo &info)
         : name(std::move(portName))
-        , type(ONNX_TENSOR_ELEMENT_DATA_TYPE_UNDEFINED)
     {
         if (info.GetONNXType() == ONNX_TYPE_TENSOR) {
             const auto tensor = info.GetTensorTypeAndShapeInfo();
@@ -90,7 +89,7 @@ QByteArray contentOf(const QString &path)
         throw ModelError(QStringLiteral("The model cannot be read: %1").arg(file.errorString()).toStdString());
     }
     // Devices and pipes have no size to check, so the limit counts while reading as well.
-    const QByteArray content = file.size() > kLargestFile ? QByteArray() : file.read(kLargestFile + 1);
+    QByteArray content = file.size() > kLargestFile ? QByteArray() : file.read(kLargestFile + 1);
     if (content.isEmpty() || content.size() > kLargestFile) {
         refuse(QStringLiteral("its file has %1 bytes").arg(file.size()),
                QStringLiteral("an ONNX file of at most %1").arg(kLargestFile));

@@ -196,6 +196,17 @@ TEST_F(WallpaperManagerTest, aDeletedCurrentWallpaperStaysUnsetAndItsPathStored)
     EXPECT_EQ(defaults->text(SettingsKeys::kCurrentWallpaperPath), QStringLiteral("/nowhere/a.png"));
 }
 
+TEST_F(WallpaperManagerTest, whatAKilledRunLeftHalfWrittenIsRemovedAtTheStart)
+{
+    const QString leftover = ImageStore::directory() + QStringLiteral("/.a.png.XyZ123.quorvane-tmp");
+    QFile file(leftover);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
+    start();
+    manager->waitUntilIdle();
+    EXPECT_FALSE(QFile::exists(leftover));
+}
+
 TEST_F(WallpaperManagerTest, automaticModeStartsTheScheduleAtLaunchAndGeneratesNothing)
 {
     store(SettingsKeys::kAutoEnabled, true);

@@ -46,14 +46,26 @@ TEST(ServiceRequest, baseAddressesFromTheEnvironmentAreHttpsOrOnThisMachine)
         const char *address;
         bool allowed;
     };
-    for (const Case &each :
-         {Case{"", true}, Case{"https://proxy.example", true}, Case{"https://proxy.example/base/", true},
-          Case{"http://127.0.0.1:8080", true}, Case{"http://127.1.2.3", true}, Case{"http://[::1]:8080", true},
-          Case{"http://localhost:8080", true}, Case{"http://proxy.example", false}, Case{"http://192.168.1.1", false},
-          Case{"http://localhost.example", false}, Case{"http://127.0.0.1.example", false},
-          Case{"ftp://127.0.0.1", false}, Case{"file:///etc/passwd", false}, Case{"proxy.example", false},
-          Case{"https://", false}, Case{"https:///path", false}, Case{"https://a b", false},
-          Case{"http://[::2]", false}, Case{"nonsense", false}}) {
+    for (const Case &each : {Case{"", true},
+                             Case{"https://proxy.example", true},
+                             Case{"https://proxy.example/base/", true},
+                             Case{"http://127.0.0.1:8080", true},
+                             Case{"http://127.1.2.3", true},
+                             Case{"http://[::1]:8080", true},
+                             Case{"http://localhost:8080", true},
+                             Case{"http://proxy.example", false},
+                             Case{"http://192.168.1.1", false},
+                             Case{"http://localhost.example", false},
+                             Case{"http://127.0.0.1.example", false},
+                             Case{"ftp://127.0.0.1", false},
+                             Case{"file:///etc/passwd", false},
+                             Case{"proxy.example", false},
+                             Case{"https://", false},
+                             Case{"https:///path", false},
+                             Case{"https://a b", false},
+                             Case{"http://[::2]", false},
+                             Case{"nonsense", false},
+                             Case{"/", false}}) {
         qputenv(kGrokService.addressVariable, each.address);
         EXPECT_EQ(!addressProblem(QStringLiteral("grok")).has_value(), each.allowed) << each.address;
         EXPECT_FALSE(addressProblem(QStringLiteral("openai")).has_value());

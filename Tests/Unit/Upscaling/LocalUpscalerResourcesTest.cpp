@@ -2,7 +2,9 @@
 #include "Unit/Upscaling/UpscalingTestSupport.h"
 #include "Upscaling/ImageDecoding.h"
 #include "Upscaling/LocalUpscaler.h"
+#include "Upscaling/ModelFiles.h"
 
+#include <QDirIterator>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -73,6 +75,19 @@ TEST(LocalUpscalerResources, aFourKPictureSucceedsWithinTwoGigabytesAndMemoryFol
         EXPECT_LT(peak, 2048 * kMegabyte);
     }
     EXPECT_EQ(text(firstDifference(decoded(outcome.png), source)), "");
+}
+
+TEST(LocalUpscalerResources, anUpscaleLeavesNoFilesBehind)
+{
+    // An engine with telemetry keeps an identity and a store of events in the user's cache folder.
+    const HomeWithModel home("nearest");
+    ASSERT_EQ(text(upscale(encoded(positions(4, 4))).error), "");
+    QStringList files;
+    QDirIterator entries(home.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        files.append(entries.next());
+    }
+    EXPECT_EQ(files, QStringList{userModelPath()});
 }
 
 TEST(LocalUpscalerResources, everyThreadOfAnUpscaleHasLowPriorityAndIsGoneAfterwards)

@@ -148,11 +148,12 @@ TEST(SuperResolutionModel, aStopRequestEndsARunInsideTheTile)
 
 TEST(SuperResolutionModel, itsThreadsEndWithIt)
 {
+    const std::vector<float> tile = sampleTile();
     const QSet<QString> before = threads();
     QSet<QString> during;
     {
         SuperResolutionModel model(modelFile("convolutions"), 4);
-        static_cast<void>(model.run(sampleTile(), {}));
+        static_cast<void>(model.run(tile, {}));
         during = threads() - before;
     }
     EXPECT_GE(during.size(), 3);
