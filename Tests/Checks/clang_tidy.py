@@ -67,8 +67,12 @@ def main():
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         jobs = [pool.submit(check, program, version, build, entry, read.get(entry["file"], []))
                 for entry in entries]
-        problems = [job.result() for job in jobs if job.result()]
-    print("".join(problems) + f"{len(entries)} files, {len(problems)} with problems")
+        problems = 0
+        for job in jobs:
+            if job.result():
+                problems += 1
+                print(job.result(), end="", flush=True)
+    print(f"{len(entries)} files, {problems} with problems")
     return 1 if problems or not entries else 0
 
 
