@@ -5,9 +5,13 @@
 #include "Support/PrivateSway.h"
 #include "Support/PrivateXServer.h"
 
+#include <QFile>
 #include <QLibraryInfo>
 
 #include <gtest/gtest.h>
+
+#include <memory>
+#include <utility>
 
 namespace quorvane {
 
@@ -45,10 +49,9 @@ class ScreensX11Test : public testing::Test
         }
         m_server = std::make_unique<PrivateXServer>(kRoot);
         ASSERT_TRUE(m_server->isReady());
-        ASSERT_TRUE(m_server->addMonitor(QStringLiteral("LEFT"), kLeft));
-        m_probe = probe(m_server->clientEnvironment(), QStringLiteral("xcb"));
-        ASSERT_EQ(m_probe->readLine(), "0 LEFT=800x450+0+0") << m_probe->errors().constData();
     }
+
+    void listen() { m_probe = probe(m_server->clientEnvironment(), QStringLiteral("xcb")); }
 
     [[nodiscard]] bool xrandr(const QStringList &arguments) const
     {
@@ -101,17 +104,32 @@ TEST(Screens, aProgramWithoutWindowsHasNone)
     EXPECT_EQ(makeScreens(), nullptr);
 }
 
-TEST_F(ScreensX11Test, monitorsThatComeAndGoAndChangeAreEachToldOnce)
+TEST_F(ScreensX11Test, monitorsThatComeAndGoAreEachToldOnce)
 {
+    ASSERT_TRUE(m_server->addMonitor(QStringLiteral("LEFT"), kLeft));
+    listen();
+    ASSERT_EQ(m_probe->readLine(), "0 LEFT=800x450+0+0") << m_probe->errors().constData();
     ASSERT_TRUE(m_server->addMonitor(QStringLiteral("RIGHT"), kRight));
     EXPECT_EQ(m_probe->readLine(), "1 LEFT=800x450+0+0 RIGHT=400x600+800+100");
-    ASSERT_TRUE(xrandr({QStringLiteral("--setmonitor"), QStringLiteral("RIGHT"),
-                        QStringLiteral("300/200x500/200+800+0"), QStringLiteral("none")}));
-    EXPECT_EQ(m_probe->readLine(), "2 LEFT=800x450+0+0 RIGHT=300x500+800+0");
     ASSERT_TRUE(xrandr({QStringLiteral("--delmonitor"), QStringLiteral("RIGHT")}));
-    EXPECT_EQ(m_probe->readLine(), "3 LEFT=800x450+0+0");
+    EXPECT_EQ(m_probe->readLine(), "2 LEFT=800x450+0+0");
     ASSERT_TRUE(m_server->addMonitor(QStringLiteral("RIGHT"), kRight));
-    EXPECT_EQ(m_probe->readLine(), "4 LEFT=800x450+0+0 RIGHT=400x600+800+100");
+    EXPECT_EQ(m_probe->readLine(), "3 LEFT=800x450+0+0 RIGHT=400x600+800+100");
+}
+
+TEST_F(ScreensX11Test, aNewModeIsToldOnce)
+{
+    listen();
+    ASSERT_EQ(m_probe->readLine(), "0 screen=1200x700+0+0") << m_probe->errors().constData();
+    const QString timing = QStringLiteral("--newmode small 48 800 840 900 1000 600 620 640 800");
+    ASSERT_TRUE(xrandr(timing.split(QLatin1Char(' '))));
+    ASSERT_TRUE(xrandr({QStringLiteral("--addmode"), QStringLiteral("screen"), QStringLiteral("small")}));
+    for (const auto &[mode, line] :
+         {std::pair("small", "1 screen=800x600+0+0"), std::pair("1200x700", "2 screen=1200x700+0+0")}) {
+        ASSERT_TRUE(xrandr({QStringLiteral("--output"), QStringLiteral("screen"), QStringLiteral("--mode"),
+                            QString::fromLatin1(mode)}));
+        EXPECT_EQ(m_probe->readLine(), line);
+    }
 }
 
 TEST_F(ScreensSwayTest, newScreensModesAndScalesAreEachToldOnce)
