@@ -5,9 +5,6 @@
 #include "Support/PrivateSway.h"
 #include "Support/PrivateXServer.h"
 
-#include <QFile>
-#include <QLibraryInfo>
-
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -30,12 +27,6 @@ std::unique_ptr<OwnedProgram> probe(QProcessEnvironment environment, const QStri
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), platform);
     return std::make_unique<OwnedProgram>(QStringLiteral(SYSTEM_EVENTS_PROBE), QStringList{QStringLiteral("screens")},
                                           environment, QStringLiteral("/"), user);
-}
-
-bool hasPlatform(const QString &name)
-{
-    return QFile::exists(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms/libq") + name +
-                         QStringLiteral(".so"));
 }
 
 class ScreensX11Test : public testing::Test
@@ -67,12 +58,9 @@ class ScreensSwayTest : public testing::Test
   protected:
     void SetUp() override
     {
-        const QString missing = PrivateSway::missingProgram();
+        const QString missing = NestedSway::whyNot();
         if (!missing.isEmpty()) {
-            GTEST_SKIP() << missing.toStdString() << " is not installed";
-        }
-        if (!hasPlatform(QStringLiteral("wayland-generic"))) {
-            GTEST_SKIP() << "Qt's platform plugin for Wayland (qt6-wayland) is not installed";
+            GTEST_SKIP() << missing.toStdString();
         }
     }
 

@@ -3,6 +3,7 @@
 #include "Support/WaitFor.h"
 
 #include <QFile>
+#include <QLibraryInfo>
 
 namespace quorvane {
 
@@ -12,6 +13,17 @@ const QString kSwaymsg = QStringLiteral("swaymsg");
 const QString kWaylandDisplay = QStringLiteral("wayland-2"); // The outer sway has the first.
 
 } // namespace
+
+QString NestedSway::whyNot()
+{
+    const QString missing = PrivateSway::missingProgram();
+    if (!missing.isEmpty()) {
+        return missing + QStringLiteral(" is not installed");
+    }
+    const QString plugin =
+        QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms/libqwayland-generic.so");
+    return QFile::exists(plugin) ? QString() : QStringLiteral("qt6-wayland, Qt's way to Wayland, is not installed");
+}
 
 NestedSway::NestedSway(const PrivateSway &outer, int screens)
     : m_outer(outer.clientEnvironment())
@@ -55,6 +67,13 @@ bool NestedSway::unplug(const QString &screen) const
     // The window's whole title is "wlroots - WL-1".
     const QString command = QStringLiteral("[title=\"%1$\"] kill").arg(screen);
     return !outputOf(kSwaymsg, {command}, m_outer).isNull();
+}
+
+QImage NestedSway::screenshot(const QString &screen) const
+{
+    const QStringList arguments{QStringLiteral("-t"), QStringLiteral("ppm"), QStringLiteral("-o"), screen,
+                                QStringLiteral("-")};
+    return QImage::fromData(outputOf(QStringLiteral("grim"), arguments, clientEnvironment()), "PPM");
 }
 
 } // namespace quorvane

@@ -9,6 +9,9 @@ namespace quorvane {
 class NestedSway
 {
   public:
+    /// Why neither it nor a program of Qt's in it can run here; empty when both can.
+    [[nodiscard]] static QString whyNot();
+
     /// outer outlives it.
     NestedSway(const PrivateSway &outer, int screens);
 
@@ -21,6 +24,9 @@ class NestedSway
     /// Attaches one more screen; its name is the next number's.
     [[nodiscard]] bool plugIn() const;
     [[nodiscard]] bool unplug(const QString &screen) const;
+
+    /// The pixels of one screen; null when there is no picture.
+    [[nodiscard]] QImage screenshot(const QString &screen) const;
 
   private:
     QProcessEnvironment m_outer;
