@@ -3,6 +3,7 @@
 #include "Manager/WallpaperManager.h"
 
 #include "Manager/SettingsKeys.h"
+#include "Platform/Clock.h"
 #include "Platform/HttpClient.h"
 #include "Platform/SecretStore.h"
 #include "Platform/UserDefaults.h"
@@ -25,9 +26,9 @@ WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
     const UserDefaults &defaults = *m_services.defaults;
     m_libraryThread.setMaxThreadCount(1);
     m_desktopThread.setMaxThreadCount(1);
-    m_timer.setSingleShot(true);
-    m_timer.setTimerType(Qt::PreciseTimer);
-    connect(&m_timer, &QTimer::timeout, this, &WallpaperManager::timerFired);
+    if (m_services.clock != nullptr) {
+        m_timer = m_services.clock->makeAlarm([this] { timerFired(); });
+    }
 
     // These set the initial values directly: nothing is written back and no timer starts.
     m_prompt = defaults.text(kLastPrompt).value_or(QString());
@@ -51,10 +52,17 @@ WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
     if (m_autoEnabled) {
         startTimer();
     }
+    setupWakeObserver();
+    setupScreenObserver();
 }
 
 WallpaperManager::~WallpaperManager()
 {
+    // The wait below runs the event loop, and nothing new may begin in it.
+    m_timer.reset();
+    disconnect(m_wakeObserver);
+    disconnect(m_screenObserver);
+    m_missedChange = false;
     m_services.http->cancelAll();
     m_scope.drain();
 }
@@ -219,6 +227,11 @@ QCoro::Task<> WallpaperManager::removingAbandonedFiles()
         Keychain::removeAbandonedTemporaries();
     };
     co_await onWorker(&m_libraryThread, std::move(remove));
+}
+
+QDateTime WallpaperManager::now() const
+{
+    return m_services.clock != nullptr ? m_services.clock->now() : QDateTime::currentDateTime();
 }
 
 void WallpaperManager::waitUntilIdle()

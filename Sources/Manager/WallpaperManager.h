@@ -7,13 +7,11 @@
 
 #include <QCoroTask>
 #include <QDateTime>
-#include <QDeadlineTimer>
 #include <QObject>
 #include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QThreadPool>
-#include <QTimer>
 
 #include <chrono>
 #include <functional>
@@ -24,8 +22,12 @@
 
 namespace quorvane {
 
+class Alarm;
+class Clock;
 class DesktopPicture;
 class HttpClient;
+class PowerEvents;
+class Screens;
 class SecretStore;
 class UserDefaults;
 
@@ -42,7 +44,11 @@ struct ManagerServices
     DesktopPicture *desktop;
     SecretStore *legacyKeys;
     LocalUpscale localUpscale;
-    std::function<QDateTime()> now = [] { return QDateTime::currentDateTime(); };
+    /// Null in a process that will not be there when a timed generation is due: nothing is scheduled then, and pictures
+    /// are named by the system's clock.
+    Clock *clock = nullptr;
+    PowerEvents *powerEvents = nullptr; ///< May be null: then nothing but the schedule itself catches up after a sleep.
+    Screens *screens = nullptr;         ///< May be null: then nothing follows a change of the screens.
 };
 
 /// What a finished operation left on disk; empty where it left nothing.
@@ -237,8 +243,16 @@ class WallpaperManager : public QObject
     [[nodiscard]] QCoro::Task<> writingFavorite(QString name, bool isFavorite);
     [[nodiscard]] QCoro::Task<> deletingImage(QString url);
 
-    void armTimer();
+    [[nodiscard]] QCoro::Task<> syncingWallpaper(QString url);
+
+    [[nodiscard]] QDateTime now() const;
+    void scheduleNext(std::chrono::nanoseconds due);
     void timerFired();
+    void setupWakeObserver();
+    void handleWake();
+    void setupScreenObserver();
+    void handleScreenChange();
+    void desktopAnswered();
 
     ManagerServices m_services;
     std::vector<std::unique_ptr<const ImageProvider>> m_providers;
@@ -259,9 +273,13 @@ class WallpaperManager : public QObject
     QString m_currentWallpaperURL;
     std::optional<UpscaleProgress> m_progress;
 
-    QTimer m_timer;
-    QDeadlineTimer m_timerDue; ///< The next firing, on a clock that nobody sets.
+    std::unique_ptr<Alarm> m_timer;         ///< Null without a clock.
+    std::chrono::nanoseconds m_timerDue{0}; ///< The next firing, by Clock::uptime().
     std::chrono::seconds m_timerInterval{0};
+    QMetaObject::Connection m_wakeObserver;
+    QMetaObject::Connection m_screenObserver;
+    int m_desktopCalls = 0;      ///< How many calls of the desktop have not been answered yet.
+    bool m_missedChange = false; ///< The screens changed while the desktop was busy.
 
     int m_historyVersion = 0;    ///< Counts changes made here while a listing may be under way.
     QThreadPool m_libraryThread; ///< One thread, so that library changes happen in the order they were asked for.

@@ -1,9 +1,14 @@
-// Setting the desktop's picture. The desktop may take its time, so it is asked on a thread of its own, and the status
-// follows when it has answered.
+// Setting the desktop's picture, and again when the screens changed. The desktop may take its time, so it is asked on a
+// thread of its own, and the status follows when it has answered.
 
 #include "Manager/WallpaperManager.h"
 #include "Platform/DesktopPicture.h"
+#include "Platform/Screens.h"
 #include "Platform/Worker.h"
+
+#include <QFileInfo>
+
+#include <utility>
 
 namespace quorvane {
 
@@ -37,6 +42,7 @@ QCoro::Task<> WallpaperManager::applying(QString url)
         }
         return {true, desktop->setPicture(url, screens)};
     };
+    ++m_desktopCalls;
     const Outcome outcome = co_await onWorker(&m_desktopThread, std::move(apply));
     if (!outcome.hasScreens) {
         report(QStringLiteral("No screen found"), true);
@@ -45,6 +51,49 @@ QCoro::Task<> WallpaperManager::applying(QString url)
     } else {
         setCurrentWallpaperURL(url);
         report(QStringLiteral("Wallpaper set!"), false);
+    }
+    desktopAnswered();
+}
+
+void WallpaperManager::setupScreenObserver()
+{
+    if (m_services.screens != nullptr) {
+        m_screenObserver = connect(m_services.screens, &Screens::changed, this, &WallpaperManager::handleScreenChange);
+    }
+}
+
+void WallpaperManager::handleScreenChange()
+{
+    // What is being set may miss the new screen, and is not the current wallpaper before the desktop has answered; the
+    // current one of now would replace it.
+    if (m_desktopCalls > 0) {
+        m_missedChange = true;
+        return;
+    }
+    if (!m_currentWallpaperURL.isEmpty() && QFileInfo::exists(m_currentWallpaperURL)) {
+        m_scope.start(syncingWallpaper(m_currentWallpaperURL));
+    }
+}
+
+QCoro::Task<> WallpaperManager::syncingWallpaper(QString url)
+{
+    auto apply = [desktop = m_services.desktop, url]() -> std::optional<QString> {
+        const QList<Screen> screens = desktop->screens();
+        return screens.isEmpty() ? std::nullopt : desktop->setPicture(url, screens);
+    };
+    ++m_desktopCalls;
+    const std::optional<QString> failure = co_await onWorker(&m_desktopThread, std::move(apply));
+    if (failure) {
+        report(QStringLiteral("Failed to sync wallpaper: ") + *failure, true);
+    }
+    desktopAnswered();
+}
+
+void WallpaperManager::desktopAnswered()
+{
+    --m_desktopCalls;
+    if (m_desktopCalls == 0 && std::exchange(m_missedChange, false)) {
+        handleScreenChange();
     }
 }
 

@@ -128,7 +128,7 @@ QCoro::Task<WallpaperManager::FinalImage> WallpaperManager::upscaledOrOriginal(G
 /// Writes the picture into the library under the name of the present second; empty when that failed.
 QCoro::Task<QString> WallpaperManager::savedImage(QByteArray bytes, QString extension)
 {
-    auto write = [name = wallpaperFileName(m_services.now(), extension), bytes = std::move(bytes)] {
+    auto write = [name = wallpaperFileName(now(), extension), bytes = std::move(bytes)] {
         return ImageStore::saveImage(name, bytes).value_or(QString());
     };
     co_return co_await onWorker(&m_libraryThread, std::move(write));

@@ -1,9 +1,11 @@
-// The repeating timer. Its rhythm is kept on a monotonic clock and counted from each due moment, not from each firing,
-// so it does not drift; the date for people is computed from the wall clock beside it. Intervals longer than a timer
-// can hold are waited for in pieces.
+// The repeating timer and its catching up after a sleep. The rhythm is kept by the time since the machine started,
+// which nobody sets and which counts the time asleep, and each due moment is reckoned from the one before, not from
+// when it was noticed, so that it does not drift. The date for people is computed from the wall clock beside it.
 
 #include "Manager/SettingsKeys.h"
 #include "Manager/WallpaperManager.h"
+#include "Platform/Clock.h"
+#include "Platform/PowerEvents.h"
 #include "Platform/UserDefaults.h"
 
 #include <algorithm>
@@ -12,8 +14,8 @@ namespace quorvane {
 
 namespace {
 
-// QTimer counts milliseconds in an int, which ends after 24 days.
-constexpr std::chrono::milliseconds kLongestWait = std::chrono::hours(24);
+/// Nothing but a sleep, or being stopped, makes a firing this late.
+constexpr std::chrono::seconds kOverslept{30};
 
 } // namespace
 
@@ -41,7 +43,9 @@ void WallpaperManager::setIntervalMinutes(qint64 minutes)
 
 void WallpaperManager::stopTimer()
 {
-    m_timer.stop();
+    if (m_timer) {
+        m_timer->cancel();
+    }
     m_nextFireDate = {};
     Q_EMIT nextFireDateChanged();
 }
@@ -49,36 +53,46 @@ void WallpaperManager::stopTimer()
 void WallpaperManager::startTimer()
 {
     stopTimer();
-    if (!m_autoEnabled) {
+    if (!m_autoEnabled || !m_timer) {
         return;
     }
-    m_timerInterval = std::chrono::minutes(m_intervalMinutes);
-    m_timerDue = QDeadlineTimer(m_timerInterval, Qt::PreciseTimer);
-    m_nextFireDate = m_services.now().addSecs(m_timerInterval.count());
-    Q_EMIT nextFireDateChanged();
-    armTimer();
+    m_timerInterval = std::chrono::minutes(std::clamp<qint64>(m_intervalMinutes, 1, kLongestIntervalMinutes));
+    scheduleNext(m_services.clock->uptime() + m_timerInterval);
 }
 
-void WallpaperManager::armTimer()
+void WallpaperManager::scheduleNext(std::chrono::nanoseconds due)
 {
-    const auto remaining = std::chrono::ceil<std::chrono::milliseconds>(m_timerDue.remainingTimeAsDuration());
-    m_timer.start(std::min(remaining, kLongestWait));
+    m_timerDue = due;
+    m_timer->set(due);
+    m_nextFireDate = now().addSecs(m_timerInterval.count());
+    Q_EMIT nextFireDateChanged();
 }
 
 void WallpaperManager::timerFired()
 {
-    if (!m_timerDue.hasExpired()) {
-        armTimer();
-        return;
-    }
     generateAndSet();
-    m_nextFireDate = m_services.now().addSecs(m_timerInterval.count());
-    Q_EMIT nextFireDateChanged();
-    // After a long sleep several due moments may lie behind; they are one firing, not a burst.
-    do {
-        m_timerDue += std::chrono::duration_cast<std::chrono::milliseconds>(m_timerInterval).count();
-    } while (m_timerDue.hasExpired() && m_timerInterval.count() > 0);
-    armTimer();
+    // After a sleep the countdown begins anew, as handleWake() does it: which of the two learns of it first depends on
+    // the machine, and the other then finds nothing overdue. However many moments were missed, this is the one firing.
+    if (m_services.clock->uptime() - m_timerDue >= kOverslept) {
+        startTimer();
+    } else {
+        scheduleNext(m_timerDue + m_timerInterval);
+    }
+}
+
+void WallpaperManager::setupWakeObserver()
+{
+    if (m_services.powerEvents != nullptr) {
+        m_wakeObserver = connect(m_services.powerEvents, &PowerEvents::woke, this, &WallpaperManager::handleWake);
+    }
+}
+
+void WallpaperManager::handleWake()
+{
+    if (m_autoEnabled && m_nextFireDate.isValid() && now() >= m_nextFireDate) {
+        generateAndSet();
+        startTimer();
+    }
 }
 
 } // namespace quorvane

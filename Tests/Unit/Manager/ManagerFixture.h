@@ -2,12 +2,15 @@
 
 #include "Manager/WallpaperManager.h"
 #include "Platform/HttpClient.h"
+#include "Platform/PowerEvents.h"
+#include "Platform/Screens.h"
 #include "Platform/UserDefaults.h"
 #include "Providers/ProviderError.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
 #include "Support/PrivateHome.h"
 #include "Support/RecordingDesktop.h"
+#include "Support/TestClock.h"
 #include "demo-service/DemoService.h"
 
 #include <QFile>
@@ -26,6 +29,7 @@ class ManagerTest : public testing::Test
   protected:
     ManagerTest()
     {
+        clock.secondsPerLook = 1;
         for (const char *variable : kAddresses) {
             qputenv(variable, service.baseAddress().toEncoded());
         }
@@ -49,8 +53,14 @@ class ManagerTest : public testing::Test
         manager.reset();
         http = std::make_unique<HttpClient>();
         defaults = std::make_unique<UserDefaults>();
-        ManagerServices services{defaults.get(), http.get(),   &desktop,
-                                 &secrets,       localUpscale, [this] { return tick(); }};
+        ManagerServices services{.defaults = defaults.get(),
+                                 .http = http.get(),
+                                 .desktop = &desktop,
+                                 .legacyKeys = &secrets,
+                                 .localUpscale = localUpscale,
+                                 .clock = &clock,
+                                 .powerEvents = &powerEvents,
+                                 .screens = &screens};
         manager = std::make_unique<WallpaperManager>(std::move(services));
         QObject::connect(manager.get(), &WallpaperManager::statusChanged, manager.get(),
                          [this, each = manager.get()] { statuses.append(each->status()); });
@@ -66,12 +76,6 @@ class ManagerTest : public testing::Test
         manager->setPrompt(prompt);
         manager->generateAndSet();
         manager->waitUntilIdle();
-    }
-
-    [[nodiscard]] QDateTime tick()
-    {
-        m_now = m_now.addSecs(secondsPerTick);
-        return m_now;
     }
 
     /// What a setting file says before the program starts.
@@ -108,7 +112,9 @@ class ManagerTest : public testing::Test
     DemoService service;
     RecordingDesktop desktop;
     EmptySecretStore secrets;
-    int secondsPerTick = 1;
+    TestClock clock;
+    PowerEvents powerEvents;
+    Screens screens;
     LocalUpscale localUpscale = [](QByteArray image, std::stop_token,
                                    std::function<void(UpscaleProgress)> progress) -> QCoro::Task<UpscaledImage> {
         progress({1, 1, std::nullopt});
@@ -119,9 +125,6 @@ class ManagerTest : public testing::Test
     std::unique_ptr<WallpaperManager> manager;
     QStringList statuses;
     OperationResult result;
-
-  private:
-    QDateTime m_now{QDate(2026, 1, 31), QTime(23, 59, 0)};
 };
 
 } // namespace quorvane

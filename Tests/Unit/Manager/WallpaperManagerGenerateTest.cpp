@@ -108,7 +108,7 @@ TEST_F(WallpaperManagerGenerateTest, withoutAGeminiKeyTheOriginalIsSavedTwiceAnd
 
 TEST_F(WallpaperManagerGenerateTest, twoSavesInOneSecondLinkThePictureToItselfAndHideIt)
 {
-    secondsPerTick = 0;
+    clock.secondsPerLook = 0;
     Keychain::remove(QStringLiteral("gemini"));
     start().setFourKEnabled(true);
     manager->setProviderOverride(QStringLiteral("grok"));
@@ -227,7 +227,7 @@ TEST_F(WallpaperManagerGenerateTest, aFinalPictureThatCannotBeSavedIsAnError)
 
 TEST_F(WallpaperManagerGenerateTest, anOriginalThatCannotBeSavedLeavesNoLink)
 {
-    secondsPerTick = 0;
+    clock.secondsPerLook = 0;
     start().setFourKEnabled(true);
     manager->setProviderOverride(QStringLiteral("grok"));
     defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));

@@ -211,7 +211,7 @@ TEST_F(WallpaperManagerTest, automaticModeStartsTheScheduleAtLaunchAndGeneratesN
 {
     store(SettingsKeys::kAutoEnabled, true);
     store(SettingsKeys::kIntervalMinutes, 1000000);
-    const QDateTime before = tick();
+    const QDateTime before = clock.now();
     start();
     EXPECT_EQ(before.secsTo(manager->nextFireDate()), 1000000LL * 60 + 1);
     EXPECT_FALSE(manager->isLoading());

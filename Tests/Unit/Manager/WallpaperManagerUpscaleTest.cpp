@@ -125,7 +125,7 @@ TEST_F(WallpaperManagerUpscaleTest, theServicesErrorIsToldWithBothPrefixes)
 
 TEST_F(WallpaperManagerUpscaleTest, aCopyThatCannotBeSavedIsAnError)
 {
-    secondsPerTick = 0;
+    clock.secondsPerLook = 0;
     const QString path = putPicture(QStringLiteral("a.png"));
     start();
     defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
@@ -139,7 +139,7 @@ TEST_F(WallpaperManagerUpscaleTest, aCopyThatCannotBeSavedIsAnError)
 
 TEST_F(WallpaperManagerUpscaleTest, twoCopiesOfOneSecondShareANameAndBothSourcesLinkToIt)
 {
-    secondsPerTick = 0;
+    clock.secondsPerLook = 0;
     const QString first = putPicture(QStringLiteral("a.png"));
     const QString second = putPicture(QStringLiteral("b.png"));
     start();

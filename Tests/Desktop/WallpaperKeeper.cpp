@@ -1,0 +1,43 @@
+// A program with a display that sets one picture and then stays, as the application does. It says the status.
+//
+//   WallpaperKeeper PICTURE
+
+#include "Manager/WallpaperManager.h"
+#include "Platform/Clock.h"
+#include "Platform/DesktopPicture.h"
+#include "Platform/HttpClient.h"
+#include "Platform/PowerEvents.h"
+#include "Platform/Screens.h"
+#include "Platform/UserDefaults.h"
+#include "Support/RecordingDesktop.h"
+
+#include <QGuiApplication>
+
+#include <cstdio>
+
+int main(int argc, char **argv)
+{
+    using namespace quorvane;
+    const QGuiApplication application(argc, argv);
+    UserDefaults defaults;
+    HttpClient http;
+    EmptySecretStore legacyKeys;
+    const std::unique_ptr<DesktopPicture> desktop = makeDesktopPicture();
+    const std::unique_ptr<Clock> clock = makeSystemClock();
+    const std::unique_ptr<PowerEvents> powerEvents = makePowerEvents();
+    const std::unique_ptr<Screens> screens = makeScreens();
+    WallpaperManager manager({.defaults = &defaults,
+                              .http = &http,
+                              .desktop = desktop.get(),
+                              .legacyKeys = &legacyKeys,
+                              .localUpscale = {},
+                              .clock = clock.get(),
+                              .powerEvents = powerEvents.get(),
+                              .screens = screens.get()});
+    QObject::connect(&manager, &WallpaperManager::statusChanged, &manager, [&manager] {
+        std::puts(manager.status().toUtf8().constData());
+        std::fflush(stdout);
+    });
+    manager.setWallpaper(QString::fromLocal8Bit(argc > 1 ? argv[1] : ""));
+    return QCoreApplication::exec();
+}
