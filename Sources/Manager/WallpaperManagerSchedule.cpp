@@ -75,7 +75,7 @@ void WallpaperManager::timerFired()
     // the machine, and the other then finds nothing overdue. However many moments were missed, this is the one firing.
     if (m_services.clock->uptime() - m_timerDue >= kOverslept) {
         startTimer();
-    } else {
+    } else if (m_autoEnabled) { // Whoever watches the generation begin may have turned it off.
         scheduleNext(m_timerDue + m_timerInterval);
     }
 }

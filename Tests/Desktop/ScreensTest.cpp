@@ -1,4 +1,5 @@
 #include "Platform/Screens.h"
+#include "Platform/SwaySocket.h"
 
 #include "Support/NestedSway.h"
 #include "Support/OwnedProgram.h"
@@ -140,11 +141,12 @@ TEST_F(ScreensSwayTest, aBurstOfChangesIsToldOnceAtItsEndAndABackgroundIsNone)
     listen(m_sway->clientEnvironment());
     ASSERT_EQ(m_probe->readLine(), "0 HEADLESS-1=800x600+0+0 HEADLESS-2=400x300+800+0")
         << m_probe->errors().constData();
-    QString burst;
+    SwaySocket socket(m_sway->socketPath(), QDeadlineTimer(std::chrono::seconds(20)));
     for (int width = 500; width < 900; width += 20) {
-        burst += QStringLiteral("output HEADLESS-1 mode %1x600; output HEADLESS-2 position %1 0;").arg(width);
+        const QString change =
+            QStringLiteral("output HEADLESS-1 mode %1x600; output HEADLESS-2 position %1 0").arg(width);
+        ASSERT_TRUE(socket.ask(SwaySocket::Message::RunCommand, change.toUtf8())) << socket.error().toStdString();
     }
-    ASSERT_TRUE(command(burst));
     EXPECT_EQ(m_probe->readLine(), "1 HEADLESS-1=880x600+0+0 HEADLESS-2=400x300+880+0");
     // Whoever answers a change with a background must not be told of a change for it.
     ASSERT_TRUE(command(QStringLiteral("output * bg #204060 solid_color")));
