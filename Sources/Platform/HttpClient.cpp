@@ -181,7 +181,10 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
         throw TransportError(Tr::tr("The request timed out."));
     }
     const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (status == 0 || !isStatusOnly(reply->error())) {
+    // Qt tells an answer that does not unpack, or unpacks to far too much, like an unusual status.
+    const bool isWhole =
+        reply->error() == QNetworkReply::NoError || (status >= kFirstErrorStatus && isStatusOnly(reply->error()));
+    if (status == 0 || !isWhole) {
         throw TransportError(reply->errorString());
     }
     if (status >= kFirstRedirectStatus && status < kFirstErrorStatus) {

@@ -30,6 +30,8 @@ class HostileServiceTest : public ManagerTest, public testing::WithParamInterfac
 
     void expect(const Misbehaviour &misbehaviour, const QString &line)
     {
+        // A start of its own, since some kinds show themselves only to a new connection.
+        start().setProviderOverride(QLatin1String(GetParam()));
         service.setMisbehaviour(misbehaviour);
         const QStringList before = files();
         const QStringList shown = desktop.shown();
@@ -84,7 +86,6 @@ TEST_P(HostileServiceTest, eachKindHasItsStatusLine)
         {Kind::LengthTooSmall, kUnparsable, kUnparsable},
         {Kind::Chunked, kSet, kSet},
         {Kind::ChunkedCut, kNetwork, kNetwork},
-        {Kind::EndlessHeaders, kNetwork, kNetwork},
         {Kind::Gzip, kSet, kSet},
         {Kind::GzipBomb, kNetwork, kNetwork},
         {Kind::Garbage, kNetwork, kNetwork},
@@ -92,7 +93,6 @@ TEST_P(HostileServiceTest, eachKindHasItsStatusLine)
          kNetwork + QStringLiteral("The service redirected too many times.")},
     };
     const QString id = QLatin1String(GetParam());
-    start().setProviderOverride(id);
     for (const Case &each : cases) {
         QString line = id == QLatin1String("grok") ? each.grok : each.gemini;
         Misbehaviour misbehaviour(each.kind);
@@ -105,7 +105,6 @@ TEST_P(HostileServiceTest, eachKindHasItsStatusLine)
 
 TEST_P(HostileServiceTest, theServicesOwnWordsAreToldAsTheyAre)
 {
-    start().setProviderOverride(QLatin1String(GetParam()));
     Misbehaviour quota(Kind::ErrorObject);
     quota.text = "quota \"exceeded\"\n水";
     expect(quota, QStringLiteral("API error: quota \"exceeded\"\n水"));
@@ -114,7 +113,6 @@ TEST_P(HostileServiceTest, theServicesOwnWordsAreToldAsTheyAre)
 
 TEST_P(HostileServiceTest, answersThatWouldFillTheMemoryAreRefused)
 {
-    start().setProviderOverride(QLatin1String(GetParam()));
     const QString tooLarge = kNetwork + QStringLiteral("The answer is larger than 192 MiB.");
     expect(Kind::HugeAnswer, tooLarge);
     expect(Kind::EndlessBody, tooLarge);
@@ -122,7 +120,6 @@ TEST_P(HostileServiceTest, answersThatWouldFillTheMemoryAreRefused)
 
 TEST_P(HostileServiceTest, redirectsKeepTheKeyAtHome)
 {
-    start().setProviderOverride(QLatin1String(GetParam()));
     Misbehaviour away(Kind::Redirect);
     away.text = "http://service.example/";
     expect(away, kNetwork + QStringLiteral("The service redirected to an address without encryption."));
@@ -131,7 +128,8 @@ TEST_P(HostileServiceTest, redirectsKeepTheKeyAtHome)
     away.text = other.baseAddress().toEncoded() + "/elsewhere";
     expect(away, QStringLiteral("API error: "));
     ASSERT_EQ(other.requests().size(), 1);
-    for (const auto &[name, value] : other.requests().first().headers) {
+    const HttpRequest arrived = other.requests().first();
+    for (const auto &[name, value] : arrived.headers) {
         EXPECT_FALSE(value.contains("KEY")) << name.constData();
     }
 }

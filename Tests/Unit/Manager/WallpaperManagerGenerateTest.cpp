@@ -214,7 +214,7 @@ TEST_F(WallpaperManagerGenerateTest, anAddressThatIsNotAllowedIsToldBeforeTheKey
 
 TEST_F(WallpaperManagerGenerateTest, aFinalPictureThatCannotBeSavedIsAnError)
 {
-    start();
+    start().waitUntilIdle();
     ASSERT_TRUE(QDir(home.library()).removeRecursively());
     QFile inTheWay(home.library());
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
@@ -364,7 +364,8 @@ TEST_F(WallpaperManagerGenerateTest, theKeyStandsInItsHeaderAndNowhereElse)
     generate();
     manager->setProviderOverride(QStringLiteral("grok"));
     generate();
-    for (const HttpRequest &request : service.requests()) {
+    const auto requests = service.requests();
+    for (const HttpRequest &request : requests) {
         EXPECT_FALSE(request.path.contains("key of"));
         EXPECT_FALSE(request.body.contains("key of"));
         int headers = 0;
