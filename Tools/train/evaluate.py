@@ -5,8 +5,9 @@
 
 ENLARGE is the program quorvane-enlarge from the build folder. Prints a table in Markdown: PSNR in dB and SSIM on luma
 for nearest, bicubic, Lanczos and the network, how far the network moves the mean of any channel (of 255), and last how
-much larger the steps across tile borders are than those one pixel beside. Pictures are cut to their middle.
-With --crops, the place of each picture where bicubic is furthest off is written beside the same place by the others.
+much larger the steps across tile borders are than those one pixel beside, also for bicubic on the same tiles. Pictures
+are cut to their middle. With --crops, the place of each picture where bicubic is furthest off is written beside the
+same place by the network and in the original.
 """
 
 import argparse
@@ -81,6 +82,17 @@ class BorderSteps:
         return f"{self.across / self.count:.3f} across, {self.beside / self.count:.3f} beside: {self.across / self.beside:.3f}"
 
 
+def enlarge_tiles(small, how):
+    """By a fixed filter, tile by tile as the network has to."""
+    large = Image.new("RGB", (small.width * SCALE, small.height * SCALE))
+    for y in range(0, small.height, TILE // SCALE):
+        for x in range(0, small.width, TILE // SCALE):
+            right, bottom = min(x + TILE // SCALE, small.width), min(y + TILE // SCALE, small.height)
+            tile = small.crop((x, y, right, bottom))
+            large.paste(tile.resize((tile.width * SCALE, tile.height * SCALE), how), (x * SCALE, y * SCALE))
+    return large
+
+
 def channel_shift(one, other):
     """The largest difference of channel means, with its sign."""
     means = [numpy.asarray(image).reshape(-1, 3).mean(axis=0) for image in (one, other)]
@@ -123,7 +135,7 @@ def main():
     names = [*FIXED, "network"]
     print(f"| picture, reduced by {options.reduction} | " + " | ".join(names) + " | network − bicubic | channel means |")
     print("| --- |" + " --- |" * (len(names) + 2))
-    rows, shifts, seconds, steps = [], [], [], {"network": BorderSteps(), "original": BorderSteps()}
+    rows, shifts, seconds, steps = [], [], [], {n: BorderSteps() for n in ("network", "bicubic", "original")}
     with tempfile.TemporaryDirectory() as folder, torch.inference_mode():
         for file in options.pictures:
             original = cut(Image.open(file).convert("RGB"), largest)
@@ -136,6 +148,7 @@ def main():
             shifts.append(channel_shift(small, results["network"]))
             seconds.append(took)
             steps["network"].add(luma(results["network"]))
+            steps["bicubic"].add(luma(enlarge_tiles(small, Image.BICUBIC)))
             steps["original"].add(y)
             cells = [f"{p:.2f} / {s:.4f}" for p, s in row] + [f"{row[3][0] - row[1][0]:+.2f} dB", f"{shifts[-1]:+.2f}"]
             print(f"| {file.stem} | " + " | ".join(cells) + " |", flush=True)
