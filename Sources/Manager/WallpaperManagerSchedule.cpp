@@ -71,7 +71,7 @@ void WallpaperManager::timerFired()
         armTimer();
         return;
     }
-    generateAndSet();
+    generateAndSet(Trigger::Timer);
     m_nextFireDate = m_services.now().addSecs(m_timerInterval.count());
     Q_EMIT nextFireDateChanged();
     // After a long sleep several due moments may lie behind; they are one firing, not a burst.
