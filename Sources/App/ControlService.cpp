@@ -12,6 +12,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <utility>
+
 namespace quorvane {
 
 namespace {
@@ -96,6 +98,9 @@ void ControlService::serve(Workshop &workshop)
     announceAt(&WallpaperManager::autoEnabledChanged, QStringLiteral("AutoEnabled"));
     announceAt(&WallpaperManager::nextFireDateChanged, QStringLiteral("NextFireDate"));
     announceAt(&WallpaperManager::currentWallpaperURLChanged, QStringLiteral("CurrentWallpaper"));
+    for (const QDBusMessage &message : std::exchange(m_early, {})) {
+        handleMessage(message, m_bus.connection());
+    }
     // After a restart of the bus the name is free again.
     connect(&m_bus, &SessionBus::connected, this, [this] {
         if (!exportAndRequest()) {
@@ -108,6 +113,7 @@ void ControlService::release()
 {
     if (m_bus.isConnected()) {
         m_bus.connection().unregisterService(Control::busName());
+        m_bus.connection().unregisterObject(Control::objectPath());
     }
 }
 
@@ -140,7 +146,10 @@ QString ControlService::introspect(const QString & /*path*/) const
 bool ControlService::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
 {
     if (m_workshop == nullptr) {
-        return false;
+        // The name is ours before the manager is made, which may run the event loop.
+        message.setDelayedReply(true);
+        m_early.append(message);
+        return true;
     }
     if (const auto reply = propertiesReply(message, Control::interfaceName(), properties())) {
         return connection.send(*reply);

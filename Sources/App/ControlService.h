@@ -32,10 +32,10 @@ class ControlService : public QDBusVirtualObject
     /// environment, and waits for its answer. False when it gave none.
     [[nodiscard]] bool activateOther();
 
-    /// Begins to serve. The workshop outlives this object.
+    /// Begins to serve. The workshop lives until release().
     void serve(Workshop &workshop);
 
-    /// Lets go of the name, so that the next start is the application.
+    /// Serves no more, and lets go of the name, so that the next start is the application.
     void release();
 
     [[nodiscard]] QString introspect(const QString &path) const override;
@@ -60,6 +60,7 @@ class ControlService : public QDBusVirtualObject
 
     SessionBus &m_bus;
     Workshop *m_workshop = nullptr;
+    QList<QDBusMessage> m_early; ///< What was asked before serve().
 };
 
 } // namespace quorvane

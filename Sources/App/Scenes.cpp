@@ -63,8 +63,11 @@ QQuickWindow *Scenes::make(const QUrl &url)
         m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     }
     QQmlComponent component(m_engine.get(), url);
-    QObject *object =
-        component.createWithInitialProperties({{QStringLiteral("manager"), QVariant::fromValue(&m_manager)}});
+    QObject *object = nullptr;
+    if (component.isReady()) { // Qt 6.4 crashes on one that is not.
+        const QVariantMap properties{{QStringLiteral("manager"), QVariant::fromValue(&m_manager)}};
+        object = component.createWithInitialProperties(properties);
+    }
     auto *window = qobject_cast<QQuickWindow *>(object);
     if (window == nullptr) {
         delete object;
