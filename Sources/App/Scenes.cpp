@@ -44,6 +44,9 @@ void Scenes::open(QPointer<QQuickWindow> &window, const QUrl &url, const QString
         }
         // A window that was closed is gone, not hidden; not at once, because it may be in the middle of an event.
         connect(window, &QWindow::visibleChanged, this, &Scenes::collect, Qt::QueuedConnection);
+        if (window->metaObject()->indexOfSignal("settingsRequested()") >= 0) {
+            connect(window, SIGNAL(settingsRequested()), this, SLOT(openSettings()));
+        }
     }
     if (!token.isEmpty()) {
         qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8()); // Read and removed by Qt at requestActivate().
@@ -61,6 +64,9 @@ QQuickWindow *Scenes::make(const QUrl &url)
     if (!m_engine) {
         m_engine = std::make_unique<QQmlEngine>();
         m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+        if (m_urls.install) {
+            m_urls.install(m_engine.get());
+        }
     }
     QQmlComponent component(m_engine.get(), url);
     QObject *object = nullptr;

@@ -8,6 +8,7 @@
 #include <QQuickWindow>
 #include <QUrl>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -15,11 +16,12 @@ namespace quorvane {
 
 class WallpaperManager;
 
-/// Where the windows are described. Each is a Window with the initial property "manager".
+/// Where the windows come from. Each is a Window with the required property "manager".
 struct SceneUrls
 {
     QUrl main{QStringLiteral("qrc:/qt/qml/Quorvane/Views/MainWindow.qml")};
     QUrl settings{QStringLiteral("qrc:/qt/qml/Quorvane/Views/SettingsWindow.qml")};
+    std::function<void(QQmlEngine *)> install; ///< Called with each new engine, before the first window; may be empty.
 };
 
 /// The main window and the settings window. Each exists once at most, and nothing of either exists while both are
@@ -35,12 +37,14 @@ class Scenes : public QObject
     /// Makes the window, or brings the one that is open to the front. token lets a Wayland desktop give it the focus;
     /// it may be empty.
     void openMain(const QString &token = {});
-    void openSettings(const QString &token = {});
-
     [[nodiscard]] bool isAnyVisible() const;
 
     /// Every window of the process, in its window order.
     [[nodiscard]] static std::vector<ApplicationWindow> windows();
+
+  public Q_SLOTS:
+    /// Also what a window's own signal settingsRequested() leads to, where it has one.
+    void openSettings(const QString &token = {});
 
   Q_SIGNALS:
     /// A window cannot be made; problem says why, for people who mend programs.

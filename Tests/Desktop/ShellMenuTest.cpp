@@ -87,6 +87,14 @@ TEST_F(ShellMenuTest, openWindowTwiceOpensOneAndTheQuitCommandOnlyClosesIt)
     EXPECT_TRUE(application->isRunning());
 }
 
+TEST_F(ShellMenuTest, aWindowCanAskForTheSettings)
+{
+    const auto application = startAndWait({});
+    ASSERT_TRUE(application->says("main opened"));
+    application->press("Ctrl+Shift+S");
+    EXPECT_TRUE(application->says("settings opened"));
+}
+
 TEST_F(ShellMenuTest, quitEndsWhateverIsOpen)
 {
     const auto application = startAndWait({});

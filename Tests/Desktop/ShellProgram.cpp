@@ -45,5 +45,6 @@ int main(int argc, char **argv)
     const QString folder = qEnvironmentVariable("TEST_WINDOWS");
     return quorvane::runProgram(argc, argv,
                                 {QUrl::fromLocalFile(folder + QStringLiteral("/MainWindow.qml")),
-                                 QUrl::fromLocalFile(folder + QStringLiteral("/SettingsWindow.qml"))});
+                                 QUrl::fromLocalFile(folder + QStringLiteral("/SettingsWindow.qml")),
+                                 {}});
 }
