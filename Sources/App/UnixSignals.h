@@ -4,6 +4,7 @@
 #include <QSocketNotifier>
 
 #include <array>
+#include <memory>
 
 namespace quorvane {
 
