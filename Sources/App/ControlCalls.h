@@ -7,10 +7,8 @@
 
 #include <optional>
 
-namespace quorvane {
-
 /// The face of the running application on the session bus: names, and which method stands for which command line.
-namespace Control {
+namespace quorvane::Control {
 
 [[nodiscard]] QString busName(); ///< Also the application's id.
 [[nodiscard]] QString objectPath();
@@ -37,6 +35,4 @@ struct Call
 /// Such a line has passed every test that the command line makes.
 [[nodiscard]] std::optional<CommandLine> lineFrom(const Call &call);
 
-} // namespace Control
-
-} // namespace quorvane
+} // namespace quorvane::Control

@@ -120,14 +120,14 @@ void ControlService::release()
 QVariantMap ControlService::properties() const
 {
     const WallpaperManager &manager = m_workshop->manager;
-    return {
-        {QStringLiteral("Status"), manager.status()},
-        {QStringLiteral("IsError"), manager.isError()},
-        {QStringLiteral("IsLoading"), manager.isLoading()},
-        {QStringLiteral("Progress"), manager.progress() ? Reports::progressMap(*manager.progress()) : QVariantMap()},
-        {QStringLiteral("AutoEnabled"), manager.autoEnabled()},
-        {QStringLiteral("NextFireDate"), manager.nextFireDate().toString(Qt::ISODate)},
-        {QStringLiteral("CurrentWallpaper"), manager.currentWallpaperURL()}};
+    const std::optional<UpscaleProgress> progress = manager.progress();
+    return {{QStringLiteral("Status"), manager.status()},
+            {QStringLiteral("IsError"), manager.isError()},
+            {QStringLiteral("IsLoading"), manager.isLoading()},
+            {QStringLiteral("Progress"), progress ? Reports::progressMap(*progress) : QVariantMap()},
+            {QStringLiteral("AutoEnabled"), manager.autoEnabled()},
+            {QStringLiteral("NextFireDate"), manager.nextFireDate().toString(Qt::ISODate)},
+            {QStringLiteral("CurrentWallpaper"), manager.currentWallpaperURL()}};
 }
 
 void ControlService::announce(const QString &property)

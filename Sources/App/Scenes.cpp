@@ -85,13 +85,14 @@ QQuickWindow *Scenes::make(const QUrl &url)
 
 bool Scenes::isAnyVisible() const
 {
-    return (m_main && m_main->isVisible()) || (m_settings && m_settings->isVisible());
+    const auto isVisible = [](const QPointer<QQuickWindow> &window) { return !window.isNull() && window->isVisible(); };
+    return isVisible(m_main) || isVisible(m_settings);
 }
 
 void Scenes::collect()
 {
     for (QPointer<QQuickWindow> *window : {&m_main, &m_settings}) {
-        if (*window && !(*window)->isVisible()) {
+        if (!window->isNull() && !(*window)->isVisible()) {
             delete *window;
         }
     }
@@ -109,8 +110,11 @@ std::vector<ApplicationWindow> Scenes::windows()
     const QWindowList all = QGuiApplication::topLevelWindows();
     for (QWindow *window : all) {
         const bool canBecomeMain = window->type() == Qt::Window || window->type() == Qt::Dialog;
-        found.push_back({canBecomeMain, window->isVisible(),
-                         [closing = QPointer<QWindow>(window)] { closing ? void(closing->close()) : void(); }});
+        found.push_back({canBecomeMain, window->isVisible(), [closing = QPointer<QWindow>(window)] {
+                             if (!closing.isNull()) {
+                                 closing->close();
+                             }
+                         }});
     }
     return found;
 }
