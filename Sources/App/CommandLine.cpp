@@ -100,9 +100,9 @@ std::variant<CommandLine, QString> parseCommandLine(const QStringList &arguments
         if (isOption && argument == QLatin1String("--")) {
             optionsEnded = true;
         } else if (isOption && isOneOf(argument, {"--help", "-h"})) {
-            return CommandLine{.verb = Verb::Help, .arguments = {}, .prompt = {}};
+            return CommandLine{.verb = Verb::Help, .arguments = {}, .prompt = {}, .secret = {}};
         } else if (isOption && argument == QLatin1String("--version")) {
-            return CommandLine{.verb = Verb::Version, .arguments = {}, .prompt = {}};
+            return CommandLine{.verb = Verb::Version, .arguments = {}, .prompt = {}, .secret = {}};
         } else if (isOption && argument == QLatin1String("--json")) {
             line.json = true;
         } else if (isOption && argument == QLatin1String("--hidden") && !hasVerb) {

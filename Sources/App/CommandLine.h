@@ -34,6 +34,7 @@ struct CommandLine
     Verb verb = Verb::Start;
     QStringList arguments;         ///< What follows the command, options taken out; as many as the command takes.
     std::optional<QString> prompt; ///< generate --prompt
+    QString secret;                ///< key set: the key. Comes from standard input, never from the arguments.
     bool json = false;             ///< One JSON value on standard output and nothing else there.
     bool hidden = false;           ///< Start without a window.
     bool unset = false;            ///< settings --unset: remove the key.

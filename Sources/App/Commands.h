@@ -1,15 +1,13 @@
 #pragma once
 
 #include "App/CommandLine.h"
+#include "App/CommandOutcome.h"
 
 namespace quorvane {
 
-inline constexpr int kDone = 0;
-inline constexpr int kFailed = 1;
-inline constexpr int kWrongCommandLine = 2;
-
-/// Carries the command out in this process, without windows, and returns the exit status. Needs neither a display nor
-/// a session bus. Waits for what it starts.
-[[nodiscard]] int runCommand(const CommandLine &line);
+/// Carries the command out, through the running application where that is its business and it runs, and else in this
+/// process, without windows. Waits for the end, prints it, and returns the exit status. Needs neither a display nor a
+/// session bus.
+[[nodiscard]] int runCommand(CommandLine line);
 
 } // namespace quorvane

@@ -9,6 +9,9 @@
 #include <QCoreApplication>
 #include <QHash>
 
+#include <array>
+#include <chrono>
+
 namespace quorvane::Reports {
 
 namespace {
@@ -81,7 +84,8 @@ QJsonObject status(const WallpaperManager &manager, DesktopPicture &desktop)
         {QStringLiteral("autoEnabled"), manager.autoEnabled()},
         {QStringLiteral("intervalMinutes"), manager.intervalMinutes()},
         {QStringLiteral("interval"), formatInterval(manager.intervalMinutes())},
-        // The schedule belongs to the running application; a command on its own will not be there when it is due.
+        // The schedule belongs to the running application (see withRunning): a command will not be there when it is
+        // due.
         {QStringLiteral("nextFireDate"), QJsonValue()},
         {QStringLiteral("currentWallpaper"), textOrNull(manager.currentWallpaperURL())},
         {QStringLiteral("desktop"), textOrNull(desktop.name())},
@@ -201,6 +205,45 @@ QString progressLine(const UpscaleProgress &progress)
         .arg(tiles)
         .arg(seconds / kSecondsPerMinute)
         .arg(seconds % kSecondsPerMinute, 2, 10, QLatin1Char('0'));
+}
+
+QVariantMap progressMap(const UpscaleProgress &progress)
+{
+    QVariantMap map{{QStringLiteral("tilesDone"), progress.tilesDone},
+                    {QStringLiteral("tilesTotal"), progress.tilesTotal}};
+    if (progress.remaining) {
+        const auto remaining = std::chrono::duration_cast<std::chrono::milliseconds>(*progress.remaining);
+        map.insert(QStringLiteral("remainingMilliseconds"), qint64{remaining.count()});
+    }
+    return map;
+}
+
+UpscaleProgress progressFrom(const QVariantMap &map)
+{
+    UpscaleProgress progress{map.value(QStringLiteral("tilesDone")).toInt(),
+                             map.value(QStringLiteral("tilesTotal")).toInt(), std::nullopt};
+    const QVariant remaining = map.value(QStringLiteral("remainingMilliseconds"));
+    if (remaining.isValid()) {
+        progress.remaining = std::chrono::milliseconds(remaining.toLongLong());
+    }
+    return progress;
+}
+
+QJsonObject withRunning(QJsonObject status, const QVariantMap &properties)
+{
+    const std::array taken{std::pair("status", "Status"), std::pair("isError", "IsError"),
+                           std::pair("isLoading", "IsLoading")};
+    for (const auto &[member, property] : taken) {
+        const QVariant value = properties.value(QLatin1String(property));
+        if (value.isValid()) {
+            status.insert(QLatin1String(member), QJsonValue::fromVariant(value));
+        }
+    }
+    const QString next = properties.value(QStringLiteral("NextFireDate")).toString();
+    if (!next.isEmpty()) {
+        status.insert(QStringLiteral("nextFireDate"), next);
+    }
+    return status;
 }
 
 } // namespace quorvane::Reports

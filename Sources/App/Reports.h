@@ -5,6 +5,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
+#include <QVariantMap>
 
 namespace quorvane {
 
@@ -28,6 +29,13 @@ namespace Reports {
 
 /// "3 of 12 tiles, 1:20 left"
 [[nodiscard]] QString progressLine(const UpscaleProgress &progress);
+
+/// Progress as it goes over the bus: "tilesDone", "tilesTotal" and, where it is known, "remainingMilliseconds".
+[[nodiscard]] QVariantMap progressMap(const UpscaleProgress &progress);
+[[nodiscard]] UpscaleProgress progressFrom(const QVariantMap &map);
+
+/// status with what only the running application knows in it: its status line, schedule and present picture.
+[[nodiscard]] QJsonObject withRunning(QJsonObject status, const QVariantMap &properties);
 
 } // namespace Reports
 

@@ -14,7 +14,7 @@ class WallpaperManager;
 /// The settings as the command line shows and changes them, under the names by which they are stored.
 namespace SettingsTable {
 
-/// Every name there is, in the order in which they are listed.
+/// Every name there is.
 [[nodiscard]] QStringList keys(const WallpaperManager &manager);
 
 /// The value in force: the stored one, or what holds while none is stored. null for an unknown key.

@@ -54,8 +54,10 @@ struct ManagerServices
 /// What a finished operation left on disk; empty where it left nothing.
 struct OperationResult
 {
-    QString file;     ///< The picture that was made, or set.
-    QString original; ///< The picture that file was enlarged from.
+    QString file;          ///< The picture that was made, or set.
+    QString original;      ///< The picture that file was enlarged from.
+    quint64 operation = 0; ///< What nextOperation() was when it was asked for.
+    bool isTimed = false;  ///< The schedule asked for it, not the user.
 };
 
 /// The one observable model and controller of the program: settings, state, and every operation. All of it belongs to
@@ -139,6 +141,9 @@ class WallpaperManager : public QObject
     /// How far an enlargement on this machine is; nothing while none runs.
     [[nodiscard]] const std::optional<UpscaleProgress> &progress() const { return m_progress; }
 
+    /// The number that the next operation gets; operationEnded() tells it again.
+    [[nodiscard]] quint64 nextOperation() const { return m_nextOperation; }
+
     /// Runs the event loop until no operation runs any more.
     void waitUntilIdle();
 
@@ -146,7 +151,7 @@ class WallpaperManager : public QObject
 
     /// Makes a picture of the prompt and sets it as the wallpaper. Returns at once; the published properties tell the
     /// rest. A call while another runs starts a second run of its own.
-    Q_INVOKABLE void generateAndSet();
+    Q_INVOKABLE void generateAndSet() { generateAndSet(Trigger::User); }
 
     // --- The desktop (WallpaperManagerDesktop.cpp) ------------------------------------------------------------------
 
@@ -220,6 +225,9 @@ class WallpaperManager : public QObject
         QString extension;
     };
 
+    enum class Trigger { User, Timer };
+    void generateAndSet(Trigger trigger);
+
     void setStatus(const QString &status);
     void setIsError(bool isError);
     void setIsLoading(bool isLoading);
@@ -235,13 +243,13 @@ class WallpaperManager : public QObject
     [[nodiscard]] QCoro::Task<FinalImage> upscaledOrOriginal(GeneratedImage generated);
     [[nodiscard]] QCoro::Task<UpscaledImage> upscaleLocally(QByteArray image);
     [[nodiscard]] QCoro::Task<QString> savedImage(QByteArray bytes, QString extension);
-    [[nodiscard]] QCoro::Task<> settingWallpaper(QString url);
+    [[nodiscard]] QCoro::Task<> settingWallpaper(QString url, quint64 operation);
     [[nodiscard]] QCoro::Task<> applying(QString url);
-    [[nodiscard]] QCoro::Task<> upscalingExistingImage(QString url);
+    [[nodiscard]] QCoro::Task<> upscalingExistingImage(QString url, quint64 operation);
     [[nodiscard]] QCoro::Task<UpscaledImage> upscaledFile(QString url, QString geminiApiKey);
     [[nodiscard]] QCoro::Task<> reloadingHistory();
-    [[nodiscard]] QCoro::Task<> writingFavorite(QString name, bool isFavorite);
-    [[nodiscard]] QCoro::Task<> deletingImage(QString url);
+    [[nodiscard]] QCoro::Task<> writingFavorite(QString name, bool isFavorite, quint64 operation);
+    [[nodiscard]] QCoro::Task<> deletingImage(QString url, quint64 operation);
 
     [[nodiscard]] QCoro::Task<> syncingWallpaper(QString url);
 
@@ -281,6 +289,7 @@ class WallpaperManager : public QObject
     int m_desktopCalls = 0;      ///< How many calls of the desktop have not been answered yet.
     bool m_missedChange = false; ///< The screens changed while the desktop was busy.
 
+    quint64 m_nextOperation = 1;
     int m_historyVersion = 0;    ///< Counts changes made here while a listing may be under way.
     QThreadPool m_libraryThread; ///< One thread, so that library changes happen in the order they were asked for.
     QThreadPool m_desktopThread; ///< One thread, so that the last picture asked for is the one that stays.

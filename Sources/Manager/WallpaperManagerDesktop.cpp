@@ -24,13 +24,13 @@ struct Outcome
 
 void WallpaperManager::setWallpaper(const QString &url)
 {
-    m_scope.start(settingWallpaper(url));
+    m_scope.start(settingWallpaper(url, m_nextOperation++));
 }
 
-QCoro::Task<> WallpaperManager::settingWallpaper(QString url)
+QCoro::Task<> WallpaperManager::settingWallpaper(QString url, quint64 operation)
 {
     co_await applying(url);
-    Q_EMIT operationEnded({.file = m_isError ? QString() : url, .original = {}});
+    Q_EMIT operationEnded({.file = m_isError ? QString() : url, .original = {}, .operation = operation});
 }
 
 QCoro::Task<> WallpaperManager::applying(QString url)

@@ -18,10 +18,14 @@ struct WallpaperManager::Generation
     QString modelId;
     bool needsUpscale;
     QString apiKey;
+    quint64 operation;
+    bool isTimed;
 };
 
-void WallpaperManager::generateAndSet()
+void WallpaperManager::generateAndSet(Trigger trigger)
 {
+    const quint64 operation = m_nextOperation++;
+    const bool isTimed = trigger == Trigger::Timer;
     setIsLoading(true);
     setStatus(QString());
     setIsError(false);
@@ -31,17 +35,18 @@ void WallpaperManager::generateAndSet()
     if (const std::optional<QString> problem = addressProblem(provider.id())) {
         report(*problem, true);
         setIsLoading(false);
-        Q_EMIT operationEnded({});
+        Q_EMIT operationEnded({.file = {}, .original = {}, .operation = operation, .isTimed = isTimed});
         return;
     }
     const std::optional<QString> apiKey = Keychain::load(provider.id());
     if (!apiKey) {
         report(QStringLiteral("Missing ") + provider.name() + QStringLiteral(" API key — open Settings (⌘,)"), true);
         setIsLoading(false);
-        Q_EMIT operationEnded({});
+        Q_EMIT operationEnded({.file = {}, .original = {}, .operation = operation, .isTimed = isTimed});
         return;
     }
-    Generation run{m_prompt, &provider, resolvedModelId(), m_fourKEnabled && !providerProducesNative4K(), *apiKey};
+    Generation run{m_prompt,  &provider, resolvedModelId(), m_fourKEnabled && !providerProducesNative4K(), *apiKey,
+                   operation, isTimed};
     m_scope.start(generating(std::move(run)));
 }
 
@@ -58,7 +63,7 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
     if (!failure.isEmpty()) {
         report(failure, true);
         setIsLoading(false);
-        Q_EMIT operationEnded({});
+        Q_EMIT operationEnded({.file = {}, .original = {}, .operation = run.operation, .isTimed = run.isTimed});
         co_return;
     }
 
@@ -82,7 +87,7 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
     if (saved.isEmpty()) {
         report(QStringLiteral("Failed to save image"), true);
         setIsLoading(false);
-        Q_EMIT operationEnded({.file = {}, .original = original});
+        Q_EMIT operationEnded({.file = {}, .original = original, .operation = run.operation, .isTimed = run.isTimed});
         co_return;
     }
     auto record = [prompt = run.prompt, original, saved] {
@@ -97,7 +102,7 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
     co_await applying(saved);
     co_await reloadingHistory();
     setIsLoading(false);
-    Q_EMIT operationEnded({.file = saved, .original = original});
+    Q_EMIT operationEnded({.file = saved, .original = original, .operation = run.operation, .isTimed = run.isTimed});
 }
 
 /// The enlarged picture, or the generated one where that fails; a failure is a warning in the status line.

@@ -63,10 +63,10 @@ void WallpaperManager::toggleFavorite(const QString &url)
     }
     ++m_historyVersion;
     Q_EMIT favoritesChanged();
-    m_scope.start(writingFavorite(name, isFavorite));
+    m_scope.start(writingFavorite(name, isFavorite, m_nextOperation++));
 }
 
-QCoro::Task<> WallpaperManager::writingFavorite(QString name, bool isFavorite)
+QCoro::Task<> WallpaperManager::writingFavorite(QString name, bool isFavorite, quint64 operation)
 {
     auto write = [name, isFavorite] {
         if (isFavorite) {
@@ -76,6 +76,7 @@ QCoro::Task<> WallpaperManager::writingFavorite(QString name, bool isFavorite)
         }
     };
     co_await onWorker(&m_libraryThread, std::move(write));
+    Q_EMIT operationEnded({.file = {}, .original = {}, .operation = operation});
 }
 
 std::vector<Album> WallpaperManager::albums() const
@@ -87,14 +88,15 @@ std::vector<Album> WallpaperManager::albums() const
 
 void WallpaperManager::deleteImage(const QString &url)
 {
-    m_scope.start(deletingImage(url));
+    m_scope.start(deletingImage(url, m_nextOperation++));
 }
 
-QCoro::Task<> WallpaperManager::deletingImage(QString url)
+QCoro::Task<> WallpaperManager::deletingImage(QString url, quint64 operation)
 {
     auto remove = [url] { ImageStore::deleteImage(url); };
     co_await onWorker(&m_libraryThread, std::move(remove));
     co_await reloadingHistory();
+    Q_EMIT operationEnded({.file = {}, .original = {}, .operation = operation});
 }
 
 } // namespace quorvane

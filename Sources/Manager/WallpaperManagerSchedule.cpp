@@ -70,7 +70,7 @@ void WallpaperManager::scheduleNext(std::chrono::nanoseconds due)
 
 void WallpaperManager::timerFired()
 {
-    generateAndSet();
+    generateAndSet(Trigger::Timer);
     // After a sleep the countdown begins anew, as handleWake() does it: which of the two learns of it first depends on
     // the machine, and the other then finds nothing overdue. However many moments were missed, this is the one firing.
     if (m_services.clock->uptime() - m_timerDue >= kOverslept) {
@@ -90,7 +90,7 @@ void WallpaperManager::setupWakeObserver()
 void WallpaperManager::handleWake()
 {
     if (m_autoEnabled && m_nextFireDate.isValid() && now() >= m_nextFireDate) {
-        generateAndSet();
+        generateAndSet(Trigger::Timer);
         startTimer();
     }
 }

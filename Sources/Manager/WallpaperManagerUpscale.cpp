@@ -38,12 +38,13 @@ void WallpaperManager::upscaleExistingImage(const QString &url)
     setUpscalingURL(url);
     setStatus(QString());
     setIsError(false);
-    m_scope.start(upscalingExistingImage(url));
+    m_scope.start(upscalingExistingImage(url, m_nextOperation++));
 }
 
-QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url)
+QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, quint64 operation)
 {
-    const auto end = [this](OperationResult result) {
+    const auto end = [this, operation](OperationResult result) {
+        result.operation = operation;
         setIsLoading(false);
         setUpscalingURL(QString());
         Q_EMIT operationEnded(result);

@@ -95,6 +95,12 @@ bool KeyringSession::startBus(const QByteArray &serviceFile)
     return QDBusConnection::connectToBus(m_address, m_connectionName).isConnected();
 }
 
+void KeyringSession::stopBus()
+{
+    QDBusConnection::disconnectFromBus(m_connectionName);
+    end(&m_bus);
+}
+
 QDBusConnection KeyringSession::connection() const
 {
     return QDBusConnection(m_connectionName);

@@ -23,12 +23,16 @@ class KeyringSession
     KeyringSession(const KeyringSession &) = delete;
     KeyringSession &operator=(const KeyringSession &) = delete;
 
+    [[nodiscard]] const PrivateHome &home() const { return m_home; }
+
     /// What is started in this session runs in this environment.
     [[nodiscard]] QProcessEnvironment &environment() { return m_environment; }
 
     /// Starts a bus; with serviceFile, the content of a D-Bus service file, the service described there can be
     /// activated.
     [[nodiscard]] bool startBus(const QByteArray &serviceFile = {});
+
+    void stopBus();
 
     /// Starts the keyring daemon and unlocks its keyring, which is made at the first start.
     [[nodiscard]] bool startKeyring();

@@ -1,0 +1,234 @@
+#include "App/ControlService.h"
+
+#include "App/CommandRunner.h"
+#include "App/ControlCalls.h"
+#include "App/PropertiesCall.h"
+#include "App/Reports.h"
+#include "App/SessionBus.h"
+#include "App/Workshop.h"
+
+#include <QDBusArgument>
+#include <QDBusConnectionInterface>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+// A busy machine may take its time; a frozen application is given up.
+constexpr int kActivationLimitMilliseconds = 20'000;
+
+const QString kActivationToken = QStringLiteral("activation-token");
+const QString kStartupId = QStringLiteral("desktop-startup-id");
+
+QString tokenFrom(const QVariant &platformData)
+{
+    const auto data = qdbus_cast<QVariantMap>(platformData);
+    const QString token = data.value(kActivationToken).toString();
+    return token.isEmpty() ? data.value(kStartupId).toString() : token;
+}
+
+QDBusMessage replyWith(const QDBusMessage &call, const CommandOutcome &outcome)
+{
+    if (!outcome.problem.isEmpty()) {
+        const bool isWrong = outcome.status == kWrongCommandLine;
+        return call.createErrorReply(isWrong ? Control::wrongArgumentsError() : Control::failedError(),
+                                     outcome.problem);
+    }
+    const QByteArray list = QJsonDocument(QJsonArray{outcome.value}).toJson(QJsonDocument::Compact);
+    return call.createReply(QString::fromUtf8(list.sliced(1, list.size() - 2)));
+}
+
+} // namespace
+
+ControlService::ControlService(SessionBus &bus, QObject *parent)
+    : QDBusVirtualObject(parent)
+    , m_bus(bus)
+{
+}
+
+ControlService::Claim ControlService::claim()
+{
+    if (!m_bus.isConnected()) {
+        return Claim::NoBus;
+    }
+    return exportAndRequest() ? Claim::Owned : Claim::Taken;
+}
+
+bool ControlService::exportAndRequest()
+{
+    // The object first: who sees the name may call at once.
+    QDBusConnection bus = m_bus.connection();
+    bus.registerVirtualObject(Control::objectPath(), this);
+    return bus.interface()->registerService(Control::busName(), QDBusConnectionInterface::DontQueueService).value() ==
+           QDBusConnectionInterface::ServiceRegistered;
+}
+
+bool ControlService::activateOther()
+{
+    QVariantMap platformData;
+    for (const auto &[variable, key] :
+         {std::pair("XDG_ACTIVATION_TOKEN", kActivationToken), std::pair("DESKTOP_STARTUP_ID", kStartupId)}) {
+        if (qEnvironmentVariableIsSet(variable)) {
+            platformData.insert(key, qEnvironmentVariable(variable));
+        }
+    }
+    QDBusMessage call = QDBusMessage::createMethodCall(Control::busName(), Control::objectPath(),
+                                                       Control::applicationInterface(), QStringLiteral("Activate"));
+    call.setArguments({platformData});
+    call.setAutoStartService(false);
+    return m_bus.connection().call(call, QDBus::Block, kActivationLimitMilliseconds).type() ==
+           QDBusMessage::ReplyMessage;
+}
+
+void ControlService::serve(Workshop &workshop)
+{
+    m_workshop = &workshop;
+    const WallpaperManager *manager = &workshop.manager;
+    const auto announceAt = [this, manager](auto signal, const QString &property) {
+        connect(manager, signal, this, [this, property] { announce(property); });
+    };
+    announceAt(&WallpaperManager::statusChanged, QStringLiteral("Status"));
+    announceAt(&WallpaperManager::isErrorChanged, QStringLiteral("IsError"));
+    announceAt(&WallpaperManager::isLoadingChanged, QStringLiteral("IsLoading"));
+    announceAt(&WallpaperManager::progressChanged, QStringLiteral("Progress"));
+    announceAt(&WallpaperManager::autoEnabledChanged, QStringLiteral("AutoEnabled"));
+    announceAt(&WallpaperManager::nextFireDateChanged, QStringLiteral("NextFireDate"));
+    announceAt(&WallpaperManager::currentWallpaperURLChanged, QStringLiteral("CurrentWallpaper"));
+    for (const QDBusMessage &message : std::exchange(m_early, {})) {
+        handleMessage(message, m_bus.connection());
+    }
+    // After a restart of the bus the name is free again.
+    connect(&m_bus, &SessionBus::connected, this, [this] {
+        if (!exportAndRequest()) {
+            qWarning("Another process has taken the name %s", qUtf8Printable(Control::busName()));
+        }
+    });
+}
+
+void ControlService::release()
+{
+    if (m_bus.isConnected()) {
+        m_bus.connection().unregisterService(Control::busName());
+        m_bus.connection().unregisterObject(Control::objectPath());
+    }
+}
+
+QVariantMap ControlService::properties() const
+{
+    const WallpaperManager &manager = m_workshop->manager;
+    const std::optional<UpscaleProgress> progress = manager.progress();
+    return {{QStringLiteral("Status"), manager.status()},
+            {QStringLiteral("IsError"), manager.isError()},
+            {QStringLiteral("IsLoading"), manager.isLoading()},
+            {QStringLiteral("Progress"), progress ? Reports::progressMap(*progress) : QVariantMap()},
+            {QStringLiteral("AutoEnabled"), manager.autoEnabled()},
+            {QStringLiteral("NextFireDate"), manager.nextFireDate().toString(Qt::ISODate)},
+            {QStringLiteral("CurrentWallpaper"), manager.currentWallpaperURL()}};
+}
+
+void ControlService::announce(const QString &property)
+{
+    if (m_bus.isConnected()) {
+        m_bus.connection().send(propertiesChanged(Control::objectPath(), Control::interfaceName(),
+                                                  {{property, properties().value(property)}}));
+    }
+}
+
+QString ControlService::introspect(const QString & /*path*/) const
+{
+    return Control::introspectionXml();
+}
+
+bool ControlService::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
+{
+    if (m_workshop == nullptr) {
+        // The name is ours before the manager is made, which may run the event loop.
+        message.setDelayedReply(true);
+        m_early.append(message);
+        return true;
+    }
+    if (const auto reply = propertiesReply(message, Control::interfaceName(), properties())) {
+        return connection.send(*reply);
+    }
+    if (message.interface() == Control::applicationInterface()) {
+        answerApplication(message, connection);
+        return true;
+    }
+    if (message.interface() == Control::interfaceName() || message.interface().isEmpty()) {
+        answerOperation(message, connection);
+        return true;
+    }
+    return false;
+}
+
+void ControlService::answerApplication(const QDBusMessage &message, const QDBusConnection &connection)
+{
+    const QVariantList arguments = message.arguments();
+    const QString signature = message.signature();
+    if (message.member() == QLatin1String("Activate") && signature == QLatin1String("a{sv}")) {
+        connection.send(message.createReply());
+        Q_EMIT activated(tokenFrom(arguments.first()));
+        return;
+    }
+    if (message.member() == QLatin1String("Open") && signature == QLatin1String("asa{sv}")) {
+        connection.send(message.createReply());
+        Q_EMIT activated(tokenFrom(arguments.at(1)));
+        return;
+    }
+    const QString action = arguments.value(0).toString();
+    const bool isAction = message.member() == QLatin1String("ActivateAction") && signature == QLatin1String("sava{sv}");
+    WallpaperManager &manager = m_workshop->manager;
+    if (isAction && action == QLatin1String("quit")) {
+        quit(message, connection);
+    } else if (isAction && action == QLatin1String("settings")) {
+        connection.send(message.createReply());
+        Q_EMIT settingsAsked(tokenFrom(arguments.at(2)));
+    } else if (isAction && action == QLatin1String("generate")) {
+        connection.send(message.createReply());
+        manager.generateAndSet();
+    } else if (isAction && action == QLatin1String("toggle-auto")) {
+        connection.send(message.createReply());
+        manager.setAutoEnabled(!manager.autoEnabled());
+    } else {
+        connection.send(
+            message.createErrorReply(QDBusError::InvalidArgs, message.member() + QLatin1Char(' ') + action));
+    }
+}
+
+void ControlService::answerOperation(const QDBusMessage &message, const QDBusConnection &connection)
+{
+    const auto line = Control::lineFrom({message.member(), message.arguments()});
+    if (!line) {
+        connection.send(message.createErrorReply(Control::wrongArgumentsError(), message.member()));
+    } else if (line->verb == CommandLine::Verb::Quit) {
+        quit(message, connection);
+    } else {
+        run(*line, message, connection);
+    }
+}
+
+void ControlService::run(const CommandLine &line, const QDBusMessage &message, const QDBusConnection &connection)
+{
+    const auto ended = [this, message, connection](const CommandOutcome &outcome) {
+        connection.send(replyWith(message, outcome));
+        Q_EMIT changed();
+    };
+    if (line.verb == CommandLine::Verb::Key) {
+        ended(CommandRunner::changeKeys(line));
+    } else {
+        CommandRunner::start(*m_workshop, line, ended);
+    }
+}
+
+void ControlService::quit(const QDBusMessage &message, const QDBusConnection &connection)
+{
+    connection.send(message.createReply(
+        message.interface() == Control::interfaceName() ? QVariantList{QStringLiteral("null")} : QVariantList()));
+    Q_EMIT quitAsked();
+}
+
+} // namespace quorvane

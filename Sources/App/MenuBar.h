@@ -1,0 +1,40 @@
+#pragma once
+
+#include "App/DBusMenu.h"
+#include "App/StatusNotifierItem.h"
+
+#include <QObject>
+
+namespace quorvane {
+
+class WallpaperManager;
+
+/// The icon and its menu, kept as the manager is. Reads the prompt and the key file when the menu is about to be shown,
+/// because neither announces its changes.
+class MenuBar : public QObject
+{
+    Q_OBJECT
+
+  public:
+    MenuBar(SessionBus &bus, WallpaperManager &manager, QObject *parent = nullptr);
+
+    void refresh();
+
+    /// Whether a panel shows the icon.
+    [[nodiscard]] bool isShown() const { return m_item.isShown(); }
+
+  Q_SIGNALS:
+    void openWindowChosen();
+    void settingsChosen();
+    void quitChosen();
+
+  private:
+    void choose(MenuItem::Id id);
+    [[nodiscard]] MenuState state() const;
+
+    WallpaperManager &m_manager;
+    DBusMenu m_menu;
+    StatusNotifierItem m_item;
+};
+
+} // namespace quorvane

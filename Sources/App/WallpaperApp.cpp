@@ -1,0 +1,95 @@
+#include "App/WallpaperApp.h"
+
+#include "App/Console.h"
+#include "App/ControlService.h"
+#include "App/SessionBus.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+
+namespace quorvane {
+
+WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls urls, QObject *parent)
+    : QObject(parent)
+    , m_control(control)
+    , m_delegate(&Scenes::windows)
+    , m_notifications(bus)
+    , m_menuBar(bus, m_workshop.manager)
+    , m_scenes(m_workshop.manager, std::move(urls))
+{
+    QGuiApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
+    qApp->installEventFilter(this);
+
+    connect(&m_menuBar, &MenuBar::openWindowChosen, this, [this] { m_scenes.openMain(); });
+    connect(&m_menuBar, &MenuBar::settingsChosen, this, [this] { m_scenes.openSettings(); });
+    connect(&m_menuBar, &MenuBar::quitChosen, this, &WallpaperApp::reallyQuit);
+
+    m_control.serve(m_workshop);
+    connect(&m_control, &ControlService::activated, this, &WallpaperApp::openMain);
+    connect(&m_control, &ControlService::settingsAsked, &m_scenes, &Scenes::openSettings);
+    connect(&m_control, &ControlService::quitAsked, this, &WallpaperApp::reallyQuit);
+    connect(&m_control, &ControlService::changed, &m_menuBar, &MenuBar::refresh);
+
+    connect(&m_scenes, &Scenes::failed, this, [this](const QString &problem) {
+        Console::printError(QStringLiteral("quorvane: ") + problem);
+        m_notifications.show({tr("The window cannot be opened"), problem, {}});
+    });
+    connect(&m_signals, &UnixSignals::endAsked, this, &WallpaperApp::reallyQuit);
+    connect(&m_workshop.manager, &WallpaperManager::operationEnded, this, &WallpaperApp::notify);
+}
+
+WallpaperApp::~WallpaperApp()
+{
+    // Nothing is asked of a manager that is going.
+    m_control.release();
+}
+
+void WallpaperApp::openMain(const QString &token)
+{
+    m_scenes.openMain(token);
+}
+
+bool WallpaperApp::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress && watched->isWindowType()) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool isCommand = key->modifiers() == Qt::ControlModifier || key->modifiers() == Qt::MetaModifier;
+        if (isCommand && key->key() == Qt::Key_Q) {
+            // Not from within the window that is about to close.
+            QMetaObject::invokeMethod(this, &WallpaperApp::terminate, Qt::QueuedConnection);
+            return true;
+        }
+        if (isCommand && key->key() == Qt::Key_Comma) {
+            QMetaObject::invokeMethod(
+                &m_scenes, [this] { m_scenes.openSettings(); }, Qt::QueuedConnection);
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void WallpaperApp::terminate()
+{
+    if (m_delegate.applicationShouldTerminate() == AppDelegate::TerminateReply::TerminateNow) {
+        // Not quit(), which asks every window and lets it refuse.
+        QCoreApplication::exit(0);
+    }
+}
+
+void WallpaperApp::reallyQuit()
+{
+    m_delegate.setShouldReallyQuit();
+    terminate();
+}
+
+void WallpaperApp::notify(const OperationResult &result)
+{
+    const WallpaperManager &manager = m_workshop.manager;
+    const auto notice =
+        noticeFor({result.isTimed, manager.isError(), manager.status(), result.file, m_scenes.isAnyVisible()});
+    if (notice) {
+        m_notifications.show(*notice);
+    }
+}
+
+} // namespace quorvane

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Manager/WallpaperManager.h"
+#include "Platform/Clock.h"
+#include "Platform/DesktopPicture.h"
+#include "Platform/HttpClient.h"
+#include "Platform/PowerEvents.h"
+#include "Platform/Screens.h"
+#include "Platform/SecretStore.h"
+#include "Platform/UserDefaults.h"
+#include "Upscaling/LocalUpscaler.h"
+
+#include <memory>
+
+namespace quorvane {
+
+/// The one manager of a process, and everything that it works with.
+struct Workshop
+{
+    UserDefaults defaults;
+    HttpClient http;
+    std::unique_ptr<DesktopPicture> desktop = makeDesktopPicture();
+    std::unique_ptr<SecretStore> legacyKeys = makeSecretStore();
+    std::unique_ptr<Clock> clock;
+    std::unique_ptr<PowerEvents> powerEvents;
+    std::unique_ptr<Screens> screens;
+    WallpaperManager manager;
+
+    /// Only what stays has a schedule, and follows sleep and screens; a command is gone before any of it matters.
+    enum class Life { OneCommand, Application };
+
+    explicit Workshop(Life life)
+        : clock(life == Life::Application ? makeSystemClock() : nullptr)
+        , powerEvents(life == Life::Application ? makePowerEvents() : nullptr)
+        , screens(life == Life::Application ? makeScreens() : nullptr)
+        , manager({.defaults = &defaults,
+                   .http = &http,
+                   .desktop = desktop.get(),
+                   .legacyKeys = legacyKeys.get(),
+                   .localUpscale = localUpscaleImage,
+                   .clock = clock.get(),
+                   .powerEvents = powerEvents.get(),
+                   .screens = screens.get()})
+    {
+    }
+};
+
+} // namespace quorvane

@@ -1,0 +1,176 @@
+// The menu as a panel sees it: read and clicked over the bus.
+
+#include "ShellSession.h"
+
+#include "Support/WaitFor.h"
+
+#include <QFile>
+
+namespace quorvane {
+
+namespace {
+
+const QString kLabel = QStringLiteral("label");
+const QString kEnabled = QStringLiteral("enabled");
+const QString kToggle = QStringLiteral("toggle-state");
+const QString kStatus = QStringLiteral("Status");
+
+} // namespace
+
+using ShellMenuTest = ShellTest;
+
+TEST_F(ShellMenuTest, hasItsItemsInTheirOrder)
+{
+    const auto application = startAndWait();
+    QStringList labels;
+    for (const DBusMenuLayout &each : menu()) {
+        const bool isDivider = each.properties.value(QStringLiteral("type")) == QStringLiteral("separator");
+        labels.append(isDivider ? QStringLiteral("-") : each.properties.value(kLabel).toString());
+    }
+    EXPECT_EQ(labels.join(QLatin1Char('|')).toStdString(),
+              "Idle|-|Generate Now|Auto-Generate|-|Open Window|Settings...|-|Quit");
+    EXPECT_FALSE(menuProperty(MenuItem::StateLine, kEnabled).toBool());
+    EXPECT_FALSE(menuProperty(MenuItem::GenerateNow, kEnabled).toBool());
+    EXPECT_TRUE(menuProperty(MenuItem::Quit, kEnabled).toBool());
+    EXPECT_EQ(menuProperty(MenuItem::AutoGenerate, kToggle), QVariant(0));
+}
+
+TEST_F(ShellMenuTest, autoGenerateIsASwitchAndTheStateLineFollows)
+{
+    const auto application = startAndWait();
+    click(MenuItem::AutoGenerate);
+    EXPECT_TRUE(property(QStringLiteral("AutoEnabled")).toBool());
+    EXPECT_EQ(menuProperty(MenuItem::AutoGenerate, kToggle), QVariant(1));
+    EXPECT_TRUE(menuProperty(MenuItem::StateLine, kLabel).toString().startsWith(QStringLiteral("Next: ")));
+    EXPECT_FALSE(property(QStringLiteral("NextFireDate")).toString().isEmpty());
+    click(MenuItem::AutoGenerate);
+    EXPECT_EQ(menuProperty(MenuItem::StateLine, kLabel).toString(), QStringLiteral("Idle"));
+}
+
+TEST_F(ShellMenuTest, generateNowWorksOnceThereIsAPromptAndAKey)
+{
+    const auto application = startAndWait();
+    click(MenuItem::GenerateNow); // Disabled: nothing happens.
+    EXPECT_EQ(property(kStatus).toString(), QString());
+    ASSERT_EQ(command({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status, 0);
+    EXPECT_FALSE(menuProperty(MenuItem::GenerateNow, kEnabled).toBool());
+    ASSERT_EQ(command({QStringLiteral("settings"), QStringLiteral("lastPrompt"), QStringLiteral(" ")}).status, 0);
+    EXPECT_TRUE(menuProperty(MenuItem::GenerateNow, kEnabled).toBool());
+    click(MenuItem::GenerateNow);
+    EXPECT_TRUE(waitFor([this] {
+        return property(kStatus).toString() == QStringLiteral("Wallpaper set!") &&
+               !property(QStringLiteral("IsLoading")).toBool();
+    }));
+    EXPECT_EQ(service.requests().size(), 1);
+    EXPECT_TRUE(QFile::exists(property(QStringLiteral("CurrentWallpaper")).toString()));
+}
+
+TEST_F(ShellMenuTest, openWindowTwiceOpensOneAndTheQuitCommandOnlyClosesIt)
+{
+    const auto application = startAndWait();
+    click(MenuItem::OpenWindow);
+    ASSERT_TRUE(application->says("main opened with manager"));
+    click(MenuItem::OpenWindow);
+    click(MenuItem::Settings);
+    ASSERT_TRUE(application->says("settings opened with manager"));
+    EXPECT_EQ(application->count("main opened"), 1);
+    application->press("Ctrl+Q");
+    ASSERT_TRUE(application->says("main closed") && application->says("settings closed"));
+    EXPECT_TRUE(isOnBus());
+    click(MenuItem::OpenWindow);
+    ASSERT_TRUE(application->says("main opened with manager", 2));
+    application->press("Meta+,");
+    ASSERT_TRUE(application->says("settings opened", 2));
+    application->press("Meta+Q");
+    ASSERT_TRUE(application->says("main closed", 2) && application->says("settings closed", 2));
+    EXPECT_TRUE(isOnBus());
+    EXPECT_TRUE(application->isRunning());
+}
+
+TEST_F(ShellMenuTest, aWindowCanAskForTheSettings)
+{
+    const auto application = startAndWait({});
+    ASSERT_TRUE(application->says("main opened"));
+    application->press("Ctrl+Shift+S");
+    EXPECT_TRUE(application->says("settings opened"));
+}
+
+TEST_F(ShellMenuTest, quitEndsWhateverIsOpen)
+{
+    const auto application = startAndWait({});
+    ASSERT_TRUE(application->says("main opened"));
+    click(MenuItem::Settings);
+    ASSERT_TRUE(application->says("settings opened"));
+    click(MenuItem::Quit);
+    EXPECT_EQ(application->waitForEnd(), 0) << application->errors().constData();
+    EXPECT_FALSE(isOnBus());
+}
+
+TEST_F(ShellMenuTest, theIconComesWithAPanelThatComesLaterAndAgainWhenThatWasRestarted)
+{
+    const auto application = startAndWait();
+    {
+        const Panel late(session.connection());
+        EXPECT_TRUE(waitFor([&late] { return !late.items.isEmpty(); }));
+    }
+    const Panel restarted(session.connection());
+    EXPECT_TRUE(waitFor([&restarted] { return restarted.items.size() == 1; }));
+    // What a panel reads of it.
+    const QDBusMessage reply =
+        call(QStringLiteral("/StatusNotifierItem"), QStringLiteral("org.freedesktop.DBus.Properties"),
+             QStringLiteral("GetAll"), {QStringLiteral("org.kde.StatusNotifierItem")});
+    const auto properties = qdbus_cast<QVariantMap>(reply.arguments().value(0));
+    EXPECT_EQ(properties.value(QStringLiteral("Id")).toString(), QStringLiteral("app.quorvane.Quorvane"));
+    EXPECT_EQ(properties.value(QStringLiteral("Menu")).value<QDBusObjectPath>().path(), DBusMenu::path());
+    const auto pixmaps = properties.value(QStringLiteral("IconPixmap")).value<QDBusArgument>();
+    EXPECT_EQ(pixmaps.currentSignature(), QStringLiteral("a(iiay)"));
+    const auto toolTip = properties.value(QStringLiteral("ToolTip")).value<QDBusArgument>();
+    EXPECT_EQ(toolTip.currentSignature(), QStringLiteral("(sa(iiay)ss)"));
+}
+
+TEST_F(ShellMenuTest, everythingComesBackWithARestartedBus)
+{
+    const auto application = startAndWait();
+    session.stopBus();
+    ASSERT_TRUE(session.startBus());
+    ASSERT_TRUE(waitFor([this] { return isOnBus(); }));
+    const Panel panel(session.connection());
+    EXPECT_TRUE(waitFor([&panel] { return panel.items.size() == 1; }));
+    EXPECT_EQ(menu().size(), 9);
+    click(MenuItem::Quit);
+    EXPECT_EQ(application->waitForEnd(), 0) << application->errors().constData();
+}
+
+TEST_F(ShellMenuTest, aWindowThatCannotBeMadeIsToldAndTheProgramStays)
+{
+    session.environment().insert(QStringLiteral("TEST_WINDOWS"), QStringLiteral("/nonexistent"));
+    const auto application = startAndWait({});
+    EXPECT_TRUE(application->says("MainWindow.qml cannot be opened: "));
+    EXPECT_EQ(menu().size(), 9);
+    EXPECT_TRUE(application->isRunning());
+}
+
+TEST_F(ShellMenuTest, aPictureThatIsMadeUnseenIsNotifiedAndTheNextNoticeTakesItsPlace)
+{
+    Daemon daemon(session.connection());
+    const auto application = startAndWait();
+    ASSERT_EQ(command({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status, 0);
+    ASSERT_EQ(command({QStringLiteral("generate")}).status, 0);
+    ASSERT_TRUE(waitFor([&daemon] { return daemon.shown.size() == 1; }));
+    EXPECT_EQ(daemon.shown.first().at(1).toUInt(), 0U);
+    EXPECT_EQ(daemon.shown.first().at(3).toString(), QStringLiteral("New wallpaper"));
+    const auto hints = qdbus_cast<QVariantMap>(daemon.shown.first().at(6));
+    const QString picture = property(QStringLiteral("CurrentWallpaper")).toString();
+    EXPECT_EQ(hints.value(QStringLiteral("image-path")).toString(), QStringLiteral("file://") + picture);
+    ASSERT_EQ(command({QStringLiteral("set"), picture}).status, 0);
+    ASSERT_TRUE(waitFor([&daemon] { return daemon.shown.size() == 2; }));
+    EXPECT_EQ(daemon.shown.last().at(1).toUInt(), 7U);
+    // With a window open the user sees it there.
+    click(MenuItem::OpenWindow);
+    ASSERT_TRUE(application->says("main opened"));
+    ASSERT_EQ(command({QStringLiteral("set"), picture}).status, 0);
+    EXPECT_EQ(property(kStatus).toString(), QStringLiteral("Wallpaper set!"));
+    EXPECT_EQ(daemon.shown.size(), 2);
+}
+
+} // namespace quorvane

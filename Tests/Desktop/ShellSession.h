@@ -1,0 +1,101 @@
+#pragma once
+
+#include "KeyringSession.h"
+
+#include "App/DBusMenu.h"
+#include "Support/CommandRun.h"
+#include "demo-service/DemoService.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <memory>
+
+namespace quorvane {
+
+/// One start of the application, ended with the object at the latest.
+class Application
+{
+  public:
+    Application(const QProcessEnvironment &environment, const QStringList &arguments);
+    ~Application();
+    Application(const Application &) = delete;
+    Application &operator=(const Application &) = delete;
+
+    /// Waits until it has written text to standard error that many times.
+    [[nodiscard]] bool says(const QByteArray &text, int times = 1);
+    /// How many times it has written text so far.
+    [[nodiscard]] int count(const QByteArray &text);
+    [[nodiscard]] const QByteArray &errors() const { return m_errors; }
+    [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }
+    /// The exit status; -1 when it did not end by itself.
+    [[nodiscard]] int waitForEnd();
+    void press(const QByteArray &keys) { m_process.write(keys + '\n'); }
+    void signal(int number);
+
+  private:
+    QProcess m_process;
+    QByteArray m_errors;
+};
+
+/// A panel: the watcher of tray icons, with a host.
+class Panel : public QDBusVirtualObject
+{
+    Q_OBJECT
+
+  public:
+    explicit Panel(const QDBusConnection &bus);
+    ~Panel() override;
+
+    [[nodiscard]] QString introspect(const QString & /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
+
+    QStringList items; ///< What registered, in its order.
+
+  private:
+    QDBusConnection m_bus;
+};
+
+/// A notification daemon that keeps what it is asked to show.
+class Daemon : public QDBusVirtualObject
+{
+    Q_OBJECT
+
+  public:
+    explicit Daemon(QDBusConnection bus);
+
+    [[nodiscard]] QString introspect(const QString & /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
+
+    QList<QVariantList> shown; ///< The arguments of each call.
+};
+
+/// The program in a session of its own: home, bus, service, no display.
+class ShellTest : public testing::Test
+{
+  protected:
+    void SetUp() override;
+
+    [[nodiscard]] std::unique_ptr<Application> start(const QStringList &arguments = {QStringLiteral("--hidden")});
+    /// start(), and waits until it answers on the bus.
+    [[nodiscard]] std::unique_ptr<Application> startAndWait(const QStringList &arguments = {
+                                                                QStringLiteral("--hidden")});
+    /// A command, while the test's own objects on the bus answer.
+    [[nodiscard]] CommandRun command(const QStringList &arguments, const QByteArray &input = {});
+
+    [[nodiscard]] bool isOnBus() const;
+    /// A property of the application.
+    [[nodiscard]] QVariant property(const QString &name) const;
+    [[nodiscard]] QDBusMessage call(const QString &path, const QString &interface, const QString &method,
+                                    const QVariantList &arguments) const;
+    /// The menu as a panel reads it.
+    [[nodiscard]] QList<DBusMenuLayout> menu() const;
+    /// What one item of it has under that name.
+    [[nodiscard]] QVariant menuProperty(MenuItem::Id id, const QString &name) const;
+    void click(MenuItem::Id id) const;
+
+    KeyringSession session;
+    DemoService service;
+};
+
+} // namespace quorvane
