@@ -113,7 +113,8 @@ struct Program
     HttpClient http;
     std::unique_ptr<DesktopPicture> desktop = makeDesktopPicture();
     std::unique_ptr<SecretStore> legacyKeys = makeSecretStore();
-    WallpaperManager manager{ManagerServices{&defaults, &http, desktop.get(), legacyKeys.get(), {}, nullptr, nullptr, nullptr}};
+    WallpaperManager manager{
+        ManagerServices{&defaults, &http, desktop.get(), legacyKeys.get(), {}, nullptr, nullptr, nullptr}};
 };
 
 void reloadHistory(benchmark::State &state)
