@@ -26,7 +26,6 @@ Item {
         manager: view.manager
         list: galleryModel.images
         onPromptChosen: prompt => sidebarModel.promptText = prompt
-        onIsOpenChanged: isOpen ? preview.forceActiveFocus() : gallery.forceActiveFocus()
     }
     ViewerModel {
         id: viewerModel
@@ -37,26 +36,37 @@ Item {
         onActivated: sidebarModel.generate()
     }
 
-    Sidebar {
-        id: sidebar
-        width: 280
-        height: parent.height
-        model: sidebarModel
-    }
-    Gallery {
-        id: gallery
-        anchors.left: sidebar.right
-        anchors.right: parent.right
-        height: parent.height
-        enabled: !previewModel.isOpen
-        model: galleryModel
-        onPreviewRequested: url => previewModel.previewURL = url
-    }
-    Preview {
-        id: preview
-        anchors.fill: gallery
-        model: previewModel
-        onFullScreenRequested: viewerModel.show(previewModel.previewURL)
+    // Made after the models have their manager, which bindings of one component cannot promise each other.
+    Loader {
+        anchors.fill: parent
+        focus: true
+        sourceComponent: Item {
+            Sidebar {
+                id: sidebar
+                width: 280
+                height: parent.height
+                model: sidebarModel
+            }
+            Gallery {
+                id: gallery
+                anchors.left: sidebar.right
+                anchors.right: parent.right
+                height: parent.height
+                enabled: !previewModel.isOpen
+                model: galleryModel
+                onPreviewRequested: url => previewModel.previewURL = url
+            }
+            Preview {
+                id: preview
+                anchors.fill: gallery
+                model: previewModel
+                onFullScreenRequested: viewerModel.show(previewModel.previewURL)
+            }
+            Connections {
+                target: previewModel
+                function onIsOpenChanged() { (previewModel.isOpen ? preview : gallery).forceActiveFocus(); }
+            }
+        }
     }
     FullScreenViewer {
         model: viewerModel

@@ -49,18 +49,30 @@ Window {
             color: Theme.separator
         }
     }
-    APIKeysTab {
-        anchors.top: bar.bottom
-        anchors.bottom: parent.bottom
-        width: parent.width
-        visible: window.visible && window.tab === 0
+    APIKeysModel {
+        id: keysModel
         manager: window.manager
     }
-    AdvancedTab {
+    AdvancedModel {
+        id: advancedModel
+        manager: window.manager
+    }
+    // A tab is made when it appears, and then reads what is stored.
+    Loader {
         anchors.top: bar.bottom
         anchors.bottom: parent.bottom
         width: parent.width
-        visible: window.visible && window.tab === 1
-        manager: window.manager
+        active: window.visible
+        sourceComponent: window.tab === 0 ? keysTab : advancedTab
+    }
+    Component {
+        id: keysTab
+
+        APIKeysTab { model: keysModel }
+    }
+    Component {
+        id: advancedTab
+
+        AdvancedTab { model: advancedModel }
     }
 }

@@ -78,8 +78,8 @@ TEST_F(Screenshot, forTheEye)
     int number = 0;
     for (const char *prompt : prompts) {
         for (int each = 0; each < (number > 10 ? 7 : 3); ++each) {
-            (void)putPainting(QStringLiteral("picture-%1.png").arg(number++), QLatin1String(prompt) + QString(each, QLatin1Char(' ')).left(0),
-                              {960, 540});
+            (void)putPainting(QStringLiteral("picture-%1.png").arg(number++),
+                              QLatin1String(prompt) + QString(each, QLatin1Char(' ')).left(0), {960, 540});
         }
     }
     Keychain::save(QStringLiteral("KEY-KEY-KEY"), QStringLiteral("gemini"));

@@ -7,7 +7,7 @@ Button {
     id: button
 
     property string symbol: ""
-    property color symbolColor: Theme.onDark
+    property color symbolColor: Theme.overPicture
 
     height: 32
     leftPadding: 14
@@ -34,7 +34,7 @@ Button {
             anchors.verticalCenter: parent.verticalCenter
             text: button.text
             font: button.font
-            color: Theme.onDark
+            color: Theme.overPicture
             textFormat: Text.PlainText
         }
     }

@@ -8,12 +8,13 @@ Button {
 
     required property string symbol
     required property string tip
-    property color symbolColor: Theme.onDark
+    property color symbolColor: Theme.overPicture
     property int size: 32
 
     width: size
     height: size
     padding: 0
+    horizontalPadding: 0
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : 0.3

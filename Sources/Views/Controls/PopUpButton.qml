@@ -51,7 +51,7 @@ ComboBox {
             text: choice.modelData
             font.pixelSize: Theme.bodySize
             font.weight: picker.currentIndex === choice.index ? Font.DemiBold : Font.Normal
-            color: choice.highlighted ? Theme.onAccent : Theme.text
+            color: choice.highlighted ? Theme.accentText : Theme.text
             verticalAlignment: Text.AlignVCenter
             elide: Text.ElideRight
             textFormat: Text.PlainText

@@ -12,7 +12,7 @@ Button {
     property bool busy: false
     property string tip: ""
 
-    readonly property color contentColor: !enabled ? Theme.secondaryText : prominent ? Theme.onAccent : destructive ? Theme.red : Theme.text
+    readonly property color contentColor: !enabled ? Theme.secondaryText : prominent ? Theme.accentText : destructive ? Theme.red : Theme.text
 
     leftPadding: text === "" ? 8 : 12
     rightPadding: leftPadding

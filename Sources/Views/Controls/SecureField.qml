@@ -15,8 +15,10 @@ TextField {
     color: Theme.text
     placeholderTextColor: Theme.secondaryText
     selectionColor: Theme.accent
-    selectedTextColor: Theme.onAccent
+    selectedTextColor: Theme.accentText
     font.pixelSize: Theme.bodySize
+    // Qt tells the plain text of whatever has the role of a text field, so this one has another.
+    Accessible.role: Accessible.StaticText
     Accessible.name: placeholderText
     Accessible.passwordEdit: true
 

@@ -19,7 +19,7 @@ QtObject {
     readonly property color accent: dark ? "#7c93ff" : "#4259d6"
     readonly property color accentHovered: dark ? "#8ea2ff" : "#3a50c6"
     readonly property color accentPressed: dark ? "#6b83f5" : "#3246b3"
-    readonly property color onAccent: dark ? "#0e1020" : "#ffffff"
+    readonly property color accentText: dark ? "#0e1020" : "#ffffff"
     readonly property color orange: dark ? "#ffae5c" : "#a85200"
     readonly property color red: dark ? "#ff7b80" : "#c8232f"
     readonly property color green: dark ? "#5bd08a" : "#1b7f45"
@@ -30,8 +30,8 @@ QtObject {
     readonly property color glass: "#b31a1a20"
     readonly property color glassHovered: "#d933333c"
     readonly property color glassRed: "#ff8a8e"
-    readonly property color onDark: "#ffffff"
-    readonly property color onDarkSecondary: "#c4c4cc"
+    readonly property color overPicture: "#ffffff"
+    readonly property color overPictureSecondary: "#c4c4cc"
 
     readonly property int titleSize: 20
     readonly property int bodySize: 14

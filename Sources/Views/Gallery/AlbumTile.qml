@@ -14,6 +14,7 @@ Button {
     property bool selected: false
 
     padding: 0
+    horizontalPadding: 0
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
     objectName: "album " + albumId

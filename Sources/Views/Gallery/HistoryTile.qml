@@ -63,10 +63,10 @@ FocusScope {
                 anchors.centerIn: parent
                 spacing: 8
 
-                Spinner { color: Theme.onDark }
+                Spinner { color: Theme.overPicture }
                 Text {
                     text: qsTr("Upscaling to 4K...")
-                    color: Theme.onDark
+                    color: Theme.overPicture
                     font.pixelSize: Theme.captionSize
                     textFormat: Text.PlainText
                 }
@@ -82,7 +82,7 @@ FocusScope {
         visible: tile.hovering || tile.isFavorite
         focusPolicy: Qt.NoFocus
         symbol: tile.isFavorite ? "star.fill" : "star"
-        symbolColor: tile.isFavorite ? Theme.yellow : Theme.onDark
+        symbolColor: tile.isFavorite ? Theme.yellow : Theme.overPicture
         tip: tile.isFavorite ? qsTr("Unfavorite") : qsTr("Favorite")
         onClicked: tile.favoriteToggled()
     }

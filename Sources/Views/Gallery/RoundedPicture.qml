@@ -7,6 +7,8 @@ Item {
 
     property alias source: image.source
     property color pageColor: Theme.page
+    /// A picture that cannot be read arrives as a single pixel.
+    readonly property bool isThere: image.status === Image.Ready && image.implicitWidth > 1
 
     Rectangle {
         anchors.fill: parent
@@ -15,7 +17,7 @@ Item {
     }
     Symbol {
         anchors.centerIn: parent
-        visible: image.status !== Image.Ready
+        visible: !picture.isThere
         name: "photo.on.rectangle.angled"
         size: 28
         color: Theme.secondaryText
@@ -26,14 +28,14 @@ Item {
         anchors.fill: parent
         asynchronous: true
         fillMode: Image.PreserveAspectCrop
-        opacity: status === Image.Ready ? 1 : 0
+        opacity: picture.isThere ? 1 : 0
         Behavior on opacity { NumberAnimation { duration: Theme.motion } }
     }
     Rectangle {
         // Covers the corners with the page's colour: cheaper than a mask, and the same with every renderer.
         anchors.fill: parent
         anchors.margins: -5
-        visible: image.status === Image.Ready
+        visible: picture.isThere
         radius: 15
         color: "transparent"
         border.width: 5

@@ -43,11 +43,6 @@ class PictureResponse final : public QQuickImageResponse
         const QMutexLocker lock(&m_order->mutex);
         return QQuickTextureFactory::textureFactoryForImage(m_order->image);
     }
-    [[nodiscard]] QString errorString() const override
-    {
-        const QMutexLocker lock(&m_order->mutex);
-        return m_order->image.isNull() ? QStringLiteral("The picture cannot be read.") : QString();
-    }
     void cancel() override { m_order->isCancelled = true; }
 
   private:
@@ -56,7 +51,12 @@ class PictureResponse final : public QQuickImageResponse
 
 void carryOut(const std::shared_ptr<Order> &order, const std::function<QImage()> &decode)
 {
-    const QImage image = order->isCancelled ? QImage() : decode();
+    QImage image = order->isCancelled ? QImage() : decode();
+    if (image.isNull()) {
+        // An error would go to the log at every look; the tile tells a single pixel from a picture.
+        image = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+    }
     const QMutexLocker lock(&order->mutex);
     order->image = image;
     if (order->response != nullptr) {

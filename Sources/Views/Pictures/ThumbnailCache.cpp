@@ -28,8 +28,7 @@ void store(const QString &path, const QImage &image)
         return;
     }
     constexpr int kQuality = 90;
-    const bool isWritten =
-        image.hasAlphaChannel() ? image.save(&file, "PNG") : image.save(&file, "JPG", kQuality);
+    const bool isWritten = image.hasAlphaChannel() ? image.save(&file, "PNG") : image.save(&file, "JPG", kQuality);
     if (isWritten) {
         file.commit();
     }
@@ -48,9 +47,9 @@ std::optional<QString> ThumbnailCache::fileFor(const QString &path)
     if (!picture.exists()) {
         return std::nullopt;
     }
-    const QString identity = QStringLiteral("%1\n%2\n%3").arg(
-        picture.absoluteFilePath(), QString::number(picture.size()),
-        QString::number(picture.lastModified().toMSecsSinceEpoch()));
+    const QString identity = QStringLiteral("%1\n%2\n%3")
+                                 .arg(picture.absoluteFilePath(), QString::number(picture.size()),
+                                      QString::number(picture.lastModified().toMSecsSinceEpoch()));
     const QByteArray hash = QCryptographicHash::hash(identity.toUtf8(), QCryptographicHash::Sha256).toHex();
     return folder() + QLatin1Char('/') + QString::fromLatin1(hash);
 }

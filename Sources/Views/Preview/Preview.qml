@@ -121,7 +121,7 @@ FocusScope {
             width: parent.width
             visible: preview.model.canUsePrompt
             text: preview.model.prompt
-            color: Theme.onDarkSecondary
+            color: Theme.overPictureSecondary
             font.pixelSize: Theme.bodySize
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
@@ -145,8 +145,8 @@ FocusScope {
 
             readonly property real implicitRow: {
                 let sum = 0;
-                for (const action of visibleChildren) {
-                    sum += action.width + spacing;
+                for (let index = 0; index < children.length; ++index) {
+                    sum += children[index].visible ? children[index].implicitWidth + spacing : 0;
                 }
                 return sum;
             }
@@ -159,7 +159,7 @@ FocusScope {
             CapsuleButton {
                 objectName: "favoriteButton"
                 symbol: preview.model.isFavorite ? "star.fill" : "star"
-                symbolColor: preview.model.isFavorite ? Theme.yellow : Theme.onDark
+                symbolColor: preview.model.isFavorite ? Theme.yellow : Theme.overPicture
                 text: preview.model.isFavorite ? qsTr("Unfavorite") : qsTr("Favorite")
                 onClicked: preview.model.toggleFavorite()
             }

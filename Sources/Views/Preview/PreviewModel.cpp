@@ -20,9 +20,13 @@ void PreviewModel::setPreviewURL(const QString &url)
     if (url == m_previewURL) {
         return;
     }
+    const bool wasOpen = isOpen();
     m_previewURL = url;
     readRecords();
     Q_EMIT previewURLChanged();
+    if (isOpen() != wasOpen) {
+        Q_EMIT isOpenChanged();
+    }
 }
 
 void PreviewModel::setList(const QStringList &list)

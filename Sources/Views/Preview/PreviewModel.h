@@ -11,7 +11,7 @@ class PreviewModel : public ViewModel
     QML_ELEMENT
     Q_PROPERTY(QString previewURL READ previewURL WRITE setPreviewURL NOTIFY previewURLChanged)
     Q_PROPERTY(QStringList list READ list WRITE setList NOTIFY changed)
-    Q_PROPERTY(bool isOpen READ isOpen NOTIFY previewURLChanged)
+    Q_PROPERTY(bool isOpen READ isOpen NOTIFY isOpenChanged)
     Q_PROPERTY(bool canGoLeft READ canGoLeft NOTIFY changed)
     Q_PROPERTY(bool canGoRight READ canGoRight NOTIFY changed)
     Q_PROPERTY(QString picture READ picture NOTIFY changed)
@@ -74,6 +74,7 @@ class PreviewModel : public ViewModel
 
   Q_SIGNALS:
     void previewURLChanged();
+    void isOpenChanged();
     void changed();
     void progressChanged();
     void promptChosen(const QString &prompt);

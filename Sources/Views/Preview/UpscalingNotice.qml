@@ -25,11 +25,11 @@ Rectangle {
 
             Spinner {
                 anchors.verticalCenter: parent.verticalCenter
-                color: Theme.onDark
+                color: Theme.overPicture
             }
             Text {
                 text: qsTr("Upscaling to 4K...")
-                color: Theme.onDark
+                color: Theme.overPicture
                 font.pixelSize: Theme.bodySize
                 font.weight: Font.Medium
                 textFormat: Text.PlainText
@@ -47,14 +47,14 @@ Rectangle {
                 width: parent.width * notice.model.progressShare
                 height: parent.height
                 radius: 2
-                color: Theme.onDark
+                color: Theme.overPicture
             }
         }
         Text {
             anchors.horizontalCenter: parent.horizontalCenter
             visible: text !== ""
             text: notice.model.progressText
-            color: Theme.onDarkSecondary
+            color: Theme.overPictureSecondary
             font.pixelSize: Theme.captionSize
             textFormat: Text.PlainText
         }

@@ -67,12 +67,12 @@ void APIKeyRow::load(const TextMap &keys)
 
 APIKeysModel::APIKeysModel(QObject *parent)
     : ViewModel(parent)
-    , m_rows{new APIKeyRow(tr("Gemini"), tr("Gemini"), QStringLiteral("gemini"),
-                           tr("Used for default generation and 4K upscaling."), this),
-             new APIKeyRow(tr("Grok (xAI)"), tr("Grok"), QStringLiteral("grok"), tr("Used when NSFW is enabled."),
-                           this),
-             new APIKeyRow(tr("OpenAI"), tr("OpenAI"), QStringLiteral("openai"),
-                           tr("Available as an override in Advanced settings."), this)}
+    , m_rows{
+          new APIKeyRow(tr("Gemini"), tr("Gemini"), QStringLiteral("gemini"),
+                        tr("Used for default generation and 4K upscaling."), this),
+          new APIKeyRow(tr("Grok (xAI)"), tr("Grok"), QStringLiteral("grok"), tr("Used when NSFW is enabled."), this),
+          new APIKeyRow(tr("OpenAI"), tr("OpenAI"), QStringLiteral("openai"),
+                        tr("Available as an override in Advanced settings."), this)}
 {
 }
 

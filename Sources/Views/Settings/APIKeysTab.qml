@@ -5,18 +5,14 @@ import Quorvane.Views
 Flickable {
     id: tab
 
-    required property WallpaperManager manager
+    required property APIKeysModel model
 
     contentHeight: column.height + 32
     boundsBehavior: Flickable.StopAtBounds
     clip: true
     ScrollBar.vertical: ThinScrollBar {}
-    onVisibleChanged: if (visible) { keys.loadAllKeys() }
+    Component.onCompleted: model.loadAllKeys()
 
-    APIKeysModel {
-        id: keys
-        manager: tab.manager
-    }
     Column {
         id: column
         x: 20
@@ -25,7 +21,7 @@ Flickable {
         spacing: 16
 
         Repeater {
-            model: keys.rows
+            model: tab.model.rows
 
             FormSection {
                 id: section

@@ -5,18 +5,14 @@ import Quorvane.Views
 Flickable {
     id: tab
 
-    required property WallpaperManager manager
+    required property AdvancedModel model
 
     contentHeight: column.height + 32
     boundsBehavior: Flickable.StopAtBounds
     clip: true
     ScrollBar.vertical: ThinScrollBar {}
-    onVisibleChanged: if (visible) { advanced.loadModels() }
+    Component.onCompleted: model.loadModels()
 
-    AdvancedModel {
-        id: advanced
-        manager: tab.manager
-    }
     Column {
         id: column
         x: 20
@@ -31,9 +27,9 @@ Flickable {
             PickerRow {
                 objectName: "providerRow"
                 label: qsTr("Provider")
-                choices: advanced.providerNames
-                chosen: advanced.providerIndex
-                onChose: index => advanced.chooseProvider(index)
+                choices: tab.model.providerNames
+                chosen: tab.model.providerIndex
+                onChose: index => tab.model.chooseProvider(index)
             }
             Text {
                 width: parent.width
@@ -49,7 +45,7 @@ Flickable {
             caption: qsTr("4K Upscaling")
 
             Row {
-                visible: advanced.native4KNote !== ""
+                visible: tab.model.native4KNote !== ""
                 width: parent.width
                 spacing: 8
 
@@ -61,7 +57,7 @@ Flickable {
                 Text {
                     objectName: "nativeNote"
                     width: parent.width - 24
-                    text: advanced.native4KNote
+                    text: tab.model.native4KNote
                     color: Theme.secondaryText
                     font.pixelSize: Theme.bodySize
                     wrapMode: Text.Wrap
@@ -70,14 +66,14 @@ Flickable {
             }
             PickerRow {
                 objectName: "upscaleMethodRow"
-                visible: advanced.native4KNote === ""
+                visible: tab.model.native4KNote === ""
                 label: qsTr("Upscale Method")
-                choices: advanced.upscaleMethods
-                chosen: advanced.upscaleMethodIndex
-                onChose: index => advanced.chooseUpscaleMethod(index)
+                choices: tab.model.upscaleMethods
+                chosen: tab.model.upscaleMethodIndex
+                onChose: index => tab.model.chooseUpscaleMethod(index)
             }
             Text {
-                visible: advanced.native4KNote === ""
+                visible: tab.model.native4KNote === ""
                 width: parent.width
                 text: qsTr("Gemini uses the API (requires key). Local runs RealESRGAN on-device (offline, no API key needed).")
                 color: Theme.secondaryText
@@ -91,7 +87,7 @@ Flickable {
             caption: qsTr("Models")
 
             Repeater {
-                model: advanced.models
+                model: tab.model.models
 
                 PickerRow {
                     required property ModelPicker modelData

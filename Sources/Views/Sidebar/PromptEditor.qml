@@ -39,7 +39,7 @@ Rectangle {
             selectByMouse: true
             color: Theme.text
             selectionColor: Theme.accent
-            selectedTextColor: Theme.onAccent
+            selectedTextColor: Theme.accentText
             font.pixelSize: Theme.bodySize
             KeyNavigation.priority: KeyNavigation.BeforeItem
             KeyNavigation.tab: nextItemInFocusChain(true)

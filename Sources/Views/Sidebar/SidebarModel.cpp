@@ -12,10 +12,10 @@ void SidebarModel::attach()
     WallpaperManager *source = manager();
     setPromptText(source->prompt());
     // What decides which keys are needed.
-    for (const auto signal :
-         {&WallpaperManager::providerOverrideChanged, &WallpaperManager::nsfwEnabledChanged,
-          &WallpaperManager::fourKEnabledChanged, &WallpaperManager::upscaleMethodChanged,
-          &WallpaperManager::selectedModelChanged, &WallpaperManager::keysChanged, &WallpaperManager::isLoadingChanged}) {
+    for (const auto signal : {&WallpaperManager::providerOverrideChanged, &WallpaperManager::nsfwEnabledChanged,
+                              &WallpaperManager::fourKEnabledChanged, &WallpaperManager::upscaleMethodChanged,
+                              &WallpaperManager::selectedModelChanged, &WallpaperManager::keysChanged,
+                              &WallpaperManager::isLoadingChanged}) {
         connect(source, signal, this, &SidebarModel::refresh);
     }
     for (const auto signal : {&WallpaperManager::autoEnabledChanged, &WallpaperManager::intervalMinutesChanged,
