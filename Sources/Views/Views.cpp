@@ -1,5 +1,6 @@
 #include "Views/Views.h"
 
+#include "Views/Controls/SecureFieldAccessibility.h"
 #include "Views/Pictures/PictureProvider.h"
 #include "Views/Pictures/SymbolProvider.h"
 
@@ -15,6 +16,7 @@ void installViews(QQmlEngine *engine)
 {
     volatile auto types = &qml_register_types_Quorvane_Views;
     Q_UNUSED(types);
+    protectSecureFields();
     engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine->addImageProvider(PictureProvider::kThumbnails, new PictureProvider(PictureProvider::Kind::Thumbnail));
     engine->addImageProvider(PictureProvider::kPictures, new PictureProvider(PictureProvider::Kind::SizeAsked));

@@ -17,8 +17,6 @@ TextField {
     selectionColor: Theme.accent
     selectedTextColor: Theme.accentText
     font.pixelSize: Theme.bodySize
-    // Qt tells the plain text of whatever has the role of a text field, so this one has another.
-    Accessible.role: Accessible.StaticText
     Accessible.name: placeholderText
     Accessible.passwordEdit: true
 
