@@ -179,15 +179,26 @@ const ImageProvider &WallpaperManager::resolvedProvider() const
 
 QString WallpaperManager::resolvedModelId() const
 {
-    const ImageProvider &provider = resolvedProvider();
-    const QList<ModelOption> models = provider.models();
-    const std::optional<QString> chosen = m_services.defaults->text(SettingsKeys::selectedModel(provider.id()));
+    return selectedModel(resolvedProvider().id());
+}
+
+QString WallpaperManager::selectedModel(const QString &providerId) const
+{
+    const ImageProvider *provider = providerWithId(providerId);
+    const QList<ModelOption> models = provider != nullptr ? provider->models() : QList<ModelOption>();
+    const std::optional<QString> chosen = m_services.defaults->text(SettingsKeys::selectedModel(providerId));
     const bool isOffered = chosen && std::any_of(models.begin(), models.end(),
                                                  [&chosen](const ModelOption &model) { return model.id == *chosen; });
     if (isOffered) {
         return *chosen;
     }
     return models.isEmpty() ? QString() : models.first().id;
+}
+
+void WallpaperManager::setSelectedModel(const QString &providerId, const QString &modelId)
+{
+    m_services.defaults->set(SettingsKeys::selectedModel(providerId), modelId);
+    Q_EMIT selectedModelChanged();
 }
 
 bool WallpaperManager::providerProducesNative4K() const
@@ -201,6 +212,29 @@ QString WallpaperManager::upscaleMethod() const
 {
     const QString method = m_services.defaults->text(SettingsKeys::kUpscaleMethod).value_or(QString());
     return method == QLatin1String("local") ? method : QStringLiteral("gemini");
+}
+
+void WallpaperManager::setUpscaleMethod(const QString &method)
+{
+    m_services.defaults->set(SettingsKeys::kUpscaleMethod, method);
+    Q_EMIT upscaleMethodChanged();
+}
+
+TextMap WallpaperManager::storedKeys()
+{
+    return Keychain::readAll();
+}
+
+void WallpaperManager::saveKey(const QString &key, const QString &providerId)
+{
+    Keychain::save(key, providerId);
+    Q_EMIT keysChanged();
+}
+
+void WallpaperManager::removeKey(const QString &providerId)
+{
+    Keychain::remove(providerId);
+    Q_EMIT keysChanged();
 }
 
 QStringList WallpaperManager::missingKeys() const

@@ -137,6 +137,16 @@ class WallpaperManager : public QObject
 
     /// "local", or "gemini" for any other setting.
     [[nodiscard]] QString upscaleMethod() const;
+    void setUpscaleMethod(const QString &method);
+
+    /// The chosen model of that provider while it is offered, else the provider's first; empty when there is neither.
+    [[nodiscard]] QString selectedModel(const QString &providerId) const;
+    void setSelectedModel(const QString &providerId, const QString &modelId);
+
+    /// The user's keys by provider id. Reads the key file, as the two below write it.
+    [[nodiscard]] static TextMap storedKeys();
+    void saveKey(const QString &key, const QString &providerId);
+    void removeKey(const QString &providerId);
 
     /// How far an enlargement on this machine is; nothing while none runs.
     [[nodiscard]] const std::optional<UpscaleProgress> &progress() const { return m_progress; }
@@ -190,6 +200,9 @@ class WallpaperManager : public QObject
 
     /// Reads the library now, on this thread.
     Q_INVOKABLE void reloadHistory();
+
+    /// As reloadHistory(), but returns at once: the library is read on its own thread.
+    void refreshHistory();
     Q_INVOKABLE void toggleFavorite(const QString &url);
 
     /// Computed from the history and the files at every call.
@@ -213,6 +226,9 @@ class WallpaperManager : public QObject
     void nextFireDateChanged();
     void currentWallpaperURLChanged();
     void progressChanged();
+    void upscaleMethodChanged();
+    void selectedModelChanged();
+    void keysChanged();
 
     /// One of the operations that return at once has ended; status tells how.
     void operationEnded(const OperationResult &result);

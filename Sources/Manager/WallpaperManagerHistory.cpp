@@ -36,6 +36,11 @@ void WallpaperManager::reloadHistory()
     Q_EMIT favoritesChanged();
 }
 
+void WallpaperManager::refreshHistory()
+{
+    m_scope.start(reloadingHistory());
+}
+
 /// As reloadHistory(), read on the library's thread after everything that was asked of it before.
 QCoro::Task<> WallpaperManager::reloadingHistory()
 {

@@ -1,0 +1,63 @@
+#include "Manager/ImageRecords.h"
+
+#include "Storage/CreationDate.h"
+#include "Storage/ImageStore.h"
+
+#include <QLocale>
+
+#include <algorithm>
+
+namespace quorvane::ImageRecords {
+
+QString fileName(const QString &path)
+{
+    return imageName(path);
+}
+
+QString folder()
+{
+    return ImageStore::directory();
+}
+
+TextMap prompts()
+{
+    return readTextMap(ImageStore::promptsPath());
+}
+
+std::optional<QString> recordedCopy(const QString &original)
+{
+    const TextMap links = readTextMap(ImageStore::variantsPath());
+    const auto link = links.find(imageName(original));
+    if (link == links.end()) {
+        return std::nullopt;
+    }
+    return folder() + QLatin1Char('/') + link->second;
+}
+
+std::optional<QString> recordedOriginal(const QString &image)
+{
+    const TextMap links = readTextMap(ImageStore::variantsPath());
+    const QString name = imageName(image);
+    const auto link =
+        std::find_if(links.begin(), links.end(), [&name](const auto &entry) { return entry.second == name; });
+    if (link == links.end()) {
+        return std::nullopt;
+    }
+    return folder() + QLatin1Char('/') + link->first;
+}
+
+bool hasPartner(const QString &image)
+{
+    return ImageStore::variant(image).has_value();
+}
+
+QString timestamp(const QString &image)
+{
+    const std::optional<CreationDate> created = creationDate(image);
+    if (!created) {
+        return {};
+    }
+    return QLocale().toString(created->toDateTime().toLocalTime(), QStringLiteral("MMM d, HH:mm"));
+}
+
+} // namespace quorvane::ImageRecords

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Storage/SideFile.h"
+
+#include <QString>
+
+#include <optional>
+
+/// What the library knows about a picture, for the windows. Every call reads the disk; any thread. A location is an
+/// absolute path.
+namespace quorvane::ImageRecords {
+
+/// The last component of path: what the records know a picture by.
+[[nodiscard]] QString fileName(const QString &path);
+
+/// The folder that holds the pictures and their records.
+[[nodiscard]] QString folder();
+
+/// The prompts by file name.
+[[nodiscard]] TextMap prompts();
+
+/// The enlarged copy that is recorded for original, whether or not it still exists.
+[[nodiscard]] std::optional<QString> recordedCopy(const QString &original);
+
+/// The picture that image was enlarged from, whether or not it still exists.
+[[nodiscard]] std::optional<QString> recordedOriginal(const QString &image);
+
+/// Whether image is one of a pair whose other picture exists.
+[[nodiscard]] bool hasPartner(const QString &image);
+
+/// The creation date in local time, as "Jan 31, 23:59"; empty when it cannot be read.
+[[nodiscard]] QString timestamp(const QString &image);
+
+} // namespace quorvane::ImageRecords

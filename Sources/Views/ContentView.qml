@@ -1,0 +1,76 @@
+import QtQuick
+import QtQuick.Window
+import Quorvane.Views
+
+/// The sidebar, the gallery beside it, and the preview over the gallery.
+Item {
+    id: view
+
+    required property WallpaperManager manager
+
+    function refresh() {
+        sidebarModel.refresh();
+    }
+
+    SidebarModel {
+        id: sidebarModel
+        manager: view.manager
+    }
+    GalleryModel {
+        id: galleryModel
+        manager: view.manager
+        onPromptChosen: prompt => sidebarModel.promptText = prompt
+    }
+    PreviewModel {
+        id: previewModel
+        manager: view.manager
+        list: galleryModel.images
+        onPromptChosen: prompt => sidebarModel.promptText = prompt
+    }
+    ViewerModel {
+        id: viewerModel
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+Return", "Ctrl+Enter"]
+        onActivated: sidebarModel.generate()
+    }
+
+    // Made after the models have their manager, which bindings of one component cannot promise each other.
+    Loader {
+        anchors.fill: parent
+        focus: true
+        sourceComponent: Item {
+            Sidebar {
+                id: sidebar
+                width: 280
+                height: parent.height
+                model: sidebarModel
+            }
+            Gallery {
+                id: gallery
+                anchors.left: sidebar.right
+                anchors.right: parent.right
+                height: parent.height
+                enabled: !previewModel.isOpen
+                model: galleryModel
+                onPreviewRequested: url => previewModel.previewURL = url
+            }
+            Preview {
+                id: preview
+                anchors.fill: gallery
+                model: previewModel
+                onFullScreenRequested: viewerModel.show(previewModel.previewURL)
+            }
+            Connections {
+                target: previewModel
+                function onIsOpenChanged() { (previewModel.isOpen ? preview : gallery).forceActiveFocus(); }
+            }
+        }
+    }
+    FullScreenViewer {
+        model: viewerModel
+        screen: view.Window.window?.screen ?? null
+        onClosed: view.Window.window.requestActivate()
+    }
+}

@@ -1,0 +1,52 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Quorvane.Views
+
+/// White on a translucent dark capsule, for what lies on pictures.
+Button {
+    id: button
+
+    property string symbol: ""
+    property color symbolColor: Theme.overPicture
+
+    height: 32
+    leftPadding: 14
+    rightPadding: 14
+    topPadding: 0
+    bottomPadding: 0
+    hoverEnabled: true
+    focusPolicy: Qt.StrongFocus
+    font.pixelSize: Theme.captionSize
+    font.weight: Font.Medium
+    Accessible.name: text
+
+    contentItem: Row {
+        spacing: 8
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: button.symbol !== ""
+            name: button.symbol
+            size: 14
+            color: button.symbolColor
+        }
+        Text {
+            anchors.verticalCenter: parent.verticalCenter
+            text: button.text
+            font: button.font
+            color: Theme.overPicture
+            textFormat: Text.PlainText
+        }
+    }
+    background: Rectangle {
+        radius: height / 2
+        color: button.hovered || button.down ? Theme.glassHovered : Theme.glass
+        border.color: "#26ffffff"
+        Behavior on color { ColorAnimation { duration: Theme.motion } }
+
+        FocusRing {
+            target: button
+            radius: height / 2
+        }
+    }
+}

@@ -1,0 +1,83 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Quorvane.Views
+
+/// A choice out of a list.
+ComboBox {
+    id: picker
+
+    implicitHeight: 32
+    leftPadding: 12
+    rightPadding: 32
+    hoverEnabled: true
+    focusPolicy: Qt.StrongFocus
+    font.pixelSize: Theme.bodySize
+
+    contentItem: Text {
+        text: picker.displayText
+        font: picker.font
+        color: picker.enabled ? Theme.text : Theme.secondaryText
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+        textFormat: Text.PlainText
+    }
+    indicator: Symbol {
+        x: picker.mirrored ? 10 : picker.width - width - 10
+        y: (picker.height - height) / 2
+        name: "chevron.down"
+        size: 14
+        color: Theme.secondaryText
+    }
+    background: Rectangle {
+        radius: 8
+        color: picker.down ? Theme.surfacePressed : picker.hovered ? Theme.surfaceHovered : Theme.surface
+        border.color: Theme.separator
+
+        FocusRing { target: picker }
+    }
+    delegate: ItemDelegate {
+        id: choice
+
+        required property int index
+        required property string modelData
+
+        width: ListView.view.width
+        height: 32
+        leftPadding: 12
+        highlighted: picker.highlightedIndex === index
+        Accessible.name: modelData
+
+        contentItem: Text {
+            text: choice.modelData
+            font.pixelSize: Theme.bodySize
+            font.weight: picker.currentIndex === choice.index ? Font.DemiBold : Font.Normal
+            color: choice.highlighted ? Theme.accentText : Theme.text
+            verticalAlignment: Text.AlignVCenter
+            elide: Text.ElideRight
+            textFormat: Text.PlainText
+        }
+        background: Rectangle {
+            radius: 6
+            color: choice.highlighted ? Theme.accent : "transparent"
+        }
+    }
+    popup: Popup {
+        y: picker.height + 4
+        width: picker.width
+        height: Math.min(contentItem.implicitHeight + 8, 240)
+        padding: 4
+
+        contentItem: ListView {
+            clip: true
+            implicitHeight: contentHeight
+            model: picker.delegateModel
+            currentIndex: picker.highlightedIndex
+            ScrollBar.vertical: ThinScrollBar {}
+        }
+        background: Rectangle {
+            radius: 10
+            color: Theme.surface
+            border.color: Theme.separator
+        }
+    }
+}

@@ -1,0 +1,72 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Quorvane.Views
+
+/// A button with a text, a symbol or both. The prominent one is the window's main action.
+Button {
+    id: button
+
+    property string symbol: ""
+    property bool prominent: false
+    property bool destructive: false
+    property bool busy: false
+    property string tip: ""
+
+    readonly property color contentColor: !enabled ? Theme.secondaryText : prominent ? Theme.accentText : destructive ? Theme.red : Theme.text
+
+    leftPadding: text === "" ? 8 : 12
+    rightPadding: leftPadding
+    topPadding: 8
+    bottomPadding: 8
+    hoverEnabled: true
+    focusPolicy: Qt.StrongFocus
+    font.pixelSize: Theme.bodySize
+    font.weight: prominent ? Font.DemiBold : Font.Normal
+    Accessible.name: text === "" ? tip : text
+    Accessible.description: tip
+
+    contentItem: Item {
+        implicitWidth: row.implicitWidth
+        implicitHeight: Math.max(row.implicitHeight, 16)
+
+        Row {
+            id: row
+            anchors.centerIn: parent
+            spacing: 8
+
+            Spinner {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: button.busy
+                color: button.contentColor
+            }
+            Symbol {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: button.symbol !== ""
+                name: button.symbol
+                color: button.contentColor
+            }
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: button.text !== ""
+                text: button.text
+                font: button.font
+                color: button.contentColor
+                textFormat: Text.PlainText
+            }
+        }
+    }
+    background: Rectangle {
+        radius: 8
+        color: button.prominent && button.enabled ? (button.down ? Theme.accentPressed : button.hovered ? Theme.accentHovered : Theme.accent)
+             : button.down ? Theme.surfacePressed : button.hovered && button.enabled ? Theme.surfaceHovered : Theme.surface
+        border.width: button.prominent && button.enabled ? 0 : 1
+        border.color: Theme.separator
+        Behavior on color { ColorAnimation { duration: Theme.motion } }
+
+        FocusRing { target: button }
+    }
+    Tip {
+        text: button.tip
+        visible: button.hovered && button.tip !== "" && button.tip !== button.text
+    }
+}

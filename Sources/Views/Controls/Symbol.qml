@@ -1,0 +1,16 @@
+import QtQuick
+import Quorvane.Views
+
+/// One of the symbols, in one colour.
+Image {
+    required property string name
+    property color color: Theme.text
+    property int size: 16
+
+    source: name === "" ? "" : "image://symbol/" + name + "/" + color
+    sourceSize: Qt.size(size, size)
+    width: size
+    height: size
+    cache: true
+    Accessible.ignored: true
+}

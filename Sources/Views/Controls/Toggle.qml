@@ -1,0 +1,47 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Quorvane.Views
+
+/// A text, and a switch at the far end of the row.
+Switch {
+    id: toggle
+
+    padding: 0
+    implicitHeight: 24
+    hoverEnabled: true
+    focusPolicy: Qt.StrongFocus
+    font.pixelSize: Theme.bodySize
+    Accessible.name: text
+
+    indicator: Rectangle {
+        x: toggle.mirrored ? 0 : toggle.width - width
+        anchors.verticalCenter: parent.verticalCenter
+        width: 38
+        height: 22
+        radius: 11
+        color: toggle.checked ? Theme.accent : Theme.dark ? "#4a4a55" : "#c9c9d2"
+        Behavior on color { ColorAnimation { duration: Theme.motion } }
+
+        Rectangle {
+            x: toggle.checked !== toggle.mirrored ? parent.width - width - 2 : 2
+            y: 2
+            width: 18
+            height: 18
+            radius: 9
+            color: "#ffffff"
+            Behavior on x { NumberAnimation { duration: Theme.motion; easing.type: Easing.OutCubic } }
+        }
+        FocusRing {
+            target: toggle
+            radius: 14
+        }
+    }
+    contentItem: Text {
+        rightPadding: 48
+        text: toggle.text
+        font: toggle.font
+        color: Theme.text
+        verticalAlignment: Text.AlignVCenter
+        textFormat: Text.PlainText
+    }
+}

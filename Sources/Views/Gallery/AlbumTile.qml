@@ -1,0 +1,81 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Quorvane.Views
+
+/// An album: its first picture, its title and how many there are.
+Button {
+    id: tile
+
+    required property int index
+    required property string albumId
+    required property string cover
+    required property int count
+    required property bool isFavorites
+    property bool selected: false
+
+    padding: 0
+    horizontalPadding: 0
+    hoverEnabled: true
+    focusPolicy: Qt.NoFocus
+    objectName: "album " + albumId
+    Accessible.name: qsTr("%1, %2 pictures").arg(albumId).arg(count)
+    scale: hovered ? 1.02 : 1
+    Behavior on scale { NumberAnimation { duration: Theme.motion; easing.type: Easing.OutCubic } }
+
+    background: null
+    contentItem: Item {
+        RoundedPicture {
+            id: picture
+            width: parent.width
+            height: 150
+            source: tile.cover
+
+            Rectangle {
+                anchors.fill: parent
+                anchors.margins: -3
+                visible: tile.selected
+                radius: 13
+                color: "transparent"
+                border.width: 2
+                border.color: Theme.accent
+            }
+        }
+        Symbol {
+            id: star
+            anchors.verticalCenter: title.verticalCenter
+            visible: tile.isFavorites
+            name: "star.fill"
+            size: 14
+            color: Theme.yellow
+        }
+        Text {
+            id: title
+            anchors.left: tile.isFavorites ? star.right : parent.left
+            anchors.leftMargin: tile.isFavorites ? 6 : 0
+            anchors.right: number.left
+            anchors.rightMargin: 8
+            anchors.top: picture.bottom
+            anchors.topMargin: 8
+            text: tile.albumId
+            color: Theme.text
+            font.pixelSize: Theme.bodySize
+            font.weight: Font.Medium
+            elide: Text.ElideRight
+            maximumLineCount: 1
+            textFormat: Text.PlainText
+        }
+        Text {
+            id: number
+            anchors.right: parent.right
+            anchors.baseline: title.baseline
+            text: tile.count
+            color: Theme.secondaryText
+            font.pixelSize: Theme.captionSize
+            textFormat: Text.PlainText
+        }
+    }
+    Tip {
+        text: tile.albumId
+        visible: tile.hovered && title.truncated
+    }
+}

@@ -1,0 +1,139 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Quorvane.Views
+
+/// The empty state, the albums, or the pictures of one album.
+FocusScope {
+    id: gallery
+
+    required property GalleryModel model
+
+    signal previewRequested(string url)
+
+    EmptyState {
+        objectName: "emptyState"
+        anchors.centerIn: parent
+        visible: gallery.model.state === GalleryModel.Empty
+    }
+
+    Item {
+        id: header
+        x: 24
+        width: parent.width - 48
+        height: 64
+        visible: gallery.model.state !== GalleryModel.Empty
+
+        Text {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: gallery.model.state === GalleryModel.Albums
+            text: qsTr("Albums")
+            color: Theme.text
+            font.pixelSize: Theme.titleSize
+            font.weight: Font.DemiBold
+            textFormat: Text.PlainText
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+        }
+        PushButton {
+            id: back
+            objectName: "albumsButton"
+            anchors.verticalCenter: parent.verticalCenter
+            visible: gallery.model.state === GalleryModel.Album
+            symbol: "chevron.left"
+            text: qsTr("Albums")
+            onClicked: gallery.model.closeAlbum()
+        }
+        Text {
+            id: title
+            objectName: "albumTitle"
+            anchors.left: back.right
+            anchors.leftMargin: 16
+            anchors.right: usePrompt.visible ? usePrompt.left : parent.right
+            anchors.rightMargin: 16
+            anchors.verticalCenter: parent.verticalCenter
+            visible: back.visible
+            text: gallery.model.selectedAlbumId
+            color: Theme.text
+            font.pixelSize: 16
+            font.weight: Font.DemiBold
+            elide: Text.ElideRight
+            maximumLineCount: 1
+            textFormat: Text.PlainText
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+
+            HoverHandler {
+                id: titleHover
+            }
+            Tip {
+                text: title.text
+                visible: titleHover.hovered && title.truncated
+            }
+        }
+        PushButton {
+            id: usePrompt
+            objectName: "usePromptButton"
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            visible: back.visible && gallery.model.canUsePrompt
+            symbol: "arrow.uturn.left"
+            text: qsTr("Use Prompt")
+            onClicked: gallery.model.usePrompt()
+        }
+    }
+
+    TileGrid {
+        id: albums
+        objectName: "albumGrid"
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        x: 24
+        width: parent.width - 28
+        gallery: gallery.model
+        tileHeight: 182
+        visible: gallery.model.state === GalleryModel.Albums
+        focus: visible
+        model: gallery.model.albumList
+        Keys.onReturnPressed: currentItem.clicked()
+        Keys.onEnterPressed: currentItem.clicked()
+        Keys.onSpacePressed: currentItem.clicked()
+        delegate: AlbumTile {
+            width: albums.tileWidth
+            height: albums.tileHeight
+            selected: GridView.isCurrentItem && albums.activeFocus
+            onClicked: gallery.model.openAlbum(albumId)
+        }
+    }
+    TileGrid {
+        id: images
+        objectName: "imageGrid"
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        x: 24
+        width: parent.width - 28
+        gallery: gallery.model
+        tileHeight: 176
+        visible: gallery.model.state === GalleryModel.Album
+        focus: visible
+        model: gallery.model.imageList
+        Keys.onReturnPressed: currentItem.opened()
+        Keys.onEnterPressed: currentItem.opened()
+        Keys.onSpacePressed: currentItem.opened()
+        Keys.onDeletePressed: currentItem.deleted()
+        Keys.onEscapePressed: gallery.model.closeAlbum()
+        delegate: HistoryTile {
+            width: images.tileWidth
+            height: images.tileHeight
+            selected: GridView.isCurrentItem && images.activeFocus
+            onOpened: gallery.previewRequested(url)
+            onApplied: gallery.model.apply(url)
+            onDeleted: gallery.model.remove(url)
+            onFavoriteToggled: gallery.model.toggleFavorite(url)
+        }
+    }
+    Shortcut {
+        enabled: images.activeFocus && images.currentItem !== null
+        sequence: "F"
+        onActivated: (images.currentItem as HistoryTile).favoriteToggled()
+    }
+}

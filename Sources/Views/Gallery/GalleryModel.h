@@ -1,0 +1,77 @@
+#pragma once
+
+#include "Manager/LibraryWatcher.h"
+#include "Views/Gallery/AlbumListModel.h"
+#include "Views/Gallery/ImageListModel.h"
+#include "Views/ViewModel.h"
+
+#include <memory>
+#include <optional>
+
+namespace quorvane {
+
+/// The list that a preview steps through: the album of that id, the first one if several share it, or the whole history
+/// where none is selected or the selected one is gone.
+[[nodiscard]] QStringList previewList(const std::optional<QString> &selectedAlbumId, const std::vector<Album> &albums,
+                                      const QStringList &history);
+
+/// The albums, the one that is open, and what can be done with its pictures.
+class GalleryModel : public ViewModel
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(State state READ state NOTIFY stateChanged)
+    Q_PROPERTY(QString selectedAlbumId READ selectedAlbumId NOTIFY stateChanged)
+    Q_PROPERTY(bool canUsePrompt READ canUsePrompt NOTIFY stateChanged)
+    Q_PROPERTY(QStringList images READ images NOTIFY imagesChanged)
+    Q_PROPERTY(QAbstractItemModel *albumList READ albumList CONSTANT)
+    Q_PROPERTY(QAbstractItemModel *imageList READ imageList CONSTANT)
+
+  public:
+    enum class State { Empty, Albums, Album };
+    Q_ENUM(State)
+
+    using ViewModel::ViewModel;
+
+    [[nodiscard]] State state() const;
+
+    /// Empty while no album is open, and for the album of the empty prompt; state() tells them apart.
+    [[nodiscard]] QString selectedAlbumId() const { return m_selectedAlbumId.value_or(QString()); }
+    Q_INVOKABLE void openAlbum(const QString &id);
+    Q_INVOKABLE void closeAlbum();
+
+    /// Whether the open album is that of a prompt.
+    [[nodiscard]] bool canUsePrompt() const;
+    /// Asks for the open album's prompt to be used.
+    Q_INVOKABLE void usePrompt();
+
+    [[nodiscard]] const QStringList &images() const { return m_imageList.images(); }
+    [[nodiscard]] QAbstractItemModel *albumList() { return &m_albumList; }
+    [[nodiscard]] QAbstractItemModel *imageList() { return &m_imageList; }
+
+    Q_INVOKABLE void apply(const QString &url);
+    Q_INVOKABLE void toggleFavorite(const QString &url);
+
+    /// For good, with the picture's enlarged partner.
+    Q_INVOKABLE void remove(const QString &url);
+
+    /// How many columns of at least 220 points, 20 apart, fit; at least one.
+    Q_INVOKABLE static int columns(double width);
+
+  Q_SIGNALS:
+    void stateChanged();
+    void imagesChanged();
+    void promptChosen(const QString &prompt);
+
+  private:
+    void attach() override;
+    void select(std::optional<QString> id);
+    void update();
+
+    std::optional<QString> m_selectedAlbumId;
+    AlbumListModel m_albumList;
+    ImageListModel m_imageList;
+    std::unique_ptr<LibraryWatcher> m_watcher;
+};
+
+} // namespace quorvane

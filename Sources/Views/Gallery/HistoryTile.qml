@@ -1,0 +1,142 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Quorvane.Views
+
+/// A picture with what can be done to it.
+FocusScope {
+    id: tile
+
+    required property int index
+    required property string url
+    required property string thumbnail
+    required property string prompt
+    required property string timestamp
+    required property bool isFavorite
+    required property bool isUpscaling
+    property bool selected: false
+
+    readonly property bool hovering: hover.hovered
+    /// The row of actions appears in the half where the pointer did not come in, so that the trash is never under it.
+    property bool rowAtTop: false
+
+    signal opened()
+    signal applied()
+    signal deleted()
+    signal favoriteToggled()
+
+    objectName: "tile " + url
+    Accessible.role: Accessible.Button
+    Accessible.name: prompt === "" ? timestamp : prompt + ", " + timestamp
+    Accessible.onPressAction: opened()
+
+    onHoveringChanged: rowAtTop = hover.point.position.y > picture.height / 2
+
+    HoverHandler {
+        id: hover
+    }
+    MouseArea {
+        anchors.fill: parent
+        onClicked: tile.opened()
+    }
+    RoundedPicture {
+        id: picture
+        width: parent.width
+        height: 130
+        source: tile.thumbnail
+
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: -3
+            visible: tile.selected
+            radius: 13
+            color: "transparent"
+            border.width: 2
+            border.color: Theme.accent
+        }
+        Rectangle {
+            anchors.fill: parent
+            visible: tile.isUpscaling
+            radius: 10
+            color: "#99101014"
+
+            Row {
+                anchors.centerIn: parent
+                spacing: 8
+
+                Spinner { color: Theme.overPicture }
+                Text {
+                    text: qsTr("Upscaling to 4K...")
+                    color: Theme.overPicture
+                    font.pixelSize: Theme.captionSize
+                    textFormat: Text.PlainText
+                }
+            }
+        }
+    }
+    IconButton {
+        objectName: "star"
+        anchors.right: picture.right
+        anchors.top: picture.top
+        anchors.margins: 8
+        size: 28
+        visible: tile.hovering || tile.isFavorite
+        focusPolicy: Qt.NoFocus
+        symbol: tile.isFavorite ? "star.fill" : "star"
+        symbolColor: tile.isFavorite ? Theme.yellow : Theme.overPicture
+        tip: tile.isFavorite ? qsTr("Unfavorite") : qsTr("Favorite")
+        onClicked: tile.favoriteToggled()
+    }
+    Row {
+        x: 8
+        y: tile.rowAtTop ? 8 : picture.height - height - 8
+        spacing: 8
+        visible: tile.hovering
+
+        CapsuleButton {
+            objectName: "apply"
+            focusPolicy: Qt.NoFocus
+            height: 28
+            text: qsTr("Apply")
+            onClicked: tile.applied()
+        }
+        IconButton {
+            objectName: "trash"
+            size: 28
+            focusPolicy: Qt.NoFocus
+            symbol: "trash"
+            symbolColor: Theme.glassRed
+            tip: qsTr("Delete for good, together with its 4K partner")
+            onClicked: tile.deleted()
+        }
+    }
+    Text {
+        id: caption
+        anchors.top: picture.bottom
+        anchors.topMargin: 8
+        width: parent.width
+        text: tile.prompt
+        color: Theme.text
+        font.pixelSize: Theme.captionSize
+        elide: Text.ElideRight
+        maximumLineCount: 1
+        textFormat: Text.PlainText
+
+        HoverHandler {
+            id: captionHover
+        }
+        Tip {
+            text: tile.prompt
+            visible: captionHover.hovered && tile.prompt !== ""
+        }
+    }
+    Text {
+        anchors.top: picture.bottom
+        anchors.topMargin: tile.prompt === "" ? 8 : 26
+        width: parent.width
+        text: tile.timestamp
+        color: Theme.secondaryText
+        font.pixelSize: Theme.captionSize
+        elide: Text.ElideRight
+        textFormat: Text.PlainText
+    }
+}

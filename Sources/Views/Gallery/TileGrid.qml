@@ -1,0 +1,27 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Quorvane.Views
+
+/// Tiles in columns of at least 220 points, 20 apart, that share the width.
+GridView {
+    id: grid
+
+    required property int tileHeight
+    required property GalleryModel gallery
+
+    readonly property real tileWidth: cellWidth - 20
+
+    // The last column keeps its gap, and the grid gives it back by being wider than what it shows.
+    cellWidth: Math.floor((width + 0) / gallery.columns(width - 20))
+    cellHeight: tileHeight + 20
+    clip: true
+    keyNavigationEnabled: true
+    currentIndex: 0
+    boundsBehavior: Flickable.StopAtBounds
+    reuseItems: true
+    cacheBuffer: 400
+    topMargin: 4
+    bottomMargin: 12
+    activeFocusOnTab: true
+    ScrollBar.vertical: ThinScrollBar {}
+}

@@ -1,0 +1,42 @@
+#include "Views/Pictures/PictureUrl.h"
+
+#include "Views/Pictures/PictureProvider.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QUrl>
+
+namespace quorvane {
+
+namespace {
+
+QString addressOf(QLatin1String provider, const QString &path)
+{
+    const QFileInfo file(path);
+    // The path is encoded twice: Qt decodes an address once on the way to the provider.
+    const QByteArray encoded = QUrl::toPercentEncoding(path).toPercentEncoding();
+    return QStringLiteral("image://%1/%2/%3-%4")
+        .arg(provider, QString::number(file.lastModified().toMSecsSinceEpoch()), QString::number(file.size()),
+             QString::fromLatin1(encoded));
+}
+
+} // namespace
+
+QString thumbnailUrl(const QString &path)
+{
+    return path.isEmpty() ? QString() : addressOf(PictureProvider::kThumbnails, path);
+}
+
+QString pictureUrl(const QString &path)
+{
+    return path.isEmpty() ? QString() : addressOf(PictureProvider::kPictures, path);
+}
+
+QString pathFromPictureId(const QString &id)
+{
+    const QString encoded = id.section(QLatin1Char('/'), 1).section(QLatin1Char('-'), 1);
+    QString path = QUrl::fromPercentEncoding(encoded.toUtf8());
+    return path.startsWith(QLatin1Char('/')) ? path : QUrl::fromPercentEncoding(path.toUtf8());
+}
+
+} // namespace quorvane

@@ -1,0 +1,216 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Window
+import Quorvane.Views
+
+/// One picture, large, over the gallery.
+FocusScope {
+    id: preview
+
+    required property PreviewModel model
+
+    signal fullScreenRequested()
+
+    objectName: "preview"
+    visible: opacity > 0
+    enabled: model.isOpen
+    opacity: model.isOpen ? 1 : 0
+    Behavior on opacity { NumberAnimation { duration: Theme.motion } }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.backdrop
+    }
+    MouseArea {
+        // Nothing of the gallery below is hit or scrolled.
+        anchors.fill: parent
+        hoverEnabled: true
+        onWheel: wheel => wheel.accepted = true
+    }
+
+    Item {
+        id: stage
+        anchors.fill: parent
+        anchors.leftMargin: 64
+        anchors.rightMargin: 64
+        anchors.topMargin: 60
+        anchors.bottomMargin: footer.height + 32
+
+        readonly property size pixels: Qt.size(Math.round(width * Screen.devicePixelRatio), Math.round(height * Screen.devicePixelRatio))
+
+        Image {
+            // Seen at once, until the picture itself is there.
+            anchors.fill: parent
+            visible: picture.status !== Image.Ready
+            source: preview.model.thumbnail
+            asynchronous: true
+            fillMode: Image.PreserveAspectFit
+        }
+        Image {
+            id: picture
+            objectName: "previewPicture"
+            anchors.fill: parent
+            source: preview.model.picture
+            sourceSize: stage.pixels
+            asynchronous: true
+            fillMode: Image.PreserveAspectFit
+            Accessible.role: Accessible.Graphic
+            Accessible.name: preview.model.prompt
+        }
+        Repeater {
+            // Fetched ahead for the next step, and never shown.
+            model: preview.model.neighbours
+
+            Image {
+                required property string modelData
+
+                visible: false
+                source: modelData
+                sourceSize: stage.pixels
+                asynchronous: true
+            }
+        }
+        UpscalingNotice {
+            anchors.centerIn: parent
+            model: preview.model
+        }
+    }
+
+    CapsuleButton {
+        objectName: "closeButton"
+        x: 16
+        y: 16
+        symbol: "xmark.circle.fill"
+        text: qsTr("Close")
+        onClicked: preview.model.close()
+    }
+    IconButton {
+        objectName: "leftButton"
+        anchors.left: parent.left
+        anchors.leftMargin: 14
+        anchors.verticalCenter: stage.verticalCenter
+        size: 36
+        enabled: preview.model.canGoLeft
+        symbol: "chevron.left"
+        tip: qsTr("Previous")
+        onClicked: preview.model.goLeft()
+    }
+    IconButton {
+        objectName: "rightButton"
+        anchors.right: parent.right
+        anchors.rightMargin: 14
+        anchors.verticalCenter: stage.verticalCenter
+        size: 36
+        enabled: preview.model.canGoRight
+        symbol: "chevron.right"
+        tip: qsTr("Next")
+        onClicked: preview.model.goRight()
+    }
+
+    Column {
+        id: footer
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 16
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: parent.width - 48
+        spacing: 12
+
+        Text {
+            id: prompt
+            objectName: "previewPrompt"
+            width: parent.width
+            visible: preview.model.canUsePrompt
+            text: preview.model.prompt
+            color: Theme.overPictureSecondary
+            font.pixelSize: Theme.bodySize
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
+            elide: Text.ElideRight
+            textFormat: Text.PlainText
+
+            HoverHandler {
+                id: promptHover
+            }
+            Tip {
+                text: prompt.text
+                visible: promptHover.hovered && prompt.truncated
+            }
+        }
+        Flow {
+            id: actions
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.min(implicitRow, parent.width)
+            spacing: 8
+
+            readonly property real implicitRow: {
+                let sum = 0;
+                for (let index = 0; index < children.length; ++index) {
+                    sum += children[index].visible ? children[index].implicitWidth + spacing : 0;
+                }
+                return sum;
+            }
+
+            CapsuleButton {
+                objectName: "setButton"
+                text: qsTr("Set as Wallpaper")
+                onClicked: preview.model.setAsWallpaper()
+            }
+            CapsuleButton {
+                objectName: "favoriteButton"
+                symbol: preview.model.isFavorite ? "star.fill" : "star"
+                symbolColor: preview.model.isFavorite ? Theme.yellow : Theme.overPicture
+                text: preview.model.isFavorite ? qsTr("Unfavorite") : qsTr("Favorite")
+                onClicked: preview.model.toggleFavorite()
+            }
+            CapsuleButton {
+                objectName: "previewUsePromptButton"
+                visible: preview.model.canUsePrompt
+                symbol: "arrow.uturn.left"
+                text: qsTr("Use Prompt")
+                onClicked: preview.model.usePrompt()
+            }
+            CapsuleButton {
+                objectName: "upscaleButton"
+                visible: preview.model.canUpscale
+                symbol: "arrow.up.right"
+                text: qsTr("Upscale to 4K")
+                onClicked: preview.model.upscale()
+            }
+            CapsuleButton {
+                objectName: "fullScreenButton"
+                symbol: "arrow.up.left.and.arrow.down.right"
+                text: qsTr("Full Screen")
+                onClicked: preview.fullScreenRequested()
+            }
+            CapsuleButton {
+                objectName: "originalButton"
+                visible: preview.model.hasOriginal
+                text: qsTr("Original")
+                onClicked: preview.model.showOriginal()
+            }
+        }
+    }
+
+    // The text editor keeps the arrows while it has the focus; everywhere else they belong to the preview.
+    Shortcut {
+        enabled: preview.model.isOpen
+        sequence: "Escape"
+        onActivated: preview.model.close()
+    }
+    Shortcut {
+        enabled: preview.model.isOpen
+        sequence: "Left"
+        onActivated: preview.model.goLeft()
+    }
+    Shortcut {
+        enabled: preview.model.isOpen
+        sequence: "Right"
+        onActivated: preview.model.goRight()
+    }
+    Shortcut {
+        enabled: preview.activeFocus
+        sequence: "F"
+        onActivated: preview.model.toggleFavorite()
+    }
+}

@@ -1,0 +1,177 @@
+#include "Views/Preview/PreviewModel.h"
+
+#include "Manager/ImageRecords.h"
+#include "Views/Pictures/PictureDecoding.h"
+#include "Views/Pictures/PictureUrl.h"
+#include "Views/ProgressText.h"
+
+namespace quorvane {
+
+void PreviewModel::attach()
+{
+    m_lastUpscalingURL = manager()->upscalingURL();
+    connect(manager(), &WallpaperManager::upscalingURLChanged, this, &PreviewModel::followUpscale);
+    connect(manager(), &WallpaperManager::favoritesChanged, this, &PreviewModel::readRecords);
+    connect(manager(), &WallpaperManager::progressChanged, this, &PreviewModel::progressChanged);
+}
+
+void PreviewModel::setPreviewURL(const QString &url)
+{
+    if (url == m_previewURL) {
+        return;
+    }
+    const bool wasOpen = isOpen();
+    m_previewURL = url;
+    readRecords();
+    Q_EMIT previewURLChanged();
+    if (isOpen() != wasOpen) {
+        Q_EMIT isOpenChanged();
+    }
+}
+
+void PreviewModel::setList(const QStringList &list)
+{
+    m_list = list;
+    Q_EMIT changed();
+}
+
+void PreviewModel::readRecords()
+{
+    m_prompt.clear();
+    m_hasPrompt = false;
+    m_original.clear();
+    m_hasPartner = false;
+    m_width = 0;
+    if (isOpen()) {
+        const TextMap prompts = ImageRecords::prompts();
+        const auto prompt = prompts.find(ImageRecords::fileName(m_previewURL));
+        m_hasPrompt = prompt != prompts.end();
+        m_prompt = m_hasPrompt ? prompt->second : QString();
+        m_original = ImageRecords::recordedOriginal(m_previewURL).value_or(QString());
+        m_hasPartner = ImageRecords::hasPartner(m_previewURL);
+        m_width = shownSize(m_previewURL).width();
+    }
+    Q_EMIT changed();
+}
+
+bool PreviewModel::canGoLeft() const
+{
+    return isOpen() && m_list.indexOf(m_previewURL) >= 1;
+}
+
+bool PreviewModel::canGoRight() const
+{
+    const auto index = m_list.indexOf(m_previewURL);
+    return isOpen() && index >= 0 && index < m_list.size() - 1;
+}
+
+void PreviewModel::goLeft()
+{
+    if (canGoLeft()) {
+        setPreviewURL(m_list[m_list.indexOf(m_previewURL) - 1]);
+    }
+}
+
+void PreviewModel::goRight()
+{
+    if (canGoRight()) {
+        setPreviewURL(m_list[m_list.indexOf(m_previewURL) + 1]);
+    }
+}
+
+QString PreviewModel::picture() const
+{
+    return pictureUrl(m_previewURL);
+}
+
+QString PreviewModel::thumbnail() const
+{
+    return thumbnailUrl(m_previewURL);
+}
+
+QStringList PreviewModel::neighbours() const
+{
+    QStringList neighbours;
+    if (canGoLeft()) {
+        neighbours.append(pictureUrl(m_list[m_list.indexOf(m_previewURL) - 1]));
+    }
+    if (canGoRight()) {
+        neighbours.append(pictureUrl(m_list[m_list.indexOf(m_previewURL) + 1]));
+    }
+    return neighbours;
+}
+
+void PreviewModel::usePrompt()
+{
+    if (m_hasPrompt) {
+        Q_EMIT promptChosen(m_prompt);
+        close();
+    }
+}
+
+void PreviewModel::setAsWallpaper()
+{
+    manager()->setWallpaper(m_previewURL);
+}
+
+bool PreviewModel::isFavorite() const
+{
+    return isOpen() && manager()->favorites().contains(ImageRecords::fileName(m_previewURL));
+}
+
+void PreviewModel::toggleFavorite()
+{
+    if (isOpen()) {
+        manager()->toggleFavorite(m_previewURL);
+    }
+}
+
+bool PreviewModel::canUpscale() const
+{
+    const bool isSmall = m_width > 0 && m_width < kFourKWidth;
+    return isOpen() && isSmall && !m_hasPartner && manager()->upscalingURL().isEmpty();
+}
+
+void PreviewModel::upscale()
+{
+    if (canUpscale()) {
+        manager()->upscaleExistingImage(m_previewURL);
+    }
+}
+
+bool PreviewModel::isUpscaling() const
+{
+    return isOpen() && manager()->upscalingURL() == m_previewURL;
+}
+
+QString PreviewModel::progressText() const
+{
+    return quorvane::progressText(manager()->progress());
+}
+
+double PreviewModel::progressShare() const
+{
+    return quorvane::progressShare(manager()->progress());
+}
+
+void PreviewModel::showOriginal()
+{
+    if (hasOriginal()) {
+        setPreviewURL(m_original);
+    }
+}
+
+/// When the picture that is shown has been enlarged, its copy takes its place.
+void PreviewModel::followUpscale()
+{
+    const QString ended = std::exchange(m_lastUpscalingURL, manager()->upscalingURL());
+    if (!ended.isEmpty() && m_lastUpscalingURL.isEmpty() && ended == m_previewURL) {
+        if (const auto copy = ImageRecords::recordedCopy(ended)) {
+            setPreviewURL(*copy);
+            return;
+        }
+    }
+    readRecords();
+}
+
+} // namespace quorvane

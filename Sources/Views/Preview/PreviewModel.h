@@ -1,0 +1,99 @@
+#pragma once
+
+#include "Views/ViewModel.h"
+
+namespace quorvane {
+
+/// The picture that is open over the gallery: stepping through the list, and what can be done with it.
+class PreviewModel : public ViewModel
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QString previewURL READ previewURL WRITE setPreviewURL NOTIFY previewURLChanged)
+    Q_PROPERTY(QStringList list READ list WRITE setList NOTIFY changed)
+    Q_PROPERTY(bool isOpen READ isOpen NOTIFY isOpenChanged)
+    Q_PROPERTY(bool canGoLeft READ canGoLeft NOTIFY changed)
+    Q_PROPERTY(bool canGoRight READ canGoRight NOTIFY changed)
+    Q_PROPERTY(QString picture READ picture NOTIFY changed)
+    Q_PROPERTY(QString thumbnail READ thumbnail NOTIFY changed)
+    Q_PROPERTY(QStringList neighbours READ neighbours NOTIFY changed)
+    Q_PROPERTY(QString prompt READ prompt NOTIFY changed)
+    Q_PROPERTY(bool canUsePrompt READ canUsePrompt NOTIFY changed)
+    Q_PROPERTY(bool isFavorite READ isFavorite NOTIFY changed)
+    Q_PROPERTY(bool canUpscale READ canUpscale NOTIFY changed)
+    Q_PROPERTY(bool hasOriginal READ hasOriginal NOTIFY changed)
+    Q_PROPERTY(bool isUpscaling READ isUpscaling NOTIFY changed)
+    Q_PROPERTY(QString progressText READ progressText NOTIFY progressChanged)
+    Q_PROPERTY(double progressShare READ progressShare NOTIFY progressChanged)
+
+  public:
+    using ViewModel::ViewModel;
+
+    /// A picture this wide, in pixels, is 4K.
+    static constexpr int kFourKWidth = 3840;
+
+    /// Empty while no picture is open.
+    [[nodiscard]] const QString &previewURL() const { return m_previewURL; }
+    void setPreviewURL(const QString &url);
+    [[nodiscard]] bool isOpen() const { return !m_previewURL.isEmpty(); }
+    Q_INVOKABLE void close() { setPreviewURL({}); }
+
+    /// What it steps through, without going round at the ends.
+    [[nodiscard]] const QStringList &list() const { return m_list; }
+    void setList(const QStringList &list);
+    [[nodiscard]] bool canGoLeft() const;
+    [[nodiscard]] bool canGoRight() const;
+    Q_INVOKABLE void goLeft();
+    Q_INVOKABLE void goRight();
+
+    /// Addresses for Image; the neighbours' are to be fetched ahead.
+    [[nodiscard]] QString picture() const;
+    [[nodiscard]] QString thumbnail() const;
+    [[nodiscard]] QStringList neighbours() const;
+
+    [[nodiscard]] const QString &prompt() const { return m_prompt; }
+    [[nodiscard]] bool canUsePrompt() const { return m_hasPrompt; }
+    /// Asks for the picture's prompt to be used, and closes.
+    Q_INVOKABLE void usePrompt();
+
+    Q_INVOKABLE void setAsWallpaper();
+
+    [[nodiscard]] bool isFavorite() const;
+    Q_INVOKABLE void toggleFavorite();
+
+    /// Only for a picture that is not 4K and has no partner, while nothing is being enlarged.
+    [[nodiscard]] bool canUpscale() const;
+    Q_INVOKABLE void upscale();
+    [[nodiscard]] bool isUpscaling() const;
+    [[nodiscard]] QString progressText() const;
+    [[nodiscard]] double progressShare() const;
+
+    /// Whether the picture was enlarged from another.
+    [[nodiscard]] bool hasOriginal() const { return !m_original.isEmpty(); }
+    Q_INVOKABLE void showOriginal();
+
+  Q_SIGNALS:
+    void previewURLChanged();
+    void isOpenChanged();
+    void changed();
+    void progressChanged();
+    void promptChosen(const QString &prompt);
+
+  private:
+    void attach() override;
+    void readRecords();
+    void followUpscale();
+
+    QString m_previewURL;
+    QStringList m_list;
+    QString m_lastUpscalingURL;
+
+    // Read from the disk when the picture or the library changes.
+    QString m_prompt;
+    bool m_hasPrompt = false;
+    QString m_original;
+    bool m_hasPartner = false;
+    int m_width = 0; ///< In pixels; 0 when the picture cannot be read.
+};
+
+} // namespace quorvane

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "Views/ViewModel.h"
+
+namespace quorvane {
+
+/// The key of one service: the text in its field, and whether a key is stored.
+class APIKeyRow : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Belongs to APIKeysModel.")
+    Q_PROPERTY(QString section MEMBER section CONSTANT)
+    Q_PROPERTY(QString label MEMBER label CONSTANT)
+    Q_PROPERTY(QString help MEMBER help CONSTANT)
+    Q_PROPERTY(QString providerId MEMBER providerId CONSTANT)
+    Q_PROPERTY(QString placeholder READ placeholder CONSTANT)
+    Q_PROPERTY(QString key READ key WRITE setKey NOTIFY changed)
+    Q_PROPERTY(bool saved READ saved NOTIFY changed)
+    Q_PROPERTY(bool canSave READ canSave NOTIFY changed)
+    Q_PROPERTY(QString saveLabel READ saveLabel NOTIFY changed)
+
+  public:
+    APIKeyRow(const QString &section, const QString &label, const QString &providerId, const QString &help,
+              QObject *parent);
+
+    [[nodiscard]] QString placeholder() const;
+    [[nodiscard]] const QString &key() const { return m_key; }
+    void setKey(const QString &key);
+    [[nodiscard]] bool saved() const { return m_saved; }
+    [[nodiscard]] bool canSave() const { return !m_key.isEmpty(); }
+    [[nodiscard]] QString saveLabel() const;
+
+    /// Stores the text, if there is one, and calls it saved.
+    Q_INVOKABLE void save();
+    /// Stores the text, if there is one; what Return in the field does. Whether the row counts as saved stays.
+    Q_INVOKABLE void submit();
+    /// Removes this service's key, and no other, and empties the field.
+    Q_INVOKABLE void remove();
+
+    void load(const TextMap &keys);
+
+    QString section;
+    QString label;
+    QString providerId;
+    QString help;
+    WallpaperManager *manager = nullptr;
+
+  Q_SIGNALS:
+    void changed();
+
+  private:
+    QString m_key;
+    bool m_saved = false;
+};
+
+/// The tab of the keys.
+class APIKeysModel : public ViewModel
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QList<QObject *> rows READ rows CONSTANT)
+
+  public:
+    explicit APIKeysModel(QObject *parent = nullptr);
+
+    /// APIKeyRow: Gemini, Grok, OpenAI.
+    [[nodiscard]] QList<QObject *> rows() const { return m_rows; }
+
+    /// The tab appears: takes over every stored key. A row without one is left as it is.
+    Q_INVOKABLE void loadAllKeys();
+
+  private:
+    void attach() override;
+
+    QList<QObject *> m_rows;
+};
+
+} // namespace quorvane

@@ -1,0 +1,93 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Quorvane.Views
+
+Flickable {
+    id: tab
+
+    required property APIKeysModel model
+
+    contentHeight: column.height + 32
+    boundsBehavior: Flickable.StopAtBounds
+    clip: true
+    ScrollBar.vertical: ThinScrollBar {}
+    Component.onCompleted: model.loadAllKeys()
+
+    Column {
+        id: column
+        x: 20
+        y: 16
+        width: tab.width - 40
+        spacing: 16
+
+        Repeater {
+            model: tab.model.rows
+
+            FormSection {
+                id: section
+
+                required property APIKeyRow modelData
+
+                width: column.width
+                caption: modelData.section
+
+                Row {
+                    width: parent.width
+                    spacing: 8
+
+                    SecureField {
+                        objectName: section.modelData.providerId + "Field"
+                        width: parent.width - save.width - 8 - (trash.visible ? trash.width + 8 : 0)
+                        placeholderText: section.modelData.placeholder
+                        text: section.modelData.key
+                        onTextChanged: section.modelData.key = text
+                        onAccepted: section.modelData.submit()
+                    }
+                    PushButton {
+                        id: save
+                        objectName: section.modelData.providerId + "Save"
+                        height: 32
+                        text: section.modelData.saveLabel
+                        enabled: section.modelData.canSave
+                        onClicked: section.modelData.save()
+                    }
+                    PushButton {
+                        id: trash
+                        objectName: section.modelData.providerId + "Trash"
+                        height: 32
+                        visible: section.modelData.saved
+                        destructive: true
+                        symbol: "trash"
+                        tip: qsTr("Remove this key")
+                        onClicked: section.modelData.remove()
+                    }
+                }
+                Row {
+                    visible: section.modelData.saved
+                    spacing: 6
+
+                    Symbol {
+                        anchors.verticalCenter: parent.verticalCenter
+                        name: "checkmark.circle.fill"
+                        size: 14
+                        color: Theme.green
+                    }
+                    Text {
+                        text: qsTr("Saved in Keychain")
+                        color: Theme.green
+                        font.pixelSize: Theme.captionSize
+                        textFormat: Text.PlainText
+                    }
+                }
+                Text {
+                    width: parent.width
+                    text: section.modelData.help
+                    color: Theme.secondaryText
+                    font.pixelSize: Theme.captionSize
+                    wrapMode: Text.Wrap
+                    textFormat: Text.PlainText
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,44 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Quorvane.Views
+
+Button {
+    id: button
+
+    required property string symbol
+
+    width: 88
+    height: 52
+    padding: 6
+    hoverEnabled: true
+    focusPolicy: Qt.StrongFocus
+    font.pixelSize: 11
+    font.weight: Font.Medium
+    Accessible.role: Accessible.PageTab
+    Accessible.name: text
+    Accessible.selected: checked
+
+    contentItem: Column {
+        spacing: 4
+
+        Symbol {
+            anchors.horizontalCenter: parent.horizontalCenter
+            name: button.symbol
+            size: 20
+            color: button.checked ? Theme.accent : Theme.secondaryText
+        }
+        Text {
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: button.text
+            font: button.font
+            color: button.checked ? Theme.accent : Theme.secondaryText
+            textFormat: Text.PlainText
+        }
+    }
+    background: Rectangle {
+        radius: 8
+        color: button.checked || button.down ? Theme.surfacePressed : button.hovered ? Theme.surfaceHovered : "transparent"
+
+        FocusRing { target: button }
+    }
+}

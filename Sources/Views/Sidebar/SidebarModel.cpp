@@ -1,0 +1,170 @@
+#include "Views/Sidebar/SidebarModel.h"
+
+#include "Manager/IntervalLabel.h"
+#include "Views/ProgressText.h"
+
+#include <QLocale>
+
+namespace quorvane {
+
+void SidebarModel::attach()
+{
+    WallpaperManager *source = manager();
+    setPromptText(source->prompt());
+    // What decides which keys are needed.
+    for (const auto signal : {&WallpaperManager::providerOverrideChanged, &WallpaperManager::nsfwEnabledChanged,
+                              &WallpaperManager::fourKEnabledChanged, &WallpaperManager::upscaleMethodChanged,
+                              &WallpaperManager::selectedModelChanged, &WallpaperManager::keysChanged,
+                              &WallpaperManager::isLoadingChanged}) {
+        connect(source, signal, this, &SidebarModel::refresh);
+    }
+    for (const auto signal : {&WallpaperManager::autoEnabledChanged, &WallpaperManager::intervalMinutesChanged,
+                              &WallpaperManager::nextFireDateChanged, &WallpaperManager::statusChanged,
+                              &WallpaperManager::isErrorChanged, &WallpaperManager::progressChanged}) {
+        connect(source, signal, this, &SidebarModel::changed);
+    }
+    refresh();
+}
+
+void SidebarModel::refresh()
+{
+    m_missingKeys = manager()->missingKeys();
+    Q_EMIT changed();
+}
+
+void SidebarModel::setPromptText(const QString &text)
+{
+    if (text == m_promptText) {
+        return;
+    }
+    m_promptText = text;
+    manager()->setPrompt(text);
+    Q_EMIT promptTextChanged();
+    Q_EMIT changed();
+}
+
+bool SidebarModel::fourKEnabled() const
+{
+    return manager()->fourKEnabled();
+}
+
+void SidebarModel::setFourKEnabled(bool enabled)
+{
+    manager()->setFourKEnabled(enabled);
+}
+
+bool SidebarModel::nsfwEnabled() const
+{
+    return manager()->nsfwEnabled();
+}
+
+void SidebarModel::setNsfwEnabled(bool enabled)
+{
+    manager()->setNsfwEnabled(enabled);
+}
+
+bool SidebarModel::nsfwShown() const
+{
+    return manager()->nsfwApplies();
+}
+
+QString SidebarModel::providerName() const
+{
+    return manager()->resolvedProvider().name();
+}
+
+QString SidebarModel::upscaleHint() const
+{
+    if (!manager()->fourKEnabled() || manager()->providerProducesNative4K()) {
+        return {};
+    }
+    return manager()->upscaleMethod() == QLatin1String("local") ? tr("+ Local 4K") : tr("+ Gemini 4K");
+}
+
+bool SidebarModel::isLoading() const
+{
+    return manager()->isLoading();
+}
+
+bool SidebarModel::canGenerate() const
+{
+    return !m_promptText.isEmpty() && !manager()->isLoading() && m_missingKeys.isEmpty();
+}
+
+void SidebarModel::generate()
+{
+    if (canGenerate()) {
+        manager()->generateAndSet();
+    }
+}
+
+bool SidebarModel::autoEnabled() const
+{
+    return manager()->autoEnabled();
+}
+
+void SidebarModel::setAutoEnabled(bool enabled)
+{
+    manager()->setAutoEnabled(enabled);
+}
+
+QStringList SidebarModel::intervalLabels()
+{
+    QStringList labels;
+    for (const int minutes : WallpaperManager::intervalOptions()) {
+        labels.append(formatInterval(minutes));
+    }
+    return labels;
+}
+
+int SidebarModel::intervalIndex() const
+{
+    const QList<int> &options = WallpaperManager::intervalOptions();
+    for (int index = 0; index < options.size(); ++index) {
+        if (options[index] == manager()->intervalMinutes()) {
+            return index;
+        }
+    }
+    return -1;
+}
+
+QString SidebarModel::intervalLabel() const
+{
+    return formatInterval(manager()->intervalMinutes());
+}
+
+void SidebarModel::chooseInterval(int index)
+{
+    manager()->setIntervalMinutes(WallpaperManager::intervalOptions().value(index, int(manager()->intervalMinutes())));
+}
+
+QString SidebarModel::nextFireText() const
+{
+    const QDateTime due = manager()->nextFireDate();
+    if (!manager()->autoEnabled() || !due.isValid()) {
+        return {};
+    }
+    return tr("Next: ") + QLocale().toString(due.toLocalTime().time(), QLocale::ShortFormat);
+}
+
+QString SidebarModel::status() const
+{
+    return manager()->status();
+}
+
+bool SidebarModel::isError() const
+{
+    return manager()->isError();
+}
+
+QString SidebarModel::progressText() const
+{
+    return quorvane::progressText(manager()->progress());
+}
+
+double SidebarModel::progressShare() const
+{
+    return quorvane::progressShare(manager()->progress());
+}
+
+} // namespace quorvane

@@ -1,0 +1,26 @@
+#include "Views/Views.h"
+
+#include "Views/Controls/SecureFieldAccessibility.h"
+#include "Views/Pictures/PictureProvider.h"
+#include "Views/Pictures/SymbolProvider.h"
+
+#include <QQmlEngine>
+#include <QtGlobal>
+
+// Written by the build; naming it keeps the linker from dropping the types out of the static library.
+extern void qml_register_types_Quorvane_Views();
+
+namespace quorvane {
+
+void installViews(QQmlEngine *engine)
+{
+    volatile auto types = &qml_register_types_Quorvane_Views;
+    Q_UNUSED(types);
+    protectSecureFields();
+    engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine->addImageProvider(PictureProvider::kThumbnails, new PictureProvider(PictureProvider::Kind::Thumbnail));
+    engine->addImageProvider(PictureProvider::kPictures, new PictureProvider(PictureProvider::Kind::SizeAsked));
+    engine->addImageProvider(SymbolProvider::kName, new SymbolProvider);
+}
+
+} // namespace quorvane

@@ -1,0 +1,143 @@
+#include "UI/ViewFixture.h"
+
+namespace quorvane {
+
+using GalleryView = ViewTest;
+
+TEST_F(GalleryView, anEmptyLibrarySaysWhatToDo)
+{
+    start();
+    open();
+    EXPECT_TRUE(isSeen(QStringLiteral("emptyState")));
+    EXPECT_FALSE(isSeen(QStringLiteral("albumGrid")));
+}
+
+TEST_F(GalleryView, anAlbumOpensItsPicturesAndAPictureOpensThePreview)
+{
+    const QString path = putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
+    start();
+    open();
+    click(QStringLiteral("album a lake"));
+    EXPECT_EQ(textOf(find(QStringLiteral("albumTitle"))), QStringLiteral("a lake"));
+    click(QStringLiteral("tile ") + path);
+    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("preview")); }));
+    EXPECT_TRUE(waitFor([&] { return find(QStringLiteral("previewPicture"))->property("status").toInt() == 1; }));
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("preview")); }));
+    click(QStringLiteral("albumsButton"));
+    EXPECT_TRUE(isSeen(QStringLiteral("albumGrid")));
+}
+
+TEST_F(GalleryView, theAlbumsPromptCanBeUsedUnlessItIsNone)
+{
+    const QString known = putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
+    const QString unknown = putPainting(QStringLiteral("two.png"), QString());
+    start().toggleFavorite(known);
+    open();
+    for (const char *special : {"Favorites", "Uncategorized"}) {
+        click(QStringLiteral("album ") + QLatin1String(special));
+        EXPECT_FALSE(isSeen(QStringLiteral("usePromptButton"))) << special;
+        click(QStringLiteral("albumsButton"));
+    }
+    click(QStringLiteral("album a lake"));
+    click(QStringLiteral("usePromptButton"));
+    EXPECT_EQ(manager->prompt(), QStringLiteral("a lake"));
+    EXPECT_EQ(textOf(find(QStringLiteral("promptEditor"))), QStringLiteral("a lake"));
+}
+
+TEST_F(GalleryView, theActionsOfATileAppearUnderThePointerButNeverTheTrash)
+{
+    const QString path = putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
+    start();
+    open();
+    click(QStringLiteral("album a lake"));
+    ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("tile ") + path); }));
+    const QQuickItem *tile = find(QStringLiteral("tile ") + path);
+    EXPECT_TRUE(waitFor([&] { return tile->width() >= 220; }));
+    const QQuickItem *trash = find(QStringLiteral("trash"));
+    // The pointer comes in anywhere: a grid of places over the whole tile.
+    for (int x = 4; x < 220; x += 24) {
+        for (int y = 4; y < 170; y += 16) {
+            hover(QPoint(2, 2));
+            ASSERT_FALSE(trash->isVisible());
+            const QPoint place = tile->mapToScene(QPointF(x, y)).toPoint();
+            hover(place);
+            ASSERT_TRUE(trash->isVisible()) << x << ' ' << y;
+            ASSERT_FALSE(trash->contains(trash->mapFromScene(place))) << x << ' ' << y;
+        }
+    }
+}
+
+TEST_F(GalleryView, aTileAppliesFavoursAndDeletes)
+{
+    const QString path = putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
+    const QString kept = putPainting(QStringLiteral("two.png"), QStringLiteral("a hill"));
+    start();
+    open();
+    click(QStringLiteral("album a lake"));
+    ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("tile ") + path); }));
+    hover(middleOf(find(QStringLiteral("tile ") + path)));
+    click(QStringLiteral("apply"));
+    manager->waitUntilIdle();
+    EXPECT_EQ(desktop.shown(), QStringList{path});
+    EXPECT_FALSE(isSeen(QStringLiteral("preview")));
+
+    click(QStringLiteral("star"));
+    EXPECT_TRUE(manager->favorites().contains(QStringLiteral("one.png")));
+    click(QStringLiteral("trash"));
+    manager->waitUntilIdle();
+    EXPECT_EQ(manager->history(), QStringList{kept});
+    // The album is gone, and with it its page.
+    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("albumGrid")); }));
+}
+
+TEST_F(GalleryView, keysOpenMoveFavourAndDelete)
+{
+    const QString older = putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
+    const QString newer = putPainting(QStringLiteral("two.png"), QStringLiteral("a lake"));
+    start();
+    open();
+    find(QStringLiteral("albumGrid"))->forceActiveFocus();
+    QTest::keyClick(window, Qt::Key_Return);
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("imageGrid"))->hasActiveFocus(); }));
+    const QString first = manager->history().first();
+    const QString second = manager->history().last();
+    QTest::keyClick(window, Qt::Key_Right);
+    QTest::keyClick(window, Qt::Key_F);
+    EXPECT_TRUE(manager->favorites().contains(imageName(second)));
+    manager->waitUntilIdle();
+    QTest::keyClick(window, Qt::Key_Space);
+    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("preview")); }));
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("preview")); }));
+    QTest::keyClick(window, Qt::Key_Delete);
+    manager->waitUntilIdle();
+    EXPECT_EQ(manager->history().size(), 1);
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("albumGrid")); }));
+}
+
+TEST_F(GalleryView, aPictureThatAnotherProgramPutsThereAppears)
+{
+    start();
+    open();
+    ASSERT_TRUE(isSeen(QStringLiteral("emptyState")));
+    (void)putPainting(QStringLiteral("new.png"), QString());
+    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("album Uncategorized")); }));
+}
+
+TEST_F(GalleryView, aBrokenPictureKeepsItsPlaceholder)
+{
+    const QString path = putImage(QStringLiteral("broken.png"));
+    start();
+    open();
+    click(QStringLiteral("album Uncategorized"));
+    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("tile ") + path); }));
+    click(QStringLiteral("tile ") + path);
+    click(QStringLiteral("fullScreenButton"));
+    for (const QWindow *each : QGuiApplication::topLevelWindows()) {
+        EXPECT_FALSE(each->objectName() == QLatin1String("viewer") && each->isVisible());
+    }
+}
+
+} // namespace quorvane

@@ -1,0 +1,98 @@
+#include "Manager/SettingsKeys.h"
+#include "UI/ViewFixture.h"
+
+namespace quorvane {
+
+class PreviewView : public ViewTest
+{
+  protected:
+    /// Opens the newest of three pictures of one prompt.
+    void openFirst()
+    {
+        for (const char *name : {"one.png", "two.png", "three.png"}) {
+            (void)putPainting(QLatin1String(name), QStringLiteral("a lake"));
+        }
+        Keychain::save(QStringLiteral("KEY"), QStringLiteral("gemini"));
+        start();
+        open();
+        click(QStringLiteral("album a lake"));
+        click(QStringLiteral("tile ") + manager->history().first());
+        ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("preview")); }));
+    }
+    [[nodiscard]] bool canGo(const char *side) const { return find(QLatin1String(side))->isEnabled(); }
+};
+
+TEST_F(PreviewView, arrowsStepThroughTheListAndStopAtItsEnds)
+{
+    openFirst();
+    EXPECT_FALSE(canGo("leftButton"));
+    QTest::keyClick(window, Qt::Key_Left);
+    EXPECT_TRUE(canGo("rightButton"));
+    QTest::keyClick(window, Qt::Key_Right);
+    EXPECT_TRUE(canGo("leftButton"));
+    click(QStringLiteral("rightButton"));
+    EXPECT_FALSE(canGo("rightButton"));
+    QTest::keyClick(window, Qt::Key_Right);
+    EXPECT_FALSE(canGo("rightButton"));
+    click(QStringLiteral("leftButton"));
+    EXPECT_TRUE(canGo("rightButton"));
+}
+
+TEST_F(PreviewView, itsButtonsSetFavourAndUseThePrompt)
+{
+    openFirst();
+    click(QStringLiteral("setButton"));
+    manager->waitUntilIdle();
+    EXPECT_EQ(desktop.shown(), QStringList{manager->history().first()});
+    EXPECT_EQ(textOf(find(QStringLiteral("favoriteButton"))), QStringLiteral("Favorite"));
+    click(QStringLiteral("favoriteButton"));
+    EXPECT_EQ(textOf(find(QStringLiteral("favoriteButton"))), QStringLiteral("Unfavorite"));
+    EXPECT_EQ(manager->favorites().size(), 1);
+    click(QStringLiteral("previewUsePromptButton"));
+    EXPECT_EQ(manager->prompt(), QStringLiteral("a lake"));
+    EXPECT_EQ(textOf(find(QStringLiteral("promptEditor"))), QStringLiteral("a lake"));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("preview")); }));
+}
+
+TEST_F(PreviewView, anEnlargedPictureTakesThePlaceOfItsOriginal)
+{
+    service.setPictureMaker([](const QString &, QSize) { return paintPicture(QStringLiteral("4K"), {640, 400}); });
+    store(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+    localUpscale = [](QByteArray image, std::stop_token,
+                      std::function<void(UpscaleProgress)> progress) -> QCoro::Task<UpscaledImage> {
+        progress({1, 4, std::chrono::seconds(90)});
+        co_return UpscaledImage{image, QStringLiteral("png")};
+    };
+    openFirst();
+    EXPECT_TRUE(isSeen(QStringLiteral("upscaleButton")));
+    EXPECT_FALSE(isSeen(QStringLiteral("originalButton")));
+    click(QStringLiteral("upscaleButton"));
+    EXPECT_TRUE(isSeen(QStringLiteral("upscalingNotice")));
+    EXPECT_FALSE(isSeen(QStringLiteral("upscaleButton")));
+    manager->waitUntilIdle();
+    EXPECT_FALSE(isSeen(QStringLiteral("upscalingNotice")));
+    ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("originalButton")); }));
+    EXPECT_FALSE(isSeen(QStringLiteral("upscaleButton")));
+    click(QStringLiteral("originalButton"));
+    EXPECT_FALSE(isSeen(QStringLiteral("originalButton")));
+}
+
+TEST_F(PreviewView, theCloseButtonCloses)
+{
+    openFirst();
+    click(QStringLiteral("closeButton"));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("preview")); }));
+}
+
+TEST_F(PreviewView, arrowsInTheEditorMoveItsCursorNotThePreview)
+{
+    openFirst();
+    click(QStringLiteral("promptEditor"));
+    type(QStringLiteral("ab"));
+    QTest::keyClick(window, Qt::Key_Left);
+    type(QStringLiteral("c"));
+    EXPECT_EQ(manager->prompt(), QStringLiteral("acb"));
+    EXPECT_TRUE(isSeen(QStringLiteral("preview")));
+}
+
+} // namespace quorvane

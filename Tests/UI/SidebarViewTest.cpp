@@ -1,0 +1,102 @@
+#include "Manager/SettingsKeys.h"
+#include "UI/ViewFixture.h"
+
+namespace quorvane {
+
+class SidebarView : public ViewTest
+{
+  protected:
+    void openWith(const QStringList &keys)
+    {
+        for (const QString &id : keys) {
+            Keychain::save(QStringLiteral("KEY"), id);
+        }
+        start();
+        ASSERT_NE(open(), nullptr);
+    }
+};
+
+TEST_F(SidebarView, whatIsTypedBecomesThePromptAndEnablesTheButton)
+{
+    openWith({QStringLiteral("gemini")});
+    EXPECT_FALSE(find(QStringLiteral("generateButton"))->isEnabled());
+    click(QStringLiteral("promptEditor"));
+    type(QStringLiteral("a lake"));
+    EXPECT_EQ(manager->prompt(), QStringLiteral("a lake"));
+    EXPECT_TRUE(find(QStringLiteral("generateButton"))->isEnabled());
+    EXPECT_FALSE(isSeen(QStringLiteral("missingKeys")));
+}
+
+TEST_F(SidebarView, theButtonMakesAPictureAndTheStatusSaysSo)
+{
+    openWith({QStringLiteral("gemini")});
+    click(QStringLiteral("promptEditor"));
+    type(QStringLiteral("a lake"));
+    EXPECT_FALSE(isSeen(QStringLiteral("status")));
+    EXPECT_EQ(textOf(find(QStringLiteral("generateButton"))), QStringLiteral("Generate & Set Wallpaper"));
+    click(QStringLiteral("generateButton"));
+    EXPECT_EQ(textOf(find(QStringLiteral("generateButton"))), QStringLiteral("Generating..."));
+    EXPECT_FALSE(find(QStringLiteral("generateButton"))->isEnabled());
+    manager->waitUntilIdle();
+    EXPECT_TRUE(isSeen(QStringLiteral("status")));
+    EXPECT_EQ(textOf(find(QStringLiteral("status"))), QStringLiteral("Wallpaper set!"));
+    EXPECT_EQ(find(QStringLiteral("statusSymbol"))->property("name"), QStringLiteral("checkmark.circle.fill"));
+    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("album a lake")); }));
+}
+
+TEST_F(SidebarView, controlAndEnterGenerateFromTheEditor)
+{
+    openWith({QStringLiteral("gemini")});
+    click(QStringLiteral("promptEditor"));
+    type(QStringLiteral("a lake"));
+    QTest::keyClick(window, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_TRUE(manager->isLoading());
+    manager->waitUntilIdle();
+    EXPECT_EQ(manager->history().size(), 1);
+    EXPECT_EQ(manager->prompt(), QStringLiteral("a lake"));
+}
+
+TEST_F(SidebarView, aMissingKeyIsNamedAndDisablesTheButton)
+{
+    store(SettingsKeys::kLastPrompt, QStringLiteral("a lake"));
+    openWith({});
+    EXPECT_TRUE(isSeen(QStringLiteral("missingKeys")));
+    EXPECT_FALSE(find(QStringLiteral("generateButton"))->isEnabled());
+    manager->saveKey(QStringLiteral("KEY"), QStringLiteral("gemini"));
+    EXPECT_FALSE(isSeen(QStringLiteral("missingKeys")));
+    EXPECT_TRUE(find(QStringLiteral("generateButton"))->isEnabled());
+}
+
+TEST_F(SidebarView, theScheduleShowsItsRowsOnlyWhileItIsOn)
+{
+    openWith({QStringLiteral("gemini")});
+    EXPECT_FALSE(isSeen(QStringLiteral("intervalPicker")));
+    click(QStringLiteral("autoToggle"));
+    EXPECT_TRUE(manager->autoEnabled());
+    EXPECT_TRUE(isSeen(QStringLiteral("intervalPicker")));
+    EXPECT_TRUE(isSeen(QStringLiteral("nextFire")));
+    click(QStringLiteral("autoToggle"));
+    EXPECT_FALSE(manager->autoEnabled());
+    EXPECT_FALSE(isSeen(QStringLiteral("intervalPicker")));
+    EXPECT_FALSE(isSeen(QStringLiteral("nextFire")));
+}
+
+TEST_F(SidebarView, aSwitchFollowsTheManagerAfterItWasClicked)
+{
+    openWith({QStringLiteral("gemini")});
+    click(QStringLiteral("fourKToggle"));
+    EXPECT_TRUE(manager->fourKEnabled());
+    manager->setFourKEnabled(false);
+    EXPECT_FALSE(find(QStringLiteral("fourKToggle"))->property("checked").toBool());
+}
+
+TEST_F(SidebarView, tabLeavesTheEditorWithoutWritingIntoIt)
+{
+    openWith({QStringLiteral("gemini")});
+    click(QStringLiteral("promptEditor"));
+    QTest::keyClick(window, Qt::Key_Tab);
+    EXPECT_TRUE(find(QStringLiteral("fourKToggle"))->hasActiveFocus());
+    EXPECT_EQ(manager->prompt(), QString());
+}
+
+} // namespace quorvane

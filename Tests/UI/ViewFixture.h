@@ -1,0 +1,154 @@
+#pragma once
+
+#include "Support/WaitFor.h"
+#include "Unit/Manager/ManagerFixture.h"
+#include "Views/Views.h"
+#include "demo-service/Painter/Painter.h"
+
+#include <QBuffer>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QtTest/QTest>
+
+#include <memory>
+
+namespace quorvane {
+
+/// A real window over a real manager, clicked and typed at as a user does. Whatever Qt warns of fails the test.
+class ViewTest : public ManagerTest
+{
+  protected:
+    ViewTest()
+    {
+        s_warnings.clear();
+        m_previousHandler = qInstallMessageHandler(&ViewTest::note);
+        QGuiApplication::setPalette(palette(Qt::white, Qt::black));
+    }
+    ~ViewTest() override
+    {
+        m_engine.reset();
+        qInstallMessageHandler(m_previousHandler);
+    }
+    void TearDown() override { EXPECT_EQ(s_warnings.join(QLatin1Char('\n')).toStdString(), ""); }
+
+    /// A window of the module over the manager, shown and active.
+    QQuickWindow *open(const QString &name = QStringLiteral("MainWindow"))
+    {
+        m_engine = std::make_unique<QQmlApplicationEngine>();
+        installViews(m_engine.get());
+        m_engine->setInitialProperties({{QStringLiteral("manager"), QVariant::fromValue(manager.get())}});
+        m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/Quorvane/Views/%1.qml").arg(name)));
+        if (m_engine->rootObjects().isEmpty()) {
+            ADD_FAILURE() << "the window cannot be loaded: " << s_warnings.join(QLatin1Char('\n')).toStdString();
+            return nullptr;
+        }
+        window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().first());
+        window->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+        return window;
+    }
+
+    /// The item of that name: one that is seen before one that is not, for grids keep tiles they no longer show.
+    [[nodiscard]] QQuickItem *find(const QString &name) const
+    {
+        QQuickItem *seen = findBelow(window->contentItem(), name, true);
+        return seen != nullptr ? seen : findBelow(window->contentItem(), name, false);
+    }
+
+    /// Whether the item of that name is there and seen.
+    [[nodiscard]] bool isSeen(const QString &name) const
+    {
+        const QQuickItem *item = find(name);
+        return item != nullptr && item->isVisible();
+    }
+
+    [[nodiscard]] static QString textOf(const QQuickItem *item)
+    {
+        return item != nullptr ? item->property("text").toString() : QStringLiteral("(no such item)");
+    }
+
+    /// Whether the pointer can get to the item: it is seen, and laid out within the window.
+    [[nodiscard]] bool isReachable(const QString &name) const
+    {
+        return isSeen(name) && QRect(QPoint(), window->size()).contains(middleOf(find(name)));
+    }
+
+    /// Clicks the middle of the item, once it is where it stays.
+    void click(const QString &name)
+    {
+        ASSERT_TRUE(waitFor([&] { return isReachable(name); }, std::chrono::seconds(5))) << name.toStdString();
+        const QQuickItem *item = find(name);
+        ASSERT_TRUE(item->isEnabled()) << name.toStdString();
+        QTest::mouseClick(window, Qt::LeftButton, {}, middleOf(item));
+    }
+    [[nodiscard]] static QPoint middleOf(const QQuickItem *item)
+    {
+        return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
+    }
+    void hover(const QPoint &position) const { QTest::mouseMove(window, position); }
+
+    void type(const QString &text) const
+    {
+        for (const QChar character : text) {
+            QTest::keyClick(window, character.toLatin1());
+        }
+    }
+
+    /// A painted picture in the library, made with that prompt; none is recorded for an empty one.
+    [[nodiscard]] static QString putPainting(const QString &name, const QString &prompt, QSize size = {480, 300})
+    {
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        EXPECT_TRUE(buffer.open(QIODevice::WriteOnly));
+        EXPECT_TRUE(paintPicture(prompt.isEmpty() ? name : prompt, size).save(&buffer, "PNG"));
+        const QString path = ImageStore::saveImage(name, bytes).value_or(QString());
+        if (!prompt.isEmpty()) {
+            ImageStore::savePrompt(prompt, name);
+        }
+        return path;
+    }
+
+    [[nodiscard]] static QPalette palette(const QColor &background, const QColor &text)
+    {
+        QPalette palette(background);
+        palette.setColor(QPalette::Window, background);
+        palette.setColor(QPalette::Base, background);
+        palette.setColor(QPalette::WindowText, text);
+        palette.setColor(QPalette::Text, text);
+        return palette;
+    }
+
+    QQuickWindow *window = nullptr;
+
+  private:
+    [[nodiscard]] static QQuickItem *findBelow(QQuickItem *item, const QString &name, bool mustBeSeen)
+    {
+        if (mustBeSeen && !item->isVisible()) {
+            return nullptr;
+        }
+        if (item->objectName() == name) {
+            return item;
+        }
+        for (QQuickItem *child : item->childItems()) {
+            if (QQuickItem *found = findBelow(child, name, mustBeSeen)) {
+                return found;
+            }
+        }
+        return nullptr;
+    }
+    static void note(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
+    {
+        if (type != QtDebugMsg && type != QtInfoMsg) {
+            s_warnings.append(message);
+        }
+    }
+
+    static inline QStringList s_warnings;
+    QtMessageHandler m_previousHandler = nullptr;
+    std::unique_ptr<QQmlApplicationEngine> m_engine;
+};
+
+} // namespace quorvane

@@ -1,0 +1,99 @@
+// From a file in the library to the pixels of a tile.
+
+#include "Support/Files.h"
+#include "Support/PrivateHome.h"
+#include "Views/Pictures/PictureDecoding.h"
+#include "Views/Pictures/PictureUrl.h"
+#include "Views/Pictures/ThumbnailCache.h"
+
+#include <QImageWriter>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+namespace quorvane {
+
+class Pictures : public testing::Test
+{
+  protected:
+    [[nodiscard]] QString put(const QString &name, QSize size, QColor color = Qt::red,
+                              QImageIOHandler::Transformations turned = QImageIOHandler::TransformationNone) const
+    {
+        const QString path = home.path() + QLatin1Char('/') + name;
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(color);
+        QImageWriter writer(path);
+        writer.setTransformation(turned);
+        EXPECT_TRUE(writer.write(image)) << writer.errorString().toStdString();
+        return path;
+    }
+
+    PrivateHome home;
+    ThumbnailCache cache;
+};
+
+TEST_F(Pictures, aThumbnailHas440PixelsOnItsLongSideAndASmallPictureStaysSmall)
+{
+    EXPECT_EQ(cache.thumbnail(put(QStringLiteral("wide.png"), {880, 200})).size(), QSize(440, 100));
+    EXPECT_EQ(cache.thumbnail(put(QStringLiteral("high.jpg"), {200, 880})).size(), QSize(100, 440));
+    EXPECT_EQ(cache.thumbnail(put(QStringLiteral("small.png"), {40, 20})).size(), QSize(40, 20));
+    EXPECT_EQ(cache.thumbnail(put(QStringLiteral("thin.png"), {4400, 1})).size(), QSize(440, 1));
+}
+
+TEST_F(Pictures, theOrientationInTheFileIsApplied)
+{
+    const QString path = put(QStringLiteral("turned.jpg"), {880, 200}, Qt::red, QImageIOHandler::TransformationRotate90);
+    EXPECT_EQ(shownSize(path), QSize(200, 880));
+    EXPECT_EQ(cache.thumbnail(path).size(), QSize(100, 440));
+}
+
+TEST_F(Pictures, whatIsNoPictureHasNoThumbnailAndNoSize)
+{
+    const QString path = home.path() + QStringLiteral("/broken.png");
+    ASSERT_TRUE(putFile(path, "no picture"));
+    EXPECT_TRUE(cache.thumbnail(path).isNull());
+    EXPECT_TRUE(shownSize(path).isEmpty());
+    EXPECT_TRUE(cache.thumbnail(home.path() + QStringLiteral("/gone.png")).isNull());
+}
+
+TEST_F(Pictures, theDiskKeepsAThumbnailUntilThePictureChanges)
+{
+    const QString path = put(QStringLiteral("one.png"), {880, 200}, Qt::red);
+    (void)cache.thumbnail(path);
+    const auto before = ThumbnailCache::fileFor(path);
+    ASSERT_TRUE(before && QFileInfo::exists(*before));
+    EXPECT_TRUE(before->startsWith(home.path() + QStringLiteral("/.cache/quorvane/thumbnails/")));
+    // What another start finds there is used: this one is told from the picture by its colour.
+    QImage(440, 100, QImage::Format_RGB32).save(*before, "PNG");
+    QImage blue(440, 100, QImage::Format_RGB32);
+    blue.fill(Qt::blue);
+    ASSERT_TRUE(blue.save(*before, "PNG"));
+    ThumbnailCache later;
+    EXPECT_EQ(later.thumbnail(path).pixelColor(5, 5), QColor(Qt::blue));
+    (void)put(QStringLiteral("one.png"), {1000, 200}, Qt::green);
+    EXPECT_NE(ThumbnailCache::fileFor(path), before);
+    EXPECT_GT(later.thumbnail(path).pixelColor(5, 5).green(), 240);
+}
+
+TEST_F(Pictures, theMemoryIsBoundedInBytes)
+{
+    for (int number = 0; number < 80; ++number) {
+        (void)cache.thumbnail(put(QStringLiteral("%1.png").arg(number), {440, 440}));
+        ASSERT_LE(cache.bytesInMemory(), ThumbnailCache::kMemoryBytes);
+    }
+    EXPECT_GT(cache.bytesInMemory(), ThumbnailCache::kMemoryBytes / 2);
+}
+
+TEST_F(Pictures, anAddressLeadsBackToItsPathWhateverTheNameHolds)
+{
+    for (const char *name : {"/a b.png", "/50% of #1?.png", "/a%20b.png", "/ünïcode-é.png", "/a-b/c-d.png"}) {
+        const QString path = QString::fromUtf8(name);
+        const QUrl address(thumbnailUrl(path));
+        // As Qt Quick hands the address to the provider.
+        const QString id =
+            address.toString(QUrl::RemoveScheme | QUrl::RemoveAuthority).mid(1);
+        EXPECT_EQ(pathFromPictureId(id), path) << name;
+    }
+}
+
+} // namespace quorvane

@@ -1,0 +1,133 @@
+#include "Views/Preview/PreviewModel.h"
+
+#include "Manager/SettingsKeys.h"
+#include "Unit/Manager/ManagerFixture.h"
+
+#include <QBuffer>
+
+namespace quorvane {
+
+class PreviewModelTest : public ManagerTest
+{
+  protected:
+    PreviewModel &attach()
+    {
+        start();
+        model = std::make_unique<PreviewModel>();
+        model->setManager(manager.get());
+        return *model;
+    }
+    ~PreviewModelTest() override { model.reset(); }
+
+    [[nodiscard]] static QString putPicture(const QString &name, int width)
+    {
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        QImage image(width, 4, QImage::Format_RGB32);
+        image.fill(Qt::darkCyan);
+        EXPECT_TRUE(image.save(&buffer, "PNG"));
+        return ImageStore::saveImage(name, bytes).value_or(QString());
+    }
+
+    std::unique_ptr<PreviewModel> model;
+};
+
+TEST_F(PreviewModelTest, itStepsWithoutGoingRoundAndNotFromAPictureThatIsNotInTheList)
+{
+    const QStringList list{QStringLiteral("/a"), QStringLiteral("/b"), QStringLiteral("/c")};
+    attach().setList(list);
+    model->goRight();
+    EXPECT_EQ(model->previewURL(), QString());
+    model->setPreviewURL(list[0]);
+    EXPECT_FALSE(model->canGoLeft());
+    model->goLeft();
+    EXPECT_EQ(model->previewURL(), list[0]);
+    model->goRight();
+    model->goRight();
+    EXPECT_EQ(model->previewURL(), list[2]);
+    EXPECT_FALSE(model->canGoRight());
+    model->goRight();
+    EXPECT_EQ(model->previewURL(), list[2]);
+    model->goLeft();
+    EXPECT_EQ(model->previewURL(), list[1]);
+    model->setPreviewURL(QStringLiteral("/elsewhere"));
+    EXPECT_FALSE(model->canGoLeft());
+    EXPECT_FALSE(model->canGoRight());
+}
+
+TEST_F(PreviewModelTest, onlyAPictureNarrowerThan4KWithoutAPartnerCanBeEnlarged)
+{
+    const QString narrow = putPicture(QStringLiteral("narrow.png"), 3839);
+    const QString wide = putPicture(QStringLiteral("wide.png"), 3840);
+    const QString broken = putImage(QStringLiteral("broken.png"));
+    const QString paired = putPicture(QStringLiteral("paired.png"), 8);
+    ImageStore::saveVariantLink(paired, wide);
+    attach();
+    for (const auto &[url, can] : {std::pair{narrow, true}, {wide, false}, {broken, false}, {paired, false}}) {
+        model->setPreviewURL(url);
+        EXPECT_EQ(model->canUpscale(), can) << url.toStdString();
+    }
+    model->setPreviewURL(wide);
+    EXPECT_TRUE(model->hasOriginal());
+    model->showOriginal();
+    EXPECT_EQ(model->previewURL(), paired);
+    EXPECT_FALSE(model->hasOriginal());
+}
+
+TEST_F(PreviewModelTest, whileAnyPictureIsEnlargedNoneCanBe)
+{
+    store(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+    const QString one = putPicture(QStringLiteral("one.png"), 8);
+    const QString two = putPicture(QStringLiteral("two.png"), 8);
+    attach().setPreviewURL(one);
+    model->upscale();
+    EXPECT_TRUE(model->isUpscaling());
+    model->setPreviewURL(two);
+    EXPECT_FALSE(model->isUpscaling());
+    EXPECT_FALSE(model->canUpscale());
+    manager->waitUntilIdle();
+    // The copy replaces the picture it was made of, not another that is shown meanwhile.
+    EXPECT_EQ(model->previewURL(), two);
+    EXPECT_TRUE(model->canUpscale());
+}
+
+TEST_F(PreviewModelTest, theCopyTakesThePlaceOfThePictureThatWasEnlarged)
+{
+    store(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+    const QString one = putPicture(QStringLiteral("one.png"), 8);
+    attach().setPreviewURL(one);
+    model->upscale();
+    manager->waitUntilIdle();
+    EXPECT_EQ(model->previewURL(), result.file);
+    EXPECT_TRUE(model->hasOriginal());
+}
+
+TEST_F(PreviewModelTest, aFailedEnlargementChangesNothing)
+{
+    const QString one = putPicture(QStringLiteral("one.png"), 8);
+    attach().setPreviewURL(one);
+    model->upscale();
+    manager->waitUntilIdle();
+    EXPECT_TRUE(manager->isError());
+    EXPECT_EQ(model->previewURL(), one);
+    EXPECT_TRUE(model->canUpscale());
+}
+
+TEST_F(PreviewModelTest, aPromptIsOfferedOnlyWhereOneIsRecorded)
+{
+    const QString one = putPicture(QStringLiteral("one.png"), 8);
+    attach().setPreviewURL(one);
+    EXPECT_FALSE(model->canUsePrompt());
+    model->usePrompt();
+    EXPECT_TRUE(model->isOpen());
+    ImageStore::savePrompt(QStringLiteral("a lake"), one);
+    manager->reloadHistory();
+    EXPECT_TRUE(model->canUsePrompt());
+    QString chosen;
+    QObject::connect(model.get(), &PreviewModel::promptChosen, [&](const QString &prompt) { chosen = prompt; });
+    model->usePrompt();
+    EXPECT_EQ(chosen, QStringLiteral("a lake"));
+    EXPECT_FALSE(model->isOpen());
+}
+
+} // namespace quorvane
