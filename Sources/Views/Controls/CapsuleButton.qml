@@ -10,8 +10,8 @@ Button {
     property color symbolColor: Theme.overPicture
 
     height: 32
-    leftPadding: 14
-    rightPadding: 14
+    leftPadding: 11
+    rightPadding: 11
     topPadding: 0
     bottomPadding: 0
     hoverEnabled: true

@@ -42,7 +42,8 @@ TEST_F(Pictures, aThumbnailHas440PixelsOnItsLongSideAndASmallPictureStaysSmall)
 
 TEST_F(Pictures, theOrientationInTheFileIsApplied)
 {
-    const QString path = put(QStringLiteral("turned.jpg"), {880, 200}, Qt::red, QImageIOHandler::TransformationRotate90);
+    const QString path =
+        put(QStringLiteral("turned.jpg"), {880, 200}, Qt::red, QImageIOHandler::TransformationRotate90);
     EXPECT_EQ(shownSize(path), QSize(200, 880));
     EXPECT_EQ(cache.thumbnail(path).size(), QSize(100, 440));
 }
@@ -90,8 +91,7 @@ TEST_F(Pictures, anAddressLeadsBackToItsPathWhateverTheNameHolds)
         const QString path = QString::fromUtf8(name);
         const QUrl address(thumbnailUrl(path));
         // As Qt Quick hands the address to the provider.
-        const QString id =
-            address.toString(QUrl::RemoveScheme | QUrl::RemoveAuthority).mid(1);
+        const QString id = address.toString(QUrl::RemoveScheme | QUrl::RemoveAuthority).mid(1);
         EXPECT_EQ(pathFromPictureId(id), path) << name;
     }
 }
