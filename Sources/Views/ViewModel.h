@@ -8,6 +8,7 @@
 namespace quorvane {
 
 /// What the view models share: QML creates them, so the manager comes in as a property that is set once, at the start.
+/// Its name is written in full where it is a base, for the type registration of Qt 6.4 resolves no namespaces.
 class ViewModel : public QObject
 {
     Q_OBJECT

@@ -25,35 +25,12 @@ Button {
     Accessible.name: text === "" ? tip : text
     Accessible.description: tip
 
-    contentItem: Item {
-        implicitWidth: row.implicitWidth
-        implicitHeight: Math.max(row.implicitHeight, 16)
-
-        Row {
-            id: row
-            anchors.centerIn: parent
-            spacing: 8
-
-            Spinner {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: button.busy
-                color: button.contentColor
-            }
-            Symbol {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: button.symbol !== ""
-                name: button.symbol
-                color: button.contentColor
-            }
-            Text {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: button.text !== ""
-                text: button.text
-                font: button.font
-                color: button.contentColor
-                textFormat: Text.PlainText
-            }
-        }
+    contentItem: ButtonContent {
+        text: button.text
+        symbol: button.symbol
+        busy: button.busy
+        color: button.contentColor
+        font: button.font
     }
     background: Rectangle {
         radius: 8

@@ -8,7 +8,8 @@ Image {
     property int size: 16
 
     source: name === "" ? "" : "image://symbol/" + name + "/" + color
-    sourceSize: Qt.size(size, size)
+    sourceSize.width: size
+    sourceSize.height: size
     width: size
     height: size
     cache: true

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvane.Views
 
 /// An album: its first picture, its title and how many there are.
-Button {
+Item {
     id: tile
 
     required property int index
@@ -13,69 +12,73 @@ Button {
     required property bool isFavorites
     property bool selected: false
 
-    padding: 0
-    horizontalPadding: 0
-    hoverEnabled: true
-    focusPolicy: Qt.NoFocus
+    signal clicked()
+
     objectName: "album " + albumId
+    Accessible.role: Accessible.Button
     Accessible.name: qsTr("%1, %2 pictures").arg(albumId).arg(count)
-    scale: hovered ? 1.02 : 1
+    Accessible.onPressAction: clicked()
+    scale: hover.hovered ? 1.02 : 1
     Behavior on scale { NumberAnimation { duration: Theme.motion; easing.type: Easing.OutCubic } }
 
-    background: null
-    contentItem: Item {
-        RoundedPicture {
-            id: picture
-            width: parent.width
-            height: 150
-            source: tile.cover
+    HoverHandler {
+        id: hover
+    }
+    MouseArea {
+        anchors.fill: parent
+        onClicked: tile.clicked()
+    }
+    RoundedPicture {
+        id: picture
+        width: parent.width
+        height: 150
+        source: tile.cover
 
-            Rectangle {
-                anchors.fill: parent
-                anchors.margins: -3
-                visible: tile.selected
-                radius: 13
-                color: "transparent"
-                border.width: 2
-                border.color: Theme.accent
-            }
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: -3
+            visible: tile.selected
+            radius: 13
+            color: "transparent"
+            border.width: 2
+            border.color: Theme.accent
         }
-        Symbol {
-            id: star
-            anchors.verticalCenter: title.verticalCenter
-            visible: tile.isFavorites
-            name: "star.fill"
-            size: 14
-            color: Theme.yellow
-        }
-        Text {
-            id: title
-            anchors.left: tile.isFavorites ? star.right : parent.left
-            anchors.leftMargin: tile.isFavorites ? 6 : 0
-            anchors.right: number.left
-            anchors.rightMargin: 8
-            anchors.top: picture.bottom
-            anchors.topMargin: 8
-            text: tile.albumId
-            color: Theme.text
-            font.pixelSize: Theme.bodySize
-            font.weight: Font.Medium
-            elide: Text.ElideRight
-            maximumLineCount: 1
-            textFormat: Text.PlainText
-        }
-        Text {
-            id: number
-            anchors.right: parent.right
-            anchors.baseline: title.baseline
-            text: tile.count
-            color: Theme.secondaryText
-            font.pixelSize: Theme.captionSize
-            textFormat: Text.PlainText
-        }
+    }
+    Symbol {
+        id: star
+        anchors.verticalCenter: title.verticalCenter
+        visible: tile.isFavorites
+        name: "star.fill"
+        size: 14
+        color: Theme.yellow
+    }
+    Text {
+        id: title
+        anchors.left: tile.isFavorites ? star.right : parent.left
+        anchors.leftMargin: tile.isFavorites ? 6 : 0
+        anchors.right: number.left
+        anchors.rightMargin: 8
+        anchors.top: picture.bottom
+        anchors.topMargin: 8
+        text: tile.albumId
+        color: Theme.text
+        font.pixelSize: Theme.bodySize
+        font.weight: Font.Medium
+        elide: Text.ElideRight
+        maximumLineCount: 1
+        textFormat: Text.PlainText
+    }
+    Text {
+        id: number
+        anchors.right: parent.right
+        anchors.baseline: title.baseline
+        text: tile.count
+        color: Theme.secondaryText
+        font.pixelSize: Theme.captionSize
+        textFormat: Text.PlainText
     }
     Tip {
         text: tile.albumId
-        visible: tile.hovered && title.truncated
+        visible: hover.hovered && title.truncated
     }
 }

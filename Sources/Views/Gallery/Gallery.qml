@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvane.Views
 
 /// The empty state, the albums, or the pictures of one album.
@@ -94,9 +93,9 @@ FocusScope {
         visible: gallery.model.state === GalleryModel.Albums
         focus: visible
         model: gallery.model.albumList
-        Keys.onReturnPressed: currentItem.clicked()
-        Keys.onEnterPressed: currentItem.clicked()
-        Keys.onSpacePressed: currentItem.clicked()
+        Keys.onReturnPressed: (albums.currentItem as AlbumTile).clicked()
+        Keys.onEnterPressed: (albums.currentItem as AlbumTile).clicked()
+        Keys.onSpacePressed: (albums.currentItem as AlbumTile).clicked()
         delegate: AlbumTile {
             width: albums.tileWidth
             height: albums.tileHeight
@@ -116,10 +115,10 @@ FocusScope {
         visible: gallery.model.state === GalleryModel.Album
         focus: visible
         model: gallery.model.imageList
-        Keys.onReturnPressed: currentItem.opened()
-        Keys.onEnterPressed: currentItem.opened()
-        Keys.onSpacePressed: currentItem.opened()
-        Keys.onDeletePressed: currentItem.deleted()
+        Keys.onReturnPressed: (images.currentItem as HistoryTile).opened()
+        Keys.onEnterPressed: (images.currentItem as HistoryTile).opened()
+        Keys.onSpacePressed: (images.currentItem as HistoryTile).opened()
+        Keys.onDeletePressed: (images.currentItem as HistoryTile).deleted()
         Keys.onEscapePressed: gallery.model.closeAlbum()
         delegate: HistoryTile {
             width: images.tileWidth

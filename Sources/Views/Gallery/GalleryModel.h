@@ -16,7 +16,7 @@ namespace quorvane {
                                       const QStringList &history);
 
 /// The albums, the one that is open, and what can be done with its pictures.
-class GalleryModel : public ViewModel
+class GalleryModel : public quorvane::ViewModel
 {
     Q_OBJECT
     QML_ELEMENT

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvane.Views
 
 /// A picture with what can be done to it.

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Window
 import Quorvane.Views
 
@@ -36,7 +35,8 @@ FocusScope {
         anchors.topMargin: 60
         anchors.bottomMargin: footer.height + 32
 
-        readonly property size pixels: Qt.size(Math.round(width * Screen.devicePixelRatio), Math.round(height * Screen.devicePixelRatio))
+        readonly property int pixelWidth: Math.round(width * Screen.devicePixelRatio)
+        readonly property int pixelHeight: Math.round(height * Screen.devicePixelRatio)
 
         Image {
             // Seen at once, until the picture itself is there.
@@ -51,7 +51,8 @@ FocusScope {
             objectName: "previewPicture"
             anchors.fill: parent
             source: preview.model.picture
-            sourceSize: stage.pixels
+            sourceSize.width: stage.pixelWidth
+            sourceSize.height: stage.pixelHeight
             asynchronous: true
             fillMode: Image.PreserveAspectFit
             Accessible.role: Accessible.Graphic
@@ -66,7 +67,8 @@ FocusScope {
 
                 visible: false
                 source: modelData
-                sourceSize: stage.pixels
+                sourceSize.width: stage.pixelWidth
+                sourceSize.height: stage.pixelHeight
                 asynchronous: true
             }
         }

@@ -5,7 +5,7 @@
 namespace quorvane {
 
 /// The picture that is open over the gallery: stepping through the list, and what can be done with it.
-class PreviewModel : public ViewModel
+class PreviewModel : public quorvane::ViewModel
 {
     Q_OBJECT
     QML_ELEMENT

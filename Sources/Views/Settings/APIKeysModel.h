@@ -2,6 +2,8 @@
 
 #include "Views/ViewModel.h"
 
+#include <QQmlListProperty>
+
 namespace quorvane {
 
 /// The key of one service: the text in its field, and whether a key is stored.
@@ -55,17 +57,18 @@ class APIKeyRow : public QObject
 };
 
 /// The tab of the keys.
-class APIKeysModel : public ViewModel
+class APIKeysModel : public quorvane::ViewModel
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QList<QObject *> rows READ rows CONSTANT)
+    Q_PROPERTY(QQmlListProperty<QObject> rows READ rowList CONSTANT)
 
   public:
     explicit APIKeysModel(QObject *parent = nullptr);
 
     /// APIKeyRow: Gemini, Grok, OpenAI.
-    [[nodiscard]] QList<QObject *> rows() const { return m_rows; }
+    [[nodiscard]] const QList<QObject *> &rows() const { return m_rows; }
+    [[nodiscard]] QQmlListProperty<QObject> rowList() { return {this, &m_rows}; }
 
     /// The tab appears: takes over every stored key. A row without one is left as it is.
     Q_INVOKABLE void loadAllKeys();

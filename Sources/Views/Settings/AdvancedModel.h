@@ -2,6 +2,8 @@
 
 #include "Views/ViewModel.h"
 
+#include <QQmlListProperty>
+
 namespace quorvane {
 
 /// The models of one service.
@@ -39,7 +41,7 @@ class ModelPicker : public QObject
 };
 
 /// The tab of the rarer choices.
-class AdvancedModel : public ViewModel
+class AdvancedModel : public quorvane::ViewModel
 {
     Q_OBJECT
     QML_ELEMENT
@@ -48,7 +50,7 @@ class AdvancedModel : public ViewModel
     Q_PROPERTY(QString native4KNote READ native4KNote NOTIFY changed)
     Q_PROPERTY(QStringList upscaleMethods READ upscaleMethods CONSTANT)
     Q_PROPERTY(int upscaleMethodIndex READ upscaleMethodIndex NOTIFY changed)
-    Q_PROPERTY(QList<QObject *> models READ models NOTIFY managerChanged)
+    Q_PROPERTY(QQmlListProperty<QObject> models READ modelList NOTIFY managerChanged)
 
   public:
     using ViewModel::ViewModel;
@@ -67,7 +69,8 @@ class AdvancedModel : public ViewModel
     Q_INVOKABLE void chooseUpscaleMethod(int index);
 
     /// ModelPicker: Gemini, Grok, OpenAI.
-    [[nodiscard]] QList<QObject *> models() const { return m_models; }
+    [[nodiscard]] const QList<QObject *> &models() const { return m_models; }
+    [[nodiscard]] QQmlListProperty<QObject> modelList() { return {this, &m_models}; }
 
     /// The tab appears.
     Q_INVOKABLE void loadModels();

@@ -5,7 +5,7 @@ import Quorvane.Views
 Column {
     id: banner
 
-    required property list<string> names
+    required property var names
 
     objectName: "missingKeys"
     spacing: 4

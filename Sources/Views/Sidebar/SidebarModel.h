@@ -5,7 +5,7 @@
 namespace quorvane {
 
 /// What the sidebar shows and enables.
-class SidebarModel : public ViewModel
+class SidebarModel : public quorvane::ViewModel
 {
     Q_OBJECT
     QML_ELEMENT

@@ -30,7 +30,8 @@ Window {
         objectName: "viewerPicture"
         anchors.fill: parent
         source: viewer.model.picture
-        sourceSize: Qt.size(Math.round(viewer.width * Screen.devicePixelRatio), Math.round(viewer.height * Screen.devicePixelRatio))
+        sourceSize.width: Math.round(viewer.width * Screen.devicePixelRatio)
+        sourceSize.height: Math.round(viewer.height * Screen.devicePixelRatio)
         asynchronous: true
         fillMode: Image.PreserveAspectFit
     }
