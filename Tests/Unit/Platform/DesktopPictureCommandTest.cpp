@@ -116,9 +116,11 @@ TEST_F(DesktopPictureCommandTest, whatHangsIsKilledWithAllItStarted)
     EXPECT_LT(clock.elapsed(), 5000);
     const QByteArray child = content("child").trimmed();
     ASSERT_GT(child.toInt(), 0);
-    // Killed, it may stay in the table of processes until its new parent has looked; it runs no more.
-    QFile state(QStringLiteral("/proc/%1/stat").arg(QString::fromLatin1(child)));
-    EXPECT_TRUE(!state.open(QIODevice::ReadOnly) || state.readAll().contains(") Z "));
+    // Killed, it takes a moment to end, and may stay in the table of processes until its new parent has looked.
+    EXPECT_TRUE(waitFor([&child] {
+        QFile state(QStringLiteral("/proc/%1/stat").arg(QString::fromLatin1(child)));
+        return !state.open(QIODevice::ReadOnly) || state.readAll().contains(") Z ");
+    }));
 }
 
 TEST_F(DesktopPictureCommandTest, aPainterLeftBehindLivesOn)
