@@ -29,11 +29,6 @@ CommandOutcome failure(const QString &problem, int status = kFailed)
     return {status, {}, problem};
 }
 
-QJsonValue textOrNull(const QString &text)
-{
-    return text.isEmpty() ? QJsonValue() : QJsonValue(text);
-}
-
 bool mayBeElsewhere(const CommandLine &line)
 {
     return line.verb == Verb::Set || line.verb == Verb::Upscale;
@@ -44,8 +39,8 @@ CommandOutcome operationOutcome(const WallpaperManager &manager, const Operation
 {
     const QJsonObject value{{QStringLiteral("status"), manager.status()},
                             {QStringLiteral("isError"), manager.isError()},
-                            {QStringLiteral("file"), textOrNull(result.file)},
-                            {QStringLiteral("original"), textOrNull(result.original)}};
+                            {QStringLiteral("file"), Reports::textOrNull(result.file)},
+                            {QStringLiteral("original"), Reports::textOrNull(result.original)}};
     return {manager.isError() ? kFailed : kDone, value, {}};
 }
 

@@ -32,11 +32,6 @@ int fail(const QString &problem, int status = kFailed)
     return status;
 }
 
-QJsonValue textOrNull(const QString &text)
-{
-    return text.isEmpty() ? QJsonValue() : QJsonValue(text);
-}
-
 void printSettings(const QJsonObject &values, const CommandLine &line)
 {
     if (line.arguments.isEmpty()) {
@@ -128,7 +123,7 @@ int runModel(const CommandLine &line)
         const std::optional<QString> file = findModel();
         if (line.json) {
             Console::printJson(QJsonObject{
-                {QStringLiteral("file"), textOrNull(file.value_or(QString()))},
+                {QStringLiteral("file"), Reports::textOrNull(file.value_or(QString()))},
                 {QStringLiteral("description"), file ? QJsonValue(describeModel(*file)) : QJsonValue()},
             });
             return kDone;

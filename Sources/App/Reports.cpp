@@ -21,11 +21,6 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(Reports)
 };
 
-QJsonValue textOrNull(const QString &text)
-{
-    return text.isEmpty() ? QJsonValue() : QJsonValue(text);
-}
-
 QString onOff(const QJsonValue &value)
 {
     return value.toBool() ? Tr::tr("on") : Tr::tr("off");
@@ -56,6 +51,11 @@ QHash<QString, QString> partners(const TextMap &links)
 }
 
 } // namespace
+
+QJsonValue textOrNull(const QString &text)
+{
+    return text.isEmpty() ? QJsonValue() : QJsonValue(text);
+}
 
 QJsonObject status(const WallpaperManager &manager, DesktopPicture &desktop)
 {

@@ -14,6 +14,9 @@ class DesktopPicture;
 /// What the command line tells about the manager: JSON for programs, and the same as text for people.
 namespace Reports {
 
+/// text, or null where it is empty: how JSON says that there is none.
+[[nodiscard]] QJsonValue textOrNull(const QString &text);
+
 [[nodiscard]] QJsonObject status(const WallpaperManager &manager, DesktopPicture &desktop);
 [[nodiscard]] QString statusText(const QJsonObject &status);
 
