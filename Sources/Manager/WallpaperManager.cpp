@@ -248,7 +248,7 @@ QStringList WallpaperManager::missingKeys() const
     const bool upscalesRemotely =
         m_fourKEnabled && !providerProducesNative4K() && upscaleMethod() != QLatin1String("local");
     if (upscalesRemotely && !keys.contains(QStringLiteral("gemini")) && !missing.contains(QStringLiteral("Gemini"))) {
-        missing.append(QStringLiteral("Gemini (for 4K upscale)"));
+        missing.append(tr("Gemini (for 4K upscale)"));
     }
     return missing;
 }

@@ -45,12 +45,12 @@ QCoro::Task<> WallpaperManager::applying(QString url)
     ++m_desktopCalls;
     const Outcome outcome = co_await onWorker(&m_desktopThread, std::move(apply));
     if (!outcome.hasScreens) {
-        report(QStringLiteral("No screen found"), true);
+        report(tr("No screen found"), true);
     } else if (outcome.failure) {
-        report(QStringLiteral("Failed: ") + *outcome.failure, true);
+        report(tr("Failed: %1").arg(*outcome.failure), true);
     } else {
         setCurrentWallpaperURL(url);
-        report(QStringLiteral("Wallpaper set!"), false);
+        report(tr("Wallpaper set!"), false);
     }
     desktopAnswered();
 }
@@ -84,7 +84,7 @@ QCoro::Task<> WallpaperManager::syncingWallpaper(QString url)
     ++m_desktopCalls;
     const std::optional<QString> failure = co_await onWorker(&m_desktopThread, std::move(apply));
     if (failure) {
-        report(QStringLiteral("Failed to sync wallpaper: ") + *failure, true);
+        report(tr("Failed to sync wallpaper: %1").arg(*failure), true);
     }
     desktopAnswered();
 }

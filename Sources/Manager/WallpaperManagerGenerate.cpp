@@ -40,7 +40,7 @@ void WallpaperManager::generateAndSet(Trigger trigger)
     }
     const std::optional<QString> apiKey = Keychain::load(provider.id());
     if (!apiKey) {
-        report(QStringLiteral("Missing ") + provider.name() + QStringLiteral(" API key — open Settings (⌘,)"), true);
+        report(tr("Missing %1 API key — open Settings (⌘,)").arg(provider.name()), true);
         setIsLoading(false);
         Q_EMIT operationEnded({.file = {}, .original = {}, .operation = operation, .isTimed = isTimed});
         return;
@@ -85,7 +85,7 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
     // 3. Save what is final, with its prompt and its link.
     const QString saved = co_await savedImage(std::move(final.bytes), final.extension);
     if (saved.isEmpty()) {
-        report(QStringLiteral("Failed to save image"), true);
+        report(tr("Failed to save image"), true);
         setIsLoading(false);
         Q_EMIT operationEnded({.file = {}, .original = original, .operation = run.operation, .isTimed = run.isTimed});
         co_return;
@@ -113,7 +113,7 @@ QCoro::Task<WallpaperManager::FinalImage> WallpaperManager::upscaledOrOriginal(G
     if (!isLocal && !geminiKey) {
         co_return FinalImage{std::move(generated.bytes), std::move(generated.extension)};
     }
-    report(isLocal ? QStringLiteral("Upscaling to 4K (local)...") : QStringLiteral("Upscaling to 4K..."), false);
+    report(isLocal ? tr("Upscaling to 4K (local)...") : tr("Upscaling to 4K..."), false);
     try {
         UpscaledImage upscaled;
         if (isLocal) {
@@ -123,9 +123,9 @@ QCoro::Task<WallpaperManager::FinalImage> WallpaperManager::upscaledOrOriginal(G
         }
         co_return FinalImage{std::move(upscaled.bytes), std::move(upscaled.extension)};
     } catch (const std::exception &error) {
-        const QString prefix = isLocal ? QStringLiteral("Local upscale failed, using original — ")
-                                       : QStringLiteral("Upscale failed, using original — ");
-        report(prefix + QString::fromUtf8(error.what()), false);
+        const QString warning =
+            isLocal ? tr("Local upscale failed, using original — %1") : tr("Upscale failed, using original — %1");
+        report(warning.arg(QString::fromUtf8(error.what())), false);
     }
     co_return FinalImage{std::move(generated.bytes), std::move(generated.extension)};
 }

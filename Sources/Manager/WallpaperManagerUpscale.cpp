@@ -58,16 +58,16 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, quint64 oper
         auto read = [url] { return contentOf(url); };
         QByteArray source = co_await onWorker(std::move(read));
         if (isLocal) {
-            report(QStringLiteral("Upscaling to 4K (local)..."), false);
+            report(tr("Upscaling to 4K (local)..."), false);
             upscaled = co_await upscaleLocally(std::move(source));
         } else {
             const std::optional<QString> key = Keychain::load(QStringLiteral("gemini"));
             if (!key) {
-                report(QStringLiteral("No Gemini API key — switch to Local upscale in Settings > Advanced"), true);
+                report(tr("No Gemini API key — switch to Local upscale in Settings > Advanced"), true);
                 end({});
                 co_return;
             }
-            report(QStringLiteral("Upscaling to 4K..."), false);
+            report(tr("Upscaling to 4K..."), false);
             QString ext = QFileInfo(url).suffix().toLower();
             upscaled = co_await upscaleImage(m_services.http, std::move(source), std::move(ext), *key);
         }
@@ -75,7 +75,7 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, quint64 oper
         failure = QString::fromUtf8(error.what());
     }
     if (!failure.isEmpty()) {
-        report(QStringLiteral("Upscale failed: ") + failure, true);
+        report(tr("Upscale failed: %1").arg(failure), true);
         end({});
         co_return;
     }
@@ -83,7 +83,7 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, quint64 oper
     // 2. Store the copy with the original's prompt and the link.
     const QString copy = co_await savedImage(std::move(upscaled.bytes), upscaled.extension);
     if (copy.isEmpty()) {
-        report(QStringLiteral("Failed to save upscaled image"), true);
+        report(tr("Failed to save upscaled image"), true);
         end({});
         co_return;
     }

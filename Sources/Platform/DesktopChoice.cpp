@@ -1,11 +1,18 @@
 #include "Platform/DesktopChoice.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <array>
 
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopChoice)
+};
 
 struct KnownName
 {
@@ -32,7 +39,6 @@ constexpr std::array kPaintersOverRoot{
 
 DesktopChoice wantedDesktop(const DesktopFacts &facts)
 {
-    const QString given = QStringLiteral("QUORVANE_DESKTOP is \"%1\"").arg(facts.wanted);
     const auto *const known = std::find_if(kKnownNames.begin(), kKnownNames.end(),
                                            [&](const KnownName &entry) { return entry.name == facts.wanted; });
     if (known == kKnownNames.end()) {
@@ -40,21 +46,24 @@ DesktopChoice wantedDesktop(const DesktopFacts &facts)
         for (const KnownName &entry : kKnownNames) {
             names.append(entry.name);
         }
-        return {DesktopWay::None, given + QStringLiteral(", which is none of ") + names.join(QLatin1String(", "))};
+        return {DesktopWay::None, Tr::tr("QUORVANE_DESKTOP is \"%1\", which is none of %2")
+                                      .arg(facts.wanted, names.join(QLatin1String(", ")))};
     }
     if (known->way == DesktopWay::None) {
-        return {DesktopWay::None, given + QStringLiteral(", which this version does not support yet")};
+        return {DesktopWay::None,
+                Tr::tr("QUORVANE_DESKTOP is \"%1\", which this version does not support yet").arg(facts.wanted)};
     }
     if (known->way == DesktopWay::Command && facts.command.isEmpty()) {
-        return {DesktopWay::None, given + QStringLiteral(", but QUORVANE_WALLPAPER_COMMAND is not set")};
+        return {DesktopWay::None,
+                Tr::tr("QUORVANE_DESKTOP is \"%1\", but QUORVANE_WALLPAPER_COMMAND is not set").arg(facts.wanted)};
     }
     if (known->way == DesktopWay::Sway && !facts.hasSwaySocket) {
-        return {DesktopWay::Sway, given + QStringLiteral(", but SWAYSOCK is not set")};
+        return {DesktopWay::Sway, Tr::tr("QUORVANE_DESKTOP is \"%1\", but SWAYSOCK is not set").arg(facts.wanted)};
     }
     if (known->way == DesktopWay::X11 && !facts.hasX11) {
-        return {DesktopWay::X11, given + QStringLiteral(", but DISPLAY is not set")};
+        return {DesktopWay::X11, Tr::tr("QUORVANE_DESKTOP is \"%1\", but DISPLAY is not set").arg(facts.wanted)};
     }
-    return {known->way, given};
+    return {known->way, Tr::tr("QUORVANE_DESKTOP is \"%1\"").arg(facts.wanted)};
 }
 
 QString painterOverRoot(const QStringList &currentDesktops)
@@ -77,29 +86,28 @@ DesktopChoice chooseDesktop(const DesktopFacts &facts)
         return wantedDesktop(facts);
     }
     if (!facts.command.isEmpty()) {
-        return {DesktopWay::Command, QStringLiteral("QUORVANE_WALLPAPER_COMMAND is set")};
+        return {DesktopWay::Command, Tr::tr("QUORVANE_WALLPAPER_COMMAND is set")};
     }
     if (facts.swayAnswers) {
-        return {DesktopWay::Sway, QStringLiteral("sway answers on SWAYSOCK")};
+        return {DesktopWay::Sway, Tr::tr("sway answers on SWAYSOCK")};
     }
     if (facts.hasWayland) {
-        return {DesktopWay::None,
-                QStringLiteral("this Wayland desktop is not supported yet; "
-                               "QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture")};
+        return {DesktopWay::None, Tr::tr("this Wayland desktop is not supported yet; "
+                                         "QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture")};
     }
     if (facts.hasX11) {
         const QString painter = painterOverRoot(facts.currentDesktops);
         if (painter.isEmpty()) {
-            return {DesktopWay::X11, QStringLiteral("DISPLAY is set and no desktop paints over the X11 root window")};
+            return {DesktopWay::X11, Tr::tr("DISPLAY is set and no desktop paints over the X11 root window")};
         }
-        return {DesktopWay::None, QStringLiteral("XDG_CURRENT_DESKTOP names \"%1\", which is not supported yet; "
-                                                 "QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture")
+        return {DesktopWay::None, Tr::tr("XDG_CURRENT_DESKTOP names \"%1\", which is not supported yet; "
+                                         "QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture")
                                       .arg(painter)};
     }
     if (facts.hasSwaySocket) {
-        return {DesktopWay::None, QStringLiteral("SWAYSOCK is set, but nobody answers on it")};
+        return {DesktopWay::None, Tr::tr("SWAYSOCK is set, but nobody answers on it")};
     }
-    return {DesktopWay::None, QStringLiteral("neither SWAYSOCK nor DISPLAY is set")};
+    return {DesktopWay::None, Tr::tr("neither SWAYSOCK nor DISPLAY is set")};
 }
 
 } // namespace quorvane

@@ -1,5 +1,6 @@
 #include "Platform/DesktopPictureCommand.h"
 
+#include <QCoreApplication>
 #include <QProcess>
 
 #include <algorithm>
@@ -14,6 +15,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPictureCommand)
+};
 
 /// A program that writes more than this to its standard error is killed.
 constexpr off_t kErrorLimitBytes = 1024L * 1024;
@@ -107,7 +113,6 @@ std::optional<QString> DesktopPictureCommand::setPicture(const QString &path, co
 
 std::optional<QString> DesktopPictureCommand::run(const QStringList &arguments, const QDeadlineTimer &deadline) const
 {
-    const QString quoted = QStringLiteral("The wallpaper command \"%1\"").arg(m_program);
     const ErrorFile errors;
     QProcess process;
     process.setProgram(m_program);
@@ -123,13 +128,14 @@ std::optional<QString> DesktopPictureCommand::run(const QStringList &arguments, 
     });
     process.start();
     if (!process.waitForStarted()) {
-        return quoted + QStringLiteral(" cannot be started: ") + process.errorString();
+        return Tr::tr("The wallpaper command \"%1\" cannot be started: %2").arg(m_program, process.errorString());
     }
     while (!process.waitForFinished(static_cast<int>(kMeasuringInterval.count())) &&
            process.state() != QProcess::NotRunning) {
         if (deadline.hasExpired()) {
             killGroup(process);
-            return quoted + QStringLiteral(" did not end within %1 seconds").arg(double(m_limit.count()) / 1000);
+            return Tr::tr("The wallpaper command \"%1\" did not end within %2 seconds")
+                .arg(m_program, QString::number(double(m_limit.count()) / 1000));
         }
         if (errors.isTooLarge()) {
             killGroup(process);
@@ -143,8 +149,9 @@ std::optional<QString> DesktopPictureCommand::run(const QStringList &arguments, 
         return text;
     }
     return process.exitStatus() == QProcess::NormalExit
-               ? quoted + QStringLiteral(" ended with status %1").arg(process.exitCode())
-               : quoted + QStringLiteral(" was ended by a signal");
+               ? Tr::tr("The wallpaper command \"%1\" ended with status %2")
+                     .arg(m_program, QString::number(process.exitCode()))
+               : Tr::tr("The wallpaper command \"%1\" was ended by a signal").arg(m_program);
 }
 
 } // namespace quorvane

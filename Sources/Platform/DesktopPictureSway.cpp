@@ -5,6 +5,7 @@
 #include "Platform/SwaySocket.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QImageWriter>
@@ -18,6 +19,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPictureSway)
+};
 
 /// Enough to know that a picture decodes to its end.
 constexpr QSize kCheckSize(256, 256);
@@ -58,7 +64,7 @@ HandedPicture handedPicture(const QString &path)
         bytes = encodedAsPng(readPicture(path).image);
     }
     if (bytes.isEmpty()) {
-        return {{}, false, QStringLiteral("The picture cannot be copied for sway")};
+        return {{}, false, Tr::tr("The picture cannot be copied for sway")};
     }
     const QString ending = checked.format == "jpeg" ? QStringLiteral("jpg") : QStringLiteral("png");
     const QStringList folders = PictureCopy::folders();
@@ -69,7 +75,7 @@ HandedPicture handedPicture(const QString &path)
             }
         }
     }
-    return {{}, false, QStringLiteral("No folder could hold a copy of the picture under a name that sway takes")};
+    return {{}, false, Tr::tr("No folder could hold a copy of the picture under a name that sway takes")};
 }
 
 bool contains(const QList<Screen> &screens, const QString &name)
@@ -86,7 +92,7 @@ std::optional<QString> showOnScreen(SwaySocket &socket, const QString &name, con
     }
     const std::optional<QByteArray> command = DesktopPictureSway::commandFor(name, path);
     if (!command || !contains(present, name)) {
-        return QStringLiteral("sway has no screen \"%1\"").arg(name); // sway itself would answer "success".
+        return Tr::tr("sway has no screen \"%1\"").arg(name); // sway itself would answer "success".
     }
     const std::optional<QByteArray> result = socket.ask(SwaySocket::Message::RunCommand, *command);
     return result ? DesktopPictureSway::failureOf(*result) : socket.error();
@@ -161,12 +167,12 @@ std::optional<QString> DesktopPictureSway::failureOf(const QByteArray &resultsJs
     const QJsonDocument document = QJsonDocument::fromJson(resultsJson);
     const QJsonArray results = document.array();
     if (results.isEmpty()) {
-        return QStringLiteral("sway's answer cannot be understood");
+        return Tr::tr("sway's answer cannot be understood");
     }
     for (const QJsonValue result : results) {
         if (!result.toObject().value(QLatin1String("success")).toBool()) {
             const QString words = result.toObject().value(QLatin1String("error")).toString();
-            return words.isEmpty() ? QStringLiteral("sway refused the picture") : words;
+            return words.isEmpty() ? Tr::tr("sway refused the picture") : words;
         }
     }
     return std::nullopt;

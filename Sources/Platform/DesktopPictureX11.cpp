@@ -9,12 +9,19 @@
 #include "Platform/TimeLimit.h"
 #include "Platform/X11Connection.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <utility>
 
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPictureX11)
+};
 
 /// Rows are sent in pieces of about this size, or less where the server takes less.
 constexpr qsizetype kPieceBytes = 1024L * 1024;
@@ -101,11 +108,11 @@ std::optional<QString> setRootPicture(const QByteArray &display, const QImage &p
 {
     const X11Connection x(display);
     if (!x.isUsable()) {
-        return QStringLiteral("The X server cannot be reached");
+        return Tr::tr("The X server cannot be reached");
     }
     const std::optional<X11PixelFormat> format = x.pixelFormat();
     if (!format) {
-        return QStringLiteral("The X server's colours are of a kind that is not supported");
+        return Tr::tr("The X server's colours are of a kind that is not supported");
     }
     const QList<X11Connection::Monitor> monitors = x.monitors();
     QList<Placement> placements;
@@ -113,24 +120,24 @@ std::optional<QString> setRootPicture(const QByteArray &display, const QImage &p
         const auto monitor = std::find_if(monitors.begin(), monitors.end(),
                                           [&](const X11Connection::Monitor &each) { return each.name == screen.name; });
         if (monitor == monitors.end()) {
-            return QStringLiteral("The X server has no screen \"%1\"").arg(screen.name);
+            return Tr::tr("The X server has no screen \"%1\"").arg(screen.name);
         }
         const QImage filled = filledPicture(picture, monitor->area.size());
         placements.append({filled.convertToFormat(QImage::Format_ARGB32_Premultiplied), monitor->area.topLeft()});
         if (placements.constLast().picture.isNull()) {
-            return QStringLiteral("There is not enough memory for the picture");
+            return Tr::tr("There is not enough memory for the picture");
         }
     }
     const xcb_pixmap_t pixmap = paintedPixmap(x, placements, *format);
     if (!x.finish()) {
-        return QStringLiteral("The X server did not take the picture");
+        return Tr::tr("The X server did not take the picture");
     }
     if (stop.stop_requested()) {
         return QString(); // Nobody waits any more, and a newer picture may be shown already.
     }
     publish(x, pixmap);
     if (!x.finish()) {
-        return QStringLiteral("The X server did not take the picture");
+        return Tr::tr("The X server did not take the picture");
     }
     return std::nullopt;
 }
@@ -171,7 +178,7 @@ std::optional<QString> DesktopPictureX11::setPicture(const QString &path, const 
         withinLimit(m_limit, [display = m_display, picture = file.image, screens](const std::stop_token &stop) {
             return setRootPicture(display, picture, screens, stop);
         });
-    return result ? *result : std::optional(QStringLiteral("The X server does not answer"));
+    return result ? *result : std::optional(Tr::tr("The X server does not answer"));
 }
 
 } // namespace quorvane

@@ -1,10 +1,16 @@
 #include "Platform/PictureFile.h"
 
+#include <QCoreApplication>
 #include <QImageReader>
 
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(PictureFile)
+};
 
 /// Qt refuses pictures above 256 MiB unless told otherwise; enlarged ones reach twice that.
 constexpr int kMemoryLimitMebibytes = 1024;
@@ -34,7 +40,7 @@ PictureFile readPicture(const QString &path, QSize atMost)
     }
     if (!reader.read(&file.image)) {
         file.image = {};
-        file.error = QStringLiteral("The picture cannot be read: ") + reader.errorString();
+        file.error = Tr::tr("The picture cannot be read: %1").arg(reader.errorString());
     }
     return file;
 }

@@ -1,5 +1,6 @@
 #include "Platform/SwaySocket.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <algorithm>
@@ -16,6 +17,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(SwaySocket)
+};
 
 constexpr std::array<char, 6> kMagic{'i', '3', '-', 'i', 'p', 'c'};
 constexpr qsizetype kHeaderSize = kMagic.size() + 2 * sizeof(quint32);
@@ -36,7 +42,7 @@ SwaySocket::SwaySocket(const QString &path, QDeadlineTimer deadline)
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     if (name.isEmpty() || name.size() >= static_cast<qsizetype>(sizeof(address.sun_path))) {
-        m_error = QStringLiteral("sway's socket has no usable path");
+        m_error = Tr::tr("sway's socket has no usable path");
         return;
     }
     std::memcpy(&address.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
@@ -47,7 +53,7 @@ SwaySocket::SwaySocket(const QString &path, QDeadlineTimer deadline)
     const timeval limit{milliseconds / 1000, (milliseconds % 1000) * 1000};
     if (m_descriptor < 0 || ::setsockopt(m_descriptor, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof(limit)) != 0 ||
         ::connect(m_descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof(address)) != 0) {
-        fail(QStringLiteral("sway cannot be reached: ") + systemError());
+        fail(Tr::tr("sway cannot be reached: %1").arg(systemError()));
     }
 }
 
@@ -77,7 +83,7 @@ std::optional<QByteArray> SwaySocket::ask(Message message, const QByteArray &pay
     std::memcpy(&answerType, header.data() + kMagic.size() + sizeof(answerLength), sizeof(answerType));
     if (!std::equal(kMagic.begin(), kMagic.end(), header.begin()) || answerType != type ||
         answerLength > kPayloadLimit) {
-        fail(QStringLiteral("sway's answer cannot be understood"));
+        fail(Tr::tr("sway's answer cannot be understood"));
         return std::nullopt;
     }
     QByteArray answer(static_cast<qsizetype>(answerLength), Qt::Uninitialized);
@@ -96,7 +102,7 @@ bool SwaySocket::wait(short events)
             return true;
         }
         if (count == 0 || errno != EINTR) {
-            fail(QStringLiteral("sway does not answer"));
+            fail(Tr::tr("sway does not answer"));
             return false;
         }
     }
@@ -114,7 +120,7 @@ bool SwaySocket::sendAll(const QByteArray &bytes)
         if (count > 0) {
             done += count;
         } else if (errno != EAGAIN && errno != EINTR) {
-            fail(QStringLiteral("sway ended the connection: ") + systemError());
+            fail(Tr::tr("sway ended the connection: %1").arg(systemError()));
             return false;
         }
     }
@@ -132,7 +138,7 @@ bool SwaySocket::receiveAll(char *bytes, qsizetype size)
         if (count > 0) {
             done += count;
         } else if (count == 0 || (errno != EAGAIN && errno != EINTR)) {
-            fail(QStringLiteral("sway ended the connection"));
+            fail(Tr::tr("sway ended the connection"));
             return false;
         }
     }

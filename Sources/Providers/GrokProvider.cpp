@@ -33,7 +33,8 @@ AnswerFormat grokAnswer()
         }
         return picture;
     };
-    return {.pictureIn = pictureIn, .undecodable = QStringLiteral("Failed to decode base64 image")};
+    return {.pictureIn = pictureIn,
+            .undecodable = QCoreApplication::translate("ServiceRequest", "Failed to decode base64 image")};
 }
 
 QCoro::Task<GeneratedImage> GrokProvider::generate(QString prompt, QString apiKey, QString model,

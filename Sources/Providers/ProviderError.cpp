@@ -1,6 +1,17 @@
 #include "Providers/ProviderError.h"
 
+#include <QCoreApplication>
+
 namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(ProviderError)
+};
+
+} // namespace
 
 ProviderError::ProviderError(Kind kind, QString message)
     : m_kind(kind)
@@ -28,11 +39,11 @@ QString ProviderError::errorDescription() const
 {
     switch (m_kind) {
     case Kind::InvalidResponse:
-        return QStringLiteral("Invalid response: ") + m_message;
+        return Tr::tr("Invalid response: %1").arg(m_message);
     case Kind::ApiError:
-        return QStringLiteral("API error: ") + m_message;
+        return Tr::tr("API error: %1").arg(m_message);
     case Kind::NetworkError:
-        return QStringLiteral("Network error: ") + m_message;
+        return Tr::tr("Network error: %1").arg(m_message);
     }
     return m_message;
 }

@@ -85,7 +85,7 @@ GeneratedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &for
         document->object().value(QLatin1String("error")).toObject().value(QLatin1String("message"));
     if (message.isString()) {
         QByteArray storage;
-        throw ProviderError::apiError(format.apiErrorPrefix + QString::fromUtf8(document->textOf(message, &storage)));
+        throw ProviderError::apiError(format.apiError.arg(QString::fromUtf8(document->textOf(message, &storage))));
     }
     // 3. Walk to the base64 text.
     const std::optional<PictureInAnswer> picture = format.pictureIn(document->object());
@@ -118,7 +118,7 @@ QCoro::Task<GeneratedImage> requestImage(HttpClient *http, ServiceRequest reques
     }
     const QUrl url = requestUrl(request);
     if (!url.isValid()) {
-        throw ProviderError::invalidResponse(QStringLiteral("Invalid URL"));
+        throw ProviderError::invalidResponse(Tr::tr("Invalid URL"));
     }
     // 2. The request. A body with a picture in it has many megabytes, so it is written on a worker.
     if (!canBeHeader(request.keyHeader.value)) {

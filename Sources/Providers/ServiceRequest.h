@@ -3,6 +3,7 @@
 #include "Platform/HttpClient.h"
 #include "Providers/ImageProvider.h"
 
+#include <QCoreApplication>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QString>
@@ -53,10 +54,10 @@ struct PictureInAnswer
 struct AnswerFormat
 {
     std::optional<PictureInAnswer> (*pictureIn)(const QJsonObject &answer); ///< Nothing when the way breaks off.
-    QString notAnObject = QStringLiteral("Failed to parse response");
-    QString noImage = QStringLiteral("No image in response");
-    QString undecodable = QStringLiteral("No image in response");
-    QString apiErrorPrefix = {}; ///< Before the service's own words.
+    QString notAnObject = QCoreApplication::translate("ServiceRequest", "Failed to parse response");
+    QString noImage = QCoreApplication::translate("ServiceRequest", "No image in response");
+    QString undecodable = QCoreApplication::translate("ServiceRequest", "No image in response");
+    QString apiError = QStringLiteral("%1"); ///< Around the service's own words, which are %1.
 };
 
 /// The picture in an answer's body, or a ProviderError. Total: any bytes give one or the other. Any thread.

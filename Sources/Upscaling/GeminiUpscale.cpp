@@ -2,9 +2,19 @@
 
 #include "Platform/Worker.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 
 namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(GeminiUpscale)
+};
+
+} // namespace
 
 ServiceRequest upscaleRequest(const QByteArray &image, const QString &ext, const QString &geminiApiKey)
 {
@@ -30,10 +40,10 @@ ServiceRequest upscaleRequest(const QByteArray &image, const QString &ext, const
 AnswerFormat upscaleAnswer()
 {
     return {.pictureIn = firstInlineData,
-            .notAnObject = QStringLiteral("Failed to parse upscale response"),
-            .noImage = QStringLiteral("No image in upscale response"),
-            .undecodable = QStringLiteral("No image in upscale response"),
-            .apiErrorPrefix = QStringLiteral("Upscale failed: ")};
+            .notAnObject = Tr::tr("Failed to parse upscale response"),
+            .noImage = Tr::tr("No image in upscale response"),
+            .undecodable = Tr::tr("No image in upscale response"),
+            .apiError = Tr::tr("Upscale failed: %1")};
 }
 
 QCoro::Task<UpscaledImage> upscaleImage(HttpClient *http, QByteArray image, QString ext, QString geminiApiKey)

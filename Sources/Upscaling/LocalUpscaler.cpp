@@ -12,6 +12,7 @@
 #include "Upscaling/UpscaledCanvas.h"
 
 #include <QColorSpace>
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QThreadPool>
 
@@ -26,12 +27,17 @@ namespace quorvane {
 
 namespace {
 
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(LocalUpscaler)
+};
+
 /// The tile in column tx, row ty with its padding.
 QImage cropTile(const QImage &image, const TileGrid &grid, int tx, int ty)
 {
     const QImage part = image.copy(grid.sourceRect(tx, ty));
     if (part.isNull()) {
-        throw ProviderError::invalidResponse(QStringLiteral("Failed to crop tile at (%1, %2)").arg(tx).arg(ty));
+        throw ProviderError::invalidResponse(Tr::tr("Failed to crop tile at (%1, %2)").arg(tx).arg(ty));
     }
     return padImageToTile(part, TileGrid::kTileEdge, TileGrid::kTileEdge);
 }
@@ -90,7 +96,7 @@ QCoro::Task<UpscaledImage> localUpscaleImage(QByteArray encoded, std::stop_token
         const QImage image = decodeImage(std::exchange(encoded, {}));
         lowerThreadPriority();
         if (image.isNull()) {
-            throw ProviderError::invalidResponse(QStringLiteral("Failed to decode image for upscaling"));
+            throw ProviderError::invalidResponse(Tr::tr("Failed to decode image for upscaling"));
         }
         return tileUpscaleImage(image, options);
     };
@@ -122,7 +128,7 @@ QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model
             const QImage upscaled = upscaleTileWithModel(tile, model, options.stop);
             if (upscaled.isNull()) {
                 throw ProviderError::invalidResponse(
-                    QStringLiteral("The RealESRGAN model gave values that are not numbers for the tile at (%1, %2)")
+                    Tr::tr("The RealESRGAN model gave values that are not numbers for the tile at (%1, %2)")
                         .arg(tx)
                         .arg(ty));
             }
@@ -140,7 +146,7 @@ QImage padImageToTile(const QImage &image, int width, int height)
     }
     QImage padded(width, height, QImage::Format_RGBA8888_Premultiplied);
     if (padded.isNull()) {
-        throw ProviderError::invalidResponse(QStringLiteral("Failed to create padding context"));
+        throw ProviderError::invalidResponse(Tr::tr("Failed to create padding context"));
     }
     padded.fill(Qt::transparent);
     padded.setColorSpace(image.colorSpace());

@@ -18,6 +18,11 @@ namespace quorvane {
 
 namespace {
 
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(ModelFiles)
+};
+
 const QString kInDataFolder = QStringLiteral("/quorvane/models/RealESRGAN.onnx");
 
 /// The folders that hold what is installed, best first.
@@ -53,7 +58,7 @@ QImage sampleTile()
 
 [[noreturn]] void failToCopy(const QString &reason)
 {
-    throw ModelError(QStringLiteral("The model cannot be copied: %1").arg(reason).toStdString());
+    throw ModelError(Tr::tr("The model cannot be copied: %1").arg(reason).toStdString());
 }
 
 } // namespace
@@ -79,7 +84,7 @@ std::optional<QString> findModel()
 
 ProviderError missingModel()
 {
-    return ProviderError::invalidResponse(QStringLiteral("RealESRGAN model not found in app bundle"));
+    return ProviderError::invalidResponse(Tr::tr("RealESRGAN model not found in app bundle"));
 }
 
 QString describeModel(const QString &path)
@@ -100,7 +105,7 @@ void installModel(const QString &file, const std::stop_token &stop)
     const QString target = userModelPath();
     if (content.size() != source.size() || !QDir().mkpath(QFileInfo(target).path()) ||
         !writeFileAtomically(target, content)) {
-        failToCopy(QStringLiteral("writing %1 failed").arg(target));
+        failToCopy(Tr::tr("writing %1 failed").arg(target));
     }
 }
 

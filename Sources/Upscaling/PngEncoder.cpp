@@ -2,6 +2,8 @@
 
 #include "Providers/ProviderError.h"
 
+#include <QCoreApplication>
+
 #include <spng.h>
 
 #include <new>
@@ -10,11 +12,16 @@ namespace quorvane {
 
 namespace {
 
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(PngEncoder)
+};
+
 constexpr int kFastestDeflate = 1;
 
 [[noreturn]] void fail()
 {
-    throw ProviderError::invalidResponse(QStringLiteral("Failed to encode upscaled image"));
+    throw ProviderError::invalidResponse(Tr::tr("Failed to encode upscaled image"));
 }
 
 void require(int result)

@@ -5,6 +5,7 @@
 #include "Upscaling/TileGrid.h"
 #include "Upscaling/UpscaleErrors.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QStringList>
 #include <qfloat16.h>
@@ -21,6 +22,11 @@ namespace quorvane {
 
 namespace {
 
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(SuperResolutionModel)
+};
+
 constexpr qint64 kLargestFile = qint64(1) << 30;
 constexpr std::array<std::int64_t, 4> kTileShape{1, 3, TileGrid::kTileEdge, TileGrid::kTileEdge};
 constexpr std::array<std::int64_t, 4> kResultShape{1, 3, TileGrid::kResultEdge, TileGrid::kResultEdge};
@@ -33,7 +39,7 @@ QString elementName(ONNXTensorElementDataType type)
     case ONNX_TENSOR_ELEMENT_DATA_TYPE_FLOAT16:
         return QStringLiteral("float16");
     default:
-        return QStringLiteral("element type %1").arg(int(type));
+        return Tr::tr("element type %1").arg(int(type));
     }
 }
 
@@ -41,14 +47,14 @@ QString shapeText(std::span<const std::int64_t> shape)
 {
     QStringList sides;
     for (const std::int64_t side : shape) {
-        sides.append(side < 0 ? QStringLiteral("any") : QString::number(side));
+        sides.append(side < 0 ? Tr::tr("any", "a length") : QString::number(side));
     }
     return QStringLiteral("[%1]").arg(sides.join(QStringLiteral(", ")));
 }
 
 [[noreturn]] void refuse(const QString &found, const QString &needed)
 {
-    throw ModelError(QStringLiteral("The model does not fit: %1; needed is %2").arg(found, needed).toStdString());
+    throw ModelError(Tr::tr("The model does not fit: %1; needed is %2").arg(found, needed).toStdString());
 }
 
 /// One end of the network, as the file declares it.
@@ -70,14 +76,14 @@ struct Port
 
     [[nodiscard]] bool isHalf() const { return type == ONNX_TENSOR_ELEMENT_DATA_TYPE_FLOAT16; }
 
-    void mustFit(const QString &role, std::span<const std::int64_t> wanted) const
+    void mustFit(const QString &sentence, std::span<const std::int64_t> wanted) const
     {
         const bool knownType = isHalf() || type == ONNX_TENSOR_ELEMENT_DATA_TYPE_FLOAT;
         const auto fits = [](std::int64_t found, std::int64_t side) { return found < 0 || found == side; };
         const bool knownShape = std::equal(shape.begin(), shape.end(), wanted.begin(), wanted.end(), fits);
         if (!knownType || !(knownShape || shape.empty())) {
-            refuse(QStringLiteral("its %1 is %2 %3").arg(role, elementName(type), shapeText(shape)),
-                   QStringLiteral("float32 or float16 %1, or any height and width").arg(shapeText(wanted)));
+            refuse(sentence.arg(elementName(type), shapeText(shape)),
+                   Tr::tr("float32 or float16 %1, or any height and width").arg(shapeText(wanted)));
         }
     }
 };
@@ -86,13 +92,13 @@ QByteArray contentOf(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        throw ModelError(QStringLiteral("The model cannot be read: %1").arg(file.errorString()).toStdString());
+        throw ModelError(Tr::tr("The model cannot be read: %1").arg(file.errorString()).toStdString());
     }
     // Devices and pipes have no size to check, so the limit counts while reading as well.
     QByteArray content = file.size() > kLargestFile ? QByteArray() : file.read(kLargestFile + 1);
     if (content.isEmpty() || content.size() > kLargestFile) {
-        refuse(QStringLiteral("its file has %1 bytes").arg(file.size()),
-               QStringLiteral("an ONNX file of at most %1").arg(kLargestFile));
+        refuse(Tr::tr("its file has %1 bytes").arg(file.size()),
+               Tr::tr("an ONNX file of at most %1").arg(kLargestFile));
     }
     return content;
 }
@@ -169,10 +175,10 @@ struct SuperResolutionModel::Engine
         , input(onlyInput())
         , output(onlyOutput())
     {
-        input.mustFit(QStringLiteral("input"), kTileShape);
-        output.mustFit(QStringLiteral("output"), kResultShape);
+        input.mustFit(Tr::tr("its input is %1 %2"), kTileShape);
+        output.mustFit(Tr::tr("its output is %1 %2"), kResultShape);
         if (input.shape.empty()) {
-            refuse(QStringLiteral("its input has no declared shape"), shapeText(kTileShape));
+            refuse(Tr::tr("its input has no declared shape"), shapeText(kTileShape));
         }
     }
 
@@ -181,8 +187,8 @@ struct SuperResolutionModel::Engine
         const std::size_t inputs = session.GetInputCount();
         const std::size_t outputs = session.GetOutputCount();
         if (inputs != 1 || outputs != 1) {
-            refuse(QStringLiteral("it has %1 inputs and %2 outputs").arg(inputs).arg(outputs),
-                   QStringLiteral("one picture in and one out"));
+            refuse(Tr::tr("it has %1 inputs and %2 outputs").arg(inputs).arg(outputs),
+                   Tr::tr("one picture in and one out"));
         }
         Ort::AllocatorWithDefaultOptions allocator;
         return {session.GetInputNameAllocated(0, allocator).get(), session.GetInputTypeInfo(0)};
@@ -246,17 +252,17 @@ std::span<const float> SuperResolutionModel::run(std::span<const float> tile, co
     }
 
     if (results.empty() || !results.front().IsTensor()) {
-        throw ProviderError::invalidResponse(QStringLiteral("No result from RealESRGAN model"));
+        throw ProviderError::invalidResponse(Tr::tr("No result from RealESRGAN model"));
     }
     m_engine->result = std::move(results.front());
     const auto info = m_engine->result.GetTensorTypeAndShapeInfo();
     const std::vector<std::int64_t> shape = info.GetShape();
     const bool isPicture = shape.size() == kResultShape.size() && shape[0] == 1 && shape[1] == 3;
     if (!isPicture || info.GetElementType() != m_engine->output.type) {
-        throw ProviderError::invalidResponse(QStringLiteral("Failed to convert upscaled tile to CGImage"));
+        throw ProviderError::invalidResponse(Tr::tr("Failed to convert upscaled tile to CGImage"));
     }
     if (!std::equal(shape.begin(), shape.end(), kResultShape.begin())) {
-        refuse(QStringLiteral("it made %1 of a tile").arg(shapeText(shape)), shapeText(kResultShape));
+        refuse(Tr::tr("it made %1 of a tile").arg(shapeText(shape)), shapeText(kResultShape));
     }
     constexpr std::size_t kNumbers = std::size_t(3) * TileGrid::kResultEdge * TileGrid::kResultEdge;
     if (!m_engine->output.isHalf()) {
@@ -272,9 +278,8 @@ QString SuperResolutionModel::description() const
 {
     const Port &input = m_engine->input;
     const bool fixed = input.shape[2] > 0 && input.shape[3] > 0;
-    return QStringLiteral("%1, %2, in \"%3\", out \"%4\"")
-        .arg(elementName(input.type),
-             fixed ? QStringLiteral("tiles of 512 × 512") : QStringLiteral("tiles of any size"),
+    return Tr::tr("%1, %2, in \"%3\", out \"%4\"")
+        .arg(elementName(input.type), fixed ? Tr::tr("tiles of 512 × 512") : Tr::tr("tiles of any size"),
              QString::fromStdString(input.name), QString::fromStdString(m_engine->output.name));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QCoreApplication>
+
 #include <stdexcept>
 
 namespace quorvane {
@@ -15,7 +17,7 @@ struct ModelError : std::runtime_error
 struct UpscaleStopped : std::runtime_error
 {
     UpscaleStopped()
-        : std::runtime_error("The upscale was stopped")
+        : std::runtime_error(QCoreApplication::translate("UpscaleErrors", "The upscale was stopped").toStdString())
     {
     }
 };

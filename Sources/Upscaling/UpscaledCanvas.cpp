@@ -5,12 +5,19 @@
 #include "Upscaling/ImageDecoding.h"
 #include "Upscaling/Resemblance.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <vector>
 
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(UpscaledCanvas)
+};
 
 /// Room for one row of tiles, without the padding.
 QImage rowOf(const TileGrid &grid)
@@ -22,7 +29,7 @@ QImage rowOf(const TileGrid &grid)
         row = QImage(grid.resultSize().width(), height, QImage::Format_RGB888);
     }
     if (row.isNull()) {
-        throw ProviderError::invalidResponse(QStringLiteral("Failed to create output context"));
+        throw ProviderError::invalidResponse(Tr::tr("Failed to create output context"));
     }
     return row;
 }
@@ -81,7 +88,7 @@ void UpscaledCanvas::writeRow(int ty)
     for (int tx = 0; tx < m_grid.columns(); ++tx) {
         if (!resembles(m_source, m_grid.sourceRect(tx, ty), m_row, QPoint(tx * TileGrid::kResultEdge, 0))) {
             throw ProviderError::invalidResponse(
-                QStringLiteral("The upscaled image does not resemble the original at tile (%1, %2)").arg(tx).arg(ty));
+                Tr::tr("The upscaled image does not resemble the original at tile (%1, %2)").arg(tx).arg(ty));
         }
     }
     const auto width = static_cast<std::size_t>(m_row.width());

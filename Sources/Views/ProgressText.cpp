@@ -12,10 +12,10 @@ QString timeLeft(std::chrono::milliseconds remaining)
     const auto seconds = std::chrono::ceil<std::chrono::seconds>(remaining).count();
     constexpr int kLastMinute = 60;
     if (seconds < kLastMinute) {
-        return QCoreApplication::translate("ProgressText", "%1 s left").arg(seconds);
+        return QCoreApplication::translate("ProgressText", "%n s left", "seconds", int(seconds));
     }
     const auto minutes = std::chrono::ceil<std::chrono::minutes>(remaining).count();
-    return QCoreApplication::translate("ProgressText", "about %1 min left").arg(minutes);
+    return QCoreApplication::translate("ProgressText", "about %n min left", "minutes", int(minutes));
 }
 
 } // namespace
@@ -25,10 +25,11 @@ QString progressText(const std::optional<UpscaleProgress> &progress)
     if (!progress) {
         return {};
     }
-    const QString tiles = QCoreApplication::translate("ProgressText", "%1 of %2 tiles")
-                              .arg(progress->tilesDone)
-                              .arg(progress->tilesTotal);
-    return progress->remaining ? tiles + QStringLiteral(", ") + timeLeft(*progress->remaining) : tiles;
+    const QString tiles = QCoreApplication::translate("ProgressText", "%1 of %n tiles", nullptr, progress->tilesTotal)
+                              .arg(progress->tilesDone);
+    return progress->remaining ? QCoreApplication::translate("ProgressText", "%1, %2", "tiles, time left")
+                                     .arg(tiles, timeLeft(*progress->remaining))
+                               : tiles;
 }
 
 double progressShare(const std::optional<UpscaleProgress> &progress)

@@ -14,7 +14,7 @@ APIKeyRow::APIKeyRow(const QString &section, const QString &label, const QString
 
 QString APIKeyRow::placeholder() const
 {
-    return label + tr(" API Key");
+    return tr("%1 API Key").arg(label);
 }
 
 void APIKeyRow::setKey(const QString &key)

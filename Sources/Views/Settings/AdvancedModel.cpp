@@ -79,7 +79,7 @@ QString AdvancedModel::native4KNote() const
     if (!manager()->providerProducesNative4K()) {
         return {};
     }
-    return manager()->resolvedProvider().name() + tr(" produces 4K natively — no upscaling needed.");
+    return tr("%1 produces 4K natively — no upscaling needed.").arg(manager()->resolvedProvider().name());
 }
 
 QStringList AdvancedModel::upscaleMethods()

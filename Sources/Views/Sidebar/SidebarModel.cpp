@@ -144,7 +144,7 @@ QString SidebarModel::nextFireText() const
     if (!manager()->autoEnabled() || !due.isValid()) {
         return {};
     }
-    return tr("Next: ") + QLocale().toString(due.toLocalTime().time(), QLocale::ShortFormat);
+    return tr("Next: %1").arg(QLocale().toString(due.toLocalTime().time(), QLocale::ShortFormat));
 }
 
 QString SidebarModel::status() const
