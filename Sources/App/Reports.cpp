@@ -1,5 +1,6 @@
 #include "App/Reports.h"
 
+#include "Manager/Album.h"
 #include "Manager/IntervalLabel.h"
 #include "Platform/DesktopPicture.h"
 #include "Storage/CreationDate.h"
@@ -177,7 +178,8 @@ QString albumsText(const QJsonArray &albums)
     QStringList lines;
     for (const QJsonValue &value : albums) {
         const QJsonObject album = value.toObject();
-        lines.append(album.value(QLatin1String("id")).toString().simplified());
+        const bool isFavorites = album.value(QLatin1String("isFavorites")).toBool();
+        lines.append(albumTitle(album.value(QLatin1String("id")).toString(), isFavorites).simplified());
         for (const QString &name : texts(album.value(QLatin1String("images")).toArray())) {
             lines.append(QStringLiteral("  ") + name);
         }
@@ -195,7 +197,7 @@ QJsonObject changedFile(const WallpaperManager &manager, const QString &path)
 
 QString progressLine(const UpscaleProgress &progress)
 {
-    const QString tiles = Tr::tr("%1 of %2 tiles").arg(progress.tilesDone).arg(progress.tilesTotal);
+    const QString tiles = Tr::tr("%1 of %n tiles", nullptr, progress.tilesTotal).arg(progress.tilesDone);
     if (!progress.remaining) {
         return tiles;
     }

@@ -2,6 +2,7 @@
 
 #include "Storage/ImageStore.h"
 
+#include <QCoreApplication>
 #include <QHash>
 
 #include <algorithm>
@@ -10,6 +11,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(Album)
+};
 
 /// The albums of the prompts in the order in which the history first names them.
 std::vector<Album> groupedByPrompt(const QStringList &history, const TextMap &prompts)
@@ -50,6 +56,14 @@ void sortByCoverDate(std::vector<Album> &albums, const CreationDateOf &creationD
 }
 
 } // namespace
+
+QString albumTitle(const QString &id, bool isFavorites)
+{
+    if (isFavorites) {
+        return Tr::tr("Favorites");
+    }
+    return id == QLatin1String("Uncategorized") ? Tr::tr("Uncategorized") : id;
+}
 
 QStringList withoutHiddenOriginals(const QStringList &all, const TextMap &links)
 {

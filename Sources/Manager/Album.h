@@ -23,6 +23,10 @@ struct Album
     friend bool operator==(const Album &, const Album &) = default;
 };
 
+/// What people read as the name of an album: its prompt, or in their language that of the favourites (isFavorites) and
+/// of the pictures without a prompt. Its id stays the same in every language.
+[[nodiscard]] QString albumTitle(const QString &id, bool isFavorites);
+
 /// The creation date of the file at a path; nothing when it cannot be read.
 using CreationDateOf = std::function<std::optional<CreationDate>(const QString &path)>;
 

@@ -3,11 +3,21 @@
 #include "Storage/CreationDate.h"
 #include "Storage/ImageStore.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 
 #include <algorithm>
 
 namespace quorvane::ImageRecords {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(ImageRecords)
+};
+
+} // namespace
 
 QString fileName(const QString &path)
 {
@@ -57,7 +67,19 @@ QString timestamp(const QString &image)
     if (!created) {
         return {};
     }
-    return QLocale().toString(created->toDateTime().toLocalTime(), QStringLiteral("MMM d, HH:mm"));
+    return momentText(created->toDateTime().toLocalTime(), QLocale());
+}
+
+QString momentText(const QDateTime &moment, const QLocale &locale)
+{
+    // Names and order both come from the language, even where the system mixes the settings of several.
+    const QLocale language(locale.language(), locale.script(), locale.territory());
+    const QString english = QStringLiteral("MMM d, HH:mm");
+    if (language.language() == QLocale::C || language.language() == QLocale::English) {
+        return language.toString(moment, english);
+    }
+    const QString order = Tr::tr("MMM d, HH:mm", "Day and time below a picture, in the letters of QLocale::toString()");
+    return order == english ? language.toString(moment, QLocale::ShortFormat) : language.toString(moment, order);
 }
 
 } // namespace quorvane::ImageRecords

@@ -2,6 +2,8 @@
 
 #include "Storage/SideFile.h"
 
+#include <QDateTime>
+#include <QLocale>
 #include <QString>
 
 #include <optional>
@@ -28,7 +30,10 @@ namespace quorvane::ImageRecords {
 /// Whether image is one of a pair whose other picture exists.
 [[nodiscard]] bool hasPartner(const QString &image);
 
-/// The creation date in local time, as "Jan 31, 23:59"; empty when it cannot be read.
+/// The creation date in local time, as momentText() writes it; empty when it cannot be read.
 [[nodiscard]] QString timestamp(const QString &image);
+
+/// A moment for people: "Jan 31, 23:59" in English, else with the names and in the order of the locale's language.
+[[nodiscard]] QString momentText(const QDateTime &moment, const QLocale &locale);
 
 } // namespace quorvane::ImageRecords

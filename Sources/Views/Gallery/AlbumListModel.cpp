@@ -44,6 +44,8 @@ QVariant AlbumListModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case IdRole:
         return album.id;
+    case TitleRole:
+        return albumTitle(album.id, album.isFavorites);
     case CoverRole:
         return thumbnailUrl(album.images.first());
     case CountRole:
@@ -57,7 +59,11 @@ QVariant AlbumListModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> AlbumListModel::roleNames() const
 {
-    return {{IdRole, "albumId"}, {CoverRole, "cover"}, {CountRole, "count"}, {IsFavoritesRole, "isFavorites"}};
+    return {{IdRole, "albumId"},
+            {TitleRole, "title"},
+            {CoverRole, "cover"},
+            {CountRole, "count"},
+            {IsFavoritesRole, "isFavorites"}};
 }
 
 } // namespace quorvane

@@ -12,7 +12,7 @@ class AlbumListModel : public QAbstractListModel
     Q_OBJECT
 
   public:
-    enum Role { IdRole = Qt::UserRole + 1, CoverRole, CountRole, IsFavoritesRole };
+    enum Role { IdRole = Qt::UserRole + 1, TitleRole, CoverRole, CountRole, IsFavoritesRole };
 
     using QAbstractListModel::QAbstractListModel;
 

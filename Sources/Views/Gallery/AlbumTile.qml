@@ -7,6 +7,7 @@ Item {
 
     required property int index
     required property string albumId
+    required property string title
     required property string cover
     required property int count
     required property bool isFavorites
@@ -16,7 +17,7 @@ Item {
 
     objectName: "album " + albumId
     Accessible.role: Accessible.Button
-    Accessible.name: qsTr("%1, %2 pictures").arg(albumId).arg(count)
+    Accessible.name: qsTr("%1, %n pictures", "", count).arg(title)
     Accessible.onPressAction: clicked()
     scale: hover.hovered ? 1.02 : 1
     Behavior on scale { NumberAnimation { duration: Theme.motion; easing.type: Easing.OutCubic } }
@@ -46,21 +47,22 @@ Item {
     }
     Symbol {
         id: star
-        anchors.verticalCenter: title.verticalCenter
+        anchors.verticalCenter: caption.verticalCenter
         visible: tile.isFavorites
         name: "star.fill"
         size: 14
         color: Theme.yellow
     }
     Text {
-        id: title
+        id: caption
         anchors.left: tile.isFavorites ? star.right : parent.left
         anchors.leftMargin: tile.isFavorites ? 6 : 0
         anchors.right: number.left
         anchors.rightMargin: 8
         anchors.top: picture.bottom
         anchors.topMargin: 8
-        text: tile.albumId
+        horizontalAlignment: Text.AlignLeft
+        text: tile.title
         color: Theme.text
         font.pixelSize: Theme.bodySize
         font.weight: Font.Medium
@@ -71,14 +73,14 @@ Item {
     Text {
         id: number
         anchors.right: parent.right
-        anchors.baseline: title.baseline
+        anchors.baseline: caption.baseline
         text: tile.count
         color: Theme.secondaryText
         font.pixelSize: Theme.captionSize
         textFormat: Text.PlainText
     }
     Tip {
-        text: tile.albumId
-        visible: hover.hovered && title.truncated
+        text: tile.title
+        visible: hover.hovered && caption.truncated
     }
 }

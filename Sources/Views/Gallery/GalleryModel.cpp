@@ -45,6 +45,14 @@ GalleryModel::State GalleryModel::state() const
     return m_selectedAlbumId ? State::Album : State::Albums;
 }
 
+QString GalleryModel::selectedAlbumTitle() const
+{
+    const std::vector<Album> &albums = m_albumList.albums();
+    const auto selected = std::find_if(albums.begin(), albums.end(),
+                                       [this](const Album &album) { return album.id == m_selectedAlbumId; });
+    return selected != albums.end() ? albumTitle(selected->id, selected->isFavorites) : QString();
+}
+
 void GalleryModel::openAlbum(const QString &id)
 {
     select(id);

@@ -22,6 +22,7 @@ class GalleryModel : public quorvane::ViewModel
     QML_ELEMENT
     Q_PROPERTY(State state READ state NOTIFY stateChanged)
     Q_PROPERTY(QString selectedAlbumId READ selectedAlbumId NOTIFY stateChanged)
+    Q_PROPERTY(QString selectedAlbumTitle READ selectedAlbumTitle NOTIFY stateChanged)
     Q_PROPERTY(bool canUsePrompt READ canUsePrompt NOTIFY stateChanged)
     Q_PROPERTY(QStringList images READ images NOTIFY imagesChanged)
     Q_PROPERTY(QAbstractItemModel *albumList READ albumList CONSTANT)
@@ -37,6 +38,8 @@ class GalleryModel : public quorvane::ViewModel
 
     /// Empty while no album is open, and for the album of the empty prompt; state() tells them apart.
     [[nodiscard]] QString selectedAlbumId() const { return m_selectedAlbumId.value_or(QString()); }
+    /// What people read as its name.
+    [[nodiscard]] QString selectedAlbumTitle() const;
     Q_INVOKABLE void openAlbum(const QString &id);
     Q_INVOKABLE void closeAlbum();
 
