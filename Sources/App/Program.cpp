@@ -7,6 +7,7 @@
 #include "App/ControlService.h"
 #include "App/InstanceLock.h"
 #include "App/SessionBus.h"
+#include "App/Translations.h"
 #include "App/WallpaperApp.h"
 
 #include <QGuiApplication>
@@ -84,6 +85,23 @@ int runApplication(const CommandLine &line, const SceneUrls &urls)
     return QCoreApplication::exec();
 }
 
+using Parsed = std::variant<CommandLine, QString>;
+
+bool isForWindows(const Parsed &parsed)
+{
+    const auto *line = std::get_if<CommandLine>(&parsed);
+    return line != nullptr && line->verb == CommandLine::Verb::Start && hasDisplay();
+}
+
+int runWithoutWindows(const Parsed &parsed)
+{
+    if (const auto *problem = std::get_if<QString>(&parsed)) {
+        return fail(*problem, kWrongCommandLine);
+    }
+    const auto &line = std::get<CommandLine>(parsed);
+    return line.verb == CommandLine::Verb::Start ? runWithoutDisplay() : runCommand(line);
+}
+
 } // namespace
 
 int runProgram(int argc, char **argv, const SceneUrls &urls)
@@ -94,18 +112,18 @@ int runProgram(int argc, char **argv, const SceneUrls &urls)
     for (int index = 1; index < argc; ++index) {
         arguments.append(QString::fromLocal8Bit(argv[index]));
     }
-    const auto parsed = parseCommandLine(arguments);
-    if (const auto *problem = std::get_if<QString>(&parsed)) {
-        return fail(*problem, kWrongCommandLine);
-    }
-    const auto &line = std::get<CommandLine>(parsed);
+    const QStringList languages = wantedLanguages();
     QNetworkProxyFactory::setUseSystemConfiguration(true);
-    if (line.verb != CommandLine::Verb::Start || !hasDisplay()) {
-        const QCoreApplication application(argc, argv);
-        return line.verb == CommandLine::Verb::Start ? runWithoutDisplay() : runCommand(line);
+    if (!isForWindows(parseCommandLine(arguments))) {
+        QCoreApplication application(argc, argv);
+        installTranslations(application, languages);
+        return runWithoutWindows(parseCommandLine(arguments));
     }
-    const QGuiApplication application(argc, argv);
+    QGuiApplication application(argc, argv);
+    installTranslations(application, languages);
+    QGuiApplication::setLayoutDirection(directionFor(languages));
     QGuiApplication::setDesktopFileName(Control::busName());
+    const auto line = std::get<CommandLine>(parseCommandLine(arguments));
     return runApplication(line, urls);
 }
 

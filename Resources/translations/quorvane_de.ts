@@ -1,0 +1,1119 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>APIKeysTab</name>
+    <message>
+        <source>Remove this key</source>
+        <translation>Diesen Schlüssel entfernen</translation>
+    </message>
+    <message>
+        <source>Saved in Keychain</source>
+        <translation>Im Schlüsselbund gespeichert</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedTab</name>
+    <message>
+        <source>Provider</source>
+        <translation>Anbieter</translation>
+    </message>
+    <message>
+        <source>Auto selects Gemini by default, Grok when NSFW is on.
+Pick a specific provider to use it for every generation.</source>
+        <translation>„Automatisch“ wählt in der Regel Gemini, bei eingeschaltetem NSFW Grok.
+Wählen Sie einen bestimmten Anbieter, um ihn für jedes Bild zu verwenden.</translation>
+    </message>
+    <message>
+        <source>4K Upscaling</source>
+        <translation>4K-Hochskalierung</translation>
+    </message>
+    <message>
+        <source>Upscale Method</source>
+        <translation>Methode</translation>
+    </message>
+    <message>
+        <source>Gemini uses the API (requires key). Local runs RealESRGAN on-device (offline, no API key needed).</source>
+        <translation>Gemini verwendet die API (Schlüssel erforderlich). Lokal führt RealESRGAN auf diesem Gerät aus (offline, ohne API-Schlüssel).</translation>
+    </message>
+    <message>
+        <source>Models</source>
+        <translation>Modelle</translation>
+    </message>
+</context>
+<context>
+    <name>Album</name>
+    <message>
+        <source>Favorites</source>
+        <translation>Favoriten</translation>
+    </message>
+    <message>
+        <source>Uncategorized</source>
+        <translation>Ohne Prompt</translation>
+    </message>
+</context>
+<context>
+    <name>AlbumTile</name>
+    <message numerus="yes">
+        <source>%1, %n pictures</source>
+        <translation>
+            <numerusform>%1, %n Bild</numerusform>
+            <numerusform>%1, %n Bilder</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CommandLine</name>
+    <message>
+        <source>--prompt needs a text</source>
+        <translation>--prompt braucht einen Text</translation>
+    </message>
+    <message>
+        <source>unknown option %1</source>
+        <translation>unbekannte Option %1</translation>
+    </message>
+    <message>
+        <source>unknown command %1</source>
+        <translation>unbekannter Befehl %1</translation>
+    </message>
+    <message>
+        <source>usage: %1</source>
+        <translation>Aufruf: %1</translation>
+    </message>
+    <message>
+        <source>Usage: quorvane [--hidden]
+       quorvane COMMAND [--json]
+
+Without a command the application starts and opens its window (--hidden: tray only).
+
+  generate [--prompt TEXT]      make a picture and set it as the wallpaper
+  upscale FILE                  make a 4K copy of a picture and set it
+  set FILE                      set a picture as the wallpaper of every screen
+  status                        provider, settings, schedule, wallpaper, screens
+  history, albums               what the gallery lists, in its order
+  favorite FILE                 mark a picture as a favourite, or no longer
+  delete FILE                   delete a picture and its 4K partner for good
+  settings [KEY [VALUE]]        print all, print one, set one; --unset KEY
+  key list|set ID|delete ID     API keys of gemini, grok, openai; set reads
+                                the key from standard input
+  auto on|off                   automatic mode
+  autostart on|off              start with the session
+  model [install FILE]          the super-resolution network
+  quit                          end the running application
+
+FILE is a path, or the name of a picture in the library.
+Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
+</source>
+        <translation>Aufruf: quorvane [--hidden]
+        quorvane BEFEHL [--json]
+
+Ohne Befehl startet das Programm und öffnet sein Fenster (--hidden: nur das Symbol in der Leiste).
+
+  generate [--prompt TEXT]      ein Bild erzeugen und als Hintergrund setzen
+  upscale DATEI                 ein Bild in 4K kopieren und die Kopie setzen
+  set DATEI                     ein Bild auf jedem Bildschirm setzen
+  status                        Anbieter, Einstellungen, Zeitplan, Hintergrund,
+                                Bildschirme
+  history, albums               was die Galerie zeigt, in ihrer Reihenfolge
+  favorite DATEI                ein Bild als Favorit markieren oder nicht mehr
+  delete DATEI                  ein Bild und sein 4K-Gegenstück endgültig löschen
+  settings [NAME [WERT]]        alle ausgeben, eine ausgeben, eine setzen;
+                                --unset NAME
+  key list|set ID|delete ID     API-Schlüssel von gemini, grok, openai; set liest
+                                den Schlüssel von der Standardeingabe
+  auto on|off                   automatischer Betrieb
+  autostart on|off              mit der Sitzung starten
+  model [install DATEI]         das Netz zum Hochskalieren
+  quit                          das laufende Programm beenden
+
+DATEI ist ein Pfad oder der Name eines Bildes in der Sammlung.
+Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
+</translation>
+    </message>
+</context>
+<context>
+    <name>Commands</name>
+    <message>
+        <source>could not delete %1</source>
+        <translation>%1 konnte nicht gelöscht werden</translation>
+    </message>
+    <message>
+        <source>could not write %1</source>
+        <translation>%1 konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>unknown setting %1</source>
+        <translation>unbekannte Einstellung %1</translation>
+    </message>
+    <message>
+        <source>no such file: %1</source>
+        <translation>keine solche Datei: %1</translation>
+    </message>
+    <message>
+        <source>not in the library: %1</source>
+        <translation>nicht in der Sammlung: %1</translation>
+    </message>
+    <message>
+        <source>no key on standard input</source>
+        <translation>kein Schlüssel auf der Standardeingabe</translation>
+    </message>
+    <message>
+        <source>could not write the key file</source>
+        <translation>die Schlüsseldatei konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>could not write the autostart entry</source>
+        <translation>der Autostart-Eintrag konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>API key for %1: </source>
+        <translation>API-Schlüssel für %1: </translation>
+    </message>
+    <message>
+        <source>standard input holds no key</source>
+        <translation>die Standardeingabe enthält keinen Schlüssel</translation>
+    </message>
+    <message>
+        <source>the application is not running</source>
+        <translation>das Programm läuft nicht</translation>
+    </message>
+    <message>
+        <source>the application did not answer: %1</source>
+        <translation>das Programm hat nicht geantwortet: %1</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopChoice</name>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>
+        <translation>QUORVANE_DESKTOP ist „%1“ und damit keines von %2</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, which this version does not support yet</source>
+        <translation>QUORVANE_DESKTOP ist „%1“, was diese Version noch nicht unterstützt</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but QUORVANE_WALLPAPER_COMMAND is not set</source>
+        <translation>QUORVANE_DESKTOP ist „%1“, aber QUORVANE_WALLPAPER_COMMAND ist nicht gesetzt</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but SWAYSOCK is not set</source>
+        <translation>QUORVANE_DESKTOP ist „%1“, aber SWAYSOCK ist nicht gesetzt</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but DISPLAY is not set</source>
+        <translation>QUORVANE_DESKTOP ist „%1“, aber DISPLAY ist nicht gesetzt</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;</source>
+        <translation>QUORVANE_DESKTOP ist „%1“</translation>
+    </message>
+    <message>
+        <source>QUORVANE_WALLPAPER_COMMAND is set</source>
+        <translation>QUORVANE_WALLPAPER_COMMAND ist gesetzt</translation>
+    </message>
+    <message>
+        <source>sway answers on SWAYSOCK</source>
+        <translation>sway antwortet auf SWAYSOCK</translation>
+    </message>
+    <message>
+        <source>this Wayland desktop is not supported yet; QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture</source>
+        <translation>diese Wayland-Arbeitsumgebung wird noch nicht unterstützt; QUORVANE_WALLPAPER_COMMAND kann ein Programm nennen, das das Bild setzt</translation>
+    </message>
+    <message>
+        <source>DISPLAY is set and no desktop paints over the X11 root window</source>
+        <translation>DISPLAY ist gesetzt, und keine Arbeitsumgebung übermalt das X11-Wurzelfenster</translation>
+    </message>
+    <message>
+        <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, which is not supported yet; QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture</source>
+        <translation>XDG_CURRENT_DESKTOP nennt „%1“, was noch nicht unterstützt wird; QUORVANE_WALLPAPER_COMMAND kann ein Programm nennen, das das Bild setzt</translation>
+    </message>
+    <message>
+        <source>SWAYSOCK is set, but nobody answers on it</source>
+        <translation>SWAYSOCK ist gesetzt, aber niemand antwortet darauf</translation>
+    </message>
+    <message>
+        <source>neither SWAYSOCK nor DISPLAY is set</source>
+        <translation>weder SWAYSOCK noch DISPLAY ist gesetzt</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureCommand</name>
+    <message>
+        <source>The wallpaper command &quot;%1&quot; cannot be started: %2</source>
+        <translation>Der Hintergrundbild-Befehl „%1“ kann nicht gestartet werden: %2</translation>
+    </message>
+    <message>
+        <source>The wallpaper command &quot;%1&quot; did not end within %2 seconds</source>
+        <translation>Der Hintergrundbild-Befehl „%1“ wurde nicht innerhalb von %2 Sekunden fertig</translation>
+    </message>
+    <message>
+        <source>The wallpaper command &quot;%1&quot; ended with status %2</source>
+        <translation>Der Hintergrundbild-Befehl „%1“ endete mit Status %2</translation>
+    </message>
+    <message>
+        <source>The wallpaper command &quot;%1&quot; was ended by a signal</source>
+        <translation>Der Hintergrundbild-Befehl „%1“ wurde durch ein Signal beendet</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureSway</name>
+    <message>
+        <source>The picture cannot be copied for sway</source>
+        <translation>Das Bild kann nicht für sway kopiert werden</translation>
+    </message>
+    <message>
+        <source>No folder could hold a copy of the picture under a name that sway takes</source>
+        <translation>Kein Ordner konnte eine Kopie des Bildes unter einem Namen aufnehmen, den sway annimmt</translation>
+    </message>
+    <message>
+        <source>sway has no screen &quot;%1&quot;</source>
+        <translation>sway hat keinen Bildschirm „%1“</translation>
+    </message>
+    <message>
+        <source>sway&apos;s answer cannot be understood</source>
+        <translation>die Antwort von sway ist nicht zu verstehen</translation>
+    </message>
+    <message>
+        <source>sway refused the picture</source>
+        <translation>sway hat das Bild abgelehnt</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureX11</name>
+    <message>
+        <source>The X server cannot be reached</source>
+        <translation>Der X-Server ist nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>The X server&apos;s colours are of a kind that is not supported</source>
+        <translation>Die Farben des X-Servers sind von einer Art, die nicht unterstützt wird</translation>
+    </message>
+    <message>
+        <source>The X server has no screen &quot;%1&quot;</source>
+        <translation>Der X-Server hat keinen Bildschirm „%1“</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for the picture</source>
+        <translation>Für das Bild ist nicht genug Speicher vorhanden</translation>
+    </message>
+    <message>
+        <source>The X server did not take the picture</source>
+        <translation>Der X-Server hat das Bild nicht angenommen</translation>
+    </message>
+    <message>
+        <source>The X server does not answer</source>
+        <translation>Der X-Server antwortet nicht</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyState</name>
+    <message>
+        <source>No wallpapers yet</source>
+        <translation>Noch keine Hintergrundbilder</translation>
+    </message>
+    <message>
+        <source>Generate your first wallpaper
+using the sidebar controls.</source>
+        <translation>Erzeugen Sie Ihr erstes Hintergrundbild
+mit den Bedienelementen in der Seitenleiste.</translation>
+    </message>
+</context>
+<context>
+    <name>FullScreenViewer</name>
+    <message>
+        <source>Quorvane</source>
+        <translation>Quorvane</translation>
+    </message>
+</context>
+<context>
+    <name>Gallery</name>
+    <message>
+        <source>Albums</source>
+        <translation>Alben</translation>
+    </message>
+    <message>
+        <source>Use Prompt</source>
+        <translation>Prompt verwenden</translation>
+    </message>
+</context>
+<context>
+    <name>GeminiUpscale</name>
+    <message>
+        <source>Failed to parse upscale response</source>
+        <translation>Antwort auf die Hochskalierung nicht lesbar</translation>
+    </message>
+    <message>
+        <source>No image in upscale response</source>
+        <translation>Kein Bild in der Antwort auf die Hochskalierung</translation>
+    </message>
+    <message>
+        <source>Upscale failed: %1</source>
+        <translation>Hochskalieren fehlgeschlagen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryTile</name>
+    <message>
+        <source>Upscaling to 4K...</source>
+        <translation>Wird auf 4K hochskaliert …</translation>
+    </message>
+    <message>
+        <source>Unfavorite</source>
+        <translation>Kein Favorit mehr</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>Favorit</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>Delete for good, together with its 4K partner</source>
+        <translation>Endgültig löschen, zusammen mit dem 4K-Gegenstück</translation>
+    </message>
+</context>
+<context>
+    <name>HttpClient</name>
+    <message>
+        <source>The address is neither https nor on this machine.</source>
+        <translation>Die Adresse ist weder https noch auf diesem Rechner.</translation>
+    </message>
+    <message>
+        <source>The service redirected to an address without encryption.</source>
+        <translation>Der Dienst hat auf eine Adresse ohne Verschlüsselung umgeleitet.</translation>
+    </message>
+    <message>
+        <source>The service redirected too many times.</source>
+        <translation>Der Dienst hat zu oft umgeleitet.</translation>
+    </message>
+    <message>
+        <source>The request was cancelled.</source>
+        <translation>Die Anfrage wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>The answer is larger than %1 MiB.</source>
+        <translation>Die Antwort ist größer als %1 MiB.</translation>
+    </message>
+    <message>
+        <source>No secure connection to %1: %2</source>
+        <translation>Keine sichere Verbindung zu %1: %2</translation>
+    </message>
+    <message>
+        <source>The request timed out.</source>
+        <translation>Zeitüberschreitung bei der Anfrage.</translation>
+    </message>
+</context>
+<context>
+    <name>ImageRecords</name>
+    <message>
+        <source>MMM d, HH:mm</source>
+        <comment>Day and time below a picture, in the letters of QLocale::toString()</comment>
+        <translation>d. MMM, HH:mm</translation>
+    </message>
+</context>
+<context>
+    <name>IntervalLabel</name>
+    <message>
+        <source>%1 min</source>
+        <comment>an interval</comment>
+        <translation>%1 Min.</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <comment>an interval</comment>
+        <translation>1 Stunde</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hours</source>
+        <comment>an interval of two or more</comment>
+        <translation>
+            <numerusform>%n Stunde</numerusform>
+            <numerusform>%n Stunden</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>LocalUpscaler</name>
+    <message>
+        <source>Failed to crop tile at (%1, %2)</source>
+        <translation>Kachel bei (%1, %2) konnte nicht ausgeschnitten werden</translation>
+    </message>
+    <message>
+        <source>Failed to decode image for upscaling</source>
+        <translation>Bild konnte zum Hochskalieren nicht dekodiert werden</translation>
+    </message>
+    <message>
+        <source>The RealESRGAN model gave values that are not numbers for the tile at (%1, %2)</source>
+        <translation>Das RealESRGAN-Modell hat für die Kachel bei (%1, %2) Werte geliefert, die keine Zahlen sind</translation>
+    </message>
+    <message>
+        <source>Failed to create padding context</source>
+        <translation>Kontext zum Auffüllen konnte nicht erstellt werden</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Quorvane</source>
+        <translation>Quorvane</translation>
+    </message>
+</context>
+<context>
+    <name>MenuBar</name>
+    <message>
+        <source>Generating...</source>
+        <translation>Wird erzeugt …</translation>
+    </message>
+    <message>
+        <source>Next: %1</source>
+        <translation>Nächstes: %1</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>Bereit</translation>
+    </message>
+    <message>
+        <source>Generate Now</source>
+        <translation>Jetzt erzeugen</translation>
+    </message>
+    <message>
+        <source>Auto-Generate</source>
+        <translation>Automatisch erzeugen</translation>
+    </message>
+    <message>
+        <source>Open Window</source>
+        <translation>Fenster öffnen</translation>
+    </message>
+    <message>
+        <source>Settings...</source>
+        <translation>Einstellungen …</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+</context>
+<context>
+    <name>MissingKeys</name>
+    <message>
+        <source>Missing %1 API key</source>
+        <translation>API-Schlüssel für %1 fehlt</translation>
+    </message>
+    <message>
+        <source>Open Settings (⌘,)</source>
+        <translation>Einstellungen öffnen (⌘,)</translation>
+    </message>
+</context>
+<context>
+    <name>ModelFiles</name>
+    <message>
+        <source>The model cannot be copied: %1</source>
+        <translation>Das Modell kann nicht kopiert werden: %1</translation>
+    </message>
+    <message>
+        <source>RealESRGAN model not found in app bundle</source>
+        <translation>RealESRGAN-Modell im Programmpaket nicht gefunden</translation>
+    </message>
+    <message>
+        <source>writing %1 failed</source>
+        <translation>Schreiben von %1 fehlgeschlagen</translation>
+    </message>
+</context>
+<context>
+    <name>Notices</name>
+    <message>
+        <source>No new wallpaper</source>
+        <translation>Kein neues Hintergrundbild</translation>
+    </message>
+    <message>
+        <source>New wallpaper</source>
+        <translation>Neues Hintergrundbild</translation>
+    </message>
+</context>
+<context>
+    <name>PictureFile</name>
+    <message>
+        <source>The picture cannot be read: %1</source>
+        <translation>Das Bild kann nicht gelesen werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>PngEncoder</name>
+    <message>
+        <source>Failed to encode upscaled image</source>
+        <translation>Hochskaliertes Bild konnte nicht kodiert werden</translation>
+    </message>
+</context>
+<context>
+    <name>Preview</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Vorheriges</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Nächstes</translation>
+    </message>
+    <message>
+        <source>Set as Wallpaper</source>
+        <translation>Als Hintergrundbild setzen</translation>
+    </message>
+    <message>
+        <source>Unfavorite</source>
+        <translation>Kein Favorit mehr</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>Favorit</translation>
+    </message>
+    <message>
+        <source>Use Prompt</source>
+        <translation>Prompt verwenden</translation>
+    </message>
+    <message>
+        <source>Upscale to 4K</source>
+        <translation>Auf 4K hochskalieren</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message>
+        <source>Original</source>
+        <translation>Original</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>there is no display; see quorvane --help for what needs none</source>
+        <translation>es gibt keine Anzeige; quorvane --help nennt, was keine braucht</translation>
+    </message>
+    <message>
+        <source>the application runs already and does not answer</source>
+        <translation>das Programm läuft bereits und antwortet nicht</translation>
+    </message>
+</context>
+<context>
+    <name>ProgressText</name>
+    <message numerus="yes">
+        <source>%n s left</source>
+        <comment>seconds</comment>
+        <translation>
+            <numerusform>noch %n s</numerusform>
+            <numerusform>noch %n s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>about %n min left</source>
+        <comment>minutes</comment>
+        <translation>
+            <numerusform>noch etwa %n Min.</numerusform>
+            <numerusform>noch etwa %n Min.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n tiles</source>
+        <translation>
+            <numerusform>%1 von %n Kachel</numerusform>
+            <numerusform>%1 von %n Kacheln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>tiles, time left</comment>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>PromptEditor</name>
+    <message>
+        <source>Prompt</source>
+        <translation>Prompt</translation>
+    </message>
+</context>
+<context>
+    <name>ProviderError</name>
+    <message>
+        <source>Invalid response: %1</source>
+        <translation>Ungültige Antwort: %1</translation>
+    </message>
+    <message>
+        <source>API error: %1</source>
+        <translation>API-Fehler: %1</translation>
+    </message>
+    <message>
+        <source>Network error: %1</source>
+        <translation>Netzwerkfehler: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Reports</name>
+    <message>
+        <source>on</source>
+        <translation>ein</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>–</translation>
+    </message>
+    <message>
+        <source>Provider:     %1, model %2</source>
+        <translation>Anbieter:            %1, Modell %2</translation>
+    </message>
+    <message>
+        <source>Missing keys: %1</source>
+        <translation>Fehlende Schlüssel:  %1</translation>
+    </message>
+    <message>
+        <source>Prompt:       %1</source>
+        <translation>Prompt:              %1</translation>
+    </message>
+    <message>
+        <source>4K:           %1 (upscale method %2)</source>
+        <translation>4K:                  %1 (Hochskalierung: %2)</translation>
+    </message>
+    <message>
+        <source>NSFW:         %1</source>
+        <translation>NSFW:                %1</translation>
+    </message>
+    <message>
+        <source>Automatic:    %1, every %2</source>
+        <translation>Automatik:           %1, Intervall %2</translation>
+    </message>
+    <message>
+        <source>Wallpaper:    %1</source>
+        <translation>Hintergrundbild:     %1</translation>
+    </message>
+    <message>
+        <source>Desktop:      %1 (%2)</source>
+        <translation>Arbeitsumgebung:     %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Screens:      %1</source>
+        <translation>Bildschirme:         %1</translation>
+    </message>
+    <message>
+        <source>No wallpapers yet</source>
+        <translation>Noch keine Hintergrundbilder</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n tiles</source>
+        <translation>
+            <numerusform>%1 von %n Kachel</numerusform>
+            <numerusform>%1 von %n Kacheln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2:%3 left</source>
+        <translation>%1, noch %2:%3</translation>
+    </message>
+</context>
+<context>
+    <name>Schedule</name>
+    <message>
+        <source>Schedule</source>
+        <translation>Zeitplan</translation>
+    </message>
+    <message>
+        <source>Auto-generate</source>
+        <translation>Automatisch erzeugen</translation>
+    </message>
+    <message>
+        <source>Every</source>
+        <translation>Intervall</translation>
+    </message>
+</context>
+<context>
+    <name>ServiceRequest</name>
+    <message>
+        <source>Failed to decode base64 image</source>
+        <translation>base64-Bild konnte nicht dekodiert werden</translation>
+    </message>
+    <message>
+        <source>%1 must be an https address, or http on this machine.</source>
+        <translation>%1 muss eine https-Adresse sein, oder http auf diesem Rechner.</translation>
+    </message>
+    <message>
+        <source>Invalid URL</source>
+        <translation>Ungültige URL</translation>
+    </message>
+    <message>
+        <source>The stored API key has a character that cannot be sent. Save the key again.</source>
+        <translation>Der gespeicherte API-Schlüssel enthält ein Zeichen, das nicht gesendet werden kann. Speichern Sie den Schlüssel erneut.</translation>
+    </message>
+    <message>
+        <source>Failed to parse response</source>
+        <translation>Antwort nicht lesbar</translation>
+    </message>
+    <message>
+        <source>No image in response</source>
+        <translation>Kein Bild in der Antwort</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTable</name>
+    <message>
+        <source>unknown setting %1</source>
+        <translation>unbekannte Einstellung %1</translation>
+    </message>
+    <message>
+        <source>%1 takes true or false</source>
+        <translation>%1 nimmt true oder false</translation>
+    </message>
+    <message>
+        <source>%1 takes a whole number of minutes from 1 to %2</source>
+        <translation>%1 nimmt eine ganze Zahl von Minuten von 1 bis %2</translation>
+    </message>
+    <message>
+        <source>%1 takes one of: %2</source>
+        <translation>%1 nimmt eines von: %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsWindow</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>API Keys</source>
+        <translation>API-Schlüssel</translation>
+    </message>
+    <message>
+        <source>Advanced</source>
+        <translation>Erweitert</translation>
+    </message>
+</context>
+<context>
+    <name>Sidebar</name>
+    <message>
+        <source>Prompt</source>
+        <translation>Prompt</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Optionen</translation>
+    </message>
+    <message>
+        <source>4K resolution</source>
+        <translation>4K-Auflösung</translation>
+    </message>
+    <message>
+        <source>NSFW</source>
+        <translation>NSFW</translation>
+    </message>
+    <message>
+        <source>Generating...</source>
+        <translation>Wird erzeugt …</translation>
+    </message>
+    <message>
+        <source>Generate &amp; Set Wallpaper</source>
+        <translation>Erzeugen und anwenden</translation>
+    </message>
+    <message>
+        <source>Ctrl+Enter</source>
+        <translation>Strg+Eingabe</translation>
+    </message>
+</context>
+<context>
+    <name>SuperResolutionModel</name>
+    <message>
+        <source>element type %1</source>
+        <translation>Elementtyp %1</translation>
+    </message>
+    <message>
+        <source>any</source>
+        <comment>a length</comment>
+        <translation>beliebig</translation>
+    </message>
+    <message>
+        <source>The model does not fit: %1; needed is %2</source>
+        <translation>Das Modell passt nicht: %1; nötig ist %2</translation>
+    </message>
+    <message>
+        <source>float32 or float16 %1, or any height and width</source>
+        <translation>float32 oder float16 %1, oder beliebige Höhe und Breite</translation>
+    </message>
+    <message>
+        <source>The model cannot be read: %1</source>
+        <translation>Das Modell kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>its file has %1 bytes</source>
+        <translation>seine Datei hat %1 Bytes</translation>
+    </message>
+    <message>
+        <source>an ONNX file of at most %1</source>
+        <translation>eine ONNX-Datei von höchstens %1</translation>
+    </message>
+    <message>
+        <source>its input is %1 %2</source>
+        <translation>seine Eingabe ist %1 %2</translation>
+    </message>
+    <message>
+        <source>its output is %1 %2</source>
+        <translation>seine Ausgabe ist %1 %2</translation>
+    </message>
+    <message>
+        <source>its input has no declared shape</source>
+        <translation>seine Eingabe gibt keine Form an</translation>
+    </message>
+    <message>
+        <source>it has %1 inputs and %2 outputs</source>
+        <translation>es hat %1 Eingaben und %2 Ausgaben</translation>
+    </message>
+    <message>
+        <source>one picture in and one out</source>
+        <translation>ein Bild hinein und eines heraus</translation>
+    </message>
+    <message>
+        <source>No result from RealESRGAN model</source>
+        <translation>Kein Ergebnis vom RealESRGAN-Modell</translation>
+    </message>
+    <message>
+        <source>Failed to convert upscaled tile to CGImage</source>
+        <translation>Hochskalierte Kachel konnte nicht in ein CGImage umgewandelt werden</translation>
+    </message>
+    <message>
+        <source>it made %1 of a tile</source>
+        <translation>es hat aus einer Kachel %1 gemacht</translation>
+    </message>
+    <message>
+        <source>%1, %2, in &quot;%3&quot;, out &quot;%4&quot;</source>
+        <translation>%1, %2, Eingabe „%3“, Ausgabe „%4“</translation>
+    </message>
+    <message>
+        <source>tiles of 512 × 512</source>
+        <translation>Kacheln von 512 × 512</translation>
+    </message>
+    <message>
+        <source>tiles of any size</source>
+        <translation>Kacheln beliebiger Größe</translation>
+    </message>
+</context>
+<context>
+    <name>SwaySocket</name>
+    <message>
+        <source>sway&apos;s socket has no usable path</source>
+        <translation>der Socket von sway hat keinen brauchbaren Pfad</translation>
+    </message>
+    <message>
+        <source>sway cannot be reached: %1</source>
+        <translation>sway ist nicht erreichbar: %1</translation>
+    </message>
+    <message>
+        <source>sway&apos;s answer cannot be understood</source>
+        <translation>die Antwort von sway ist nicht zu verstehen</translation>
+    </message>
+    <message>
+        <source>sway does not answer</source>
+        <translation>sway antwortet nicht</translation>
+    </message>
+    <message>
+        <source>sway ended the connection: %1</source>
+        <translation>sway hat die Verbindung beendet: %1</translation>
+    </message>
+    <message>
+        <source>sway ended the connection</source>
+        <translation>sway hat die Verbindung beendet</translation>
+    </message>
+</context>
+<context>
+    <name>UpscaleErrors</name>
+    <message>
+        <source>The upscale was stopped</source>
+        <translation>Das Hochskalieren wurde abgebrochen</translation>
+    </message>
+</context>
+<context>
+    <name>UpscaledCanvas</name>
+    <message>
+        <source>Failed to create output context</source>
+        <translation>Ausgabekontext konnte nicht erstellt werden</translation>
+    </message>
+    <message>
+        <source>The upscaled image does not resemble the original at tile (%1, %2)</source>
+        <translation>Das hochskalierte Bild ähnelt bei Kachel (%1, %2) nicht dem Original</translation>
+    </message>
+</context>
+<context>
+    <name>UpscalingNotice</name>
+    <message>
+        <source>Upscaling to 4K...</source>
+        <translation>Wird auf 4K hochskaliert …</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::APIKeyRow</name>
+    <message>
+        <source>%1 API Key</source>
+        <translation>%1-API-Schlüssel</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::APIKeysModel</name>
+    <message>
+        <source>Gemini</source>
+        <translation>Gemini</translation>
+    </message>
+    <message>
+        <source>Used for default generation and 4K upscaling.</source>
+        <translation>Zum Erzeugen in der Voreinstellung und für die 4K-Hochskalierung.</translation>
+    </message>
+    <message>
+        <source>Grok (xAI)</source>
+        <translation>Grok (xAI)</translation>
+    </message>
+    <message>
+        <source>Grok</source>
+        <translation>Grok</translation>
+    </message>
+    <message>
+        <source>Used when NSFW is enabled.</source>
+        <translation>Wird verwendet, wenn NSFW eingeschaltet ist.</translation>
+    </message>
+    <message>
+        <source>OpenAI</source>
+        <translation>OpenAI</translation>
+    </message>
+    <message>
+        <source>Available as an override in Advanced settings.</source>
+        <translation>Kann unter „Erweitert“ fest gewählt werden.</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::AdvancedModel</name>
+    <message>
+        <source>%1 Model</source>
+        <translation>%1-Modell</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>%1 produces 4K natively — no upscaling needed.</source>
+        <translation>%1 erzeugt 4K direkt – kein Hochskalieren nötig.</translation>
+    </message>
+    <message>
+        <source>Gemini (API)</source>
+        <translation>Gemini (API)</translation>
+    </message>
+    <message>
+        <source>Local (on-device)</source>
+        <translation>Lokal (auf diesem Gerät)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::Scenes</name>
+    <message>
+        <source>it is no window</source>
+        <translation>es ist kein Fenster</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 kann nicht geöffnet werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::SidebarModel</name>
+    <message>
+        <source>+ Local 4K</source>
+        <translation>+ Lokal 4K</translation>
+    </message>
+    <message>
+        <source>+ Gemini 4K</source>
+        <translation>+ Gemini 4K</translation>
+    </message>
+    <message>
+        <source>Next: %1</source>
+        <translation>Nächstes: %1</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::WallpaperApp</name>
+    <message>
+        <source>The window cannot be opened</source>
+        <translation>Das Fenster kann nicht geöffnet werden</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::WallpaperManager</name>
+    <message>
+        <source>Gemini (for 4K upscale)</source>
+        <translation>Gemini (für die 4K-Hochskalierung)</translation>
+    </message>
+    <message>
+        <source>No screen found</source>
+        <translation>Kein Bildschirm gefunden</translation>
+    </message>
+    <message>
+        <source>Failed: %1</source>
+        <translation>Fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Wallpaper set!</source>
+        <translation>Hintergrundbild gesetzt!</translation>
+    </message>
+    <message>
+        <source>Failed to sync wallpaper: %1</source>
+        <translation>Hintergrundbild konnte nicht abgeglichen werden: %1</translation>
+    </message>
+    <message>
+        <source>Missing %1 API key — open Settings (⌘,)</source>
+        <translation>API-Schlüssel für %1 fehlt – öffnen Sie die Einstellungen (⌘,)</translation>
+    </message>
+    <message>
+        <source>Failed to save image</source>
+        <translation>Bild konnte nicht gespeichert werden</translation>
+    </message>
+    <message>
+        <source>Upscaling to 4K (local)...</source>
+        <translation>Wird auf 4K hochskaliert (lokal) …</translation>
+    </message>
+    <message>
+        <source>Upscaling to 4K...</source>
+        <translation>Wird auf 4K hochskaliert …</translation>
+    </message>
+    <message>
+        <source>Local upscale failed, using original — %1</source>
+        <translation>Lokales Hochskalieren fehlgeschlagen, das Original wird verwendet – %1</translation>
+    </message>
+    <message>
+        <source>Upscale failed, using original — %1</source>
+        <translation>Hochskalieren fehlgeschlagen, das Original wird verwendet – %1</translation>
+    </message>
+    <message>
+        <source>No Gemini API key — switch to Local upscale in Settings &gt; Advanced</source>
+        <translation>Kein Gemini-API-Schlüssel – wechseln Sie unter Einstellungen &gt; Erweitert zur lokalen Hochskalierung</translation>
+    </message>
+    <message>
+        <source>Upscale failed: %1</source>
+        <translation>Hochskalieren fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Failed to save upscaled image</source>
+        <translation>Hochskaliertes Bild konnte nicht gespeichert werden</translation>
+    </message>
+</context>
+</TS>

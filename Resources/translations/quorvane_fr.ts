@@ -1,0 +1,1120 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>APIKeysTab</name>
+    <message>
+        <source>Remove this key</source>
+        <translation>Supprimer cette clé</translation>
+    </message>
+    <message>
+        <source>Saved in Keychain</source>
+        <translation>Enregistrée dans le trousseau</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedTab</name>
+    <message>
+        <source>Provider</source>
+        <translation>Fournisseur</translation>
+    </message>
+    <message>
+        <source>Auto selects Gemini by default, Grok when NSFW is on.
+Pick a specific provider to use it for every generation.</source>
+        <translation>« Automatique » choisit Gemini par défaut, Grok quand NSFW est activé.
+Choisissez un fournisseur précis pour l’utiliser à chaque génération.</translation>
+    </message>
+    <message>
+        <source>4K Upscaling</source>
+        <translation>Agrandissement 4K</translation>
+    </message>
+    <message>
+        <source>Upscale Method</source>
+        <translation>Méthode</translation>
+    </message>
+    <message>
+        <source>Gemini uses the API (requires key). Local runs RealESRGAN on-device (offline, no API key needed).</source>
+        <translation>Gemini utilise l’API (clé requise). Local exécute RealESRGAN sur cet appareil (hors ligne, sans clé API).</translation>
+    </message>
+    <message>
+        <source>Models</source>
+        <translation>Modèles</translation>
+    </message>
+</context>
+<context>
+    <name>Album</name>
+    <message>
+        <source>Favorites</source>
+        <translation>Favoris</translation>
+    </message>
+    <message>
+        <source>Uncategorized</source>
+        <translation>Sans invite</translation>
+    </message>
+</context>
+<context>
+    <name>AlbumTile</name>
+    <message numerus="yes">
+        <source>%1, %n pictures</source>
+        <translation>
+            <numerusform>%1, %n image</numerusform>
+            <numerusform>%1, %n images</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CommandLine</name>
+    <message>
+        <source>--prompt needs a text</source>
+        <translation>--prompt attend un texte</translation>
+    </message>
+    <message>
+        <source>unknown option %1</source>
+        <translation>option inconnue %1</translation>
+    </message>
+    <message>
+        <source>unknown command %1</source>
+        <translation>commande inconnue %1</translation>
+    </message>
+    <message>
+        <source>usage: %1</source>
+        <translation>utilisation : %1</translation>
+    </message>
+    <message>
+        <source>Usage: quorvane [--hidden]
+       quorvane COMMAND [--json]
+
+Without a command the application starts and opens its window (--hidden: tray only).
+
+  generate [--prompt TEXT]      make a picture and set it as the wallpaper
+  upscale FILE                  make a 4K copy of a picture and set it
+  set FILE                      set a picture as the wallpaper of every screen
+  status                        provider, settings, schedule, wallpaper, screens
+  history, albums               what the gallery lists, in its order
+  favorite FILE                 mark a picture as a favourite, or no longer
+  delete FILE                   delete a picture and its 4K partner for good
+  settings [KEY [VALUE]]        print all, print one, set one; --unset KEY
+  key list|set ID|delete ID     API keys of gemini, grok, openai; set reads
+                                the key from standard input
+  auto on|off                   automatic mode
+  autostart on|off              start with the session
+  model [install FILE]          the super-resolution network
+  quit                          end the running application
+
+FILE is a path, or the name of a picture in the library.
+Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
+</source>
+        <translation>Utilisation : quorvane [--hidden]
+              quorvane COMMANDE [--json]
+
+Sans commande, l’application démarre et ouvre sa fenêtre (--hidden : seulement l’icône de notification).
+
+  generate [--prompt TEXTE]     générer une image et l’appliquer en fond d’écran
+  upscale FICHIER               faire une copie 4K d’une image et l’appliquer
+  set FICHIER                   appliquer une image à tous les écrans
+  status                        fournisseur, réglages, programmation, fond d’écran,
+                                écrans
+  history, albums               ce que montre la galerie, dans son ordre
+  favorite FICHIER              marquer une image comme favorite, ou ne plus
+  delete FICHIER                supprimer définitivement une image et son
+                                équivalent 4K
+  settings [NOM [VALEUR]]       tout afficher, en afficher un, en définir un ;
+                                --unset NOM
+  key list|set ID|delete ID     clés API de gemini, grok, openai ; set lit la clé
+                                sur l’entrée standard
+  auto on|off                   mode automatique
+  autostart on|off              démarrer avec la session
+  model [install FICHIER]       le réseau d’agrandissement
+  quit                          quitter l’application lancée
+
+FICHIER est un chemin, ou le nom d’une image de la bibliothèque.
+Code de retour : 0 terminé, 1 terminé par une erreur, 2 ligne de commande fausse.
+</translation>
+    </message>
+</context>
+<context>
+    <name>Commands</name>
+    <message>
+        <source>could not delete %1</source>
+        <translation>impossible de supprimer %1</translation>
+    </message>
+    <message>
+        <source>could not write %1</source>
+        <translation>impossible d’écrire %1</translation>
+    </message>
+    <message>
+        <source>unknown setting %1</source>
+        <translation>réglage inconnu %1</translation>
+    </message>
+    <message>
+        <source>no such file: %1</source>
+        <translation>aucun fichier de ce nom : %1</translation>
+    </message>
+    <message>
+        <source>not in the library: %1</source>
+        <translation>absent de la bibliothèque : %1</translation>
+    </message>
+    <message>
+        <source>no key on standard input</source>
+        <translation>aucune clé sur l’entrée standard</translation>
+    </message>
+    <message>
+        <source>could not write the key file</source>
+        <translation>impossible d’écrire le fichier des clés</translation>
+    </message>
+    <message>
+        <source>could not write the autostart entry</source>
+        <translation>impossible d’écrire l’entrée de démarrage automatique</translation>
+    </message>
+    <message>
+        <source>API key for %1: </source>
+        <translation>Clé API pour %1 : </translation>
+    </message>
+    <message>
+        <source>standard input holds no key</source>
+        <translation>l’entrée standard ne contient aucune clé</translation>
+    </message>
+    <message>
+        <source>the application is not running</source>
+        <translation>l’application n’est pas lancée</translation>
+    </message>
+    <message>
+        <source>the application did not answer: %1</source>
+        <translation>l’application n’a pas répondu : %1</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopChoice</name>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>
+        <translation>QUORVANE_DESKTOP vaut « %1 », qui ne figure pas parmi %2</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, which this version does not support yet</source>
+        <translation>QUORVANE_DESKTOP vaut « %1 », que cette version ne prend pas encore en charge</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but QUORVANE_WALLPAPER_COMMAND is not set</source>
+        <translation>QUORVANE_DESKTOP vaut « %1 », mais QUORVANE_WALLPAPER_COMMAND n’est pas définie</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but SWAYSOCK is not set</source>
+        <translation>QUORVANE_DESKTOP vaut « %1 », mais SWAYSOCK n’est pas définie</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but DISPLAY is not set</source>
+        <translation>QUORVANE_DESKTOP vaut « %1 », mais DISPLAY n’est pas définie</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;</source>
+        <translation>QUORVANE_DESKTOP vaut « %1 »</translation>
+    </message>
+    <message>
+        <source>QUORVANE_WALLPAPER_COMMAND is set</source>
+        <translation>QUORVANE_WALLPAPER_COMMAND est définie</translation>
+    </message>
+    <message>
+        <source>sway answers on SWAYSOCK</source>
+        <translation>sway répond sur SWAYSOCK</translation>
+    </message>
+    <message>
+        <source>this Wayland desktop is not supported yet; QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture</source>
+        <translation>cet environnement Wayland n’est pas encore pris en charge ; QUORVANE_WALLPAPER_COMMAND peut désigner un programme qui applique l’image</translation>
+    </message>
+    <message>
+        <source>DISPLAY is set and no desktop paints over the X11 root window</source>
+        <translation>DISPLAY est définie et aucun environnement de bureau ne recouvre la fenêtre racine X11</translation>
+    </message>
+    <message>
+        <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, which is not supported yet; QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture</source>
+        <translation>XDG_CURRENT_DESKTOP désigne « %1 », qui n’est pas encore pris en charge ; QUORVANE_WALLPAPER_COMMAND peut désigner un programme qui applique l’image</translation>
+    </message>
+    <message>
+        <source>SWAYSOCK is set, but nobody answers on it</source>
+        <translation>SWAYSOCK est définie, mais personne n’y répond</translation>
+    </message>
+    <message>
+        <source>neither SWAYSOCK nor DISPLAY is set</source>
+        <translation>ni SWAYSOCK ni DISPLAY n’est définie</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureCommand</name>
+    <message>
+        <source>The wallpaper command &quot;%1&quot; cannot be started: %2</source>
+        <translation>Impossible de lancer la commande de fond d’écran « %1 » : %2</translation>
+    </message>
+    <message>
+        <source>The wallpaper command &quot;%1&quot; did not end within %2 seconds</source>
+        <translation>La commande de fond d’écran « %1 » ne s’est pas terminée en %2 secondes</translation>
+    </message>
+    <message>
+        <source>The wallpaper command &quot;%1&quot; ended with status %2</source>
+        <translation>La commande de fond d’écran « %1 » s’est terminée avec l’état %2</translation>
+    </message>
+    <message>
+        <source>The wallpaper command &quot;%1&quot; was ended by a signal</source>
+        <translation>La commande de fond d’écran « %1 » a été interrompue par un signal</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureSway</name>
+    <message>
+        <source>The picture cannot be copied for sway</source>
+        <translation>Impossible de copier l’image pour sway</translation>
+    </message>
+    <message>
+        <source>No folder could hold a copy of the picture under a name that sway takes</source>
+        <translation>Aucun dossier n’a pu recevoir une copie de l’image sous un nom accepté par sway</translation>
+    </message>
+    <message>
+        <source>sway has no screen &quot;%1&quot;</source>
+        <translation>sway n’a pas d’écran « %1 »</translation>
+    </message>
+    <message>
+        <source>sway&apos;s answer cannot be understood</source>
+        <translation>la réponse de sway est incompréhensible</translation>
+    </message>
+    <message>
+        <source>sway refused the picture</source>
+        <translation>sway a refusé l’image</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureX11</name>
+    <message>
+        <source>The X server cannot be reached</source>
+        <translation>Le serveur X est injoignable</translation>
+    </message>
+    <message>
+        <source>The X server&apos;s colours are of a kind that is not supported</source>
+        <translation>Les couleurs du serveur X sont d’un type non pris en charge</translation>
+    </message>
+    <message>
+        <source>The X server has no screen &quot;%1&quot;</source>
+        <translation>Le serveur X n’a pas d’écran « %1 »</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for the picture</source>
+        <translation>La mémoire ne suffit pas pour cette image</translation>
+    </message>
+    <message>
+        <source>The X server did not take the picture</source>
+        <translation>Le serveur X n’a pas accepté l’image</translation>
+    </message>
+    <message>
+        <source>The X server does not answer</source>
+        <translation>Le serveur X ne répond pas</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyState</name>
+    <message>
+        <source>No wallpapers yet</source>
+        <translation>Aucun fond d’écran pour l’instant</translation>
+    </message>
+    <message>
+        <source>Generate your first wallpaper
+using the sidebar controls.</source>
+        <translation>Générez votre premier fond d’écran
+avec les commandes du panneau latéral.</translation>
+    </message>
+</context>
+<context>
+    <name>FullScreenViewer</name>
+    <message>
+        <source>Quorvane</source>
+        <translation>Quorvane</translation>
+    </message>
+</context>
+<context>
+    <name>Gallery</name>
+    <message>
+        <source>Albums</source>
+        <translation>Albums</translation>
+    </message>
+    <message>
+        <source>Use Prompt</source>
+        <translation>Utiliser l’invite</translation>
+    </message>
+</context>
+<context>
+    <name>GeminiUpscale</name>
+    <message>
+        <source>Failed to parse upscale response</source>
+        <translation>Réponse d’agrandissement illisible</translation>
+    </message>
+    <message>
+        <source>No image in upscale response</source>
+        <translation>Aucune image dans la réponse d’agrandissement</translation>
+    </message>
+    <message>
+        <source>Upscale failed: %1</source>
+        <translation>Échec de l’agrandissement : %1</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryTile</name>
+    <message>
+        <source>Upscaling to 4K...</source>
+        <translation>Agrandissement en 4K…</translation>
+    </message>
+    <message>
+        <source>Unfavorite</source>
+        <translation>Retirer des favoris</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>Favori</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Appliquer</translation>
+    </message>
+    <message>
+        <source>Delete for good, together with its 4K partner</source>
+        <translation>Supprimer définitivement, avec son équivalent 4K</translation>
+    </message>
+</context>
+<context>
+    <name>HttpClient</name>
+    <message>
+        <source>The address is neither https nor on this machine.</source>
+        <translation>L’adresse n’est ni en https ni sur cette machine.</translation>
+    </message>
+    <message>
+        <source>The service redirected to an address without encryption.</source>
+        <translation>Le service a redirigé vers une adresse sans chiffrement.</translation>
+    </message>
+    <message>
+        <source>The service redirected too many times.</source>
+        <translation>Le service a redirigé trop de fois.</translation>
+    </message>
+    <message>
+        <source>The request was cancelled.</source>
+        <translation>La requête a été annulée.</translation>
+    </message>
+    <message>
+        <source>The answer is larger than %1 MiB.</source>
+        <translation>La réponse dépasse %1 Mio.</translation>
+    </message>
+    <message>
+        <source>No secure connection to %1: %2</source>
+        <translation>Pas de connexion sûre à %1 : %2</translation>
+    </message>
+    <message>
+        <source>The request timed out.</source>
+        <translation>La requête a expiré.</translation>
+    </message>
+</context>
+<context>
+    <name>ImageRecords</name>
+    <message>
+        <source>MMM d, HH:mm</source>
+        <comment>Day and time below a picture, in the letters of QLocale::toString()</comment>
+        <translation>d MMM, HH:mm</translation>
+    </message>
+</context>
+<context>
+    <name>IntervalLabel</name>
+    <message>
+        <source>%1 min</source>
+        <comment>an interval</comment>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <comment>an interval</comment>
+        <translation>1 heure</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hours</source>
+        <comment>an interval of two or more</comment>
+        <translation>
+            <numerusform>%n heure</numerusform>
+            <numerusform>%n heures</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>LocalUpscaler</name>
+    <message>
+        <source>Failed to crop tile at (%1, %2)</source>
+        <translation>Échec du découpage de la tuile (%1, %2)</translation>
+    </message>
+    <message>
+        <source>Failed to decode image for upscaling</source>
+        <translation>Échec du décodage de l’image à agrandir</translation>
+    </message>
+    <message>
+        <source>The RealESRGAN model gave values that are not numbers for the tile at (%1, %2)</source>
+        <translation>Le modèle RealESRGAN a donné des valeurs qui ne sont pas des nombres pour la tuile (%1, %2)</translation>
+    </message>
+    <message>
+        <source>Failed to create padding context</source>
+        <translation>Échec de la création du contexte de remplissage</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Quorvane</source>
+        <translation>Quorvane</translation>
+    </message>
+</context>
+<context>
+    <name>MenuBar</name>
+    <message>
+        <source>Generating...</source>
+        <translation>Génération…</translation>
+    </message>
+    <message>
+        <source>Next: %1</source>
+        <translation>Prochain : %1</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>En attente</translation>
+    </message>
+    <message>
+        <source>Generate Now</source>
+        <translation>Générer maintenant</translation>
+    </message>
+    <message>
+        <source>Auto-Generate</source>
+        <translation>Génération automatique</translation>
+    </message>
+    <message>
+        <source>Open Window</source>
+        <translation>Ouvrir la fenêtre</translation>
+    </message>
+    <message>
+        <source>Settings...</source>
+        <translation>Paramètres…</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Quitter</translation>
+    </message>
+</context>
+<context>
+    <name>MissingKeys</name>
+    <message>
+        <source>Missing %1 API key</source>
+        <translation>Clé API manquante : %1</translation>
+    </message>
+    <message>
+        <source>Open Settings (⌘,)</source>
+        <translation>Ouvrir les paramètres (⌘,)</translation>
+    </message>
+</context>
+<context>
+    <name>ModelFiles</name>
+    <message>
+        <source>The model cannot be copied: %1</source>
+        <translation>Impossible de copier le modèle : %1</translation>
+    </message>
+    <message>
+        <source>RealESRGAN model not found in app bundle</source>
+        <translation>Modèle RealESRGAN introuvable dans l’application</translation>
+    </message>
+    <message>
+        <source>writing %1 failed</source>
+        <translation>échec de l’écriture de %1</translation>
+    </message>
+</context>
+<context>
+    <name>Notices</name>
+    <message>
+        <source>No new wallpaper</source>
+        <translation>Pas de nouveau fond d’écran</translation>
+    </message>
+    <message>
+        <source>New wallpaper</source>
+        <translation>Nouveau fond d’écran</translation>
+    </message>
+</context>
+<context>
+    <name>PictureFile</name>
+    <message>
+        <source>The picture cannot be read: %1</source>
+        <translation>Impossible de lire l’image : %1</translation>
+    </message>
+</context>
+<context>
+    <name>PngEncoder</name>
+    <message>
+        <source>Failed to encode upscaled image</source>
+        <translation>Échec de l’encodage de l’image agrandie</translation>
+    </message>
+</context>
+<context>
+    <name>Preview</name>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Précédente</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Suivante</translation>
+    </message>
+    <message>
+        <source>Set as Wallpaper</source>
+        <translation>Définir comme fond d’écran</translation>
+    </message>
+    <message>
+        <source>Unfavorite</source>
+        <translation>Retirer des favoris</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>Favori</translation>
+    </message>
+    <message>
+        <source>Use Prompt</source>
+        <translation>Utiliser l’invite</translation>
+    </message>
+    <message>
+        <source>Upscale to 4K</source>
+        <translation>Agrandir en 4K</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Plein écran</translation>
+    </message>
+    <message>
+        <source>Original</source>
+        <translation>Original</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>there is no display; see quorvane --help for what needs none</source>
+        <translation>il n’y a pas d’affichage ; quorvane --help indique ce qui n’en demande pas</translation>
+    </message>
+    <message>
+        <source>the application runs already and does not answer</source>
+        <translation>l’application est déjà lancée et ne répond pas</translation>
+    </message>
+</context>
+<context>
+    <name>ProgressText</name>
+    <message numerus="yes">
+        <source>%n s left</source>
+        <comment>seconds</comment>
+        <translation>
+            <numerusform>encore %n s</numerusform>
+            <numerusform>encore %n s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>about %n min left</source>
+        <comment>minutes</comment>
+        <translation>
+            <numerusform>encore %n min environ</numerusform>
+            <numerusform>encore %n min environ</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n tiles</source>
+        <translation>
+            <numerusform>tuile %1 sur %n</numerusform>
+            <numerusform>tuile %1 sur %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>tiles, time left</comment>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>PromptEditor</name>
+    <message>
+        <source>Prompt</source>
+        <translation>Invite</translation>
+    </message>
+</context>
+<context>
+    <name>ProviderError</name>
+    <message>
+        <source>Invalid response: %1</source>
+        <translation>Réponse non valide : %1</translation>
+    </message>
+    <message>
+        <source>API error: %1</source>
+        <translation>Erreur de l’API : %1</translation>
+    </message>
+    <message>
+        <source>Network error: %1</source>
+        <translation>Erreur réseau : %1</translation>
+    </message>
+</context>
+<context>
+    <name>Reports</name>
+    <message>
+        <source>on</source>
+        <translation>activé</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>désactivé</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>—</translation>
+    </message>
+    <message>
+        <source>Provider:     %1, model %2</source>
+        <translation>Fournisseur :      %1, modèle %2</translation>
+    </message>
+    <message>
+        <source>Missing keys: %1</source>
+        <translation>Clés manquantes :  %1</translation>
+    </message>
+    <message>
+        <source>Prompt:       %1</source>
+        <translation>Invite :           %1</translation>
+    </message>
+    <message>
+        <source>4K:           %1 (upscale method %2)</source>
+        <translation>4K :               %1 (agrandissement : %2)</translation>
+    </message>
+    <message>
+        <source>NSFW:         %1</source>
+        <translation>NSFW :             %1</translation>
+    </message>
+    <message>
+        <source>Automatic:    %1, every %2</source>
+        <translation>Automatique :      %1, intervalle %2</translation>
+    </message>
+    <message>
+        <source>Wallpaper:    %1</source>
+        <translation>Fond d’écran :     %1</translation>
+    </message>
+    <message>
+        <source>Desktop:      %1 (%2)</source>
+        <translation>Bureau :           %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Screens:      %1</source>
+        <translation>Écrans :           %1</translation>
+    </message>
+    <message>
+        <source>No wallpapers yet</source>
+        <translation>Aucun fond d’écran pour l’instant</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n tiles</source>
+        <translation>
+            <numerusform>tuile %1 sur %n</numerusform>
+            <numerusform>tuile %1 sur %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2:%3 left</source>
+        <translation>%1, encore %2:%3</translation>
+    </message>
+</context>
+<context>
+    <name>Schedule</name>
+    <message>
+        <source>Schedule</source>
+        <translation>Programmation</translation>
+    </message>
+    <message>
+        <source>Auto-generate</source>
+        <translation>Génération automatique</translation>
+    </message>
+    <message>
+        <source>Every</source>
+        <translation>Intervalle</translation>
+    </message>
+</context>
+<context>
+    <name>ServiceRequest</name>
+    <message>
+        <source>Failed to decode base64 image</source>
+        <translation>Échec du décodage de l’image base64</translation>
+    </message>
+    <message>
+        <source>%1 must be an https address, or http on this machine.</source>
+        <translation>%1 doit être une adresse https, ou http sur cette machine.</translation>
+    </message>
+    <message>
+        <source>Invalid URL</source>
+        <translation>URL non valide</translation>
+    </message>
+    <message>
+        <source>The stored API key has a character that cannot be sent. Save the key again.</source>
+        <translation>La clé API enregistrée contient un caractère qui ne peut pas être envoyé. Enregistrez de nouveau la clé.</translation>
+    </message>
+    <message>
+        <source>Failed to parse response</source>
+        <translation>Réponse illisible</translation>
+    </message>
+    <message>
+        <source>No image in response</source>
+        <translation>Aucune image dans la réponse</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTable</name>
+    <message>
+        <source>unknown setting %1</source>
+        <translation>réglage inconnu %1</translation>
+    </message>
+    <message>
+        <source>%1 takes true or false</source>
+        <translation>%1 accepte true ou false</translation>
+    </message>
+    <message>
+        <source>%1 takes a whole number of minutes from 1 to %2</source>
+        <translation>%1 accepte un nombre entier de minutes de 1 à %2</translation>
+    </message>
+    <message>
+        <source>%1 takes one of: %2</source>
+        <translation>%1 accepte une valeur parmi : %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsWindow</name>
+    <message>
+        <source>Settings</source>
+        <translation>Paramètres</translation>
+    </message>
+    <message>
+        <source>API Keys</source>
+        <translation>Clés API</translation>
+    </message>
+    <message>
+        <source>Advanced</source>
+        <translation>Avancé</translation>
+    </message>
+</context>
+<context>
+    <name>Sidebar</name>
+    <message>
+        <source>Prompt</source>
+        <translation>Invite</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Options</translation>
+    </message>
+    <message>
+        <source>4K resolution</source>
+        <translation>Résolution 4K</translation>
+    </message>
+    <message>
+        <source>NSFW</source>
+        <translation>NSFW</translation>
+    </message>
+    <message>
+        <source>Generating...</source>
+        <translation>Génération…</translation>
+    </message>
+    <message>
+        <source>Generate &amp; Set Wallpaper</source>
+        <translation>Générer et appliquer</translation>
+    </message>
+    <message>
+        <source>Ctrl+Enter</source>
+        <translation>Ctrl+Entrée</translation>
+    </message>
+</context>
+<context>
+    <name>SuperResolutionModel</name>
+    <message>
+        <source>element type %1</source>
+        <translation>type d’élément %1</translation>
+    </message>
+    <message>
+        <source>any</source>
+        <comment>a length</comment>
+        <translation>quelconque</translation>
+    </message>
+    <message>
+        <source>The model does not fit: %1; needed is %2</source>
+        <translation>Le modèle ne convient pas : %1 ; il faut %2</translation>
+    </message>
+    <message>
+        <source>float32 or float16 %1, or any height and width</source>
+        <translation>float32 ou float16 %1, ou une hauteur et une largeur quelconques</translation>
+    </message>
+    <message>
+        <source>The model cannot be read: %1</source>
+        <translation>Impossible de lire le modèle : %1</translation>
+    </message>
+    <message>
+        <source>its file has %1 bytes</source>
+        <translation>son fichier a %1 octets</translation>
+    </message>
+    <message>
+        <source>an ONNX file of at most %1</source>
+        <translation>un fichier ONNX de %1 au plus</translation>
+    </message>
+    <message>
+        <source>its input is %1 %2</source>
+        <translation>son entrée est %1 %2</translation>
+    </message>
+    <message>
+        <source>its output is %1 %2</source>
+        <translation>sa sortie est %1 %2</translation>
+    </message>
+    <message>
+        <source>its input has no declared shape</source>
+        <translation>son entrée ne déclare pas de forme</translation>
+    </message>
+    <message>
+        <source>it has %1 inputs and %2 outputs</source>
+        <translation>il a %1 entrées et %2 sorties</translation>
+    </message>
+    <message>
+        <source>one picture in and one out</source>
+        <translation>une image en entrée et une en sortie</translation>
+    </message>
+    <message>
+        <source>No result from RealESRGAN model</source>
+        <translation>Aucun résultat du modèle RealESRGAN</translation>
+    </message>
+    <message>
+        <source>Failed to convert upscaled tile to CGImage</source>
+        <translation>Échec de la conversion de la tuile agrandie en CGImage</translation>
+    </message>
+    <message>
+        <source>it made %1 of a tile</source>
+        <translation>il a fait %1 d’une tuile</translation>
+    </message>
+    <message>
+        <source>%1, %2, in &quot;%3&quot;, out &quot;%4&quot;</source>
+        <translation>%1, %2, entrée « %3 », sortie « %4 »</translation>
+    </message>
+    <message>
+        <source>tiles of 512 × 512</source>
+        <translation>tuiles de 512 × 512</translation>
+    </message>
+    <message>
+        <source>tiles of any size</source>
+        <translation>tuiles de toute taille</translation>
+    </message>
+</context>
+<context>
+    <name>SwaySocket</name>
+    <message>
+        <source>sway&apos;s socket has no usable path</source>
+        <translation>le socket de sway n’a pas de chemin utilisable</translation>
+    </message>
+    <message>
+        <source>sway cannot be reached: %1</source>
+        <translation>sway est injoignable : %1</translation>
+    </message>
+    <message>
+        <source>sway&apos;s answer cannot be understood</source>
+        <translation>la réponse de sway est incompréhensible</translation>
+    </message>
+    <message>
+        <source>sway does not answer</source>
+        <translation>sway ne répond pas</translation>
+    </message>
+    <message>
+        <source>sway ended the connection: %1</source>
+        <translation>sway a mis fin à la connexion : %1</translation>
+    </message>
+    <message>
+        <source>sway ended the connection</source>
+        <translation>sway a mis fin à la connexion</translation>
+    </message>
+</context>
+<context>
+    <name>UpscaleErrors</name>
+    <message>
+        <source>The upscale was stopped</source>
+        <translation>L’agrandissement a été arrêté</translation>
+    </message>
+</context>
+<context>
+    <name>UpscaledCanvas</name>
+    <message>
+        <source>Failed to create output context</source>
+        <translation>Échec de la création du contexte de sortie</translation>
+    </message>
+    <message>
+        <source>The upscaled image does not resemble the original at tile (%1, %2)</source>
+        <translation>L’image agrandie ne ressemble pas à l’original à la tuile (%1, %2)</translation>
+    </message>
+</context>
+<context>
+    <name>UpscalingNotice</name>
+    <message>
+        <source>Upscaling to 4K...</source>
+        <translation>Agrandissement en 4K…</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::APIKeyRow</name>
+    <message>
+        <source>%1 API Key</source>
+        <translation>Clé API %1</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Mettre à jour</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Enregistrer</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::APIKeysModel</name>
+    <message>
+        <source>Gemini</source>
+        <translation>Gemini</translation>
+    </message>
+    <message>
+        <source>Used for default generation and 4K upscaling.</source>
+        <translation>Utilisée pour la génération par défaut et l’agrandissement 4K.</translation>
+    </message>
+    <message>
+        <source>Grok (xAI)</source>
+        <translation>Grok (xAI)</translation>
+    </message>
+    <message>
+        <source>Grok</source>
+        <translation>Grok</translation>
+    </message>
+    <message>
+        <source>Used when NSFW is enabled.</source>
+        <translation>Utilisée quand NSFW est activé.</translation>
+    </message>
+    <message>
+        <source>OpenAI</source>
+        <translation>OpenAI</translation>
+    </message>
+    <message>
+        <source>Available as an override in Advanced settings.</source>
+        <translation>Peut être choisi dans les paramètres avancés.</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::AdvancedModel</name>
+    <message>
+        <source>%1 Model</source>
+        <translation>Modèle %1</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Automatique</translation>
+    </message>
+    <message>
+        <source>%1 produces 4K natively — no upscaling needed.</source>
+        <translation>%1 produit la 4K nativement — aucun agrandissement nécessaire.</translation>
+    </message>
+    <message>
+        <source>Gemini (API)</source>
+        <translation>Gemini (API)</translation>
+    </message>
+    <message>
+        <source>Local (on-device)</source>
+        <translation>Local (sur cet appareil)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::Scenes</name>
+    <message>
+        <source>it is no window</source>
+        <translation>ce n’est pas une fenêtre</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>impossible d’ouvrir %1 : %2</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::SidebarModel</name>
+    <message>
+        <source>+ Local 4K</source>
+        <translation>+ 4K locale</translation>
+    </message>
+    <message>
+        <source>+ Gemini 4K</source>
+        <translation>+ 4K Gemini</translation>
+    </message>
+    <message>
+        <source>Next: %1</source>
+        <translation>Prochain : %1</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::WallpaperApp</name>
+    <message>
+        <source>The window cannot be opened</source>
+        <translation>Impossible d’ouvrir la fenêtre</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::WallpaperManager</name>
+    <message>
+        <source>Gemini (for 4K upscale)</source>
+        <translation>Gemini (pour l’agrandissement 4K)</translation>
+    </message>
+    <message>
+        <source>No screen found</source>
+        <translation>Aucun écran trouvé</translation>
+    </message>
+    <message>
+        <source>Failed: %1</source>
+        <translation>Échec : %1</translation>
+    </message>
+    <message>
+        <source>Wallpaper set!</source>
+        <translation>Fond d’écran appliqué !</translation>
+    </message>
+    <message>
+        <source>Failed to sync wallpaper: %1</source>
+        <translation>Échec de la synchronisation du fond d’écran : %1</translation>
+    </message>
+    <message>
+        <source>Missing %1 API key — open Settings (⌘,)</source>
+        <translation>Clé API manquante : %1 — ouvrez les paramètres (⌘,)</translation>
+    </message>
+    <message>
+        <source>Failed to save image</source>
+        <translation>Échec de l’enregistrement de l’image</translation>
+    </message>
+    <message>
+        <source>Upscaling to 4K (local)...</source>
+        <translation>Agrandissement en 4K (local)…</translation>
+    </message>
+    <message>
+        <source>Upscaling to 4K...</source>
+        <translation>Agrandissement en 4K…</translation>
+    </message>
+    <message>
+        <source>Local upscale failed, using original — %1</source>
+        <translation>Échec de l’agrandissement local, l’original est utilisé — %1</translation>
+    </message>
+    <message>
+        <source>Upscale failed, using original — %1</source>
+        <translation>Échec de l’agrandissement, l’original est utilisé — %1</translation>
+    </message>
+    <message>
+        <source>No Gemini API key — switch to Local upscale in Settings &gt; Advanced</source>
+        <translation>Pas de clé API Gemini — passez à l’agrandissement local dans Paramètres &gt; Avancé</translation>
+    </message>
+    <message>
+        <source>Upscale failed: %1</source>
+        <translation>Échec de l’agrandissement : %1</translation>
+    </message>
+    <message>
+        <source>Failed to save upscaled image</source>
+        <translation>Échec de l’enregistrement de l’image agrandie</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,1111 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>APIKeysTab</name>
+    <message>
+        <source>Remove this key</source>
+        <translation>移除此密钥</translation>
+    </message>
+    <message>
+        <source>Saved in Keychain</source>
+        <translation>已保存到钥匙串</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedTab</name>
+    <message>
+        <source>Provider</source>
+        <translation>服务商</translation>
+    </message>
+    <message>
+        <source>Auto selects Gemini by default, Grok when NSFW is on.
+Pick a specific provider to use it for every generation.</source>
+        <translation>“自动”默认选择 Gemini，开启 NSFW 时选择 Grok。
+选择某个服务商后，每次生成都会使用它。</translation>
+    </message>
+    <message>
+        <source>4K Upscaling</source>
+        <translation>4K 放大</translation>
+    </message>
+    <message>
+        <source>Upscale Method</source>
+        <translation>放大方式</translation>
+    </message>
+    <message>
+        <source>Gemini uses the API (requires key). Local runs RealESRGAN on-device (offline, no API key needed).</source>
+        <translation>Gemini 使用 API（需要密钥）。本地在此设备上运行 RealESRGAN（离线，无需 API 密钥）。</translation>
+    </message>
+    <message>
+        <source>Models</source>
+        <translation>模型</translation>
+    </message>
+</context>
+<context>
+    <name>Album</name>
+    <message>
+        <source>Favorites</source>
+        <translation>收藏</translation>
+    </message>
+    <message>
+        <source>Uncategorized</source>
+        <translation>未分类</translation>
+    </message>
+</context>
+<context>
+    <name>AlbumTile</name>
+    <message numerus="yes">
+        <source>%1, %n pictures</source>
+        <translation>
+            <numerusform>%1，%n 张图片</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CommandLine</name>
+    <message>
+        <source>--prompt needs a text</source>
+        <translation>--prompt 需要一段文字</translation>
+    </message>
+    <message>
+        <source>unknown option %1</source>
+        <translation>未知选项 %1</translation>
+    </message>
+    <message>
+        <source>unknown command %1</source>
+        <translation>未知命令 %1</translation>
+    </message>
+    <message>
+        <source>usage: %1</source>
+        <translation>用法：%1</translation>
+    </message>
+    <message>
+        <source>Usage: quorvane [--hidden]
+       quorvane COMMAND [--json]
+
+Without a command the application starts and opens its window (--hidden: tray only).
+
+  generate [--prompt TEXT]      make a picture and set it as the wallpaper
+  upscale FILE                  make a 4K copy of a picture and set it
+  set FILE                      set a picture as the wallpaper of every screen
+  status                        provider, settings, schedule, wallpaper, screens
+  history, albums               what the gallery lists, in its order
+  favorite FILE                 mark a picture as a favourite, or no longer
+  delete FILE                   delete a picture and its 4K partner for good
+  settings [KEY [VALUE]]        print all, print one, set one; --unset KEY
+  key list|set ID|delete ID     API keys of gemini, grok, openai; set reads
+                                the key from standard input
+  auto on|off                   automatic mode
+  autostart on|off              start with the session
+  model [install FILE]          the super-resolution network
+  quit                          end the running application
+
+FILE is a path, or the name of a picture in the library.
+Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
+</source>
+        <translation>用法：quorvane [--hidden]
+      quorvane 命令 [--json]
+
+不带命令时，启动应用程序并打开其窗口（--hidden：仅托盘）。
+
+  generate [--prompt 文字]      生成图片并设为壁纸
+  upscale 文件                  制作图片的 4K 副本并设为壁纸
+  set 文件                      将图片设为所有屏幕的壁纸
+  status                        服务商、设置、计划、壁纸、屏幕
+  history, albums               图库所列内容，顺序相同
+  favorite 文件                 收藏图片，或取消收藏
+  delete 文件                   永久删除图片及其 4K 对应图片
+  settings [键 [值]]            显示全部、显示一项、设置一项；--unset 键
+  key list|set ID|delete ID     gemini、grok、openai 的 API 密钥；set 从标准输入
+                                读取密钥
+  auto on|off                   自动模式
+  autostart on|off              随会话启动
+  model [install 文件]          超分辨率网络
+  quit                          结束正在运行的应用程序
+
+文件可以是路径，也可以是图库中图片的名称。
+退出状态：0 完成，1 因错误结束，2 命令行有误。
+</translation>
+    </message>
+</context>
+<context>
+    <name>Commands</name>
+    <message>
+        <source>could not delete %1</source>
+        <translation>无法删除 %1</translation>
+    </message>
+    <message>
+        <source>could not write %1</source>
+        <translation>无法写入 %1</translation>
+    </message>
+    <message>
+        <source>unknown setting %1</source>
+        <translation>未知设置 %1</translation>
+    </message>
+    <message>
+        <source>no such file: %1</source>
+        <translation>没有此文件：%1</translation>
+    </message>
+    <message>
+        <source>not in the library: %1</source>
+        <translation>不在图库中：%1</translation>
+    </message>
+    <message>
+        <source>no key on standard input</source>
+        <translation>标准输入中没有密钥</translation>
+    </message>
+    <message>
+        <source>could not write the key file</source>
+        <translation>无法写入密钥文件</translation>
+    </message>
+    <message>
+        <source>could not write the autostart entry</source>
+        <translation>无法写入自动启动项</translation>
+    </message>
+    <message>
+        <source>API key for %1: </source>
+        <translation>%1 的 API 密钥：</translation>
+    </message>
+    <message>
+        <source>standard input holds no key</source>
+        <translation>标准输入不包含密钥</translation>
+    </message>
+    <message>
+        <source>the application is not running</source>
+        <translation>应用程序未在运行</translation>
+    </message>
+    <message>
+        <source>the application did not answer: %1</source>
+        <translation>应用程序没有应答：%1</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopChoice</name>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>
+        <translation>QUORVANE_DESKTOP 为“%1”，不属于 %2</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, which this version does not support yet</source>
+        <translation>QUORVANE_DESKTOP 为“%1”，此版本尚不支持</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but QUORVANE_WALLPAPER_COMMAND is not set</source>
+        <translation>QUORVANE_DESKTOP 为“%1”，但未设置 QUORVANE_WALLPAPER_COMMAND</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but SWAYSOCK is not set</source>
+        <translation>QUORVANE_DESKTOP 为“%1”，但未设置 SWAYSOCK</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but DISPLAY is not set</source>
+        <translation>QUORVANE_DESKTOP 为“%1”，但未设置 DISPLAY</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;</source>
+        <translation>QUORVANE_DESKTOP 为“%1”</translation>
+    </message>
+    <message>
+        <source>QUORVANE_WALLPAPER_COMMAND is set</source>
+        <translation>已设置 QUORVANE_WALLPAPER_COMMAND</translation>
+    </message>
+    <message>
+        <source>sway answers on SWAYSOCK</source>
+        <translation>sway 在 SWAYSOCK 上应答</translation>
+    </message>
+    <message>
+        <source>this Wayland desktop is not supported yet; QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture</source>
+        <translation>尚不支持此 Wayland 桌面；可用 QUORVANE_WALLPAPER_COMMAND 指定设置图片的程序</translation>
+    </message>
+    <message>
+        <source>DISPLAY is set and no desktop paints over the X11 root window</source>
+        <translation>已设置 DISPLAY，且没有桌面遮盖 X11 根窗口</translation>
+    </message>
+    <message>
+        <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, which is not supported yet; QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture</source>
+        <translation>XDG_CURRENT_DESKTOP 为“%1”，尚不支持；可用 QUORVANE_WALLPAPER_COMMAND 指定设置图片的程序</translation>
+    </message>
+    <message>
+        <source>SWAYSOCK is set, but nobody answers on it</source>
+        <translation>已设置 SWAYSOCK，但无人应答</translation>
+    </message>
+    <message>
+        <source>neither SWAYSOCK nor DISPLAY is set</source>
+        <translation>SWAYSOCK 和 DISPLAY 均未设置</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureCommand</name>
+    <message>
+        <source>The wallpaper command &quot;%1&quot; cannot be started: %2</source>
+        <translation>无法启动壁纸命令“%1”：%2</translation>
+    </message>
+    <message>
+        <source>The wallpaper command &quot;%1&quot; did not end within %2 seconds</source>
+        <translation>壁纸命令“%1”未在 %2 秒内结束</translation>
+    </message>
+    <message>
+        <source>The wallpaper command &quot;%1&quot; ended with status %2</source>
+        <translation>壁纸命令“%1”以状态 %2 结束</translation>
+    </message>
+    <message>
+        <source>The wallpaper command &quot;%1&quot; was ended by a signal</source>
+        <translation>壁纸命令“%1”被信号终止</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureSway</name>
+    <message>
+        <source>The picture cannot be copied for sway</source>
+        <translation>无法为 sway 复制图片</translation>
+    </message>
+    <message>
+        <source>No folder could hold a copy of the picture under a name that sway takes</source>
+        <translation>没有文件夹能以 sway 接受的名称存放图片副本</translation>
+    </message>
+    <message>
+        <source>sway has no screen &quot;%1&quot;</source>
+        <translation>sway 没有屏幕“%1”</translation>
+    </message>
+    <message>
+        <source>sway&apos;s answer cannot be understood</source>
+        <translation>无法理解 sway 的应答</translation>
+    </message>
+    <message>
+        <source>sway refused the picture</source>
+        <translation>sway 拒绝了图片</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureX11</name>
+    <message>
+        <source>The X server cannot be reached</source>
+        <translation>无法连接 X 服务器</translation>
+    </message>
+    <message>
+        <source>The X server&apos;s colours are of a kind that is not supported</source>
+        <translation>不支持 X 服务器的颜色格式</translation>
+    </message>
+    <message>
+        <source>The X server has no screen &quot;%1&quot;</source>
+        <translation>X 服务器没有屏幕“%1”</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for the picture</source>
+        <translation>内存不足，无法处理图片</translation>
+    </message>
+    <message>
+        <source>The X server did not take the picture</source>
+        <translation>X 服务器没有接受图片</translation>
+    </message>
+    <message>
+        <source>The X server does not answer</source>
+        <translation>X 服务器没有应答</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyState</name>
+    <message>
+        <source>No wallpapers yet</source>
+        <translation>还没有壁纸</translation>
+    </message>
+    <message>
+        <source>Generate your first wallpaper
+using the sidebar controls.</source>
+        <translation>使用侧边栏的控件
+生成您的第一张壁纸。</translation>
+    </message>
+</context>
+<context>
+    <name>FullScreenViewer</name>
+    <message>
+        <source>Quorvane</source>
+        <translation>Quorvane</translation>
+    </message>
+</context>
+<context>
+    <name>Gallery</name>
+    <message>
+        <source>Albums</source>
+        <translation>相册</translation>
+    </message>
+    <message>
+        <source>Use Prompt</source>
+        <translation>使用提示词</translation>
+    </message>
+</context>
+<context>
+    <name>GeminiUpscale</name>
+    <message>
+        <source>Failed to parse upscale response</source>
+        <translation>无法解析放大应答</translation>
+    </message>
+    <message>
+        <source>No image in upscale response</source>
+        <translation>放大应答中没有图片</translation>
+    </message>
+    <message>
+        <source>Upscale failed: %1</source>
+        <translation>放大失败：%1</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryTile</name>
+    <message>
+        <source>Upscaling to 4K...</source>
+        <translation>正在放大到 4K…</translation>
+    </message>
+    <message>
+        <source>Unfavorite</source>
+        <translation>取消收藏</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>收藏</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>应用</translation>
+    </message>
+    <message>
+        <source>Delete for good, together with its 4K partner</source>
+        <translation>永久删除，连同其 4K 对应图片</translation>
+    </message>
+</context>
+<context>
+    <name>HttpClient</name>
+    <message>
+        <source>The address is neither https nor on this machine.</source>
+        <translation>地址既不是 https，也不在本机上。</translation>
+    </message>
+    <message>
+        <source>The service redirected to an address without encryption.</source>
+        <translation>服务重定向到了未加密的地址。</translation>
+    </message>
+    <message>
+        <source>The service redirected too many times.</source>
+        <translation>服务重定向次数过多。</translation>
+    </message>
+    <message>
+        <source>The request was cancelled.</source>
+        <translation>请求已取消。</translation>
+    </message>
+    <message>
+        <source>The answer is larger than %1 MiB.</source>
+        <translation>应答超过 %1 MiB。</translation>
+    </message>
+    <message>
+        <source>No secure connection to %1: %2</source>
+        <translation>无法与 %1 建立安全连接：%2</translation>
+    </message>
+    <message>
+        <source>The request timed out.</source>
+        <translation>请求超时。</translation>
+    </message>
+</context>
+<context>
+    <name>ImageRecords</name>
+    <message>
+        <source>MMM d, HH:mm</source>
+        <comment>Day and time below a picture, in the letters of QLocale::toString()</comment>
+        <translation>M月d日 HH:mm</translation>
+    </message>
+</context>
+<context>
+    <name>IntervalLabel</name>
+    <message>
+        <source>%1 min</source>
+        <comment>an interval</comment>
+        <translation>%1 分钟</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <comment>an interval</comment>
+        <translation>1 小时</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hours</source>
+        <comment>an interval of two or more</comment>
+        <translation>
+            <numerusform>%n 小时</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>LocalUpscaler</name>
+    <message>
+        <source>Failed to crop tile at (%1, %2)</source>
+        <translation>无法裁剪图块 (%1, %2)</translation>
+    </message>
+    <message>
+        <source>Failed to decode image for upscaling</source>
+        <translation>无法解码要放大的图片</translation>
+    </message>
+    <message>
+        <source>The RealESRGAN model gave values that are not numbers for the tile at (%1, %2)</source>
+        <translation>RealESRGAN 模型在图块 (%1, %2) 处给出的值不是数字</translation>
+    </message>
+    <message>
+        <source>Failed to create padding context</source>
+        <translation>无法创建填充上下文</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Quorvane</source>
+        <translation>Quorvane</translation>
+    </message>
+</context>
+<context>
+    <name>MenuBar</name>
+    <message>
+        <source>Generating...</source>
+        <translation>正在生成…</translation>
+    </message>
+    <message>
+        <source>Next: %1</source>
+        <translation>下一次：%1</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>空闲</translation>
+    </message>
+    <message>
+        <source>Generate Now</source>
+        <translation>立即生成</translation>
+    </message>
+    <message>
+        <source>Auto-Generate</source>
+        <translation>自动生成</translation>
+    </message>
+    <message>
+        <source>Open Window</source>
+        <translation>打开窗口</translation>
+    </message>
+    <message>
+        <source>Settings...</source>
+        <translation>设置…</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>退出</translation>
+    </message>
+</context>
+<context>
+    <name>MissingKeys</name>
+    <message>
+        <source>Missing %1 API key</source>
+        <translation>缺少 %1 API 密钥</translation>
+    </message>
+    <message>
+        <source>Open Settings (⌘,)</source>
+        <translation>打开设置 (⌘,)</translation>
+    </message>
+</context>
+<context>
+    <name>ModelFiles</name>
+    <message>
+        <source>The model cannot be copied: %1</source>
+        <translation>无法复制模型：%1</translation>
+    </message>
+    <message>
+        <source>RealESRGAN model not found in app bundle</source>
+        <translation>应用程序中找不到 RealESRGAN 模型</translation>
+    </message>
+    <message>
+        <source>writing %1 failed</source>
+        <translation>写入 %1 失败</translation>
+    </message>
+</context>
+<context>
+    <name>Notices</name>
+    <message>
+        <source>No new wallpaper</source>
+        <translation>没有新壁纸</translation>
+    </message>
+    <message>
+        <source>New wallpaper</source>
+        <translation>新壁纸</translation>
+    </message>
+</context>
+<context>
+    <name>PictureFile</name>
+    <message>
+        <source>The picture cannot be read: %1</source>
+        <translation>无法读取图片：%1</translation>
+    </message>
+</context>
+<context>
+    <name>PngEncoder</name>
+    <message>
+        <source>Failed to encode upscaled image</source>
+        <translation>无法编码放大后的图片</translation>
+    </message>
+</context>
+<context>
+    <name>Preview</name>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>上一张</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>下一张</translation>
+    </message>
+    <message>
+        <source>Set as Wallpaper</source>
+        <translation>设为壁纸</translation>
+    </message>
+    <message>
+        <source>Unfavorite</source>
+        <translation>取消收藏</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>收藏</translation>
+    </message>
+    <message>
+        <source>Use Prompt</source>
+        <translation>使用提示词</translation>
+    </message>
+    <message>
+        <source>Upscale to 4K</source>
+        <translation>放大到 4K</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>全屏</translation>
+    </message>
+    <message>
+        <source>Original</source>
+        <translation>原图</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>there is no display; see quorvane --help for what needs none</source>
+        <translation>没有显示器；无需显示器的用法见 quorvane --help</translation>
+    </message>
+    <message>
+        <source>the application runs already and does not answer</source>
+        <translation>应用程序已在运行，但没有应答</translation>
+    </message>
+</context>
+<context>
+    <name>ProgressText</name>
+    <message numerus="yes">
+        <source>%n s left</source>
+        <comment>seconds</comment>
+        <translation>
+            <numerusform>剩余 %n 秒</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>about %n min left</source>
+        <comment>minutes</comment>
+        <translation>
+            <numerusform>剩余约 %n 分钟</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n tiles</source>
+        <translation>
+            <numerusform>第 %1 块，共 %n 块</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>tiles, time left</comment>
+        <translation>%1，%2</translation>
+    </message>
+</context>
+<context>
+    <name>PromptEditor</name>
+    <message>
+        <source>Prompt</source>
+        <translation>提示词</translation>
+    </message>
+</context>
+<context>
+    <name>ProviderError</name>
+    <message>
+        <source>Invalid response: %1</source>
+        <translation>无效应答：%1</translation>
+    </message>
+    <message>
+        <source>API error: %1</source>
+        <translation>API 错误：%1</translation>
+    </message>
+    <message>
+        <source>Network error: %1</source>
+        <translation>网络错误：%1</translation>
+    </message>
+</context>
+<context>
+    <name>Reports</name>
+    <message>
+        <source>on</source>
+        <translation>开</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>关</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Provider:     %1, model %2</source>
+        <translation>服务商：    %1，模型 %2</translation>
+    </message>
+    <message>
+        <source>Missing keys: %1</source>
+        <translation>缺少密钥：  %1</translation>
+    </message>
+    <message>
+        <source>Prompt:       %1</source>
+        <translation>提示词：    %1</translation>
+    </message>
+    <message>
+        <source>4K:           %1 (upscale method %2)</source>
+        <translation>4K：        %1（放大方式 %2）</translation>
+    </message>
+    <message>
+        <source>NSFW:         %1</source>
+        <translation>NSFW：      %1</translation>
+    </message>
+    <message>
+        <source>Automatic:    %1, every %2</source>
+        <translation>自动：      %1，间隔 %2</translation>
+    </message>
+    <message>
+        <source>Wallpaper:    %1</source>
+        <translation>壁纸：      %1</translation>
+    </message>
+    <message>
+        <source>Desktop:      %1 (%2)</source>
+        <translation>桌面：      %1（%2）</translation>
+    </message>
+    <message>
+        <source>Screens:      %1</source>
+        <translation>屏幕：      %1</translation>
+    </message>
+    <message>
+        <source>No wallpapers yet</source>
+        <translation>还没有壁纸</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n tiles</source>
+        <translation>
+            <numerusform>第 %1 块，共 %n 块</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2:%3 left</source>
+        <translation>%1，剩余 %2:%3</translation>
+    </message>
+</context>
+<context>
+    <name>Schedule</name>
+    <message>
+        <source>Schedule</source>
+        <translation>计划</translation>
+    </message>
+    <message>
+        <source>Auto-generate</source>
+        <translation>自动生成</translation>
+    </message>
+    <message>
+        <source>Every</source>
+        <translation>间隔</translation>
+    </message>
+</context>
+<context>
+    <name>ServiceRequest</name>
+    <message>
+        <source>Failed to decode base64 image</source>
+        <translation>无法解码 base64 图片</translation>
+    </message>
+    <message>
+        <source>%1 must be an https address, or http on this machine.</source>
+        <translation>%1 必须是 https 地址，或本机上的 http 地址。</translation>
+    </message>
+    <message>
+        <source>Invalid URL</source>
+        <translation>无效的 URL</translation>
+    </message>
+    <message>
+        <source>The stored API key has a character that cannot be sent. Save the key again.</source>
+        <translation>保存的 API 密钥含有无法发送的字符。请重新保存密钥。</translation>
+    </message>
+    <message>
+        <source>Failed to parse response</source>
+        <translation>无法解析应答</translation>
+    </message>
+    <message>
+        <source>No image in response</source>
+        <translation>应答中没有图片</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTable</name>
+    <message>
+        <source>unknown setting %1</source>
+        <translation>未知设置 %1</translation>
+    </message>
+    <message>
+        <source>%1 takes true or false</source>
+        <translation>%1 可取 true 或 false</translation>
+    </message>
+    <message>
+        <source>%1 takes a whole number of minutes from 1 to %2</source>
+        <translation>%1 可取 1 到 %2 的整数分钟</translation>
+    </message>
+    <message>
+        <source>%1 takes one of: %2</source>
+        <translation>%1 可取以下之一：%2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsWindow</name>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>API Keys</source>
+        <translation>API 密钥</translation>
+    </message>
+    <message>
+        <source>Advanced</source>
+        <translation>高级</translation>
+    </message>
+</context>
+<context>
+    <name>Sidebar</name>
+    <message>
+        <source>Prompt</source>
+        <translation>提示词</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>选项</translation>
+    </message>
+    <message>
+        <source>4K resolution</source>
+        <translation>4K 分辨率</translation>
+    </message>
+    <message>
+        <source>NSFW</source>
+        <translation>NSFW</translation>
+    </message>
+    <message>
+        <source>Generating...</source>
+        <translation>正在生成…</translation>
+    </message>
+    <message>
+        <source>Generate &amp; Set Wallpaper</source>
+        <translation>生成并设为壁纸</translation>
+    </message>
+    <message>
+        <source>Ctrl+Enter</source>
+        <translation>Ctrl+Enter</translation>
+    </message>
+</context>
+<context>
+    <name>SuperResolutionModel</name>
+    <message>
+        <source>element type %1</source>
+        <translation>元素类型 %1</translation>
+    </message>
+    <message>
+        <source>any</source>
+        <comment>a length</comment>
+        <translation>任意</translation>
+    </message>
+    <message>
+        <source>The model does not fit: %1; needed is %2</source>
+        <translation>模型不适用：%1；需要 %2</translation>
+    </message>
+    <message>
+        <source>float32 or float16 %1, or any height and width</source>
+        <translation>float32 或 float16 %1，或任意高度和宽度</translation>
+    </message>
+    <message>
+        <source>The model cannot be read: %1</source>
+        <translation>无法读取模型：%1</translation>
+    </message>
+    <message>
+        <source>its file has %1 bytes</source>
+        <translation>其文件有 %1 字节</translation>
+    </message>
+    <message>
+        <source>an ONNX file of at most %1</source>
+        <translation>不超过 %1 字节的 ONNX 文件</translation>
+    </message>
+    <message>
+        <source>its input is %1 %2</source>
+        <translation>其输入为 %1 %2</translation>
+    </message>
+    <message>
+        <source>its output is %1 %2</source>
+        <translation>其输出为 %1 %2</translation>
+    </message>
+    <message>
+        <source>its input has no declared shape</source>
+        <translation>其输入没有声明形状</translation>
+    </message>
+    <message>
+        <source>it has %1 inputs and %2 outputs</source>
+        <translation>它有 %1 个输入和 %2 个输出</translation>
+    </message>
+    <message>
+        <source>one picture in and one out</source>
+        <translation>一张图片输入，一张图片输出</translation>
+    </message>
+    <message>
+        <source>No result from RealESRGAN model</source>
+        <translation>RealESRGAN 模型没有给出结果</translation>
+    </message>
+    <message>
+        <source>Failed to convert upscaled tile to CGImage</source>
+        <translation>无法将放大后的图块转换为 CGImage</translation>
+    </message>
+    <message>
+        <source>it made %1 of a tile</source>
+        <translation>它把图块变成了 %1</translation>
+    </message>
+    <message>
+        <source>%1, %2, in &quot;%3&quot;, out &quot;%4&quot;</source>
+        <translation>%1，%2，输入“%3”，输出“%4”</translation>
+    </message>
+    <message>
+        <source>tiles of 512 × 512</source>
+        <translation>512 × 512 的图块</translation>
+    </message>
+    <message>
+        <source>tiles of any size</source>
+        <translation>任意大小的图块</translation>
+    </message>
+</context>
+<context>
+    <name>SwaySocket</name>
+    <message>
+        <source>sway&apos;s socket has no usable path</source>
+        <translation>sway 的套接字没有可用的路径</translation>
+    </message>
+    <message>
+        <source>sway cannot be reached: %1</source>
+        <translation>无法连接 sway：%1</translation>
+    </message>
+    <message>
+        <source>sway&apos;s answer cannot be understood</source>
+        <translation>无法理解 sway 的应答</translation>
+    </message>
+    <message>
+        <source>sway does not answer</source>
+        <translation>sway 没有应答</translation>
+    </message>
+    <message>
+        <source>sway ended the connection: %1</source>
+        <translation>sway 结束了连接：%1</translation>
+    </message>
+    <message>
+        <source>sway ended the connection</source>
+        <translation>sway 结束了连接</translation>
+    </message>
+</context>
+<context>
+    <name>UpscaleErrors</name>
+    <message>
+        <source>The upscale was stopped</source>
+        <translation>放大已停止</translation>
+    </message>
+</context>
+<context>
+    <name>UpscaledCanvas</name>
+    <message>
+        <source>Failed to create output context</source>
+        <translation>无法创建输出上下文</translation>
+    </message>
+    <message>
+        <source>The upscaled image does not resemble the original at tile (%1, %2)</source>
+        <translation>放大后的图片在图块 (%1, %2) 处与原图不相似</translation>
+    </message>
+</context>
+<context>
+    <name>UpscalingNotice</name>
+    <message>
+        <source>Upscaling to 4K...</source>
+        <translation>正在放大到 4K…</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::APIKeyRow</name>
+    <message>
+        <source>%1 API Key</source>
+        <translation>%1 API 密钥</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::APIKeysModel</name>
+    <message>
+        <source>Gemini</source>
+        <translation>Gemini</translation>
+    </message>
+    <message>
+        <source>Used for default generation and 4K upscaling.</source>
+        <translation>用于默认生成和 4K 放大。</translation>
+    </message>
+    <message>
+        <source>Grok (xAI)</source>
+        <translation>Grok (xAI)</translation>
+    </message>
+    <message>
+        <source>Grok</source>
+        <translation>Grok</translation>
+    </message>
+    <message>
+        <source>Used when NSFW is enabled.</source>
+        <translation>开启 NSFW 时使用。</translation>
+    </message>
+    <message>
+        <source>OpenAI</source>
+        <translation>OpenAI</translation>
+    </message>
+    <message>
+        <source>Available as an override in Advanced settings.</source>
+        <translation>可在“高级”设置中指定使用。</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::AdvancedModel</name>
+    <message>
+        <source>%1 Model</source>
+        <translation>%1 模型</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>自动</translation>
+    </message>
+    <message>
+        <source>%1 produces 4K natively — no upscaling needed.</source>
+        <translation>%1 可直接生成 4K — 无需放大。</translation>
+    </message>
+    <message>
+        <source>Gemini (API)</source>
+        <translation>Gemini (API)</translation>
+    </message>
+    <message>
+        <source>Local (on-device)</source>
+        <translation>本地（此设备）</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::Scenes</name>
+    <message>
+        <source>it is no window</source>
+        <translation>它不是窗口</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>无法打开 %1：%2</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::SidebarModel</name>
+    <message>
+        <source>+ Local 4K</source>
+        <translation>+ 本地 4K</translation>
+    </message>
+    <message>
+        <source>+ Gemini 4K</source>
+        <translation>+ Gemini 4K</translation>
+    </message>
+    <message>
+        <source>Next: %1</source>
+        <translation>下一次：%1</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::WallpaperApp</name>
+    <message>
+        <source>The window cannot be opened</source>
+        <translation>无法打开窗口</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::WallpaperManager</name>
+    <message>
+        <source>Gemini (for 4K upscale)</source>
+        <translation>Gemini（用于 4K 放大）</translation>
+    </message>
+    <message>
+        <source>No screen found</source>
+        <translation>未找到屏幕</translation>
+    </message>
+    <message>
+        <source>Failed: %1</source>
+        <translation>失败：%1</translation>
+    </message>
+    <message>
+        <source>Wallpaper set!</source>
+        <translation>壁纸已设置！</translation>
+    </message>
+    <message>
+        <source>Failed to sync wallpaper: %1</source>
+        <translation>无法同步壁纸：%1</translation>
+    </message>
+    <message>
+        <source>Missing %1 API key — open Settings (⌘,)</source>
+        <translation>缺少 %1 API 密钥 — 请打开设置 (⌘,)</translation>
+    </message>
+    <message>
+        <source>Failed to save image</source>
+        <translation>无法保存图片</translation>
+    </message>
+    <message>
+        <source>Upscaling to 4K (local)...</source>
+        <translation>正在放大到 4K（本地）…</translation>
+    </message>
+    <message>
+        <source>Upscaling to 4K...</source>
+        <translation>正在放大到 4K…</translation>
+    </message>
+    <message>
+        <source>Local upscale failed, using original — %1</source>
+        <translation>本地放大失败，使用原图 — %1</translation>
+    </message>
+    <message>
+        <source>Upscale failed, using original — %1</source>
+        <translation>放大失败，使用原图 — %1</translation>
+    </message>
+    <message>
+        <source>No Gemini API key — switch to Local upscale in Settings &gt; Advanced</source>
+        <translation>没有 Gemini API 密钥 — 请在“设置 &gt; 高级”中改用本地放大</translation>
+    </message>
+    <message>
+        <source>Upscale failed: %1</source>
+        <translation>放大失败：%1</translation>
+    </message>
+    <message>
+        <source>Failed to save upscaled image</source>
+        <translation>无法保存放大后的图片</translation>
+    </message>
+</context>
+</TS>
