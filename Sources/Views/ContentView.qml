@@ -43,6 +43,7 @@ Item {
         sourceComponent: Item {
             Sidebar {
                 id: sidebar
+                anchors.left: parent.left
                 width: 280
                 height: parent.height
                 model: sidebarModel

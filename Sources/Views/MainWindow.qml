@@ -16,6 +16,8 @@ Window {
     minimumWidth: 760
     minimumHeight: 480
     color: Theme.page
+    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
     onActiveChanged: content.refresh()
 
     ContentView {

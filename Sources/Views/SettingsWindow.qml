@@ -16,6 +16,8 @@ Window {
     minimumHeight: 440
     maximumHeight: 440
     color: Theme.page
+    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
 
     Rectangle {
         id: bar

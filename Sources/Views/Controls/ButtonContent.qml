@@ -11,7 +11,9 @@ Item {
     required property color color
     required property font font
 
-    implicitWidth: row.implicitWidth
+    readonly property int beside: (busy ? 24 : 0) + (symbol !== "" ? 24 : 0)
+
+    implicitWidth: text === "" ? row.implicitWidth : beside + Math.ceil(label.implicitWidth)
     implicitHeight: 16
 
     Row {
@@ -31,7 +33,12 @@ Item {
             color: content.color
         }
         Text {
+            id: label
             anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(Math.ceil(implicitWidth), content.width - content.beside)
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 11
+            elide: Text.ElideRight
             visible: content.text !== ""
             text: content.text
             font: content.font

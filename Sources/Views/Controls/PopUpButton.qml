@@ -7,8 +7,8 @@ ComboBox {
     id: picker
 
     implicitHeight: 32
-    leftPadding: 12
-    rightPadding: 32
+    leftPadding: mirrored ? 32 : 12
+    rightPadding: mirrored ? 12 : 32
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
     font.pixelSize: Theme.bodySize
@@ -17,6 +17,7 @@ ComboBox {
         text: picker.displayText
         font: picker.font
         color: picker.enabled ? Theme.text : Theme.secondaryText
+        horizontalAlignment: Text.AlignLeft
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
         textFormat: Text.PlainText
@@ -52,6 +53,7 @@ ComboBox {
             font.pixelSize: Theme.bodySize
             font.weight: picker.currentIndex === choice.index ? Font.DemiBold : Font.Normal
             color: choice.highlighted ? Theme.accentText : Theme.text
+            horizontalAlignment: Text.AlignLeft
             verticalAlignment: Text.AlignVCenter
             elide: Text.ElideRight
             textFormat: Text.PlainText

@@ -2,6 +2,8 @@ import QtQuick
 import Quorvane.Views
 
 Text {
+    width: parent.width
+    horizontalAlignment: Text.AlignLeft
     color: Theme.secondaryText
     font.pixelSize: Theme.captionSize
     font.weight: Font.Medium

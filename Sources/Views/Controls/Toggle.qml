@@ -37,7 +37,10 @@ Switch {
         }
     }
     contentItem: Text {
-        rightPadding: 48
+        leftPadding: toggle.mirrored ? 48 : 0
+        rightPadding: toggle.mirrored ? 0 : 48
+        horizontalAlignment: Text.AlignLeft
+        elide: Text.ElideRight
         text: toggle.text
         font: toggle.font
         color: Theme.text

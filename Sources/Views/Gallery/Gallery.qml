@@ -23,6 +23,7 @@ FocusScope {
         visible: gallery.model.state !== GalleryModel.Empty
 
         Text {
+            anchors.left: parent.left
             anchors.verticalCenter: parent.verticalCenter
             visible: gallery.model.state === GalleryModel.Albums
             text: qsTr("Albums")
@@ -36,9 +37,10 @@ FocusScope {
         PushButton {
             id: back
             objectName: "albumsButton"
+            anchors.left: parent.left
             anchors.verticalCenter: parent.verticalCenter
             visible: gallery.model.state === GalleryModel.Album
-            symbol: "chevron.left"
+            symbol: mirrored ? "chevron.right" : "chevron.left"
             text: qsTr("Albums")
             onClicked: gallery.model.closeAlbum()
         }
@@ -50,8 +52,9 @@ FocusScope {
             anchors.right: usePrompt.visible ? usePrompt.left : parent.right
             anchors.rightMargin: 16
             anchors.verticalCenter: parent.verticalCenter
+            horizontalAlignment: Text.AlignLeft
             visible: back.visible
-            text: gallery.model.selectedAlbumId
+            text: gallery.model.selectedAlbumTitle
             color: Theme.text
             font.pixelSize: 16
             font.weight: Font.DemiBold

@@ -86,7 +86,8 @@ FocusScope {
         onClicked: tile.favoriteToggled()
     }
     Row {
-        x: 8
+        anchors.left: parent.left
+        anchors.leftMargin: 8
         y: tile.rowAtTop ? 8 : picture.height - height - 8
         spacing: 8
         visible: tile.hovering

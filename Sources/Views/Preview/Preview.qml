@@ -80,20 +80,22 @@ FocusScope {
 
     CapsuleButton {
         objectName: "closeButton"
-        x: 16
+        anchors.left: parent.left
+        anchors.leftMargin: 16
         y: 16
         symbol: "xmark.circle.fill"
         text: qsTr("Close")
         onClicked: preview.model.close()
     }
     IconButton {
+        id: leftButton
         objectName: "leftButton"
         anchors.left: parent.left
         anchors.leftMargin: 14
         anchors.verticalCenter: stage.verticalCenter
         size: 36
         enabled: preview.model.canGoLeft
-        symbol: "chevron.left"
+        symbol: mirrored ? "chevron.right" : "chevron.left"
         tip: qsTr("Previous")
         onClicked: preview.model.goLeft()
     }
@@ -104,7 +106,7 @@ FocusScope {
         anchors.verticalCenter: stage.verticalCenter
         size: 36
         enabled: preview.model.canGoRight
-        symbol: "chevron.right"
+        symbol: mirrored ? "chevron.left" : "chevron.right"
         tip: qsTr("Next")
         onClicked: preview.model.goRight()
     }
@@ -202,12 +204,12 @@ FocusScope {
     }
     Shortcut {
         enabled: preview.model.isOpen
-        sequence: "Left"
+        sequence: leftButton.mirrored ? "Right" : "Left"
         onActivated: preview.model.goLeft()
     }
     Shortcut {
         enabled: preview.model.isOpen
-        sequence: "Right"
+        sequence: leftButton.mirrored ? "Left" : "Right"
         onActivated: preview.model.goRight()
     }
     Shortcut {

@@ -44,6 +44,7 @@ Rectangle {
             color: "#40ffffff"
 
             Rectangle {
+                anchors.left: parent.left
                 width: parent.width * notice.model.progressShare
                 height: parent.height
                 radius: 2

@@ -63,6 +63,7 @@ Flickable {
                     }
                 }
                 Row {
+                    width: parent.width
                     visible: section.modelData.saved
                     spacing: 6
 

@@ -13,6 +13,7 @@ Column {
     SectionCaption {
         id: heading
         leftPadding: 12
+        rightPadding: 12
     }
     Rectangle {
         width: section.width

@@ -17,7 +17,11 @@ Item {
 
     Text {
         anchors.left: parent.left
+        anchors.right: picker.left
+        anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
+        horizontalAlignment: Text.AlignLeft
+        elide: Text.ElideRight
         text: row.label
         color: Theme.text
         font.pixelSize: Theme.bodySize

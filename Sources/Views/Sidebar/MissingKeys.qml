@@ -38,7 +38,11 @@ Column {
         }
     }
     Text {
+        width: parent.width
         leftPadding: 22
+        rightPadding: 22
+        horizontalAlignment: Text.AlignLeft
+        wrapMode: Text.Wrap
         text: qsTr("Open Settings (⌘,)")
         color: Theme.secondaryText
         font.pixelSize: Theme.captionSize

@@ -24,16 +24,21 @@ Column {
 
         Text {
             anchors.left: parent.left
+            anchors.right: picker.left
+            anchors.rightMargin: 8
             anchors.verticalCenter: parent.verticalCenter
+            horizontalAlignment: Text.AlignLeft
+            elide: Text.ElideRight
             text: qsTr("Every")
             color: Theme.secondaryText
             font.pixelSize: Theme.bodySize
             textFormat: Text.PlainText
         }
         PopUpButton {
+            id: picker
             objectName: "intervalPicker"
             anchors.right: parent.right
-            width: 110
+            width: Math.max(110, Math.ceil(implicitContentWidth) + leftPadding + rightPadding)
             model: schedule.model.intervalLabels
             currentIndex: schedule.model.intervalIndex
             displayText: schedule.model.intervalLabel
@@ -42,6 +47,7 @@ Column {
         }
     }
     Row {
+        width: parent.width
         spacing: 8
         visible: schedule.model.nextFireText !== ""
 

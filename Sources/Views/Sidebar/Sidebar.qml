@@ -64,6 +64,7 @@ FocusScope {
                     onToggled: sidebar.model.nsfwEnabled = checked
                 }
                 Row {
+                    width: parent.width
                     spacing: 8
 
                     Symbol {

@@ -35,7 +35,11 @@ Column {
         }
     }
     Text {
+        width: parent.width
         leftPadding: 22
+        rightPadding: 22
+        horizontalAlignment: Text.AlignLeft
+        wrapMode: Text.Wrap
         visible: text !== ""
         text: line.model.progressText
         color: Theme.secondaryText
