@@ -7,6 +7,7 @@
 
 #include <QImage>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QTcpServer>
 #include <QTcpSocket>
 
@@ -341,6 +342,68 @@ TEST_F(CommandsTest, theSystemsProxyIsAsked)
     connection->disconnectFromHost();
     ASSERT_TRUE(process.waitForFinished());
     EXPECT_TRUE(process.readAllStandardOutput().startsWith("Network error: "));
+}
+
+TEST_F(CommandsTest, theEnvironmentNamesTheLanguage)
+{
+    using Variables = std::vector<std::pair<const char *, const char *>>;
+    const char *german = "Aufruf: quorvane";
+    const char *english = "Usage: quorvane";
+    const char *french = "Utilisation\u00a0: quorvane";
+    const char *spanish = "Uso: quorvane";
+    // None of these locales needs to be installed on the system.
+    const std::vector<std::pair<Variables, const char *>> cases{
+        {{{"LC_ALL", "de_AT.UTF-8"}, {"LANG", "fr_FR.UTF-8"}}, german},
+        {{{"LC_MESSAGES", "es_MX.UTF-8"}, {"LANG", "de_DE.UTF-8"}}, spanish},
+        {{{"LANG", "fr_FR.UTF-8"}}, french},
+        {{{"LANG", "ja_JP.UTF-8"}}, "使い方: quorvane"},
+        {{{"LANG", "zh_CN.UTF-8"}}, "用法：quorvane"},
+        {{{"LANG", "en_US.UTF-8"}, {"LANGUAGE", "fr_CA:de"}}, french},
+        {{{"LANG", "de_DE.UTF-8"}, {"LANGUAGE", "en_GB:de"}}, english},
+        {{{"LANG", "pt_BR.UTF-8"}, {"LANGUAGE", "pt_BR:es:en"}}, spanish},
+        {{{"LANG", "ar_EG.UTF-8"}}, english},
+        // "C" is English whatever else is said, so that a script that asks for it can rely on it.
+        {{{"LC_ALL", "C"}, {"LANG", "de_DE.UTF-8"}, {"LANGUAGE", "de"}}, english},
+        {{{"LC_ALL", "C.UTF-8"}, {"LANGUAGE", "de"}}, english},
+        {{{"LC_ALL", "POSIX"}, {"LANGUAGE", "de"}}, english},
+        {{{"LANGUAGE", "de"}}, english},
+        {{}, english},
+    };
+    for (const auto &[variables, beginning] : cases) {
+        for (const char *name : {"LC_ALL", "LC_MESSAGES", "LANG", "LANGUAGE"}) {
+            environment.remove(QLatin1String(name));
+        }
+        for (const auto &[name, value] : variables) {
+            environment.insert(QLatin1String(name), QLatin1String(value));
+        }
+        const CommandRun said = run({QStringLiteral("--help")});
+        EXPECT_TRUE(said.output.startsWith(beginning))
+            << environment.toStringList().join(QLatin1Char(' ')).toStdString() << '\n'
+            << said.output.left(40).constData();
+    }
+}
+
+TEST_F(CommandsTest, whatScriptsReadIsTheSameInEveryLanguage)
+{
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8"));
+    const CommandRun failed = run({QStringLiteral("generate"), QStringLiteral("--json")});
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_TRUE(failed.json()[QLatin1String("isError")].toBool());
+    EXPECT_EQ(failed.json()[QLatin1String("status")].toString(),
+              QStringLiteral("API-Schlüssel für Gemini fehlt – öffnen Sie die Einstellungen (⌘,)"));
+    const CommandRun wrong = run({QStringLiteral("bilden")});
+    EXPECT_EQ(wrong.status, 2);
+    EXPECT_EQ(wrong.errors, "quorvane: unbekannter Befehl bilden\n");
+
+    // Not even the names of files follow a locale with other digits.
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("fa_IR.UTF-8"));
+    const QString path = generate(QStringLiteral("a lake"));
+    const QRegularExpression name(
+        QStringLiteral("/wallpaper_20[0-9]{2}-[0-9]{2}-[0-9]{2}_[0-9]{2}-[0-9]{2}-[0-9]{2}\\.(png|jpg)$"));
+    EXPECT_TRUE(name.match(path).hasMatch()) << path.toStdString();
+    const QJsonObject status = run({QStringLiteral("status"), QStringLiteral("--json")}).json().toObject();
+    EXPECT_EQ(status.value(QLatin1String("provider")).toString(), QStringLiteral("gemini"));
+    EXPECT_EQ(status.value(QLatin1String("currentWallpaper")).toString(), path);
 }
 
 TEST_F(CommandsTest, aWrongCommandLineEndsWithTwoAndDoesNothing)

@@ -12,7 +12,7 @@
 namespace quorvane {
 
 /// A home of the test's own for as long as the object lives: HOME and the XDG folders point into a fresh temporary
-/// folder, and what they were before comes back at the end.
+/// folder, its language is that of the sources, and what they were before comes back at the end.
 class PrivateHome
 {
   public:
@@ -23,6 +23,7 @@ class PrivateHome
         point("XDG_DATA_HOME", path() + QStringLiteral("/.local/share"));
         point("XDG_STATE_HOME", path() + QStringLiteral("/.local/state"));
         point("XDG_CACHE_HOME", path() + QStringLiteral("/.cache"));
+        point("LC_ALL", QStringLiteral("C.UTF-8"));
     }
     ~PrivateHome()
     {
@@ -37,10 +38,10 @@ class PrivateHome
     [[nodiscard]] QString library() const { return path() + QStringLiteral("/Pictures/Quorvane"); }
 
   private:
-    void point(const char *name, const QString &folder)
+    void point(const char *name, const QString &value)
     {
         m_before.emplace_back(name, qEnvironmentVariableIsSet(name) ? qgetenv(name) : QByteArray());
-        qputenv(name, folder.toLocal8Bit());
+        qputenv(name, value.toLocal8Bit());
     }
 
     QTemporaryDir m_folder;

@@ -1,6 +1,8 @@
-// Every view in both themes. With QUORVANE_SCREENSHOTS=FOLDER the pictures are kept there to be looked at.
+// Every view in both themes. With QUORVANE_SCREENSHOTS=FOLDER the pictures are kept there to be looked at, in the
+// language that QUORVANE_SCREENSHOTS_LANGUAGE names.
 
 #include "Manager/SettingsKeys.h"
+#include "Support/SpokenLanguage.h"
 #include "UI/ViewFixture.h"
 
 namespace quorvane {
@@ -72,6 +74,9 @@ TEST_F(Screenshot, forTheEye)
     if (!qEnvironmentVariableIsSet("QUORVANE_SCREENSHOTS")) {
         GTEST_SKIP() << "QUORVANE_SCREENSHOTS names no folder";
     }
+    const QString language = qEnvironmentVariable("QUORVANE_SCREENSHOTS_LANGUAGE");
+    const SpokenLanguage spoken(language);
+    QGuiApplication::setLayoutDirection(directionFor({language}));
     const std::array prompts{"northern lights over a frozen lake", "a lone tree on a hill in autumn",
                              "the sea at sunset with far islands and a very long description that has to be cut",
                              "desert dunes under stars", "misty mountains at dawn"};

@@ -12,4 +12,17 @@ TEST(FileNames, aPictureIsNamedByItsLocalSecond)
               QStringLiteral("wallpaper_2026-01-02_03-04-05.jpg"));
 }
 
+TEST(FileNames, areTheSameInEveryLanguage)
+{
+    const QDateTime now(QDate(2026, 1, 2), QTime(3, 4, 5));
+    const QLocale before;
+    // They write other digits, and two of them count other years.
+    for (const char *locale : {"ar_EG", "fa_IR", "bn_BD", "th_TH", "my_MM", "de_DE"}) {
+        QLocale::setDefault(QLocale(QLatin1String(locale)));
+        EXPECT_EQ(wallpaperFileName(now, QStringLiteral("png")), QStringLiteral("wallpaper_2026-01-02_03-04-05.png"))
+            << locale;
+    }
+    QLocale::setDefault(before);
+}
+
 } // namespace quorvane
