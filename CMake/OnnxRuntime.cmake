@@ -19,7 +19,8 @@ if(QUORVANE_LOCAL_UPSCALER)
             # An installed program finds the library it was built with; a distribution's own needs none of this.
             include(GNUInstallDirs)
             install(FILES ${folder}/lib/libonnxruntime.so.1 DESTINATION ${CMAKE_INSTALL_LIBDIR}/quorvane)
-            install(FILES ${folder}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright.onnxruntime)
+            install(FILES ${folder}/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quorvane
+                    RENAME copyright.onnxruntime)
             list(APPEND CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}/quorvane")
         endif()
     endif()

@@ -66,6 +66,13 @@ bool isOneOf(const QString &text, std::initializer_list<const char *> words)
     return std::any_of(words.begin(), words.end(), [&text](const char *word) { return text == QLatin1String(word); });
 }
 
+CommandLine only(Verb verb)
+{
+    CommandLine line;
+    line.verb = verb;
+    return line;
+}
+
 /// Whether the arguments have the command's form beyond their number.
 bool hasForm(const CommandLine &line)
 {
@@ -89,6 +96,11 @@ bool hasForm(const CommandLine &line)
 
 } // namespace
 
+bool CommandLine::isDesktopAction(const QString &name)
+{
+    return isOneOf(name, {"generate", "toggle-auto", "settings", "quit"});
+}
+
 std::variant<CommandLine, QString> parseCommandLine(const QStringList &arguments)
 {
     CommandLine line;
@@ -100,13 +112,18 @@ std::variant<CommandLine, QString> parseCommandLine(const QStringList &arguments
         if (isOption && argument == QLatin1String("--")) {
             optionsEnded = true;
         } else if (isOption && isOneOf(argument, {"--help", "-h"})) {
-            return CommandLine{.verb = Verb::Help, .arguments = {}, .prompt = {}, .secret = {}};
+            return only(Verb::Help);
         } else if (isOption && argument == QLatin1String("--version")) {
-            return CommandLine{.verb = Verb::Version, .arguments = {}, .prompt = {}, .secret = {}};
+            return only(Verb::Version);
         } else if (isOption && argument == QLatin1String("--json")) {
             line.json = true;
         } else if (isOption && argument == QLatin1String("--hidden") && !hasVerb) {
             line.hidden = true;
+        } else if (isOption && argument == QLatin1String("--action") && !hasVerb) {
+            if (++index == arguments.size() || !CommandLine::isDesktopAction(arguments.at(index))) {
+                return Tr::tr("--action needs one of: generate, toggle-auto, settings, quit");
+            }
+            line.action = arguments.at(index);
         } else if (isOption && argument == QLatin1String("--unset") && line.verb == Verb::Settings) {
             line.unset = true;
         } else if (isOption && argument.startsWith(QLatin1String("--prompt=")) && line.verb == Verb::Generate) {
@@ -135,7 +152,8 @@ std::variant<CommandLine, QString> parseCommandLine(const QStringList &arguments
     }
     const auto *form =
         std::find_if(kForms.begin(), kForms.end(), [&](const Form &each) { return each.verb == line.verb; });
-    if (line.hidden || line.arguments.size() < form->fewest || line.arguments.size() > form->most || !hasForm(line)) {
+    if (line.hidden || line.action || line.arguments.size() < form->fewest || line.arguments.size() > form->most ||
+        !hasForm(line)) {
         return Tr::tr("usage: %1").arg(usage(line.verb));
     }
     return line;
@@ -144,9 +162,12 @@ std::variant<CommandLine, QString> parseCommandLine(const QStringList &arguments
 QString helpText()
 {
     return Tr::tr(R"(Usage: quorvane [--hidden]
+       quorvane --action NAME
        quorvane COMMAND [--json]
 
 Without a command the application starts and opens its window (--hidden: tray only).
+--action starts it where it does not run, and does what the desktop entry's action
+does: generate, toggle-auto, settings or quit.
 
   generate [--prompt TEXT]      make a picture and set it as the wallpaper
   upscale FILE                  make a 4K copy of a picture and set it

@@ -142,8 +142,8 @@ int runModel(const CommandLine &line)
 int runAutostart(const CommandLine &line)
 {
     const bool enabled = line.arguments.first() == QLatin1String("on");
-    if (!setAutostart(enabled ? Autostart::On : Autostart::Off)) {
-        return fail(Tr::tr("could not write the autostart entry"));
+    if (const auto problem = setAutostart(enabled ? Autostart::On : Autostart::Off)) {
+        return fail(*problem);
     }
     if (line.json) {
         Console::printJson(QJsonObject{{QStringLiteral("autostart"), enabled}});

@@ -69,6 +69,16 @@ bool ControlService::exportAndRequest()
 
 bool ControlService::activateOther()
 {
+    return askOther(QStringLiteral("Activate"), {});
+}
+
+bool ControlService::actOther(const QString &action)
+{
+    return askOther(QStringLiteral("ActivateAction"), {action, QVariantList()});
+}
+
+bool ControlService::askOther(const QString &method, QVariantList arguments)
+{
     QVariantMap platformData;
     for (const auto &[variable, key] :
          {std::pair("XDG_ACTIVATION_TOKEN", kActivationToken), std::pair("DESKTOP_STARTUP_ID", kStartupId)}) {
@@ -77,8 +87,8 @@ bool ControlService::activateOther()
         }
     }
     QDBusMessage call = QDBusMessage::createMethodCall(Control::busName(), Control::objectPath(),
-                                                       Control::applicationInterface(), QStringLiteral("Activate"));
-    call.setArguments({platformData});
+                                                       Control::applicationInterface(), method);
+    call.setArguments(arguments << platformData);
     call.setAutoStartService(false);
     return m_bus.connection().call(call, QDBus::Block, kActivationLimitMilliseconds).type() ==
            QDBusMessage::ReplyMessage;
@@ -98,9 +108,14 @@ void ControlService::serve(Workshop &workshop)
     announceAt(&WallpaperManager::autoEnabledChanged, QStringLiteral("AutoEnabled"));
     announceAt(&WallpaperManager::nextFireDateChanged, QStringLiteral("NextFireDate"));
     announceAt(&WallpaperManager::currentWallpaperURLChanged, QStringLiteral("CurrentWallpaper"));
-    for (const QDBusMessage &message : std::exchange(m_early, {})) {
-        handleMessage(message, m_bus.connection());
-    }
+    // From within the event loop, because the answer may be to end it.
+    const auto begin = [this] {
+        m_isServing = true;
+        for (const QDBusMessage &message : std::exchange(m_early, {})) {
+            handleMessage(message, m_bus.connection());
+        }
+    };
+    QMetaObject::invokeMethod(this, begin, Qt::QueuedConnection);
     // After a restart of the bus the name is free again.
     connect(&m_bus, &SessionBus::connected, this, [this] {
         if (!exportAndRequest()) {
@@ -145,7 +160,7 @@ QString ControlService::introspect(const QString & /*path*/) const
 
 bool ControlService::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
 {
-    if (m_workshop == nullptr) {
+    if (!m_isServing) {
         // The name is ours before the manager is made, which may run the event loop.
         message.setDelayedReply(true);
         m_early.append(message);
@@ -181,21 +196,28 @@ void ControlService::answerApplication(const QDBusMessage &message, const QDBusC
     }
     const QString action = arguments.value(0).toString();
     const bool isAction = message.member() == QLatin1String("ActivateAction") && signature == QLatin1String("sava{sv}");
+    // An action may end the program, so the answer goes out before it.
+    const QDBusMessage answer =
+        isAction && CommandLine::isDesktopAction(action)
+            ? message.createReply()
+            : message.createErrorReply(QDBusError::InvalidArgs, message.member() + QLatin1Char(' ') + action);
+    connection.send(answer);
+    if (answer.type() == QDBusMessage::ReplyMessage) {
+        act(action, tokenFrom(arguments.at(2)));
+    }
+}
+
+void ControlService::act(const QString &action, const QString &token)
+{
     WallpaperManager &manager = m_workshop->manager;
-    if (isAction && action == QLatin1String("quit")) {
-        quit(message, connection);
-    } else if (isAction && action == QLatin1String("settings")) {
-        connection.send(message.createReply());
-        Q_EMIT settingsAsked(tokenFrom(arguments.at(2)));
-    } else if (isAction && action == QLatin1String("generate")) {
-        connection.send(message.createReply());
+    if (action == QLatin1String("generate")) {
         manager.generateAndSet();
-    } else if (isAction && action == QLatin1String("toggle-auto")) {
-        connection.send(message.createReply());
+    } else if (action == QLatin1String("toggle-auto")) {
         manager.setAutoEnabled(!manager.autoEnabled());
-    } else {
-        connection.send(
-            message.createErrorReply(QDBusError::InvalidArgs, message.member() + QLatin1Char(' ') + action));
+    } else if (action == QLatin1String("settings")) {
+        Q_EMIT settingsAsked(token);
+    } else if (action == QLatin1String("quit")) {
+        Q_EMIT quitAsked();
     }
 }
 

@@ -32,6 +32,12 @@ class ControlService : public QDBusVirtualObject
     /// environment, and waits for its answer. False when it gave none.
     [[nodiscard]] bool activateOther();
 
+    /// Asks the application that owns the name for an action of the desktop entry, like activateOther().
+    [[nodiscard]] bool actOther(const QString &action);
+
+    /// Does what that action of the desktop entry does. Only while it serves.
+    void act(const QString &action, const QString &token);
+
     /// Begins to serve. The workshop lives until release().
     void serve(Workshop &workshop);
 
@@ -57,10 +63,12 @@ class ControlService : public QDBusVirtualObject
     void announce(const QString &property);
     [[nodiscard]] QVariantMap properties() const;
     [[nodiscard]] bool exportAndRequest();
+    [[nodiscard]] bool askOther(const QString &method, QVariantList arguments);
 
     SessionBus &m_bus;
     Workshop *m_workshop = nullptr;
-    QList<QDBusMessage> m_early; ///< What was asked before serve().
+    bool m_isServing = false;
+    QList<QDBusMessage> m_early; ///< What was asked before.
 };
 
 } // namespace quorvane

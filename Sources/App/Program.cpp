@@ -32,6 +32,16 @@ int fail(const QString &problem, int status = kFailed)
 
 enum class Role { Application, Done, Failed };
 
+/// Asks the application that runs for what the command line asks for.
+bool handOver(ControlService &control, ControlService::Claim claim, const CommandLine &line)
+{
+    if (line.action) {
+        return claim == ControlService::Claim::Taken && control.actOther(*line.action);
+    }
+    return line.hidden ||
+           (claim == ControlService::Claim::Taken ? control.activateOther() : InstanceLock::activateOther());
+}
+
 /// Becomes the application, or hands over to the one that runs.
 Role takeRole(ControlService &control, InstanceLock &lock, const CommandLine &line)
 {
@@ -42,8 +52,7 @@ Role takeRole(ControlService &control, InstanceLock &lock, const CommandLine &li
         if (claim == ControlService::Claim::Owned || (claim == ControlService::Claim::NoBus && lock.take())) {
             return Role::Application;
         }
-        if (line.hidden ||
-            (claim == ControlService::Claim::Taken ? control.activateOther() : InstanceLock::activateOther())) {
+        if (handOver(control, claim, line)) {
             return Role::Done;
         }
     }
@@ -57,10 +66,13 @@ bool hasDisplay()
 }
 
 /// Where nothing can be shown, the application that runs elsewhere in the session can still be asked to show itself.
-int runWithoutDisplay()
+int runWithoutDisplay(CommandLine line)
 {
     SessionBus bus;
-    if (bus.isConnected() ? ControlService(bus).activateOther() : InstanceLock::activateOther()) {
+    ControlService control(bus);
+    const auto claim = bus.isConnected() ? ControlService::Claim::Taken : ControlService::Claim::NoBus;
+    line.hidden = false; // There is nothing else that this start could do.
+    if (handOver(control, claim, line)) {
         return kDone;
     }
     return fail(Tr::tr("there is no display; see quorvane --help for what needs none"));
@@ -77,8 +89,11 @@ int runApplication(const CommandLine &line, const SceneUrls &urls)
     }
     WallpaperApp app(bus, control, urls);
     QObject::connect(&lock, &InstanceLock::activated, &app, &WallpaperApp::openMain);
-    if (!line.hidden) {
-        const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    if (line.action) {
+        QMetaObject::invokeMethod(
+            &app, [&control, &line, token] { control.act(*line.action, token); }, Qt::QueuedConnection);
+    } else if (!line.hidden) {
         QMetaObject::invokeMethod(
             &app, [&app, token] { app.openMain(token); }, Qt::QueuedConnection);
     }
@@ -99,7 +114,7 @@ int runWithoutWindows(const Parsed &parsed)
         return fail(*problem, kWrongCommandLine);
     }
     const auto &line = std::get<CommandLine>(parsed);
-    return line.verb == CommandLine::Verb::Start ? runWithoutDisplay() : runCommand(line);
+    return line.verb == CommandLine::Verb::Start ? runWithoutDisplay(line) : runCommand(line);
 }
 
 } // namespace

@@ -24,7 +24,6 @@ WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls u
     connect(&m_menuBar, &MenuBar::settingsChosen, this, [this] { m_scenes.openSettings(); });
     connect(&m_menuBar, &MenuBar::quitChosen, this, &WallpaperApp::reallyQuit);
 
-    m_control.serve(m_workshop);
     connect(&m_control, &ControlService::activated, this, &WallpaperApp::openMain);
     connect(&m_control, &ControlService::settingsAsked, &m_scenes, &Scenes::openSettings);
     connect(&m_control, &ControlService::quitAsked, this, &WallpaperApp::reallyQuit);
@@ -36,6 +35,8 @@ WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls u
     });
     connect(&m_signals, &UnixSignals::endAsked, this, &WallpaperApp::reallyQuit);
     connect(&m_workshop.manager, &WallpaperManager::operationEnded, this, &WallpaperApp::notify);
+
+    m_control.serve(m_workshop);
 }
 
 WallpaperApp::~WallpaperApp()

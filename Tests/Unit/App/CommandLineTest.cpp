@@ -26,6 +26,7 @@ TEST(CommandLine, everyCommandHasItsForm)
     };
     for (const Case &each : {Case{"", Verb::Start},
                              Case{"--hidden", Verb::Start},
+                             Case{"--action toggle-auto", Verb::Start},
                              Case{"generate", Verb::Generate},
                              Case{"generate --prompt lake", Verb::Generate},
                              Case{"upscale a.png", Verb::Upscale},
@@ -83,6 +84,10 @@ TEST(CommandLine, whatHasNoFormIsRefused)
                               "quit now",
                               "generate --hidden",
                               "--hidden generate",
+                              "--action",
+                              "--action explode",
+                              "--action settings generate",
+                              "generate --action settings",
                               "status --prompt x",
                               "--prompt x"}) {
         EXPECT_FALSE(parsed(words)) << words;
@@ -94,6 +99,7 @@ TEST(CommandLine, optionsStandBeforeOrBehindTheCommand)
     EXPECT_TRUE(parsed("--json status")->json);
     EXPECT_TRUE(parsed("status --json")->json);
     EXPECT_TRUE(parsed("--hidden")->hidden);
+    EXPECT_EQ(parsed("--action quit")->action, QStringLiteral("quit"));
     EXPECT_EQ(parsed("generate --prompt=a")->prompt, QStringLiteral("a"));
     EXPECT_EQ(parsed("generate --prompt -a")->prompt, QStringLiteral("-a"));
     EXPECT_FALSE(parsed("generate")->prompt);
