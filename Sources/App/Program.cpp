@@ -8,11 +8,16 @@
 #include "App/InstanceLock.h"
 #include "App/SessionBus.h"
 #include "App/WallpaperApp.h"
+#include "Platform/GraphicsProcessor.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QNetworkProxyFactory>
+#include <QQuickWindow>
 
-#include <cstring>
+#include <cstdlib>
+#include <memory>
+
+#include <unistd.h>
 
 namespace quorvane {
 
@@ -55,6 +60,16 @@ bool hasDisplay()
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
+/// Widgets are for the tray of X11 (EmbeddedTray) only; elsewhere they would cost memory all day.
+std::unique_ptr<QGuiApplication> makeApplication(int &argc, char **argv)
+{
+    const bool mayBeX11 = qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (mayBeX11) {
+        return std::make_unique<QApplication>(argc, argv);
+    }
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 /// Where nothing can be shown, the application that runs elsewhere in the session can still be asked to show itself.
 int runWithoutDisplay()
 {
@@ -65,8 +80,29 @@ int runWithoutDisplay()
     return fail(Tr::tr("there is no display; see quorvane --help for what needs none"));
 }
 
+/// Where the display goes away, Qt ends the process by exit() from within the event loop. The destructors of static
+/// objects would then wait for threads that are at work; files are always whole, so there is nothing to wait for.
+void endAtOnceWithTheDisplay()
+{
+    if (QCoreApplication::instance() != nullptr) {
+        ::_exit(kFailed);
+    }
+}
+
+/// Where nothing draws but the processor, Qt's own drawing is the better one: an OpenGL made of software takes a
+/// hundred megabytes, and keeps them when the windows are closed.
+void chooseDrawing()
+{
+    if (!hasGraphicsProcessor() && !qEnvironmentVariableIsSet("QT_QUICK_BACKEND") &&
+        !qEnvironmentVariableIsSet("QSG_RHI_BACKEND")) {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+        qputenv("QT_WAYLAND_DISABLE_HW_INTEGRATION", "1"); // It would load OpenGL for nothing.
+    }
+}
+
 int runApplication(const CommandLine &line, const SceneUrls &urls)
 {
+    (void)std::atexit(endAtOnceWithTheDisplay);
     SessionBus bus;
     ControlService control(bus);
     InstanceLock lock;
@@ -74,6 +110,7 @@ int runApplication(const CommandLine &line, const SceneUrls &urls)
     if (role != Role::Application) {
         return role == Role::Done ? kDone : fail(Tr::tr("the application runs already and does not answer"));
     }
+    chooseDrawing();
     WallpaperApp app(bus, control, urls);
     QObject::connect(&lock, &InstanceLock::activated, &app, &WallpaperApp::openMain);
     if (!line.hidden) {
@@ -104,7 +141,7 @@ int runProgram(int argc, char **argv, const SceneUrls &urls)
         const QCoreApplication application(argc, argv);
         return line.verb == CommandLine::Verb::Start ? runWithoutDisplay() : runCommand(line);
     }
-    const QGuiApplication application(argc, argv);
+    const std::unique_ptr<QGuiApplication> application = makeApplication(argc, argv);
     QGuiApplication::setDesktopFileName(Control::busName());
     return runApplication(line, urls);
 }

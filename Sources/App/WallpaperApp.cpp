@@ -3,9 +3,11 @@
 #include "App/Console.h"
 #include "App/ControlService.h"
 #include "App/SessionBus.h"
+#include "Platform/IdleMemory.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QSessionManager>
 
 namespace quorvane {
 
@@ -34,14 +36,19 @@ WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls u
         Console::printError(QStringLiteral("quorvane: ") + problem);
         m_notifications.show({tr("The window cannot be opened"), problem, {}});
     });
+    // X11 session managers would start what runs at log-out again, with its window; starting with the session is what
+    // autostart is for. Direct, because the session manager waits for the answer.
+    connect(qGuiApp, &QGuiApplication::saveStateRequest, this, &WallpaperApp::saveState, Qt::DirectConnection);
     connect(&m_signals, &UnixSignals::endAsked, this, &WallpaperApp::reallyQuit);
     connect(&m_workshop.manager, &WallpaperManager::operationEnded, this, &WallpaperApp::notify);
 }
 
 WallpaperApp::~WallpaperApp()
 {
-    // Nothing is asked of a manager that is going.
+    // Nothing is asked of a manager that is going, and what it still tells is nobody's business: the windows and the
+    // menu go before it.
     m_control.release();
+    disconnect(&m_workshop.manager, nullptr, this, nullptr);
 }
 
 void WallpaperApp::openMain(const QString &token)
@@ -82,6 +89,12 @@ void WallpaperApp::reallyQuit()
     terminate();
 }
 
+void WallpaperApp::saveState(QSessionManager &session)
+{
+    session.setRestartHint(QSessionManager::RestartNever);
+    m_workshop.defaults.sync();
+}
+
 void WallpaperApp::notify(const OperationResult &result)
 {
     const WallpaperManager &manager = m_workshop.manager;
@@ -90,6 +103,9 @@ void WallpaperApp::notify(const OperationResult &result)
     if (notice) {
         m_notifications.show(*notice);
     }
+    // Later, when the operation has let go of its pictures.
+    QMetaObject::invokeMethod(
+        this, [] { returnIdleMemory(); }, Qt::QueuedConnection);
 }
 
 } // namespace quorvane

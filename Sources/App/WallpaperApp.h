@@ -9,6 +9,8 @@
 
 #include <QObject>
 
+class QSessionManager;
+
 namespace quorvane {
 
 class ControlService;
@@ -34,6 +36,7 @@ class WallpaperApp : public QObject
     void terminate();
     /// Ends in any case.
     void reallyQuit();
+    void saveState(QSessionManager &session);
     void notify(const OperationResult &result);
 
     ControlService &m_control;
