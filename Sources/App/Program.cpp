@@ -60,6 +60,17 @@ bool hasDisplay()
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
+/// Where nothing draws but the processor, Qt's own drawing is the better one: an OpenGL made of software takes a
+/// hundred megabytes, and keeps them when the windows are closed.
+void chooseDrawing()
+{
+    if (!hasGraphicsProcessor() && !qEnvironmentVariableIsSet("QT_QUICK_BACKEND") &&
+        !qEnvironmentVariableIsSet("QSG_RHI_BACKEND")) {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+        qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none"); // The usual one loads OpenGL in any case.
+    }
+}
+
 /// Widgets are for the tray of X11 (EmbeddedTray) only; elsewhere they would cost memory all day.
 std::unique_ptr<QGuiApplication> makeApplication(int &argc, char **argv)
 {
@@ -89,17 +100,6 @@ void endAtOnceWithTheDisplay()
     }
 }
 
-/// Where nothing draws but the processor, Qt's own drawing is the better one: an OpenGL made of software takes a
-/// hundred megabytes, and keeps them when the windows are closed.
-void chooseDrawing()
-{
-    if (!hasGraphicsProcessor() && !qEnvironmentVariableIsSet("QT_QUICK_BACKEND") &&
-        !qEnvironmentVariableIsSet("QSG_RHI_BACKEND")) {
-        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-        qputenv("QT_WAYLAND_DISABLE_HW_INTEGRATION", "1"); // It would load OpenGL for nothing.
-    }
-}
-
 int runApplication(const CommandLine &line, const SceneUrls &urls)
 {
     (void)std::atexit(endAtOnceWithTheDisplay);
@@ -110,7 +110,6 @@ int runApplication(const CommandLine &line, const SceneUrls &urls)
     if (role != Role::Application) {
         return role == Role::Done ? kDone : fail(Tr::tr("the application runs already and does not answer"));
     }
-    chooseDrawing();
     WallpaperApp app(bus, control, urls);
     QObject::connect(&lock, &InstanceLock::activated, &app, &WallpaperApp::openMain);
     if (!line.hidden) {
@@ -141,6 +140,7 @@ int runProgram(int argc, char **argv, const SceneUrls &urls)
         const QCoreApplication application(argc, argv);
         return line.verb == CommandLine::Verb::Start ? runWithoutDisplay() : runCommand(line);
     }
+    chooseDrawing();
     const std::unique_ptr<QGuiApplication> application = makeApplication(argc, argv);
     QGuiApplication::setDesktopFileName(Control::busName());
     return runApplication(line, urls);

@@ -9,6 +9,8 @@
 #include <QKeyEvent>
 #include <QSessionManager>
 
+#include <chrono>
+
 namespace quorvane {
 
 WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls urls, QObject *parent)
@@ -41,6 +43,11 @@ WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls u
     connect(qGuiApp, &QGuiApplication::saveStateRequest, this, &WallpaperApp::saveState, Qt::DirectConnection);
     connect(&m_signals, &UnixSignals::endAsked, this, &WallpaperApp::reallyQuit);
     connect(&m_workshop.manager, &WallpaperManager::operationEnded, this, &WallpaperApp::notify);
+
+    // When the operation, and whatever followed it, has let go of its pictures.
+    m_tidying.setSingleShot(true);
+    m_tidying.setInterval(std::chrono::seconds(2));
+    connect(&m_tidying, &QTimer::timeout, this, [] { returnIdleMemory(); });
 }
 
 WallpaperApp::~WallpaperApp()
@@ -103,9 +110,7 @@ void WallpaperApp::notify(const OperationResult &result)
     if (notice) {
         m_notifications.show(*notice);
     }
-    // Later, when the operation has let go of its pictures.
-    QMetaObject::invokeMethod(
-        this, [] { returnIdleMemory(); }, Qt::QueuedConnection);
+    m_tidying.start();
 }
 
 } // namespace quorvane

@@ -8,6 +8,7 @@
 #include "App/Workshop.h"
 
 #include <QObject>
+#include <QTimer>
 
 class QSessionManager;
 
@@ -46,6 +47,7 @@ class WallpaperApp : public QObject
     MenuBar m_menuBar;
     Scenes m_scenes;
     UnixSignals m_signals;
+    QTimer m_tidying;
 };
 
 } // namespace quorvane
