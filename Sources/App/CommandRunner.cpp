@@ -3,8 +3,11 @@
 #include "App/Reports.h"
 #include "App/SettingsTable.h"
 #include "App/Workshop.h"
+#include "Platform/Autostart.h"
+#include "Platform/Worker.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
+#include "Upscaling/ModelFiles.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -125,6 +128,13 @@ CommandOutcome switchAuto(Workshop &workshop, const CommandLine &line)
     return {kDone, QJsonObject{{QStringLiteral("autoEnabled"), workshop.manager.autoEnabled()}}, {}};
 }
 
+/// Off the main thread, for what loads a network or waits for the desktop.
+QCoro::Task<> runningOnWorker(std::function<CommandOutcome()> work, Ended ended)
+{
+    const CommandOutcome outcome = co_await onWorker(std::move(work));
+    ended(outcome);
+}
+
 QString existingFile(const QString &argument)
 {
     if (!argument.contains(QLatin1Char('/'))) {
@@ -182,7 +192,19 @@ void start(Workshop &workshop, const CommandLine &line, const Ended &ended)
         ended(switchAuto(workshop, line));
         return;
     case Verb::Status:
-        ended({kDone, Reports::status(manager, *workshop.desktop), {}});
+        manager.askForScreens([&workshop, ended](const QList<Screen> &screens) {
+            ended({kDone, Reports::status(workshop.manager, *workshop.desktop, screens), {}});
+        });
+        return;
+    case Verb::Key:
+        ended(changeKeys(line, &manager));
+        return;
+    case Verb::Autostart:
+        workshop.tasks.start(runningOnWorker([line] { return switchAutostart(line); }, ended));
+        return;
+    case Verb::Model:
+        workshop.tasks.start(
+            runningOnWorker([line, stop = workshop.tasks.stopToken()] { return useModel(line, stop); }, ended));
         return;
     case Verb::History:
         ended({kDone, Reports::history(manager), {}});
@@ -195,7 +217,7 @@ void start(Workshop &workshop, const CommandLine &line, const Ended &ended)
     }
 }
 
-CommandOutcome changeKeys(const CommandLine &line)
+CommandOutcome changeKeys(const CommandLine &line, WallpaperManager *manager)
 {
     const QString &action = line.arguments.first();
     if (action != QLatin1String("list")) {
@@ -204,7 +226,11 @@ CommandOutcome changeKeys(const CommandLine &line)
         if (isSet && line.secret.isEmpty()) {
             return failure(Tr::tr("no key on standard input"));
         }
-        isSet ? Keychain::save(line.secret, id) : Keychain::remove(id);
+        if (isSet) {
+            manager != nullptr ? manager->saveKey(line.secret, id) : Keychain::save(line.secret, id);
+        } else {
+            manager != nullptr ? manager->removeKey(id) : Keychain::remove(id);
+        }
         if (Keychain::load(id) != (isSet ? std::optional(line.secret) : std::nullopt)) {
             return failure(Tr::tr("could not write the key file"));
         }
@@ -214,6 +240,31 @@ CommandOutcome changeKeys(const CommandLine &line)
         ids.append(id);
     }
     return {kDone, ids, {}};
+}
+
+CommandOutcome switchAutostart(const CommandLine &line)
+{
+    const bool enabled = line.arguments.first() == QLatin1String("on");
+    if (const auto problem = setAutostart(enabled ? Autostart::On : Autostart::Off)) {
+        return failure(*problem);
+    }
+    return {kDone, QJsonObject{{QStringLiteral("autostart"), enabled}}, {}};
+}
+
+CommandOutcome useModel(const CommandLine &line, const std::stop_token &stop)
+{
+    try {
+        if (line.arguments.size() == 2) {
+            installModel(line.arguments.at(1), stop);
+        }
+        const std::optional<QString> file = findModel();
+        return {kDone,
+                QJsonObject{{QStringLiteral("file"), Reports::textOrNull(file.value_or(QString()))},
+                            {QStringLiteral("description"), file ? QJsonValue(describeModel(*file)) : QJsonValue()}},
+                {}};
+    } catch (const std::exception &error) {
+        return failure(QString::fromUtf8(error.what()));
+    }
 }
 
 } // namespace quorvane::CommandRunner

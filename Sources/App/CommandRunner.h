@@ -4,9 +4,11 @@
 #include "App/CommandOutcome.h"
 
 #include <functional>
+#include <stop_token>
 
 namespace quorvane {
 
+class WallpaperManager;
 struct Workshop;
 
 /// What the commands do, for a process of their own and for the running application alike. Neither prints nor waits.
@@ -14,12 +16,18 @@ namespace CommandRunner {
 
 using Ended = std::function<void(const CommandOutcome &)>;
 
-/// Starts the command; ended is called once, before this returns where nothing is to be waited for. The verbs are
-/// those that need a manager: generate, upscale, set, favorite, delete, settings, auto, status, history, albums.
+/// Starts any command but "quit"; ended is called once, before this returns where nothing is to be waited for.
 void start(Workshop &workshop, const CommandLine &line, const Ended &ended);
 
-/// The verb "key", which needs the key file alone. The key to set is line.secret.
-[[nodiscard]] CommandOutcome changeKeys(const CommandLine &line);
+/// The verb "key", which needs the key file alone. The key to set is line.secret. Where there is a manager, it makes
+/// the change, so that its windows follow.
+[[nodiscard]] CommandOutcome changeKeys(const CommandLine &line, WallpaperManager *manager = nullptr);
+
+/// The verb "autostart". In a sandbox it waits for the desktop; meant for a worker where there is an event loop.
+[[nodiscard]] CommandOutcome switchAutostart(const CommandLine &line);
+
+/// The verb "model". Loads a network, so it takes its time; meant for a worker where there is an event loop.
+[[nodiscard]] CommandOutcome useModel(const CommandLine &line, const std::stop_token &stop = {});
 
 /// The picture that the command means, as an absolute path; empty where there is none. A bare name means one of the
 /// library first. Only "set" and "upscale" take pictures from elsewhere, so that nothing else is deleted or marked.

@@ -5,7 +5,6 @@
 #include "App/Forwarding.h"
 #include "App/Reports.h"
 #include "App/Workshop.h"
-#include "Platform/Autostart.h"
 #include "Upscaling/ModelFiles.h"
 
 #include <QCoreApplication>
@@ -72,6 +71,10 @@ void printText(const CommandLine &line, const QJsonValue &value)
             }
         }
         return;
+    case Verb::Model:
+        Console::print(value[QLatin1String("file")].toString());
+        Console::print(value[QLatin1String("description")].toString());
+        return;
     default:
         return;
     }
@@ -116,39 +119,11 @@ CommandOutcome runHere(const CommandLine &line)
 
 int runModel(const CommandLine &line)
 {
-    try {
-        if (line.arguments.size() == 2) {
-            installModel(line.arguments.at(1));
-        }
-        const std::optional<QString> file = findModel();
-        if (line.json) {
-            Console::printJson(QJsonObject{
-                {QStringLiteral("file"), Reports::textOrNull(file.value_or(QString()))},
-                {QStringLiteral("description"), file ? QJsonValue(describeModel(*file)) : QJsonValue()},
-            });
-            return kDone;
-        }
-        if (!file) {
-            return fail(missingModel().errorDescription());
-        }
-        Console::print(*file);
-        Console::print(describeModel(*file));
-    } catch (const std::exception &error) {
-        return fail(QString::fromUtf8(error.what()));
+    const CommandOutcome outcome = CommandRunner::useModel(line);
+    if (outcome.problem.isEmpty() && outcome.value[QLatin1String("file")].isNull() && !line.json) {
+        return fail(missingModel().errorDescription());
     }
-    return kDone;
-}
-
-int runAutostart(const CommandLine &line)
-{
-    const bool enabled = line.arguments.first() == QLatin1String("on");
-    if (const auto problem = setAutostart(enabled ? Autostart::On : Autostart::Off)) {
-        return fail(*problem);
-    }
-    if (line.json) {
-        Console::printJson(QJsonObject{{QStringLiteral("autostart"), enabled}});
-    }
-    return kDone;
+    return finish(line, outcome);
 }
 
 /// Makes the arguments mean the same in another process: reads the key that is to be set, and makes files absolute.
@@ -193,7 +168,7 @@ int runCommand(CommandLine line)
         Console::print(QStringLiteral("quorvane ") + QCoreApplication::applicationVersion());
         return kDone;
     case Verb::Autostart:
-        return runAutostart(line);
+        return finish(line, CommandRunner::switchAutostart(line));
     case Verb::Model:
         return runModel(line);
     default:
@@ -208,11 +183,7 @@ int runCommand(CommandLine line)
     if (line.verb == Verb::Quit) {
         return fail(Tr::tr("the application is not running"));
     }
-    CommandOutcome outcome = runHere(line);
-    if (line.verb == Verb::Status) {
-        outcome.value = Reports::withRunning(outcome.value.toObject(), runningProperties());
-    }
-    return finish(line, outcome);
+    return finish(line, runHere(line));
 }
 
 } // namespace quorvane

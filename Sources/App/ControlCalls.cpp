@@ -33,12 +33,16 @@ constexpr std::array kMethods{
     Method{QLatin1String("DeleteKey"), Verb::Key, QLatin1String("delete"), 1},
     Method{QLatin1String("History"), Verb::History, {}, 0},
     Method{QLatin1String("Albums"), Verb::Albums, {}, 0},
+    Method{QLatin1String("Status"), Verb::Status, {}, 0},
+    Method{QLatin1String("Model"), Verb::Model, {}, 0},
+    Method{QLatin1String("InstallModel"), Verb::Model, QLatin1String("install"), 1},
     Method{QLatin1String("Quit"), Verb::Quit, {}, 0},
 };
 
 // Methods whose arguments are more than texts in a row.
 const QLatin1String kGenerate("Generate");
 const QLatin1String kAuto("Auto");
+const QLatin1String kAutostart("Autostart");
 const QLatin1String kUnsetSetting("UnsetSetting");
 const QLatin1String kSetKey("SetKey");
 const QLatin1String kPrompt("prompt");
@@ -120,6 +124,10 @@ QString word(Verb verb)
         return QStringLiteral("history");
     case Verb::Albums:
         return QStringLiteral("albums");
+    case Verb::Status:
+        return QStringLiteral("status");
+    case Verb::Model:
+        return QStringLiteral("model");
     default:
         return QStringLiteral("quit");
     }
@@ -174,6 +182,7 @@ QString introspectionXml()
     }
     method(kGenerate, {QStringLiteral("a{sv}")});
     method(kAuto, {QStringLiteral("b")});
+    method(kAutostart, {QStringLiteral("b")});
     method(kUnsetSetting, {text});
     method(kSetKey, {text, text});
     for (const auto &[name, type] : {std::pair("Status", "s"), std::pair("IsError", "b"), std::pair("IsLoading", "b"),
@@ -220,7 +229,9 @@ std::optional<Call> callFor(const CommandLine &line)
         break;
     case Verb::History:
     case Verb::Albums:
-        return std::nullopt; // The library tells it to any process.
+    case Verb::Autostart:
+    case Verb::Model:
+        return std::nullopt; // Files tell it to any process, or are changed by it.
     default:
         break;
     }
@@ -239,8 +250,9 @@ std::optional<CommandLine> lineFrom(const Call &call)
     if (call.method == kGenerate) {
         return generateFrom(arguments);
     }
-    if (call.method == kAuto && arguments.size() == 1 && arguments.first().typeId() == QMetaType::Bool) {
-        return parsed({QStringLiteral("auto")},
+    const bool isSwitch = call.method == kAuto || call.method == kAutostart;
+    if (isSwitch && arguments.size() == 1 && arguments.first().typeId() == QMetaType::Bool) {
+        return parsed({call.method == kAuto ? QStringLiteral("auto") : QStringLiteral("autostart")},
                       {arguments.first().toBool() ? QStringLiteral("on") : QStringLiteral("off")});
     }
     if (call.method == kUnsetSetting && areTexts(arguments, 1)) {

@@ -126,10 +126,16 @@ void ControlService::serve(Workshop &workshop)
 
 void ControlService::release()
 {
-    if (m_bus.isConnected()) {
-        m_bus.connection().unregisterService(Control::busName());
-        m_bus.connection().unregisterObject(Control::objectPath());
+    if (!m_bus.isConnected()) {
+        return;
     }
+    m_bus.connection().unregisterObject(Control::objectPath());
+    // Without waiting for the answer: at the end of a session the bus may be ending too.
+    QDBusMessage release =
+        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ReleaseName"));
+    release.setArguments({Control::busName()});
+    m_bus.connection().send(release);
 }
 
 QVariantMap ControlService::properties() const
@@ -239,11 +245,7 @@ void ControlService::run(const CommandLine &line, const QDBusMessage &message, c
         connection.send(replyWith(message, outcome));
         Q_EMIT changed();
     };
-    if (line.verb == CommandLine::Verb::Key) {
-        ended(CommandRunner::changeKeys(line));
-    } else {
-        CommandRunner::start(*m_workshop, line, ended);
-    }
+    CommandRunner::start(*m_workshop, line, ended);
 }
 
 void ControlService::quit(const QDBusMessage &message, const QDBusConnection &connection)

@@ -125,17 +125,6 @@ std::optional<CommandOutcome> forward(const CommandLine &line)
     return outcomeOf(pending);
 }
 
-QVariantMap runningProperties()
-{
-    const SessionBus bus;
-    if (!isRunning(bus)) {
-        return {};
-    }
-    const QDBusReply<QVariantMap> reply = bus.connection().call(messageTo(
-        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("GetAll"), {Control::interfaceName()}));
-    return reply.isValid() ? reply.value() : QVariantMap();
-}
-
 } // namespace quorvane
 
 #include "Forwarding.moc"

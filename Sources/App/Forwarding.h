@@ -3,8 +3,6 @@
 #include "App/CommandLine.h"
 #include "App/CommandOutcome.h"
 
-#include <QVariantMap>
-
 #include <optional>
 
 namespace quorvane {
@@ -13,8 +11,5 @@ namespace quorvane {
 /// meanwhile. Nothing where no application runs or the command is not the application's business. Files in the line are
 /// absolute.
 [[nodiscard]] std::optional<CommandOutcome> forward(const CommandLine &line);
-
-/// The properties of the running application; empty where none runs.
-[[nodiscard]] QVariantMap runningProperties();
 
 } // namespace quorvane

@@ -5,13 +5,23 @@
 namespace quorvane {
 
 MenuBar::MenuBar(SessionBus &bus, WallpaperManager &manager, QObject *parent)
+    : MenuBar(bus, manager, menuBarIcon(), parent)
+{
+}
+
+MenuBar::MenuBar(SessionBus &bus, WallpaperManager &manager, const MenuBarIcon &icon, QObject *parent)
     : QObject(parent)
     , m_manager(manager)
-    , m_menu(bus, [this] { return menuItems(state(), QLocale()); })
-    , m_item(bus, menuBarIcon())
+    , m_menu(bus, [this] { return items(); })
+    , m_item(bus, icon)
+    , m_embedded(icon, [this] { return items(); })
 {
     connect(&m_menu, &DBusMenu::triggered, this, &MenuBar::choose);
     connect(&m_item, &StatusNotifierItem::activated, this, &MenuBar::openWindowChosen);
+    connect(&m_embedded, &EmbeddedTray::triggered, this, &MenuBar::choose);
+    connect(&m_embedded, &EmbeddedTray::activated, this, &MenuBar::openWindowChosen);
+    connect(&m_item, &StatusNotifierItem::isShownChanged, this, [this] { m_embedded.setWanted(!m_item.isShown()); });
+    m_embedded.setWanted(!m_item.isShown());
     for (const auto signal : {&WallpaperManager::isLoadingChanged, &WallpaperManager::nextFireDateChanged,
                               &WallpaperManager::autoEnabledChanged, &WallpaperManager::providerOverrideChanged,
                               &WallpaperManager::nsfwEnabledChanged, &WallpaperManager::fourKEnabledChanged,
@@ -25,7 +35,14 @@ void MenuBar::refresh()
 {
     m_menu.refresh();
     const QString line = stateLine(state(), QLocale());
-    m_item.setToolTip(m_manager.status().isEmpty() ? line : line + QLatin1Char('\n') + m_manager.status());
+    const QString toolTip = m_manager.status().isEmpty() ? line : line + QLatin1Char('\n') + m_manager.status();
+    m_item.setToolTip(toolTip);
+    m_embedded.setToolTip(QStringLiteral("Quorvane\n") + toolTip);
+}
+
+QList<MenuItem> MenuBar::items() const
+{
+    return menuItems(state(), QLocale());
 }
 
 MenuState MenuBar::state() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "App/DBusMenu.h"
+#include "App/EmbeddedTray.h"
 #include "App/StatusNotifierItem.h"
 
 #include <QObject>
@@ -20,21 +21,21 @@ class MenuBar : public QObject
 
     void refresh();
 
-    /// Whether a panel shows the icon.
-    [[nodiscard]] bool isShown() const { return m_item.isShown(); }
-
   Q_SIGNALS:
     void openWindowChosen();
     void settingsChosen();
     void quitChosen();
 
   private:
+    MenuBar(SessionBus &bus, WallpaperManager &manager, const MenuBarIcon &icon, QObject *parent);
     void choose(MenuItem::Id id);
     [[nodiscard]] MenuState state() const;
+    [[nodiscard]] QList<MenuItem> items() const;
 
     WallpaperManager &m_manager;
     DBusMenu m_menu;
     StatusNotifierItem m_item;
+    EmbeddedTray m_embedded;
 };
 
 } // namespace quorvane

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kPoints = 22;
 constexpr QColor kGlyph(0xf2, 0xf2, 0xf2);
-constexpr QColor kRim(0, 0, 0, 0x50);
+constexpr QColor kRim(0, 0, 0, 0xa0);
 
 QImage tinted(const QImage &shape, const QColor &color)
 {

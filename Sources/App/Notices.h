@@ -11,7 +11,7 @@ struct Notice
 {
     QString title;
     QString text;
-    QString picture; ///< An image file, or empty.
+    QString picture; ///< An image file that is shown small, or empty.
 
     friend bool operator==(const Notice &, const Notice &) = default;
 };

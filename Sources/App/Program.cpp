@@ -9,11 +9,16 @@
 #include "App/SessionBus.h"
 #include "App/Translations.h"
 #include "App/WallpaperApp.h"
+#include "Platform/GraphicsProcessor.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QNetworkProxyFactory>
+#include <QQuickWindow>
 
-#include <cstring>
+#include <cstdlib>
+#include <memory>
+
+#include <unistd.h>
 
 namespace quorvane {
 
@@ -65,6 +70,27 @@ bool hasDisplay()
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
+/// Where nothing draws but the processor, Qt's own drawing is the better one: an OpenGL made of software takes a
+/// hundred megabytes, and keeps them when the windows are closed.
+void chooseDrawing()
+{
+    if (!hasGraphicsProcessor() && !qEnvironmentVariableIsSet("QT_QUICK_BACKEND") &&
+        !qEnvironmentVariableIsSet("QSG_RHI_BACKEND")) {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+        qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none"); // The usual one loads OpenGL in any case.
+    }
+}
+
+/// Widgets are for the tray of X11 (EmbeddedTray) only; elsewhere they would cost memory all day.
+std::unique_ptr<QGuiApplication> makeApplication(int &argc, char **argv)
+{
+    const bool mayBeX11 = qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (mayBeX11) {
+        return std::make_unique<QApplication>(argc, argv);
+    }
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 /// Where nothing can be shown, the application that runs elsewhere in the session can still be asked to show itself.
 int runWithoutDisplay(CommandLine line)
 {
@@ -78,8 +104,18 @@ int runWithoutDisplay(CommandLine line)
     return fail(Tr::tr("there is no display; see quorvane --help for what needs none"));
 }
 
+/// Where the display goes away, Qt ends the process by exit() from within the event loop. The destructors of static
+/// objects would then wait for threads that are at work; files are always whole, so there is nothing to wait for.
+void endAtOnceWithTheDisplay()
+{
+    if (QCoreApplication::instance() != nullptr) {
+        ::_exit(kFailed);
+    }
+}
+
 int runApplication(const CommandLine &line, const SceneUrls &urls)
 {
+    (void)std::atexit(endAtOnceWithTheDisplay);
     SessionBus bus;
     ControlService control(bus);
     InstanceLock lock;
@@ -134,8 +170,9 @@ int runProgram(int argc, char **argv, const SceneUrls &urls)
         installTranslations(application, languages);
         return runWithoutWindows(parseCommandLine(arguments));
     }
-    QGuiApplication application(argc, argv);
-    installTranslations(application, languages);
+    chooseDrawing();
+    const std::unique_ptr<QGuiApplication> application = makeApplication(argc, argv);
+    installTranslations(*application, languages);
     QGuiApplication::setLayoutDirection(directionFor(languages));
     QGuiApplication::setDesktopFileName(Control::busName());
     const auto line = std::get<CommandLine>(parseCommandLine(arguments));

@@ -10,7 +10,6 @@
 #include <QCoreApplication>
 #include <QHash>
 
-#include <array>
 #include <chrono>
 
 namespace quorvane::Reports {
@@ -58,14 +57,14 @@ QJsonValue textOrNull(const QString &text)
     return text.isEmpty() ? QJsonValue() : QJsonValue(text);
 }
 
-QJsonObject status(const WallpaperManager &manager, DesktopPicture &desktop)
+QJsonObject status(const WallpaperManager &manager, const DesktopPicture &desktop, const QList<Screen> &screens)
 {
     const ImageProvider &provider = manager.resolvedProvider();
-    QJsonArray screens;
-    for (const Screen &screen : desktop.screens()) {
-        screens.append(QJsonObject{{QStringLiteral("name"), screen.name},
-                                   {QStringLiteral("width"), screen.pixels.width()},
-                                   {QStringLiteral("height"), screen.pixels.height()}});
+    QJsonArray listed;
+    for (const Screen &screen : screens) {
+        listed.append(QJsonObject{{QStringLiteral("name"), screen.name},
+                                  {QStringLiteral("width"), screen.pixels.width()},
+                                  {QStringLiteral("height"), screen.pixels.height()}});
     }
     return {
         {QStringLiteral("status"), manager.status()},
@@ -85,13 +84,12 @@ QJsonObject status(const WallpaperManager &manager, DesktopPicture &desktop)
         {QStringLiteral("autoEnabled"), manager.autoEnabled()},
         {QStringLiteral("intervalMinutes"), manager.intervalMinutes()},
         {QStringLiteral("interval"), formatInterval(manager.intervalMinutes())},
-        // The schedule belongs to the running application (see withRunning): a command will not be there when it is
-        // due.
-        {QStringLiteral("nextFireDate"), QJsonValue()},
+        // Only the application has a schedule: a command will not be there when it is due.
+        {QStringLiteral("nextFireDate"), textOrNull(manager.nextFireDate().toString(Qt::ISODate))},
         {QStringLiteral("currentWallpaper"), textOrNull(manager.currentWallpaperURL())},
         {QStringLiteral("desktop"), textOrNull(desktop.name())},
         {QStringLiteral("desktopReason"), desktop.reason()},
-        {QStringLiteral("screens"), screens},
+        {QStringLiteral("screens"), listed},
     };
 }
 
@@ -229,23 +227,6 @@ UpscaleProgress progressFrom(const QVariantMap &map)
         progress.remaining = std::chrono::milliseconds(remaining.toLongLong());
     }
     return progress;
-}
-
-QJsonObject withRunning(QJsonObject status, const QVariantMap &properties)
-{
-    const std::array taken{std::pair("status", "Status"), std::pair("isError", "IsError"),
-                           std::pair("isLoading", "IsLoading")};
-    for (const auto &[member, property] : taken) {
-        const QVariant value = properties.value(QLatin1String(property));
-        if (value.isValid()) {
-            status.insert(QLatin1String(member), QJsonValue::fromVariant(value));
-        }
-    }
-    const QString next = properties.value(QStringLiteral("NextFireDate")).toString();
-    if (!next.isEmpty()) {
-        status.insert(QStringLiteral("nextFireDate"), next);
-    }
-    return status;
 }
 
 } // namespace quorvane::Reports

@@ -10,6 +10,7 @@
 namespace quorvane {
 
 class DesktopPicture;
+struct Screen;
 
 /// What the command line tells about the manager: JSON for programs, and the same as text for people.
 namespace Reports {
@@ -17,7 +18,9 @@ namespace Reports {
 /// text, or null where it is empty: how JSON says that there is none.
 [[nodiscard]] QJsonValue textOrNull(const QString &text);
 
-[[nodiscard]] QJsonObject status(const WallpaperManager &manager, DesktopPicture &desktop);
+/// screens are those of desktop at this moment.
+[[nodiscard]] QJsonObject status(const WallpaperManager &manager, const DesktopPicture &desktop,
+                                 const QList<Screen> &screens);
 [[nodiscard]] QString statusText(const QJsonObject &status);
 
 /// One object for each picture of the history, in its order.
@@ -36,9 +39,6 @@ namespace Reports {
 /// Progress as it goes over the bus: "tilesDone", "tilesTotal" and, where it is known, "remainingMilliseconds".
 [[nodiscard]] QVariantMap progressMap(const UpscaleProgress &progress);
 [[nodiscard]] UpscaleProgress progressFrom(const QVariantMap &map);
-
-/// status with what only the running application knows in it: its status line, schedule and present picture.
-[[nodiscard]] QJsonObject withRunning(QJsonObject status, const QVariantMap &properties);
 
 } // namespace Reports
 

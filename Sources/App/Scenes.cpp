@@ -1,12 +1,11 @@
 #include "App/Scenes.h"
 
 #include "Manager/WallpaperManager.h"
+#include "Platform/IdleMemory.h"
 
 #include <QGuiApplication>
 #include <QPixmapCache>
 #include <QQmlComponent>
-
-#include <malloc.h>
 
 namespace quorvane {
 
@@ -99,8 +98,7 @@ void Scenes::collect()
     if (m_engine && m_main.isNull() && m_settings.isNull()) {
         m_engine.reset();
         QPixmapCache::clear();
-        // The allocator would keep what the windows used.
-        ::malloc_trim(0);
+        returnIdleMemory();
     }
 }
 
@@ -109,7 +107,8 @@ std::vector<ApplicationWindow> Scenes::windows()
     std::vector<ApplicationWindow> found;
     const QWindowList all = QGuiApplication::topLevelWindows();
     for (QWindow *window : all) {
-        const bool canBecomeMain = window->type() == Qt::Window || window->type() == Qt::Dialog;
+        const bool isManaged = !window->flags().testFlag(Qt::BypassWindowManagerHint); // An icon in a tray is not.
+        const bool canBecomeMain = isManaged && (window->type() == Qt::Window || window->type() == Qt::Dialog);
         found.push_back({canBecomeMain, window->isVisible(), [closing = QPointer<QWindow>(window)] {
                              if (!closing.isNull()) {
                                  closing->close();

@@ -51,6 +51,17 @@ QStringList choices(const WallpaperManager &manager, const QString &key)
     return found;
 }
 
+/// The provider whose model the key names; empty for any other key.
+QString providerOfModelKey(const WallpaperManager &manager, const QString &key)
+{
+    for (const auto &provider : manager.providers()) {
+        if (key == selectedModel(provider->id())) {
+            return provider->id();
+        }
+    }
+    return {};
+}
+
 QString unknownKey(const QString &key)
 {
     return Tr::tr("unknown setting %1").arg(key);
@@ -141,6 +152,10 @@ std::optional<QString> set(WallpaperManager &manager, UserDefaults &defaults, co
         manager.setPrompt(text);
     } else if (key == kProviderOverride) {
         manager.setProviderOverride(text);
+    } else if (key == kUpscaleMethod) {
+        manager.setUpscaleMethod(text);
+    } else if (const QString provider = providerOfModelKey(manager, key); !provider.isEmpty()) {
+        manager.setSelectedModel(provider, text);
     } else {
         defaults.set(key, text);
     }
@@ -162,6 +177,9 @@ std::optional<QString> unset(WallpaperManager &manager, UserDefaults &defaults, 
         manager.setPrompt(QString());
     } else if (key == kProviderOverride) {
         manager.setProviderOverride(QStringLiteral("auto"));
+    } else if (key == kUpscaleMethod || !providerOfModelKey(manager, key).isEmpty()) {
+        // The first that is offered is what holds without a choice.
+        problem = set(manager, defaults, key, choices(manager, key).first());
     }
     defaults.remove(key);
     return problem;

@@ -3,9 +3,13 @@
 #include "App/Console.h"
 #include "App/ControlService.h"
 #include "App/SessionBus.h"
+#include "Platform/IdleMemory.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QSessionManager>
+
+#include <chrono>
 
 namespace quorvane {
 
@@ -33,16 +37,26 @@ WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls u
         Console::printError(QStringLiteral("quorvane: ") + problem);
         m_notifications.show({tr("The window cannot be opened"), problem, {}});
     });
+    // X11 session managers would start what runs at log-out again, with its window; starting with the session is what
+    // autostart is for. Direct, because the session manager waits for the answer.
+    connect(qGuiApp, &QGuiApplication::saveStateRequest, this, &WallpaperApp::saveState, Qt::DirectConnection);
     connect(&m_signals, &UnixSignals::endAsked, this, &WallpaperApp::reallyQuit);
     connect(&m_workshop.manager, &WallpaperManager::operationEnded, this, &WallpaperApp::notify);
+
+    // When the operation, and whatever followed it, has let go of its pictures.
+    m_tidying.setSingleShot(true);
+    m_tidying.setInterval(std::chrono::seconds(2));
+    connect(&m_tidying, &QTimer::timeout, this, [] { returnIdleMemory(); });
 
     m_control.serve(m_workshop);
 }
 
 WallpaperApp::~WallpaperApp()
 {
-    // Nothing is asked of a manager that is going.
+    // Nothing is asked of a manager that is going, and what it still tells is nobody's business: the windows and the
+    // menu go before it.
     m_control.release();
+    disconnect(&m_workshop.manager, nullptr, this, nullptr);
 }
 
 void WallpaperApp::openMain(const QString &token)
@@ -83,6 +97,12 @@ void WallpaperApp::reallyQuit()
     terminate();
 }
 
+void WallpaperApp::saveState(QSessionManager &session)
+{
+    session.setRestartHint(QSessionManager::RestartNever);
+    m_workshop.defaults.sync();
+}
+
 void WallpaperApp::notify(const OperationResult &result)
 {
     const WallpaperManager &manager = m_workshop.manager;
@@ -91,6 +111,7 @@ void WallpaperApp::notify(const OperationResult &result)
     if (notice) {
         m_notifications.show(*notice);
     }
+    m_tidying.start();
 }
 
 } // namespace quorvane

@@ -8,6 +8,9 @@
 #include "App/Workshop.h"
 
 #include <QObject>
+#include <QTimer>
+
+class QSessionManager;
 
 namespace quorvane {
 
@@ -34,6 +37,7 @@ class WallpaperApp : public QObject
     void terminate();
     /// Ends in any case.
     void reallyQuit();
+    void saveState(QSessionManager &session);
     void notify(const OperationResult &result);
 
     ControlService &m_control;
@@ -43,6 +47,7 @@ class WallpaperApp : public QObject
     MenuBar m_menuBar;
     Scenes m_scenes;
     UnixSignals m_signals;
+    QTimer m_tidying;
 };
 
 } // namespace quorvane

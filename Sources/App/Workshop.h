@@ -7,6 +7,7 @@
 #include "Platform/PowerEvents.h"
 #include "Platform/Screens.h"
 #include "Platform/SecretStore.h"
+#include "Platform/TaskScope.h"
 #include "Platform/UserDefaults.h"
 #include "Upscaling/LocalUpscaler.h"
 
@@ -25,6 +26,7 @@ struct Workshop
     std::unique_ptr<PowerEvents> powerEvents;
     std::unique_ptr<Screens> screens;
     WallpaperManager manager;
+    TaskScope tasks; ///< What commands do beside the manager.
 
     /// Only what stays has a schedule, and follows sleep and screens; a command is gone before any of it matters.
     enum class Life { OneCommand, Application };

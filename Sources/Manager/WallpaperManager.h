@@ -30,6 +30,7 @@ class PowerEvents;
 class Screens;
 class SecretStore;
 class UserDefaults;
+struct Screen;
 
 /// Enlarges an encoded picture on this machine. Throws ProviderError or what the engine throws; ends early when asked
 /// to stop. The last argument is called on the calling thread.
@@ -168,6 +169,9 @@ class WallpaperManager : public QObject
     /// Sets the picture as the background of every screen. Returns at once; status tells the rest.
     Q_INVOKABLE void setWallpaper(const QString &url);
 
+    /// Asks the desktop for its screens, after what it is doing. Returns at once; told is called with the answer.
+    void askForScreens(std::function<void(const QList<Screen> &)> told);
+
     // --- Enlarging a picture of the library (WallpaperManagerUpscale.cpp) --------------------------------------------
 
     /// Makes a 4K copy of the picture, links the two and sets the copy as the wallpaper. Returns at once.
@@ -268,6 +272,7 @@ class WallpaperManager : public QObject
     [[nodiscard]] QCoro::Task<> deletingImage(QString url, quint64 operation);
 
     [[nodiscard]] QCoro::Task<> syncingWallpaper(QString url);
+    [[nodiscard]] QCoro::Task<> askingForScreens(std::function<void(const QList<Screen> &)> told);
 
     [[nodiscard]] QDateTime now() const;
     void scheduleNext(std::chrono::nanoseconds due);

@@ -55,6 +55,18 @@ QCoro::Task<> WallpaperManager::applying(QString url)
     desktopAnswered();
 }
 
+void WallpaperManager::askForScreens(std::function<void(const QList<Screen> &)> told)
+{
+    m_scope.start(askingForScreens(std::move(told)));
+}
+
+QCoro::Task<> WallpaperManager::askingForScreens(std::function<void(const QList<Screen> &)> told)
+{
+    auto ask = [desktop = m_services.desktop] { return desktop->screens(); };
+    const QList<Screen> screens = co_await onWorker(&m_desktopThread, std::move(ask));
+    told(screens);
+}
+
 void WallpaperManager::setupScreenObserver()
 {
     if (m_services.screens != nullptr) {

@@ -86,6 +86,7 @@ bool isAllowedAddress(const QUrl &url)
 struct HttpClient::Exchange
 {
     Request request;
+    QSslConfiguration tls; ///< Read for each request: the certificates take some megabytes, and hours may lie between.
     bool asGet = false;
     QByteArray answer;
     bool tooLarge = false;
@@ -93,8 +94,7 @@ struct HttpClient::Exchange
 };
 
 HttpClient::HttpClient(qint64 answerLimitBytes)
-    : m_tls(trustedTlsConfiguration())
-    , m_answerLimitBytes(answerLimitBytes)
+    : m_answerLimitBytes(answerLimitBytes)
 {
     m_network.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
 }
@@ -106,11 +106,38 @@ void HttpClient::cancelAll()
     m_stop.request_stop();
 }
 
+/// Lives as long as a request runs. When none does any more, connections and their thread go: a program that waits for
+/// hours shall not be woken to keep them.
+class HttpClient::Busy
+{
+  public:
+    explicit Busy(HttpClient *client)
+        : m_client(client)
+    {
+        ++m_client->m_running;
+    }
+    ~Busy()
+    {
+        if (--m_client->m_running == 0) {
+            m_client->m_network.clearConnectionCache();
+        }
+    }
+    Busy(const Busy &) = delete;
+    Busy &operator=(const Busy &) = delete;
+    Busy(Busy &&) = delete;
+    Busy &operator=(Busy &&) = delete;
+
+  private:
+    HttpClient *m_client;
+};
+
 QCoro::Task<QByteArray> HttpClient::post(Request request)
 {
     const QUrl origin = request.url;
     auto state = std::make_unique<Exchange>();
     state->request = std::move(request);
+    state->tls = trustedTlsConfiguration();
+    const Busy busy(this);
     for (int redirects = 0; redirects <= kRedirectLimit; ++redirects) {
         if (!isAllowedAddress(state->request.url)) {
             throw TransportError(redirects == 0 ? Tr::tr("The address is neither https nor on this machine.")
@@ -135,7 +162,7 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
         throw TransportError(Tr::tr("The request was cancelled."));
     }
     QNetworkRequest request(state->request.url);
-    request.setSslConfiguration(m_tls);
+    request.setSslConfiguration(state->tls);
     request.setTransferTimeout(static_cast<int>(state->request.silenceLimit.count()));
     if (!state->request.secret.name.isEmpty()) {
         request.setRawHeader(state->request.secret.name, state->request.secret.value);

@@ -72,11 +72,12 @@ class HttpClient
 
   private:
     struct Exchange;
+    class Busy;
     [[nodiscard]] QCoro::Task<std::optional<QUrl>> exchange(Exchange *state);
 
     QNetworkAccessManager m_network;
-    QSslConfiguration m_tls;
     qint64 m_answerLimitBytes;
+    int m_running = 0;
     std::stop_source m_stop;
 };
 

@@ -8,6 +8,7 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <csignal>
 
 namespace quorvane {
 
@@ -99,6 +100,11 @@ void KeyringSession::stopBus()
 {
     QDBusConnection::disconnectFromBus(m_connectionName);
     end(&m_bus);
+}
+
+void KeyringSession::signalBus(int number) const
+{
+    ::kill(static_cast<pid_t>(m_bus.processId()), number);
 }
 
 QDBusConnection KeyringSession::connection() const

@@ -27,12 +27,14 @@ class KeyringSession
 
     /// What is started in this session runs in this environment.
     [[nodiscard]] QProcessEnvironment &environment() { return m_environment; }
+    [[nodiscard]] const QProcessEnvironment &environment() const { return m_environment; }
 
     /// Starts a bus; with serviceFile, the content of a D-Bus service file, the service described there can be
     /// activated.
     [[nodiscard]] bool startBus(const QByteArray &serviceFile = {});
 
     void stopBus();
+    void signalBus(int number) const;
 
     /// Starts the keyring daemon and unlocks its keyring, which is made at the first start.
     [[nodiscard]] bool startKeyring();

@@ -9,6 +9,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
 
 #include <algorithm>
 
@@ -72,7 +74,7 @@ TEST_F(ShellInstanceTest, withoutABusALockKeepsItOne)
     QFile::remove(session.environment().value(QStringLiteral("XDG_RUNTIME_DIR")) + QStringLiteral("/bus"));
     const auto first = start({});
     ASSERT_TRUE(first->says("main opened"));
-    first->press("Ctrl+Q");
+    first->tell("Ctrl+Q");
     ASSERT_TRUE(first->says("main closed"));
     const auto second = start({});
     EXPECT_EQ(second->waitForEnd(), 0) << second->errors().constData();
@@ -206,6 +208,65 @@ TEST_F(ShellInstanceTest, desktopActionsReachIt)
     EXPECT_EQ(act("explode"), QDBusMessage::ErrorMessage);
     EXPECT_EQ(act("quit"), QDBusMessage::ReplyMessage);
     EXPECT_EQ(application->waitForEnd(), 0);
+}
+
+TEST_F(ShellInstanceTest, theBusOffersWhatTheCommandLineDoes)
+{
+    const auto application = startAndWait();
+    const auto ask = [this](const QString &method, const QVariantList &arguments) {
+        const QDBusMessage reply = call(Control::objectPath(), Control::interfaceName(), method, arguments);
+        EXPECT_EQ(reply.type(), QDBusMessage::ReplyMessage) << reply.errorMessage().toStdString();
+        return QJsonDocument::fromJson("[" + reply.arguments().value(0).toString().toUtf8() + "]").array().first();
+    };
+    (void)ask(QStringLiteral("Auto"), {true});
+    const QJsonValue status = ask(QStringLiteral("Status"), {});
+    EXPECT_TRUE(status[QLatin1String("autoEnabled")].toBool());
+    EXPECT_EQ(status[QLatin1String("nextFireDate")].toString(), property(QStringLiteral("NextFireDate")).toString());
+    EXPECT_EQ(command({QStringLiteral("status"), QStringLiteral("--json")}).json(), status);
+
+    const QString entry = session.home().path() + QStringLiteral("/.config/autostart/app.quorvane.Quorvane.desktop");
+    EXPECT_EQ(ask(QStringLiteral("Autostart"), {true})[QLatin1String("autostart")], QJsonValue(true));
+    EXPECT_TRUE(QFile::exists(entry));
+    EXPECT_EQ(ask(QStringLiteral("Autostart"), {false})[QLatin1String("autostart")], QJsonValue(false));
+    EXPECT_FALSE(QFile::exists(entry));
+
+    EXPECT_EQ(ask(QStringLiteral("Model"), {}), command({QStringLiteral("model"), QStringLiteral("--json")}).json());
+    const QDBusMessage refused = call(Control::objectPath(), Control::interfaceName(), QStringLiteral("InstallModel"),
+                                      {QStringLiteral("/nonexistent.onnx")});
+    EXPECT_EQ(refused.errorName(), Control::failedError());
+    // It still answers, and knows itself to be the same.
+    EXPECT_EQ(ask(QStringLiteral("Status"), {}), status);
+}
+
+TEST_F(ShellInstanceTest, theTokenOfASecondStartIsThereWhenTheWindowComesUp)
+{
+    const auto first = startAndWait();
+    session.environment().insert(QStringLiteral("XDG_ACTIVATION_TOKEN"), QStringLiteral("token 1"));
+    EXPECT_EQ(start({})->waitForEnd(), 0);
+    ASSERT_TRUE(first->says("main opened"));
+    first->tell("$XDG_ACTIVATION_TOKEN");
+    EXPECT_TRUE(first->says("XDG_ACTIVATION_TOKEN=token 1\n"));
+    // What X11 desktops give; and for a window that is open already.
+    session.environment().remove(QStringLiteral("XDG_ACTIVATION_TOKEN"));
+    session.environment().insert(QStringLiteral("DESKTOP_STARTUP_ID"), QStringLiteral("token 2"));
+    EXPECT_EQ(start({})->waitForEnd(), 0);
+    EXPECT_EQ(first->count("main opened"), 1);
+    first->tell("$XDG_ACTIVATION_TOKEN");
+    EXPECT_TRUE(first->says("XDG_ACTIVATION_TOKEN=token 2\n"));
+}
+
+TEST_F(ShellInstanceTest, endsInTheMiddleOfAGeneration)
+{
+    const auto application = startAndWait({});
+    ASSERT_TRUE(application->says("main opened"));
+    ASSERT_EQ(command({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status, 0);
+    service.setMisbehaviour(Misbehaviour::Kind::Silence);
+    click(MenuItem::GenerateNow); // Disabled, for want of a prompt.
+    ASSERT_EQ(command({QStringLiteral("settings"), QStringLiteral("lastPrompt"), QStringLiteral("a lake")}).status, 0);
+    click(MenuItem::GenerateNow);
+    ASSERT_TRUE(waitFor([this] { return service.requests().size() == 1; }));
+    application->signal(SIGTERM);
+    EXPECT_EQ(application->waitForEnd(), 0) << application->errors().constData();
 }
 
 } // namespace quorvane

@@ -74,14 +74,14 @@ TEST_F(ShellMenuTest, openWindowTwiceOpensOneAndTheQuitCommandOnlyClosesIt)
     click(MenuItem::Settings);
     ASSERT_TRUE(application->says("settings opened with manager"));
     EXPECT_EQ(application->count("main opened"), 1);
-    application->press("Ctrl+Q");
+    application->tell("Ctrl+Q");
     ASSERT_TRUE(application->says("main closed") && application->says("settings closed"));
     EXPECT_TRUE(isOnBus());
     click(MenuItem::OpenWindow);
     ASSERT_TRUE(application->says("main opened with manager", 2));
-    application->press("Meta+,");
+    application->tell("Meta+,");
     ASSERT_TRUE(application->says("settings opened", 2));
-    application->press("Meta+Q");
+    application->tell("Meta+Q");
     ASSERT_TRUE(application->says("main closed", 2) && application->says("settings closed", 2));
     EXPECT_TRUE(isOnBus());
     EXPECT_TRUE(application->isRunning());
@@ -91,7 +91,7 @@ TEST_F(ShellMenuTest, aWindowCanAskForTheSettings)
 {
     const auto application = startAndWait({});
     ASSERT_TRUE(application->says("main opened"));
-    application->press("Ctrl+Shift+S");
+    application->tell("Ctrl+Shift+S");
     EXPECT_TRUE(application->says("settings opened"));
 }
 
@@ -148,29 +148,6 @@ TEST_F(ShellMenuTest, aWindowThatCannotBeMadeIsToldAndTheProgramStays)
     EXPECT_TRUE(application->says("MainWindow.qml cannot be opened: "));
     EXPECT_EQ(menu().size(), 9);
     EXPECT_TRUE(application->isRunning());
-}
-
-TEST_F(ShellMenuTest, aPictureThatIsMadeUnseenIsNotifiedAndTheNextNoticeTakesItsPlace)
-{
-    Daemon daemon(session.connection());
-    const auto application = startAndWait();
-    ASSERT_EQ(command({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status, 0);
-    ASSERT_EQ(command({QStringLiteral("generate")}).status, 0);
-    ASSERT_TRUE(waitFor([&daemon] { return daemon.shown.size() == 1; }));
-    EXPECT_EQ(daemon.shown.first().at(1).toUInt(), 0U);
-    EXPECT_EQ(daemon.shown.first().at(3).toString(), QStringLiteral("New wallpaper"));
-    const auto hints = qdbus_cast<QVariantMap>(daemon.shown.first().at(6));
-    const QString picture = property(QStringLiteral("CurrentWallpaper")).toString();
-    EXPECT_EQ(hints.value(QStringLiteral("image-path")).toString(), QStringLiteral("file://") + picture);
-    ASSERT_EQ(command({QStringLiteral("set"), picture}).status, 0);
-    ASSERT_TRUE(waitFor([&daemon] { return daemon.shown.size() == 2; }));
-    EXPECT_EQ(daemon.shown.last().at(1).toUInt(), 7U);
-    // With a window open the user sees it there.
-    click(MenuItem::OpenWindow);
-    ASSERT_TRUE(application->says("main opened"));
-    ASSERT_EQ(command({QStringLiteral("set"), picture}).status, 0);
-    EXPECT_EQ(property(kStatus).toString(), QStringLiteral("Wallpaper set!"));
-    EXPECT_EQ(daemon.shown.size(), 2);
 }
 
 } // namespace quorvane

@@ -1,7 +1,11 @@
-// The program with windows that only tell what becomes of them, and with a keyboard: each line of standard input, for
-// example "Ctrl+Q", is pressed in a window that is open.
+// The program with windows that only tell what becomes of them, and with what a test needs to act on it. Each line of
+// standard input is one of
+//   Ctrl+Q      keys, pressed in a window that is open
+//   sleep 90    the clock goes on by so many seconds, and then what is due rings
+//   $NAME       the variable of the environment is told on standard error
 
 #include "App/Program.h"
+#include "Support/TestClock.h"
 
 #include <QGuiApplication>
 #include <QKeySequence>
@@ -13,13 +17,12 @@
 
 namespace {
 
-void pressNext()
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the program makes it, the test's lines move it
+quorvane::TestClock *testClock = nullptr;
+
+void press(const QString &text)
 {
-    std::string line;
-    if (!std::getline(std::cin, line)) {
-        return;
-    }
-    const QKeyCombination keys = QKeySequence::fromString(QString::fromStdString(line))[0];
+    const QKeyCombination keys = QKeySequence::fromString(text)[0];
     const QWindowList windows = QGuiApplication::topLevelWindows();
     for (QWindow *window : windows) {
         if (window->isVisible()) {
@@ -30,15 +33,44 @@ void pressNext()
     }
 }
 
+void obeyNext()
+{
+    std::string text;
+    if (!std::getline(std::cin, text)) {
+        return;
+    }
+    const QString line = QString::fromStdString(text);
+    if (line.startsWith(QLatin1String("sleep "))) {
+        testClock->pass(std::chrono::seconds(line.mid(6).toInt()));
+    } else if (line.startsWith(QLatin1Char('$'))) {
+        const QByteArray value = qgetenv(line.mid(1).toLocal8Bit().constData());
+        std::cerr << text << '=' << value.constData() << std::endl;
+    } else {
+        press(line);
+    }
+}
+
 void listen()
 {
     auto *notifier = new QSocketNotifier(0, QSocketNotifier::Read, QCoreApplication::instance());
-    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [] { pressNext(); });
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [] { obeyNext(); });
 }
 
 } // namespace
 
 Q_COREAPP_STARTUP_FUNCTION(listen)
+
+namespace quorvane {
+
+// In place of the machine's clock, which the linker then leaves out.
+std::unique_ptr<Clock> makeSystemClock()
+{
+    auto clock = std::make_unique<TestClock>();
+    testClock = clock.get();
+    return clock;
+}
+
+} // namespace quorvane
 
 int main(int argc, char **argv)
 {

@@ -20,11 +20,11 @@ constexpr int kLimitMilliseconds = 20'000;
 
 } // namespace
 
-Application::Application(const QProcessEnvironment &environment, const QStringList &arguments)
+Application::Application(const QProcessEnvironment &environment, const QStringList &arguments, const QString &program)
 {
     m_process.setProcessEnvironment(environment);
     m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
-    m_process.start(QStringLiteral(SHELL_PROGRAM), arguments);
+    m_process.start(program, arguments);
     m_process.waitForStarted();
 }
 
@@ -49,11 +49,16 @@ bool Application::says(const QByteArray &text, int times)
     return said;
 }
 
-int Application::waitForEnd()
+bool Application::ends()
 {
     const bool ended = waitFor([this] { return m_process.state() == QProcess::NotRunning; });
     m_errors += m_process.readAllStandardError();
-    return ended && m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+    return ended;
+}
+
+int Application::waitForEnd()
+{
+    return ends() && m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
 }
 
 void Application::signal(int number)
@@ -92,9 +97,9 @@ Daemon::Daemon(QDBusConnection bus)
 
 bool Daemon::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
 {
-    constexpr quint32 kNumber = 7;
     shown.append(message.arguments());
-    return connection.send(message.createReply(kNumber));
+    message.setDelayedReply(!answers);
+    return !answers || connection.send(message.createReply(kNumber));
 }
 
 void ShellTest::SetUp()
@@ -130,13 +135,18 @@ std::unique_ptr<Application> ShellTest::start(const QStringList &arguments)
 std::unique_ptr<Application> ShellTest::startAndWait(const QStringList &arguments)
 {
     auto application = start(arguments);
+    EXPECT_TRUE(isThere());
+    return application;
+}
+
+bool ShellTest::isThere() const
+{
     // The menu comes last.
     const auto answers = [this] {
         return call(DBusMenu::path(), QStringLiteral("com.canonical.dbusmenu"), QStringLiteral("AboutToShow"), {0})
                    .type() == QDBusMessage::ReplyMessage;
     };
-    EXPECT_TRUE(waitFor([this] { return isOnBus(); }) && waitFor(answers));
-    return application;
+    return waitFor([this] { return isOnBus(); }) && waitFor(answers);
 }
 
 CommandRun ShellTest::command(const QStringList &arguments, const QByteArray &input)

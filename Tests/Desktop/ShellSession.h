@@ -17,7 +17,8 @@ namespace quorvane {
 class Application
 {
   public:
-    Application(const QProcessEnvironment &environment, const QStringList &arguments);
+    Application(const QProcessEnvironment &environment, const QStringList &arguments,
+                const QString &program = QStringLiteral(SHELL_PROGRAM));
     ~Application();
     Application(const Application &) = delete;
     Application &operator=(const Application &) = delete;
@@ -28,9 +29,13 @@ class Application
     [[nodiscard]] int count(const QByteArray &text);
     [[nodiscard]] const QByteArray &errors() const { return m_errors; }
     [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }
+    [[nodiscard]] qint64 pid() const { return m_process.processId(); }
+    /// Whether it ends, in whatever way.
+    [[nodiscard]] bool ends();
     /// The exit status; -1 when it did not end by itself.
     [[nodiscard]] int waitForEnd();
-    void press(const QByteArray &keys) { m_process.write(keys + '\n'); }
+    /// Keys for a window, time that passes, or a question: what ShellProgram takes.
+    void tell(const QByteArray &line) { m_process.write(line + '\n'); }
     void signal(int number);
 
   private:
@@ -67,7 +72,10 @@ class Daemon : public QDBusVirtualObject
     [[nodiscard]] QString introspect(const QString & /*path*/) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
 
+    static constexpr quint32 kNumber = 7; ///< What every notice gets.
+
     QList<QVariantList> shown; ///< The arguments of each call.
+    bool answers = true;
 };
 
 /// The program in a session of its own: home, bus, service, no display.
@@ -77,6 +85,8 @@ class ShellTest : public testing::Test
     void SetUp() override;
 
     [[nodiscard]] std::unique_ptr<Application> start(const QStringList &arguments = {QStringLiteral("--hidden")});
+    /// Until the application answers on the bus, with all that it has there.
+    [[nodiscard]] bool isThere() const;
     /// start(), and waits until it answers on the bus.
     [[nodiscard]] std::unique_ptr<Application> startAndWait(const QStringList &arguments = {
                                                                 QStringLiteral("--hidden")});

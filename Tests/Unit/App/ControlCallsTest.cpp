@@ -35,6 +35,7 @@ TEST(ControlCalls, everyForwardedCommandComesOutAsItWentIn)
         {QStringLiteral("settings"), QStringLiteral("--unset"), QStringLiteral("lastPrompt")},
         {QStringLiteral("key"), QStringLiteral("list")},
         {QStringLiteral("key"), QStringLiteral("delete"), QStringLiteral("grok")},
+        {QStringLiteral("status")},
         {QStringLiteral("quit")},
     };
     for (const QStringList &command : commands) {
@@ -65,11 +66,25 @@ TEST(ControlCalls, aKeyTravelsAsAnArgumentOfItsOwn)
 
 TEST(ControlCalls, whatEveryProcessDoesByItselfIsNoCall)
 {
-    for (const char *word : {"status", "history", "albums", "model"}) {
+    for (const char *word : {"history", "albums", "model"}) {
         EXPECT_FALSE(Control::callFor(lineOf({QLatin1String(word)}))) << word;
     }
     EXPECT_FALSE(Control::callFor(lineOf({QStringLiteral("autostart"), QStringLiteral("on")})));
     EXPECT_FALSE(Control::callFor(lineOf({})));
+}
+
+TEST(ControlCalls, otherProgramsCanCallThatToo)
+{
+    const auto autostart = Control::lineFrom({QStringLiteral("Autostart"), {false}});
+    ASSERT_TRUE(autostart);
+    EXPECT_EQ(autostart->verb, CommandLine::Verb::Autostart);
+    EXPECT_EQ(autostart->arguments, QStringList{QStringLiteral("off")});
+    const auto model = Control::lineFrom({QStringLiteral("Model"), {}});
+    ASSERT_TRUE(model);
+    EXPECT_EQ(model->verb, CommandLine::Verb::Model);
+    const auto install = Control::lineFrom({QStringLiteral("InstallModel"), {QStringLiteral("--a.onnx")}});
+    ASSERT_TRUE(install);
+    EXPECT_EQ(install->arguments, (QStringList{QStringLiteral("install"), QStringLiteral("--a.onnx")}));
 }
 
 TEST(ControlCalls, whatTheCommandLineWouldRefuseIsRefused)
@@ -84,6 +99,8 @@ TEST(ControlCalls, whatTheCommandLineWouldRefuseIsRefused)
         {QStringLiteral("Generate"), {text}},
         {QStringLiteral("Generate"), {QVariantMap{{QStringLiteral("prompt"), 1}}}},
         {QStringLiteral("Auto"), {text}},
+        {QStringLiteral("Autostart"), {text}},
+        {QStringLiteral("InstallModel"), {}},
         {QStringLiteral("SetKey"), {text, text}},
         {QStringLiteral("SetKey"), {QStringLiteral("gemini")}},
         {QStringLiteral("DeleteKey"), {text}},

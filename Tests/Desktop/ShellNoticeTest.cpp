@@ -1,0 +1,137 @@
+// What the desktop is asked to tell while nobody looks, through a notification daemon of the test's own.
+
+#include "ShellSession.h"
+
+#include "Support/WaitFor.h"
+
+#include <QDBusArgument>
+
+namespace quorvane {
+
+namespace {
+
+const QString kStatus = QStringLiteral("Status");
+const QByteArray kHalfHour = "sleep 1800";
+
+/// One call of the daemon.
+struct Shown
+{
+    quint32 replaces;
+    QString title;
+    QString text;
+    QVariantMap hints;
+};
+
+Shown lastOf(const Daemon &daemon)
+{
+    const QVariantList arguments = daemon.shown.value(daemon.shown.size() - 1);
+    return {arguments.value(1).toUInt(), arguments.value(3).toString(), arguments.value(4).toString(),
+            qdbus_cast<QVariantMap>(arguments.value(6))};
+}
+
+/// Size of the picture that goes along, and its first pixel.
+std::pair<QSize, QColor> pictureIn(const QVariantMap &hints)
+{
+    const auto argument = hints.value(QStringLiteral("image-data")).value<QDBusArgument>();
+    if (argument.currentSignature() != QLatin1String("(iiibiiay)")) {
+        return {};
+    }
+    int width = 0;
+    int height = 0;
+    int rowBytes = 0;
+    bool hasAlpha = false;
+    int bits = 0;
+    int samples = 0;
+    QByteArray pixels;
+    argument.beginStructure();
+    argument >> width >> height >> rowBytes >> hasAlpha >> bits >> samples >> pixels;
+    argument.endStructure();
+    const bool isWhole = bits == 8 && samples == 4 && rowBytes >= width * 4 && pixels.size() == rowBytes * height;
+    const auto sample = [&pixels](int index) { return static_cast<uchar>(pixels.at(index)); };
+    return {isWhole ? QSize(width, height) : QSize(), QColor(sample(0), sample(1), sample(2))};
+}
+
+} // namespace
+
+class ShellNoticeTest : public ShellTest
+{
+  protected:
+    [[nodiscard]] bool hasAllThatAGenerationNeeds()
+    {
+        return command({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status == 0 &&
+               command({QStringLiteral("auto"), QStringLiteral("on")}).status == 0;
+    }
+    [[nodiscard]] bool becomes(const QString &status) const
+    {
+        return waitFor([&] { return property(kStatus).toString() == status; });
+    }
+};
+
+TEST_F(ShellNoticeTest, aTimedFailureIsToldAndWhatComesNextTakesItsPlace)
+{
+    Daemon daemon(session.connection());
+    const auto application = startAndWait();
+    ASSERT_TRUE(hasAllThatAGenerationNeeds());
+    Misbehaviour refusal(Misbehaviour::Kind::ErrorObject);
+    refusal.text = "too <many> pictures";
+    service.setMisbehaviour(refusal);
+    application->tell(kHalfHour);
+    ASSERT_TRUE(waitFor([&daemon] { return daemon.shown.size() == 1; }));
+    EXPECT_EQ(lastOf(daemon).replaces, 0U);
+    EXPECT_EQ(lastOf(daemon).title, QStringLiteral("No new wallpaper"));
+    EXPECT_TRUE(lastOf(daemon).text.contains(QStringLiteral("too &lt;many&gt; pictures")))
+        << lastOf(daemon).text.toStdString();
+    EXPECT_FALSE(lastOf(daemon).hints.contains(QStringLiteral("image-data")));
+    EXPECT_EQ(lastOf(daemon).hints.value(QStringLiteral("urgency")).toUInt(), 0U);
+    // The user who asked sees the failure where they asked.
+    EXPECT_EQ(command({QStringLiteral("generate")}).status, 1);
+    EXPECT_EQ(daemon.shown.size(), 1);
+
+    service.setMisbehaviour({});
+    service.setPictureMaker([](const QString & /*prompt*/, QSize /*size*/) {
+        QImage image(1600, 900, QImage::Format_RGB32);
+        image.fill(QColor(10, 120, 200));
+        return image;
+    });
+    application->tell(kHalfHour);
+    ASSERT_TRUE(waitFor([&daemon] { return daemon.shown.size() == 2; }));
+    EXPECT_EQ(lastOf(daemon).replaces, Daemon::kNumber);
+    EXPECT_EQ(lastOf(daemon).title, QStringLiteral("New wallpaper"));
+    const auto [size, color] = pictureIn(lastOf(daemon).hints);
+    EXPECT_EQ(size, QSize(192, 108));
+    EXPECT_EQ(color, QColor(10, 120, 200));
+}
+
+TEST_F(ShellNoticeTest, withAWindowOpenOnlyFailuresOfTheScheduleAreTold)
+{
+    Daemon daemon(session.connection());
+    const auto application = startAndWait({});
+    ASSERT_TRUE(application->says("main opened"));
+    ASSERT_TRUE(hasAllThatAGenerationNeeds());
+    application->tell(kHalfHour);
+    ASSERT_TRUE(becomes(QStringLiteral("Wallpaper set!")));
+    service.setMisbehaviour(Misbehaviour::Kind::ErrorObject);
+    application->tell(kHalfHour);
+    ASSERT_TRUE(waitFor([&daemon] { return !daemon.shown.isEmpty(); }));
+    EXPECT_EQ(daemon.shown.size(), 1);
+    EXPECT_EQ(lastOf(daemon).title, QStringLiteral("No new wallpaper"));
+}
+
+TEST_F(ShellNoticeTest, withoutADaemonOrWithASilentOneEverythingGoesOn)
+{
+    const auto application = startAndWait();
+    ASSERT_TRUE(hasAllThatAGenerationNeeds());
+    application->tell(kHalfHour);
+    ASSERT_TRUE(becomes(QStringLiteral("Wallpaper set!")));
+    Daemon silent(session.connection());
+    silent.answers = false;
+    application->tell(kHalfHour);
+    ASSERT_TRUE(waitFor([&silent] { return silent.shown.size() == 1; }));
+    application->tell(kHalfHour);
+    ASSERT_TRUE(waitFor([&silent] { return silent.shown.size() == 2; }));
+    EXPECT_EQ(service.requests().size(), 3);
+    EXPECT_EQ(command({QStringLiteral("quit")}).status, 0);
+    EXPECT_EQ(application->waitForEnd(), 0) << application->errors().constData();
+}
+
+} // namespace quorvane

@@ -1,0 +1,89 @@
+// The windows follow at once what a command changes over the bus.
+
+#include "ShellSession.h"
+
+#include "App/ControlService.h"
+#include "App/SessionBus.h"
+#include "App/Workshop.h"
+#include "Views/Settings/AdvancedModel.h"
+#include "Views/Sidebar/SidebarModel.h"
+
+#include <memory>
+
+namespace quorvane {
+
+/// The application's inside in the test's own process, with what its windows show.
+class ShellSidebarTest : public ShellTest
+{
+  protected:
+    void SetUp() override
+    {
+        ShellTest::SetUp();
+        if (IsSkipped() || HasFatalFailure()) {
+            return;
+        }
+        qputenv("DBUS_SESSION_BUS_ADDRESS",
+                session.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")).toUtf8());
+        m_bus = std::make_unique<SessionBus>();
+        m_control = std::make_unique<ControlService>(*m_bus);
+        ASSERT_EQ(m_control->claim(), ControlService::Claim::Owned);
+        m_workshop = std::make_unique<Workshop>(Workshop::Life::OneCommand);
+        m_control->serve(*m_workshop);
+        sidebar.setManager(&m_workshop->manager);
+        advanced.setManager(&m_workshop->manager);
+    }
+    void TearDown() override
+    {
+        if (m_control) {
+            m_control->release();
+        }
+        m_workshop.reset();
+        m_control.reset();
+        m_bus.reset();
+        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    }
+
+  private:
+    std::unique_ptr<SessionBus> m_bus;
+    std::unique_ptr<ControlService> m_control;
+    std::unique_ptr<Workshop> m_workshop;
+
+  protected:
+    SidebarModel sidebar;
+    AdvancedModel advanced;
+};
+
+TEST_F(ShellSidebarTest, aKeyThatIsSetIsNotMissingAnyMore)
+{
+    EXPECT_EQ(sidebar.missingKeys(), QStringList{QStringLiteral("Gemini")});
+    ASSERT_EQ(command({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status, 0);
+    EXPECT_EQ(sidebar.missingKeys(), QStringList());
+    ASSERT_EQ(command({QStringLiteral("key"), QStringLiteral("delete"), QStringLiteral("gemini")}).status, 0);
+    EXPECT_EQ(sidebar.missingKeys(), QStringList{QStringLiteral("Gemini")});
+}
+
+TEST_F(ShellSidebarTest, settingsArriveInTheWindows)
+{
+    const auto set = [this](const char *key, const char *value) {
+        return command({QStringLiteral("settings"), QLatin1String(key), QLatin1String(value)}).status;
+    };
+    ASSERT_EQ(set("providerOverride", "openai"), 0);
+    ASSERT_EQ(set("selectedModel_openai", "gpt-image-1"), 0);
+    ASSERT_EQ(set("fourKEnabled", "on"), 0);
+    EXPECT_EQ(sidebar.upscaleHint(), QStringLiteral("+ Gemini 4K"));
+    EXPECT_EQ(sidebar.missingKeys(),
+              (QStringList{QStringLiteral("OpenAI"), QStringLiteral("Gemini (for 4K upscale)")}));
+    ASSERT_EQ(set("upscaleMethod", "local"), 0);
+    EXPECT_EQ(sidebar.upscaleHint(), QStringLiteral("+ Local 4K"));
+    EXPECT_EQ(sidebar.missingKeys(), QStringList{QStringLiteral("OpenAI")});
+    EXPECT_EQ(advanced.upscaleMethodIndex(), 1);
+    ASSERT_EQ(command({QStringLiteral("settings"), QStringLiteral("--unset"), QStringLiteral("upscaleMethod")}).status,
+              0);
+    EXPECT_EQ(advanced.upscaleMethodIndex(), 0);
+    EXPECT_EQ(sidebar.missingKeys().size(), 2);
+    ASSERT_EQ(set("selectedModel_openai", "gpt-image-2"), 0);
+    EXPECT_EQ(sidebar.upscaleHint(), QString());
+    EXPECT_EQ(sidebar.missingKeys(), QStringList{QStringLiteral("OpenAI")});
+}
+
+} // namespace quorvane
