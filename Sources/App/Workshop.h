@@ -20,7 +20,7 @@ struct Workshop
 {
     UserDefaults defaults;
     HttpClient http;
-    std::unique_ptr<DesktopPicture> desktop = makeDesktopPicture();
+    std::unique_ptr<DesktopPicture> desktop;
     std::unique_ptr<SecretStore> legacyKeys = makeSecretStore();
     std::unique_ptr<Clock> clock;
     std::unique_ptr<PowerEvents> powerEvents;
@@ -32,7 +32,8 @@ struct Workshop
     enum class Life { OneCommand, Application };
 
     explicit Workshop(Life life)
-        : clock(life == Life::Application ? makeSystemClock() : nullptr)
+        : desktop(makeDesktopPicture(life == Life::Application ? ProgramLife::Application : ProgramLife::OneCommand))
+        , clock(life == Life::Application ? makeSystemClock() : nullptr)
         , powerEvents(life == Life::Application ? makePowerEvents() : nullptr)
         , screens(life == Life::Application ? makeScreens() : nullptr)
         , manager({.defaults = &defaults,

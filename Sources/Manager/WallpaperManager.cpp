@@ -4,6 +4,7 @@
 
 #include "Manager/SettingsKeys.h"
 #include "Platform/Clock.h"
+#include "Platform/DesktopPicture.h"
 #include "Platform/HttpClient.h"
 #include "Platform/SecretStore.h"
 #include "Platform/UserDefaults.h"
@@ -54,6 +55,7 @@ WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
     }
     setupWakeObserver();
     setupScreenObserver();
+    setupDesktop();
 }
 
 WallpaperManager::~WallpaperManager()
@@ -64,7 +66,9 @@ WallpaperManager::~WallpaperManager()
     disconnect(m_screenObserver);
     m_missedChange = false;
     m_services.http->cancelAll();
+    m_services.desktop->stopAsking();
     m_scope.drain();
+    m_services.desktop->asking = {};
 }
 
 const QList<int> &WallpaperManager::intervalOptions()

@@ -280,6 +280,8 @@ class WallpaperManager : public QObject
     void setupWakeObserver();
     void handleWake();
     void setupScreenObserver();
+    void setupDesktop();
+    [[nodiscard]] QCoro::Task<> renewingWallpaper();
     void handleScreenChange();
     void desktopAnswered();
 

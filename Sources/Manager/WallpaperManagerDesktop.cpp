@@ -74,6 +74,27 @@ void WallpaperManager::setupScreenObserver()
     }
 }
 
+void WallpaperManager::setupDesktop()
+{
+    m_services.desktop->asking = [this](const QString &line) {
+        QMetaObject::invokeMethod(
+            this, [this, line] { report(line, false); }, Qt::QueuedConnection);
+    };
+    // What goes with every program that set it comes back in the same way as after a change of the screens.
+    if (m_services.screens != nullptr && !m_currentWallpaperURL.isEmpty()) {
+        m_scope.start(renewingWallpaper());
+    }
+}
+
+QCoro::Task<> WallpaperManager::renewingWallpaper()
+{
+    auto ask = [desktop = m_services.desktop] { return desktop->endsWithTheProgram(); };
+    ++m_desktopCalls;
+    const bool isGone = co_await onWorker(&m_desktopThread, std::move(ask));
+    m_missedChange = (m_missedChange || isGone) && !m_scope.stopToken().stop_requested();
+    desktopAnswered();
+}
+
 void WallpaperManager::handleScreenChange()
 {
     // What is being set may miss the new screen, and is not the current wallpaper before the desktop has answered; the

@@ -6,18 +6,24 @@
 namespace quorvane {
 
 /// The ways to set a picture that exist so far.
-enum class DesktopWay { None, Sway, X11, Command };
+enum class DesktopWay { None, Plasma, Sway, Hyprland, LayerShell, X11, Portal, Command };
 
 /// What the choice looks at.
 struct DesktopFacts
 {
-    QString wanted;              ///< QUORVANE_DESKTOP
-    QString command;             ///< QUORVANE_WALLPAPER_COMMAND
-    bool hasSwaySocket = false;  ///< SWAYSOCK is set.
-    bool swayAnswers = false;    ///< Somebody listens on it.
-    bool hasWayland = false;     ///< WAYLAND_DISPLAY is set.
-    bool hasX11 = false;         ///< DISPLAY is set.
-    QStringList currentDesktops; ///< The entries of XDG_CURRENT_DESKTOP.
+    QString wanted;               ///< QUORVANE_DESKTOP
+    QString command;              ///< QUORVANE_WALLPAPER_COMMAND
+    bool isSandboxed = false;     ///< The program is shut off from the desktop, in a Flatpak for example.
+    bool plasmaAnswers = false;   ///< plasmashell is on the session bus.
+    bool hasHyprland = false;     ///< HYPRLAND_INSTANCE_SIGNATURE is set.
+    bool hyprlandAnswers = false; ///< Hyprland listens on its socket.
+    bool hasLayerShell = false;   ///< The compositor of WAYLAND_DISPLAY offers zwlr_layer_shell_v1.
+    bool portalAnswers = false;   ///< The session's portal sets wallpapers.
+    bool hasSwaySocket = false;   ///< SWAYSOCK is set.
+    bool swayAnswers = false;     ///< Somebody listens on it.
+    bool hasWayland = false;      ///< WAYLAND_DISPLAY is set.
+    bool hasX11 = false;          ///< DISPLAY is set.
+    QStringList currentDesktops;  ///< The entries of XDG_CURRENT_DESKTOP.
 };
 
 /// What was chosen, and why in one line for the user.

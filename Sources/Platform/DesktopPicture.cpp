@@ -1,13 +1,24 @@
 #include "Platform/DesktopPicture.h"
 
+#include "Platform/BusClient.h"
 #include "Platform/DesktopChoice.h"
 #include "Platform/DesktopPictureCommand.h"
+#include "Platform/DesktopPictureHyprland.h"
+#include "Platform/DesktopPictureLayerShell.h"
+#include "Platform/DesktopPicturePlasma.h"
+#include "Platform/DesktopPicturePortal.h"
 #include "Platform/DesktopPictureSway.h"
 #include "Platform/DesktopPictureUnimplemented.h"
 #include "Platform/DesktopPictureX11.h"
+#include "Platform/SessionDisplay.h"
 #include "Platform/SwaySocket.h"
+#include "Platform/WaylandFacts.h"
 
 #include <QFile>
+
+#include <memory>
+#include <mutex>
+#include <utility>
 
 namespace quorvane {
 
@@ -16,6 +27,11 @@ namespace {
 QString pathVariable(const char *name)
 {
     return QFile::decodeName(qgetenv(name));
+}
+
+QStringList hyprlandFolders()
+{
+    return DesktopPictureHyprland::socketFolders(qEnvironmentVariable("HYPRLAND_INSTANCE_SIGNATURE"));
 }
 
 DesktopFacts factsOfThisSession()
@@ -29,15 +45,35 @@ DesktopFacts factsOfThisSession()
     facts.hasWayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
     facts.hasX11 = !qEnvironmentVariableIsEmpty("DISPLAY");
     facts.currentDesktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(QLatin1Char(':'), Qt::SkipEmptyParts);
+    facts.isSandboxed = QFile::exists(QStringLiteral("/.flatpak-info")) || qgetenv("container") == "flatpak";
+    facts.plasmaAnswers = DesktopPicturePlasma::answers(sessionBusAddress());
+    facts.hasHyprland = !qEnvironmentVariableIsEmpty("HYPRLAND_INSTANCE_SIGNATURE");
+    facts.hyprlandAnswers = facts.hasHyprland && DesktopPictureHyprland::answers(hyprlandFolders());
+    facts.hasLayerShell =
+        waylandFacts(qEnvironmentVariable("WAYLAND_DISPLAY"), QDeadlineTimer(kDesktopLimit)).hasLayerShell;
+    // Asking starts the portal where it does not run, so it is asked only where it could be chosen.
+    const bool isLast = facts.wanted.isEmpty() && chooseDesktop(facts).way == DesktopWay::None;
+    if (facts.isSandboxed || facts.wanted == QLatin1String("portal") || isLast) {
+        facts.portalAnswers = DesktopPicturePortal::answers(sessionBusAddress());
+    }
     return facts;
 }
 
-std::unique_ptr<DesktopPicture> pictureFor(const DesktopFacts &facts)
+std::unique_ptr<DesktopPicture> pictureFor(const DesktopFacts &facts, ProgramLife life)
 {
     const DesktopChoice choice = chooseDesktop(facts);
     switch (choice.way) {
     case DesktopWay::None:
         break;
+    case DesktopWay::Plasma:
+        return std::make_unique<DesktopPicturePlasma>(sessionBusAddress(), sessionDisplay(), choice.reason);
+    case DesktopWay::Hyprland:
+        return std::make_unique<DesktopPictureHyprland>(hyprlandFolders(), sessionDisplay().wayland, choice.reason,
+                                                        life);
+    case DesktopWay::LayerShell:
+        return std::make_unique<DesktopPictureLayerShell>(sessionDisplay().wayland, choice.reason, life);
+    case DesktopWay::Portal:
+        return std::make_unique<DesktopPicturePortal>(sessionBusAddress(), sessionDisplay(), choice.reason);
     case DesktopWay::Sway:
         return std::make_unique<DesktopPictureSway>(pathVariable("SWAYSOCK"), choice.reason);
     case DesktopWay::X11:
@@ -47,17 +83,82 @@ std::unique_ptr<DesktopPicture> pictureFor(const DesktopFacts &facts)
         DesktopFacts others = facts;
         others.wanted.clear();
         others.command.clear();
-        return std::make_unique<DesktopPictureCommand>(facts.command, choice.reason, pictureFor(others));
+        return std::make_unique<DesktopPictureCommand>(facts.command, choice.reason, pictureFor(others, life));
     }
     }
     return std::make_unique<DesktopPictureUnimplemented>(choice.reason);
 }
 
+/// Chooses at its first use, because that takes time and belongs on the thread that waits for the desktop; and anew
+/// whenever somebody asks for the screens, which is how every setting of a picture begins: a program that starts with
+/// the session may be there before the desktop is. What was chosen stays while the choice is the same.
+class DesktopPictureOfSession final : public DesktopPicture
+{
+  public:
+    explicit DesktopPictureOfSession(ProgramLife life)
+        : m_life(life)
+    {
+    }
+
+    [[nodiscard]] QString name() const override { return chosen().name(); }
+    [[nodiscard]] QString reason() const override { return chosen().reason(); }
+    [[nodiscard]] bool endsWithTheProgram() override { return chosen().endsWithTheProgram(); }
+    [[nodiscard]] QList<Screen> screens() override
+    {
+        choose();
+        return m_chosen->screens();
+    }
+    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override
+    {
+        return chosen().setPicture(path, screens);
+    }
+    void stopAsking() override
+    {
+        const std::lock_guard lock(m_mutex);
+        m_mayAsk = false;
+        if (m_chosen) {
+            m_chosen->stopAsking();
+        }
+    }
+
+  private:
+    [[nodiscard]] DesktopPicture &chosen() const
+    {
+        if (!m_chosen) {
+            choose();
+        }
+        return *m_chosen;
+    }
+
+    void choose() const
+    {
+        const DesktopFacts facts = factsOfThisSession();
+        const DesktopWay way = chooseDesktop(facts).way;
+        if (m_chosen && way == m_way) {
+            return;
+        }
+        std::unique_ptr<DesktopPicture> found = pictureFor(facts, m_life);
+        found->asking = asking;
+        const std::lock_guard lock(m_mutex);
+        m_chosen = std::move(found);
+        m_way = way;
+        if (!m_mayAsk) {
+            m_chosen->stopAsking();
+        }
+    }
+
+    ProgramLife m_life;
+    mutable std::mutex m_mutex; ///< For stopAsking(), which comes from another thread.
+    mutable std::unique_ptr<DesktopPicture> m_chosen;
+    mutable DesktopWay m_way = DesktopWay::None;
+    bool m_mayAsk = true;
+};
+
 } // namespace
 
-std::unique_ptr<DesktopPicture> makeDesktopPicture()
+std::unique_ptr<DesktopPicture> makeDesktopPicture(ProgramLife life)
 {
-    return pictureFor(factsOfThisSession());
+    return std::make_unique<DesktopPictureOfSession>(life);
 }
 
 } // namespace quorvane

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -22,11 +23,15 @@ struct Screen
     friend bool operator==(const Screen &, const Screen &) = default;
 };
 
+/// How long the calling program runs.
+enum class ProgramLife { OneCommand, Application };
+
 /// The seam to the desktop: which screens there are, and how a picture becomes their background.
 ///
 /// Both operations wait for the desktop for up to kDesktopLimit in all, and setting a picture takes the time to decode
-/// it besides, so they are called on a worker thread, one at a time. Neither needs a QGuiApplication.
-/// Nothing is cached between calls: screens and desktops come and go.
+/// it besides, and where the desktop asks the user first, as long as the user takes; so they are called on a worker
+/// thread, one at a time. Neither needs a QGuiApplication. Nothing is cached between calls: screens and desktops come
+/// and go.
 class DesktopPicture
 {
   public:
@@ -37,11 +42,22 @@ class DesktopPicture
     DesktopPicture &operator=(DesktopPicture &&) = delete;
     virtual ~DesktopPicture() = default;
 
+    /// Told, on the thread of setPicture(), that the desktop asks the user first; one line for the status. Set it
+    /// before the first call.
+    std::function<void(const QString &line)> asking;
+
+    /// From now on nothing waits for the user, and what does so now ends with a failure. From any thread.
+    virtual void stopAsking() {}
+
     /// The name that QUORVANE_DESKTOP takes, for example "sway" or "x11"; empty where no desktop was found.
     [[nodiscard]] virtual QString name() const = 0;
 
     /// Why this way was chosen, one line for "quorvane status".
     [[nodiscard]] virtual QString reason() const = 0;
+
+    /// Whether what it sets is gone when the program ends, so that it has to be set again at the next start. Asked like
+    /// screens(), below.
+    [[nodiscard]] virtual bool endsWithTheProgram() { return false; }
 
     /// The attached screens in the desktop's order; empty when there is none or the desktop does not answer.
     [[nodiscard]] virtual QList<Screen> screens() = 0;
@@ -54,6 +70,6 @@ class DesktopPicture
 
 /// The desktop of this session, chosen by the environment (QUORVANE_DESKTOP, QUORVANE_WALLPAPER_COMMAND, then what
 /// runs). Never null: without a desktop the object has no screens.
-[[nodiscard]] std::unique_ptr<DesktopPicture> makeDesktopPicture();
+[[nodiscard]] std::unique_ptr<DesktopPicture> makeDesktopPicture(ProgramLife life = ProgramLife::Application);
 
 } // namespace quorvane

@@ -4,11 +4,8 @@
 #include "Platform/PictureFile.h"
 #include "Platform/SwaySocket.h"
 
-#include <QBuffer>
-#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QFile>
-#include <QImageWriter>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -36,15 +33,6 @@ struct HandedPicture
     QString error;
 };
 
-QByteArray encodedAsPng(const QImage &image)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    QImageWriter writer(&buffer, "png");
-    writer.setCompression(10); // Fast: the copy lives until the next picture.
-    return writer.write(image) ? bytes : QByteArray();
-}
-
 HandedPicture handedPicture(const QString &path)
 {
     const PictureFile checked = readPicture(path, kCheckSize);
@@ -56,26 +44,11 @@ HandedPicture handedPicture(const QString &path)
     if (isReadable && DesktopPictureSway::isPlainPath(path)) {
         return {path, false, {}};
     }
-    QByteArray bytes;
-    if (isReadable) {
-        QFile file(path);
-        bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    } else {
-        bytes = encodedAsPng(readPicture(path).image);
+    const std::optional<QString> copy = PictureCopy::ofPicture(path, checked.format, &DesktopPictureSway::isPlainPath);
+    if (!copy) {
+        return {{}, false, QStringLiteral("No folder could hold a copy of the picture under a name that sway takes")};
     }
-    if (bytes.isEmpty()) {
-        return {{}, false, Tr::tr("The picture cannot be copied for sway")};
-    }
-    const QString ending = checked.format == "jpeg" ? QStringLiteral("jpg") : QStringLiteral("png");
-    const QStringList folders = PictureCopy::folders();
-    for (const QString &folder : folders) {
-        if (DesktopPictureSway::isPlainPath(folder)) {
-            if (const std::optional<QString> copy = PictureCopy::write(folder, bytes, ending)) {
-                return {*copy, true, {}};
-            }
-        }
-    }
-    return {{}, false, Tr::tr("No folder could hold a copy of the picture under a name that sway takes")};
+    return {*copy, true, {}};
 }
 
 bool contains(const QList<Screen> &screens, const QString &name)

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 /// Copies of the wallpaper for desktops that cannot take the library's own file. A copy gets a new name each time,
@@ -16,6 +17,14 @@ namespace quorvane::PictureCopy {
 /// Writes bytes whole under a new time-stamped name with the ending ("png") in folder, which is made where it is
 /// missing. The path, or nothing when the disk refuses.
 [[nodiscard]] std::optional<QString> write(const QString &folder, const QByteArray &bytes, const QString &ending);
+
+/// A copy of the whole picture at path in the first of the folders that accepts() lets through; as it is when format,
+/// its own, is "png" or "jpeg", which every desktop reads, and as PNG otherwise. Nothing when no folder can hold it.
+[[nodiscard]] std::optional<QString> ofPicture(const QString &path, const QByteArray &format,
+                                               const std::function<bool(const QString &)> &accepts);
+
+/// Whether the path is a copy's.
+[[nodiscard]] bool isOurs(const QString &path);
 
 /// Deletes the copies in all folders except keep (which may be empty: delete all). Touches no other file.
 void removeAllBut(const QString &keep);

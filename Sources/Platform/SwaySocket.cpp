@@ -1,7 +1,8 @@
 #include "Platform/SwaySocket.h"
 
+#include "Platform/UnixSocket.h"
+
 #include <QCoreApplication>
-#include <QFile>
 
 #include <algorithm>
 #include <array>
@@ -10,8 +11,6 @@
 
 #include <poll.h>
 #include <sys/socket.h>
-#include <sys/time.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 namespace quorvane {
@@ -38,22 +37,9 @@ QString systemError()
 SwaySocket::SwaySocket(const QString &path, QDeadlineTimer deadline)
     : m_deadline(deadline)
 {
-    const QByteArray name = QFile::encodeName(path);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (name.isEmpty() || name.size() >= static_cast<qsizetype>(sizeof(address.sun_path))) {
-        m_error = Tr::tr("sway's socket has no usable path");
-        return;
-    }
-    std::memcpy(&address.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
-
-    m_descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    // A listener that accepts nobody makes connect() wait; this limit is the one that the kernel applies to it.
-    const qint64 milliseconds = std::max<qint64>(1, m_deadline.remainingTime());
-    const timeval limit{milliseconds / 1000, (milliseconds % 1000) * 1000};
-    if (m_descriptor < 0 || ::setsockopt(m_descriptor, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof(limit)) != 0 ||
-        ::connect(m_descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof(address)) != 0) {
-        fail(Tr::tr("sway cannot be reached: %1").arg(systemError()));
+    m_descriptor = connectUnixSocket(path, m_deadline);
+    if (m_descriptor < 0) {
+        fail(QStringLiteral("sway cannot be reached: ") + systemError());
     }
 }
 

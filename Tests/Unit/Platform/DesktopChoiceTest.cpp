@@ -54,6 +54,44 @@ QStringList list(const char *entries)
     return QString::fromUtf8(entries).split(QLatin1Char(':'));
 }
 
+DesktopFacts withNames(DesktopFacts base, const char *entries)
+{
+    base.currentDesktops = list(entries);
+    return base;
+}
+
+DesktopFacts withPlasma(DesktopFacts base)
+{
+    base.plasmaAnswers = true;
+    return base;
+}
+
+DesktopFacts withLayerShell(DesktopFacts base = {})
+{
+    base.hasWayland = true;
+    base.hasLayerShell = true;
+    return base;
+}
+
+DesktopFacts withHyprland(DesktopFacts base, bool answers = true)
+{
+    base.hasHyprland = true;
+    base.hyprlandAnswers = answers;
+    return base;
+}
+
+DesktopFacts withPortal(DesktopFacts base)
+{
+    base.portalAnswers = true;
+    return base;
+}
+
+DesktopFacts inSandbox(DesktopFacts base)
+{
+    base.isSandboxed = true;
+    return base;
+}
+
 } // namespace
 
 TEST(DesktopChoice, isMadeAsTheTableSays)
@@ -80,7 +118,29 @@ TEST(DesktopChoice, isMadeAsTheTableSays)
         {"X11 by name, without it", facts("x11"), DesktopWay::X11, "DISPLAY is not set"},
         {"a name before the command", withSway(facts("sway", "/bin/set")), DesktopWay::Sway, "is \"sway\""},
         {"a name for later", withSway(facts("gnome")), DesktopWay::None, "does not support yet"},
-        {"a name for later with a dash", withSway(facts("layer-shell")), DesktopWay::None, "does not support yet"},
+        {"Plasma", withPlasma(withX11()), DesktopWay::Plasma, "plasmashell runs"},
+        {"Plasma on Wayland", withPlasma(withLayerShell()), DesktopWay::Plasma, "plasmashell runs"},
+        {"Plasma that starts", withX11({}, list("KDE")), DesktopWay::Plasma, "not on the session bus yet"},
+        {"its compositor alone", withNames(withLayerShell(), "KDE"), DesktopWay::Plasma, "not on the session bus yet"},
+        {"sway that calls itself KDE", withNames(withSway(), "KDE"), DesktopWay::Sway, "sway answers"},
+        {"Plasma by name", withPlasma(facts("plasma")), DesktopWay::Plasma, "QUORVANE_DESKTOP is \"plasma\""},
+        {"Plasma by name, without it", withSway(facts("plasma")), DesktopWay::Plasma, "but org.kde.plasmashell"},
+        {"Hyprland", withHyprland(withLayerShell()), DesktopWay::Hyprland, "Hyprland answers"},
+        {"Hyprland of yesterday", withHyprland(withLayerShell(), false), DesktopWay::LayerShell, "zwlr_layer_shell"},
+        {"Hyprland by name", withHyprland(facts("hyprland")), DesktopWay::Hyprland, "is \"hyprland\""},
+        {"Hyprland by name, without it", facts("hyprland"), DesktopWay::Hyprland, "but HYPRLAND_INSTANCE_SIGNATURE"},
+        {"a compositor with layers", withLayerShell(), DesktopWay::LayerShell, "while the application runs"},
+        {"sway has one too", withSway(withLayerShell()), DesktopWay::Sway, "sway answers"},
+        {"layers by name in sway", withSway(withLayerShell(facts("layer-shell"))), DesktopWay::LayerShell, "is \"lay"},
+        {"layers by name, without", withWayland(facts("layer-shell")), DesktopWay::LayerShell, "does not offer zwlr"},
+        {"layers by name on X11", withX11(facts("layer-shell")), DesktopWay::LayerShell, "WAYLAND_DISPLAY is not set"},
+        {"a portal and nothing else", withPortal(withWayland()), DesktopWay::Portal, "nothing else is known"},
+        {"a portal beside plain X11", withPortal(withX11()), DesktopWay::X11, "DISPLAY is set"},
+        {"a portal beside layers", withPortal(withLayerShell()), DesktopWay::LayerShell, "zwlr_layer_shell"},
+        {"a sandbox", inSandbox(withPortal(withLayerShell())), DesktopWay::Portal, "this is a sandbox"},
+        {"a sandbox without portal", inSandbox(withLayerShell()), DesktopWay::LayerShell, "zwlr_layer_shell"},
+        {"the portal by name", withPortal(withSway(facts("portal"))), DesktopWay::Portal, "is \"portal\""},
+        {"the portal by name, without", withSway(facts("portal")), DesktopWay::Portal, "but no portal"},
         {"an unknown name", withSway(facts("windows")), DesktopWay::None, "none of gnome, plasma, xfce"},
         {"capital letters", withSway(facts("Sway")), DesktopWay::None, "is \"Sway\", which is none of"},
     };

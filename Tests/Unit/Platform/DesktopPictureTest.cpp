@@ -16,8 +16,9 @@ class BareEnvironment
   public:
     BareEnvironment()
     {
-        for (const char *name : {"QUORVANE_DESKTOP", "QUORVANE_WALLPAPER_COMMAND", "SWAYSOCK", "WAYLAND_DISPLAY",
-                                 "DISPLAY", "XDG_CURRENT_DESKTOP"}) {
+        for (const char *name :
+             {"QUORVANE_DESKTOP", "QUORVANE_WALLPAPER_COMMAND", "SWAYSOCK", "WAYLAND_DISPLAY", "DISPLAY",
+              "XDG_CURRENT_DESKTOP", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "HYPRLAND_INSTANCE_SIGNATURE"}) {
             m_before[name] = qEnvironmentVariableIsSet(name) ? qgetenv(name) : QByteArray();
             qunsetenv(name);
         }
@@ -67,10 +68,25 @@ TEST(DesktopPicture, theWayIsWhatTheEnvironmentSays)
     EXPECT_EQ(makeDesktopPicture()->screens(), QList<Screen>());
     qunsetenv("QUORVANE_DESKTOP");
     qputenv("XDG_CURRENT_DESKTOP", "KDE");
+    EXPECT_EQ(makeDesktopPicture()->name(), QStringLiteral("plasma"));
+    qputenv("XDG_CURRENT_DESKTOP", "Deepin");
     EXPECT_EQ(makeDesktopPicture()->name(), QString());
     qputenv("QUORVANE_WALLPAPER_COMMAND", "/bin/true");
     EXPECT_EQ(makeDesktopPicture()->name(), QStringLiteral("command"));
     EXPECT_EQ(makeDesktopPicture()->screens().size(), 1);
+}
+
+TEST(DesktopPicture, theChoiceIsMadeAnewForEachPictureAndAWayThatIsStillThereStays)
+{
+    const BareEnvironment bare;
+    const auto desktop = makeDesktopPicture();
+    EXPECT_EQ(desktop->name(), QString());
+    qputenv("DISPLAY", ":7654"); // The desktop comes up later than a program that starts with the session.
+    EXPECT_EQ(desktop->screens(), QList<Screen>());
+    EXPECT_EQ(desktop->name(), QStringLiteral("x11"));
+    qputenv("QUORVANE_DESKTOP", "x11");
+    EXPECT_EQ(desktop->screens(), QList<Screen>());
+    EXPECT_FALSE(desktop->reason().contains(QStringLiteral("QUORVANE_DESKTOP"))) << "it is the object of before";
 }
 
 } // namespace quorvane

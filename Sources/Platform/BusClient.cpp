@@ -1,0 +1,68 @@
+#include "Platform/BusClient.h"
+
+#include <QDBusError>
+#include <QFileInfo>
+
+#include <atomic>
+
+namespace quorvane {
+
+namespace {
+
+/// Each connection has a name of its own, because two threads may have one at the same time.
+QString nextName()
+{
+    static std::atomic<int> count = 0;
+    return QStringLiteral("bus client %1").arg(++count);
+}
+
+} // namespace
+
+QString sessionBusAddress()
+{
+    const QString told = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    if (!told.isEmpty()) {
+        return told;
+    }
+    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    const QString socket = folder + QStringLiteral("/bus");
+    return !folder.isEmpty() && QFileInfo::exists(socket) ? QStringLiteral("unix:path=") + socket : QString();
+}
+
+BusClient::BusClient(const QString &address)
+    : m_name(nextName())
+    , m_bus(address.isEmpty() ? QDBusConnection(m_name) : QDBusConnection::connectToBus(address, m_name))
+{
+}
+
+BusClient::~BusClient()
+{
+    QDBusConnection::disconnectFromBus(m_name);
+}
+
+bool BusClient::isOwned(const QString &name, QDeadlineTimer deadline)
+{
+    const QString bus = QStringLiteral("org.freedesktop.DBus");
+    const Answer answer = call(QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus,
+                                                              QStringLiteral("NameHasOwner")),
+                               {name}, deadline);
+    return answer.arguments.value(0).toBool();
+}
+
+BusClient::Answer BusClient::call(QDBusMessage question, const QVariantList &arguments, QDeadlineTimer deadline)
+{
+    if (!m_bus.isConnected()) {
+        return {{}, QStringLiteral("The session bus cannot be reached")};
+    }
+    question.setArguments(arguments);
+    // No time left would mean Qt's own limit, which is longer.
+    const int milliseconds = static_cast<int>(std::max<qint64>(1, deadline.remainingTime()));
+    const QDBusMessage reply = m_bus.call(question, QDBus::Block, milliseconds);
+    if (reply.type() == QDBusMessage::ReplyMessage) {
+        return {reply.arguments(), {}};
+    }
+    const QString words = reply.errorMessage();
+    return {{}, words.isEmpty() ? QStringLiteral("There is no answer on the session bus") : words};
+}
+
+} // namespace quorvane

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QDeadlineTimer>
+#include <QString>
+
+#include <wayland-client.h>
+
+namespace quorvane {
+
+/// A connection to a compositor of our own, beside the one that Qt may have. For one thread; nothing in it waits longer
+/// than it is told.
+class WaylandConnection
+{
+  public:
+    /// display as in WAYLAND_DISPLAY. Look at isUsable() before anything else.
+    WaylandConnection(const QString &display, QDeadlineTimer deadline);
+    ~WaylandConnection();
+    WaylandConnection(const WaylandConnection &) = delete;
+    WaylandConnection &operator=(const WaylandConnection &) = delete;
+    WaylandConnection(WaylandConnection &&) = delete;
+    WaylandConnection &operator=(WaylandConnection &&) = delete;
+
+    /// False where nobody listens, the compositor found a mistake, or it went away.
+    [[nodiscard]] bool isUsable() const;
+
+    [[nodiscard]] wl_display *get() const { return m_display; }
+
+    /// Sends what was asked so far, waits for events or until wakeDescriptor (if any) is readable, and handles the
+    /// events. False when the deadline passed or the connection is not usable any more.
+    bool dispatch(QDeadlineTimer deadline, int wakeDescriptor = -1);
+
+    /// Waits until the compositor has done all that was asked so far; false as dispatch().
+    [[nodiscard]] bool finish(QDeadlineTimer deadline);
+
+    /// What failed, for the user; empty while nothing did.
+    [[nodiscard]] QString error() const;
+
+  private:
+    bool waitForEvents(QDeadlineTimer deadline, int wakeDescriptor);
+
+    wl_display *m_display = nullptr;
+    bool m_isLate = false;
+};
+
+} // namespace quorvane
