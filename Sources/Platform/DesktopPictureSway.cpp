@@ -4,6 +4,7 @@
 #include "Platform/PictureFile.h"
 #include "Platform/SwaySocket.h"
 
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QJsonArray>
@@ -46,7 +47,7 @@ HandedPicture handedPicture(const QString &path)
     }
     const std::optional<QString> copy = PictureCopy::ofPicture(path, checked.format, &DesktopPictureSway::isPlainPath);
     if (!copy) {
-        return {{}, false, QStringLiteral("No folder could hold a copy of the picture under a name that sway takes")};
+        return {{}, false, Tr::tr("No folder could hold a copy of the picture under a name that sway takes")};
     }
     return {*copy, true, {}};
 }
