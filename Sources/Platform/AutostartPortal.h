@@ -10,7 +10,7 @@ namespace quorvane {
 
 /// Asks the desktop through its Background portal, as a sandboxed program does, and waits for the answer in an event
 /// loop of its own. What went wrong, for the user.
-[[nodiscard]] std::optional<QString> askPortalForAutostart(QDBusConnection bus, Autostart autostart,
+[[nodiscard]] std::optional<QString> askPortalForAutostart(const QDBusConnection &bus, Autostart autostart,
                                                            std::chrono::milliseconds limit = std::chrono::minutes(2));
 
 } // namespace quorvane
