@@ -147,7 +147,7 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
     </message>
     <message>
         <source>no such file: %1</source>
-        <translation>keine solche Datei: %1</translation>
+        <translation>Datei nicht gefunden: %1</translation>
     </message>
     <message>
         <source>not in the library: %1</source>
@@ -356,7 +356,7 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <name>HistoryTile</name>
     <message>
         <source>Upscaling to 4K...</source>
-        <translation>Wird auf 4K hochskaliert …</translation>
+        <translation>Wird auf 4K hochskaliert&#xa0;…</translation>
     </message>
     <message>
         <source>Unfavorite</source>
@@ -465,7 +465,7 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <name>MenuBar</name>
     <message>
         <source>Generating...</source>
-        <translation>Wird erzeugt …</translation>
+        <translation>Wird erzeugt&#xa0;…</translation>
     </message>
     <message>
         <source>Next: %1</source>
@@ -489,7 +489,7 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
     <message>
         <source>Settings...</source>
-        <translation>Einstellungen …</translation>
+        <translation>Einstellungen&#xa0;…</translation>
     </message>
     <message>
         <source>Quit</source>
@@ -816,7 +816,7 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
     <message>
         <source>Generating...</source>
-        <translation>Wird erzeugt …</translation>
+        <translation>Wird erzeugt&#xa0;…</translation>
     </message>
     <message>
         <source>Generate &amp; Set Wallpaper</source>
@@ -952,7 +952,7 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <name>UpscalingNotice</name>
     <message>
         <source>Upscaling to 4K...</source>
-        <translation>Wird auf 4K hochskaliert …</translation>
+        <translation>Wird auf 4K hochskaliert&#xa0;…</translation>
     </message>
 </context>
 <context>
@@ -1089,11 +1089,11 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
     <message>
         <source>Upscaling to 4K (local)...</source>
-        <translation>Wird auf 4K hochskaliert (lokal) …</translation>
+        <translation>Wird auf 4K hochskaliert (lokal)&#xa0;…</translation>
     </message>
     <message>
         <source>Upscaling to 4K...</source>
-        <translation>Wird auf 4K hochskaliert …</translation>
+        <translation>Wird auf 4K hochskaliert&#xa0;…</translation>
     </message>
     <message>
         <source>Local upscale failed, using original — %1</source>

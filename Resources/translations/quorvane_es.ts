@@ -363,7 +363,7 @@ con los controles de la barra lateral.</translation>
     </message>
     <message>
         <source>Favorite</source>
-        <translation>Favorito</translation>
+        <translation>Añadir a favoritos</translation>
     </message>
     <message>
         <source>Apply</source>
@@ -570,7 +570,7 @@ con los controles de la barra lateral.</translation>
     </message>
     <message>
         <source>Favorite</source>
-        <translation>Favorito</translation>
+        <translation>Añadir a favoritos</translation>
     </message>
     <message>
         <source>Use Prompt</source>

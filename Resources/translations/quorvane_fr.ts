@@ -21,7 +21,7 @@
     <message>
         <source>Auto selects Gemini by default, Grok when NSFW is on.
 Pick a specific provider to use it for every generation.</source>
-        <translation>« Automatique » choisit Gemini par défaut, Grok quand NSFW est activé.
+        <translation>«&#xa0;Automatique&#xa0;» choisit Gemini par défaut, Grok quand NSFW est activé.
 Choisissez un fournisseur précis pour l’utiliser à chaque génération.</translation>
     </message>
     <message>
@@ -78,7 +78,7 @@ Choisissez un fournisseur précis pour l’utiliser à chaque génération.</tra
     </message>
     <message>
         <source>usage: %1</source>
-        <translation>utilisation : %1</translation>
+        <translation>utilisation&#xa0;: %1</translation>
     </message>
     <message>
         <source>Usage: quorvane [--hidden]
@@ -104,10 +104,10 @@ Without a command the application starts and opens its window (--hidden: tray on
 FILE is a path, or the name of a picture in the library.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
-        <translation>Utilisation : quorvane [--hidden]
+        <translation>Utilisation&#xa0;: quorvane [--hidden]
               quorvane COMMANDE [--json]
 
-Sans commande, l’application démarre et ouvre sa fenêtre (--hidden : seulement l’icône de notification).
+Sans commande, l’application démarre et ouvre sa fenêtre (--hidden&#xa0;: seulement l’icône de notification).
 
   generate [--prompt TEXTE]     générer une image et l’appliquer en fond d’écran
   upscale FICHIER               faire une copie 4K d’une image et l’appliquer
@@ -118,9 +118,9 @@ Sans commande, l’application démarre et ouvre sa fenêtre (--hidden : seulem
   favorite FICHIER              marquer une image comme favorite, ou ne plus
   delete FICHIER                supprimer définitivement une image et son
                                 équivalent 4K
-  settings [NOM [VALEUR]]       tout afficher, en afficher un, en définir un ;
+  settings [NOM [VALEUR]]       tout afficher, en afficher un, en définir un&#x202f;;
                                 --unset NOM
-  key list|set ID|delete ID     clés API de gemini, grok, openai ; set lit la clé
+  key list|set ID|delete ID     clés API de gemini, grok, openai&#x202f;; set lit la clé
                                 sur l’entrée standard
   auto on|off                   mode automatique
   autostart on|off              démarrer avec la session
@@ -128,7 +128,7 @@ Sans commande, l’application démarre et ouvre sa fenêtre (--hidden : seulem
   quit                          quitter l’application lancée
 
 FICHIER est un chemin, ou le nom d’une image de la bibliothèque.
-Code de retour : 0 terminé, 1 terminé par une erreur, 2 ligne de commande fausse.
+Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande fausse.
 </translation>
     </message>
 </context>
@@ -148,11 +148,11 @@ Code de retour : 0 terminé, 1 terminé par une erreur, 2 ligne de commande fau
     </message>
     <message>
         <source>no such file: %1</source>
-        <translation>aucun fichier de ce nom : %1</translation>
+        <translation>aucun fichier de ce nom&#xa0;: %1</translation>
     </message>
     <message>
         <source>not in the library: %1</source>
-        <translation>absent de la bibliothèque : %1</translation>
+        <translation>absent de la bibliothèque&#xa0;: %1</translation>
     </message>
     <message>
         <source>no key on standard input</source>
@@ -168,7 +168,7 @@ Code de retour : 0 terminé, 1 terminé par une erreur, 2 ligne de commande fau
     </message>
     <message>
         <source>API key for %1: </source>
-        <translation>Clé API pour %1 : </translation>
+        <translation>Clé API pour %1&#xa0;: </translation>
     </message>
     <message>
         <source>standard input holds no key</source>
@@ -180,34 +180,34 @@ Code de retour : 0 terminé, 1 terminé par une erreur, 2 ligne de commande fau
     </message>
     <message>
         <source>the application did not answer: %1</source>
-        <translation>l’application n’a pas répondu : %1</translation>
+        <translation>l’application n’a pas répondu&#xa0;: %1</translation>
     </message>
 </context>
 <context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>
-        <translation>QUORVANE_DESKTOP vaut « %1 », qui ne figure pas parmi %2</translation>
+        <translation>QUORVANE_DESKTOP vaut «&#xa0;%1&#xa0;», qui ne figure pas parmi %2</translation>
     </message>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which this version does not support yet</source>
-        <translation>QUORVANE_DESKTOP vaut « %1 », que cette version ne prend pas encore en charge</translation>
+        <translation>QUORVANE_DESKTOP vaut «&#xa0;%1&#xa0;», que cette version ne prend pas encore en charge</translation>
     </message>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, but QUORVANE_WALLPAPER_COMMAND is not set</source>
-        <translation>QUORVANE_DESKTOP vaut « %1 », mais QUORVANE_WALLPAPER_COMMAND n’est pas définie</translation>
+        <translation>QUORVANE_DESKTOP vaut «&#xa0;%1&#xa0;», mais QUORVANE_WALLPAPER_COMMAND n’est pas définie</translation>
     </message>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, but SWAYSOCK is not set</source>
-        <translation>QUORVANE_DESKTOP vaut « %1 », mais SWAYSOCK n’est pas définie</translation>
+        <translation>QUORVANE_DESKTOP vaut «&#xa0;%1&#xa0;», mais SWAYSOCK n’est pas définie</translation>
     </message>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, but DISPLAY is not set</source>
-        <translation>QUORVANE_DESKTOP vaut « %1 », mais DISPLAY n’est pas définie</translation>
+        <translation>QUORVANE_DESKTOP vaut «&#xa0;%1&#xa0;», mais DISPLAY n’est pas définie</translation>
     </message>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;</source>
-        <translation>QUORVANE_DESKTOP vaut « %1 »</translation>
+        <translation>QUORVANE_DESKTOP vaut «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>QUORVANE_WALLPAPER_COMMAND is set</source>
@@ -219,7 +219,7 @@ Code de retour : 0 terminé, 1 terminé par une erreur, 2 ligne de commande fau
     </message>
     <message>
         <source>this Wayland desktop is not supported yet; QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture</source>
-        <translation>cet environnement Wayland n’est pas encore pris en charge ; QUORVANE_WALLPAPER_COMMAND peut désigner un programme qui applique l’image</translation>
+        <translation>cet environnement Wayland n’est pas encore pris en charge&#x202f;; QUORVANE_WALLPAPER_COMMAND peut désigner un programme qui applique l’image</translation>
     </message>
     <message>
         <source>DISPLAY is set and no desktop paints over the X11 root window</source>
@@ -227,7 +227,7 @@ Code de retour : 0 terminé, 1 terminé par une erreur, 2 ligne de commande fau
     </message>
     <message>
         <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, which is not supported yet; QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture</source>
-        <translation>XDG_CURRENT_DESKTOP désigne « %1 », qui n’est pas encore pris en charge ; QUORVANE_WALLPAPER_COMMAND peut désigner un programme qui applique l’image</translation>
+        <translation>XDG_CURRENT_DESKTOP désigne «&#xa0;%1&#xa0;», qui n’est pas encore pris en charge&#x202f;; QUORVANE_WALLPAPER_COMMAND peut désigner un programme qui applique l’image</translation>
     </message>
     <message>
         <source>SWAYSOCK is set, but nobody answers on it</source>
@@ -242,19 +242,19 @@ Code de retour : 0 terminé, 1 terminé par une erreur, 2 ligne de commande fau
     <name>DesktopPictureCommand</name>
     <message>
         <source>The wallpaper command &quot;%1&quot; cannot be started: %2</source>
-        <translation>Impossible de lancer la commande de fond d’écran « %1 » : %2</translation>
+        <translation>Impossible de lancer la commande de fond d’écran «&#xa0;%1&#xa0;»&#xa0;: %2</translation>
     </message>
     <message>
         <source>The wallpaper command &quot;%1&quot; did not end within %2 seconds</source>
-        <translation>La commande de fond d’écran « %1 » ne s’est pas terminée en %2 secondes</translation>
+        <translation>La commande de fond d’écran «&#xa0;%1&#xa0;» ne s’est pas terminée en %2 secondes</translation>
     </message>
     <message>
         <source>The wallpaper command &quot;%1&quot; ended with status %2</source>
-        <translation>La commande de fond d’écran « %1 » s’est terminée avec l’état %2</translation>
+        <translation>La commande de fond d’écran «&#xa0;%1&#xa0;» s’est terminée avec l’état %2</translation>
     </message>
     <message>
         <source>The wallpaper command &quot;%1&quot; was ended by a signal</source>
-        <translation>La commande de fond d’écran « %1 » a été interrompue par un signal</translation>
+        <translation>La commande de fond d’écran «&#xa0;%1&#xa0;» a été interrompue par un signal</translation>
     </message>
 </context>
 <context>
@@ -269,7 +269,7 @@ Code de retour : 0 terminé, 1 terminé par une erreur, 2 ligne de commande fau
     </message>
     <message>
         <source>sway has no screen &quot;%1&quot;</source>
-        <translation>sway n’a pas d’écran « %1 »</translation>
+        <translation>sway n’a pas d’écran «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>sway&apos;s answer cannot be understood</source>
@@ -292,7 +292,7 @@ Code de retour : 0 terminé, 1 terminé par une erreur, 2 ligne de commande fau
     </message>
     <message>
         <source>The X server has no screen &quot;%1&quot;</source>
-        <translation>Le serveur X n’a pas d’écran « %1 »</translation>
+        <translation>Le serveur X n’a pas d’écran «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>There is not enough memory for the picture</source>
@@ -350,7 +350,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>Upscale failed: %1</source>
-        <translation>Échec de l’agrandissement : %1</translation>
+        <translation>Échec de l’agrandissement&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -365,7 +365,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>Favorite</source>
-        <translation>Favori</translation>
+        <translation>Ajouter aux favoris</translation>
     </message>
     <message>
         <source>Apply</source>
@@ -400,7 +400,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>No secure connection to %1: %2</source>
-        <translation>Pas de connexion sûre à %1 : %2</translation>
+        <translation>Pas de connexion sûre à %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>The request timed out.</source>
@@ -470,7 +470,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>Next: %1</source>
-        <translation>Prochain : %1</translation>
+        <translation>Prochain&#xa0;: %1</translation>
     </message>
     <message>
         <source>Idle</source>
@@ -501,7 +501,7 @@ avec les commandes du panneau latéral.</translation>
     <name>MissingKeys</name>
     <message>
         <source>Missing %1 API key</source>
-        <translation>Clé API manquante : %1</translation>
+        <translation>Clé API manquante&#xa0;: %1</translation>
     </message>
     <message>
         <source>Open Settings (⌘,)</source>
@@ -512,7 +512,7 @@ avec les commandes du panneau latéral.</translation>
     <name>ModelFiles</name>
     <message>
         <source>The model cannot be copied: %1</source>
-        <translation>Impossible de copier le modèle : %1</translation>
+        <translation>Impossible de copier le modèle&#xa0;: %1</translation>
     </message>
     <message>
         <source>RealESRGAN model not found in app bundle</source>
@@ -538,7 +538,7 @@ avec les commandes du panneau latéral.</translation>
     <name>PictureFile</name>
     <message>
         <source>The picture cannot be read: %1</source>
-        <translation>Impossible de lire l’image : %1</translation>
+        <translation>Impossible de lire l’image&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -572,7 +572,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>Favorite</source>
-        <translation>Favori</translation>
+        <translation>Ajouter aux favoris</translation>
     </message>
     <message>
         <source>Use Prompt</source>
@@ -595,7 +595,7 @@ avec les commandes du panneau latéral.</translation>
     <name>Program</name>
     <message>
         <source>there is no display; see quorvane --help for what needs none</source>
-        <translation>il n’y a pas d’affichage ; quorvane --help indique ce qui n’en demande pas</translation>
+        <translation>il n’y a pas d’affichage&#x202f;; quorvane --help indique ce qui n’en demande pas</translation>
     </message>
     <message>
         <source>the application runs already and does not answer</source>
@@ -623,8 +623,8 @@ avec les commandes du panneau latéral.</translation>
     <message numerus="yes">
         <source>%1 of %n tiles</source>
         <translation>
-            <numerusform>tuile %1 sur %n</numerusform>
-            <numerusform>tuile %1 sur %n</numerusform>
+            <numerusform>tuile&#xa0;: %1 sur %n</numerusform>
+            <numerusform>tuiles&#xa0;: %1 sur %n</numerusform>
         </translation>
     </message>
     <message>
@@ -644,15 +644,15 @@ avec les commandes du panneau latéral.</translation>
     <name>ProviderError</name>
     <message>
         <source>Invalid response: %1</source>
-        <translation>Réponse non valide : %1</translation>
+        <translation>Réponse non valide&#xa0;: %1</translation>
     </message>
     <message>
         <source>API error: %1</source>
-        <translation>Erreur de l’API : %1</translation>
+        <translation>Erreur de l’API&#xa0;: %1</translation>
     </message>
     <message>
         <source>Network error: %1</source>
-        <translation>Erreur réseau : %1</translation>
+        <translation>Erreur réseau&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -671,39 +671,39 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>Provider:     %1, model %2</source>
-        <translation>Fournisseur :      %1, modèle %2</translation>
+        <translation>Fournisseur&#xa0;:      %1, modèle %2</translation>
     </message>
     <message>
         <source>Missing keys: %1</source>
-        <translation>Clés manquantes :  %1</translation>
+        <translation>Clés manquantes&#xa0;:  %1</translation>
     </message>
     <message>
         <source>Prompt:       %1</source>
-        <translation>Invite :           %1</translation>
+        <translation>Invite&#xa0;:           %1</translation>
     </message>
     <message>
         <source>4K:           %1 (upscale method %2)</source>
-        <translation>4K :               %1 (agrandissement : %2)</translation>
+        <translation>4K&#xa0;:               %1 (agrandissement&#xa0;: %2)</translation>
     </message>
     <message>
         <source>NSFW:         %1</source>
-        <translation>NSFW :             %1</translation>
+        <translation>NSFW&#xa0;:             %1</translation>
     </message>
     <message>
         <source>Automatic:    %1, every %2</source>
-        <translation>Automatique :      %1, intervalle %2</translation>
+        <translation>Automatique&#xa0;:      %1, intervalle %2</translation>
     </message>
     <message>
         <source>Wallpaper:    %1</source>
-        <translation>Fond d’écran :     %1</translation>
+        <translation>Fond d’écran&#xa0;:     %1</translation>
     </message>
     <message>
         <source>Desktop:      %1 (%2)</source>
-        <translation>Bureau :           %1 (%2)</translation>
+        <translation>Bureau&#xa0;:           %1 (%2)</translation>
     </message>
     <message>
         <source>Screens:      %1</source>
-        <translation>Écrans :           %1</translation>
+        <translation>Écrans&#xa0;:           %1</translation>
     </message>
     <message>
         <source>No wallpapers yet</source>
@@ -712,8 +712,8 @@ avec les commandes du panneau latéral.</translation>
     <message numerus="yes">
         <source>%1 of %n tiles</source>
         <translation>
-            <numerusform>tuile %1 sur %n</numerusform>
-            <numerusform>tuile %1 sur %n</numerusform>
+            <numerusform>tuile&#xa0;: %1 sur %n</numerusform>
+            <numerusform>tuiles&#xa0;: %1 sur %n</numerusform>
         </translation>
     </message>
     <message>
@@ -779,7 +779,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>%1 takes one of: %2</source>
-        <translation>%1 accepte une valeur parmi : %2</translation>
+        <translation>%1 accepte une valeur parmi&#xa0;: %2</translation>
     </message>
 </context>
 <context>
@@ -841,7 +841,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>The model does not fit: %1; needed is %2</source>
-        <translation>Le modèle ne convient pas : %1 ; il faut %2</translation>
+        <translation>Le modèle ne convient pas&#xa0;: %1&#x202f;; il faut %2</translation>
     </message>
     <message>
         <source>float32 or float16 %1, or any height and width</source>
@@ -849,7 +849,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>The model cannot be read: %1</source>
-        <translation>Impossible de lire le modèle : %1</translation>
+        <translation>Impossible de lire le modèle&#xa0;: %1</translation>
     </message>
     <message>
         <source>its file has %1 bytes</source>
@@ -893,7 +893,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>%1, %2, in &quot;%3&quot;, out &quot;%4&quot;</source>
-        <translation>%1, %2, entrée « %3 », sortie « %4 »</translation>
+        <translation>%1, %2, entrée «&#xa0;%3&#xa0;», sortie «&#xa0;%4&#xa0;»</translation>
     </message>
     <message>
         <source>tiles of 512 × 512</source>
@@ -912,7 +912,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>sway cannot be reached: %1</source>
-        <translation>sway est injoignable : %1</translation>
+        <translation>sway est injoignable&#xa0;: %1</translation>
     </message>
     <message>
         <source>sway&apos;s answer cannot be understood</source>
@@ -924,7 +924,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>sway ended the connection: %1</source>
-        <translation>sway a mis fin à la connexion : %1</translation>
+        <translation>sway a mis fin à la connexion&#xa0;: %1</translation>
     </message>
     <message>
         <source>sway ended the connection</source>
@@ -1033,7 +1033,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>%1 cannot be opened: %2</source>
-        <translation>impossible d’ouvrir %1 : %2</translation>
+        <translation>impossible d’ouvrir %1&#xa0;: %2</translation>
     </message>
 </context>
 <context>
@@ -1048,7 +1048,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>Next: %1</source>
-        <translation>Prochain : %1</translation>
+        <translation>Prochain&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -1070,19 +1070,19 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>Failed: %1</source>
-        <translation>Échec : %1</translation>
+        <translation>Échec&#xa0;: %1</translation>
     </message>
     <message>
         <source>Wallpaper set!</source>
-        <translation>Fond d’écran appliqué !</translation>
+        <translation>Fond d’écran appliqué&#x202f;!</translation>
     </message>
     <message>
         <source>Failed to sync wallpaper: %1</source>
-        <translation>Échec de la synchronisation du fond d’écran : %1</translation>
+        <translation>Échec de la synchronisation du fond d’écran&#xa0;: %1</translation>
     </message>
     <message>
         <source>Missing %1 API key — open Settings (⌘,)</source>
-        <translation>Clé API manquante : %1 — ouvrez les paramètres (⌘,)</translation>
+        <translation>Clé API manquante&#xa0;: %1 — ouvrez les paramètres (⌘,)</translation>
     </message>
     <message>
         <source>Failed to save image</source>
@@ -1110,7 +1110,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
     <message>
         <source>Upscale failed: %1</source>
-        <translation>Échec de l’agrandissement : %1</translation>
+        <translation>Échec de l’agrandissement&#xa0;: %1</translation>
     </message>
     <message>
         <source>Failed to save upscaled image</source>

@@ -616,7 +616,7 @@ using the sidebar controls.</source>
     <message numerus="yes">
         <source>%1 of %n tiles</source>
         <translation>
-            <numerusform>第 %1 块，共 %n 块</numerusform>
+            <numerusform>%1/%n 块</numerusform>
         </translation>
     </message>
     <message>
@@ -704,7 +704,7 @@ using the sidebar controls.</source>
     <message numerus="yes">
         <source>%1 of %n tiles</source>
         <translation>
-            <numerusform>第 %1 块，共 %n 块</numerusform>
+            <numerusform>%1/%n 块</numerusform>
         </translation>
     </message>
     <message>

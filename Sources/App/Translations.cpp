@@ -13,7 +13,7 @@ namespace {
 QString messagesLocale()
 {
     for (const char *name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        const QString value = qEnvironmentVariable(name);
+        QString value = qEnvironmentVariable(name);
         if (!value.isEmpty()) {
             return value;
         }
@@ -62,7 +62,7 @@ QStringList wantedLanguages()
 QString catalogueFor(const QStringList &languages)
 {
     for (const QString &language : languages) {
-        const QString name = catalogueName(QLocale(language));
+        QString name = catalogueName(QLocale(language));
         if (!name.isEmpty()) {
             return name;
         }

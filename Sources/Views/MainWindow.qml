@@ -16,7 +16,7 @@ Window {
     minimumWidth: 760
     minimumHeight: 480
     color: Theme.page
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
     onActiveChanged: content.refresh()
 

@@ -16,7 +16,7 @@ Window {
     minimumHeight: 440
     maximumHeight: 440
     color: Theme.page
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
 
     Rectangle {

@@ -23,5 +23,13 @@ GridView {
     topMargin: 4
     bottomMargin: 12
     activeFocusOnTab: true
-    ScrollBar.vertical: ThinScrollBar {}
+    // Beside the tiles, where the grid's place in its parent leaves room for it, whichever side that is.
+    ScrollBar.vertical: ThinScrollBar {
+        parent: grid.parent
+        visible: grid.visible
+        anchors.top: grid.top
+        anchors.bottom: grid.bottom
+        anchors.right: parent.right
+        anchors.rightMargin: 4
+    }
 }

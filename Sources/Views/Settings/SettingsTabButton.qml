@@ -7,7 +7,7 @@ Button {
 
     required property string symbol
 
-    width: Math.max(88, label.implicitWidth + 24)
+    width: Math.max(88, implicitContentWidth + 24)
     height: 52
     padding: 6
     hoverEnabled: true
@@ -28,7 +28,6 @@ Button {
             color: button.checked ? Theme.accent : Theme.secondaryText
         }
         Text {
-            id: label
             anchors.horizontalCenter: parent.horizontalCenter
             text: button.text
             font: button.font
