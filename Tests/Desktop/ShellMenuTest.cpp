@@ -4,6 +4,7 @@
 
 #include "Support/WaitFor.h"
 
+#include <QDBusArgument>
 #include <QFile>
 
 namespace quorvane {
@@ -124,8 +125,36 @@ TEST_F(ShellMenuTest, theIconComesWithAPanelThatComesLaterAndAgainWhenThatWasRes
     EXPECT_EQ(properties.value(QStringLiteral("Menu")).value<QDBusObjectPath>().path(), DBusMenu::path());
     const auto pixmaps = properties.value(QStringLiteral("IconPixmap")).value<QDBusArgument>();
     EXPECT_EQ(pixmaps.currentSignature(), QStringLiteral("a(iiay)"));
-    const auto toolTip = properties.value(QStringLiteral("ToolTip")).value<QDBusArgument>();
-    EXPECT_EQ(toolTip.currentSignature(), QStringLiteral("(sa(iiay)ss)"));
+}
+
+TEST_F(ShellMenuTest, theToolTipIsTheStateLineAndTheLastStatus)
+{
+    const auto application = startAndWait();
+    const auto toolTip = [this] {
+        const QDBusMessage reply =
+            call(QStringLiteral("/StatusNotifierItem"), QStringLiteral("org.freedesktop.DBus.Properties"),
+                 QStringLiteral("Get"), {QStringLiteral("org.kde.StatusNotifierItem"), QStringLiteral("ToolTip")});
+        const auto argument = reply.arguments().value(0).value<QDBusVariant>().variant().value<QDBusArgument>();
+        EXPECT_EQ(argument.currentSignature(), QStringLiteral("(sa(iiay)ss)"));
+        QString icon;
+        QString title;
+        QString text;
+        argument.beginStructure();
+        argument >> icon;
+        argument.beginArray();
+        argument.endArray();
+        argument >> title >> text;
+        argument.endStructure();
+        return title + QLatin1Char('|') + text;
+    };
+    EXPECT_EQ(toolTip(), QStringLiteral("Quorvane|Idle"));
+    EXPECT_EQ(command({QStringLiteral("generate")}).status, 1);
+    const QString status = property(kStatus).toString();
+    EXPECT_TRUE(status.startsWith(QStringLiteral("Missing Gemini API key"))) << status.toStdString();
+    EXPECT_EQ(toolTip(), QStringLiteral("Quorvane|Idle\n") + status);
+    click(MenuItem::AutoGenerate);
+    EXPECT_EQ(toolTip(), QStringLiteral("Quorvane|") + menuProperty(MenuItem::StateLine, kLabel).toString() +
+                             QLatin1Char('\n') + status);
 }
 
 TEST_F(ShellMenuTest, everythingComesBackWithARestartedBus)
