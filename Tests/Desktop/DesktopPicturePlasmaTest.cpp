@@ -18,6 +18,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace quorvane {
 
 namespace {
@@ -60,6 +62,23 @@ class DesktopPicturePlasmaTest : public testing::Test
     {
         const QString missing = PluggableXServer::missingProgram();
         return missing.isEmpty() ? firstMissing({QStringLiteral("kwin_x11")}) : missing;
+    }
+
+    [[nodiscard]] static QString missingOnWayland()
+    {
+        const QString missing = PrivateSway::missingProgram();
+        if (!missing.isEmpty()) {
+            return missing;
+        }
+        // Plasma 5 needs the older Qt's way to Wayland.
+        const QDir libraries(QStringLiteral("/usr/lib"));
+        const QString version = settingsDaemon().right(1);
+        const QStringList triplets = libraries.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        const bool hasPlugin = std::any_of(triplets.begin(), triplets.end(), [&](const QString &triplet) {
+            return QFile::exists(libraries.filePath(triplet) +
+                                 QStringLiteral("/qt%1/plugins/platforms/libqwayland-generic.so").arg(version));
+        });
+        return hasPlugin ? firstMissing({QStringLiteral("kwin_wayland")}) : QStringLiteral("qtwayland") + version;
     }
 
     /// False where the test ends here.
@@ -311,11 +330,7 @@ TEST_F(DesktopPicturePlasmaTest, aShellThatIsKilledOrHangsIsAnErrorAndTheNextOne
 
 TEST_F(DesktopPicturePlasmaTest, fillsEveryScreenOnWaylandToo)
 {
-    QString missing = PrivateSway::missingProgram();
-    if (missing.isEmpty()) {
-        missing = firstMissing({QStringLiteral("kwin_wayland")});
-    }
-    if (!canRun(missing)) {
+    if (!canRun(missingOnWayland())) {
         return;
     }
     ASSERT_NO_FATAL_FAILURE(startOnWayland());
