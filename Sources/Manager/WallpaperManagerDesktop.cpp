@@ -89,10 +89,10 @@ void WallpaperManager::setupDesktop()
 QCoro::Task<> WallpaperManager::renewingWallpaper()
 {
     auto ask = [desktop = m_services.desktop] { return desktop->endsWithTheProgram(); };
-    ++m_desktopCalls;
     const bool isGone = co_await onWorker(&m_desktopThread, std::move(ask));
-    m_missedChange = (m_missedChange || isGone) && !m_scope.stopToken().stop_requested();
-    desktopAnswered();
+    if (isGone && !m_scope.stopToken().stop_requested()) {
+        handleScreenChange();
+    }
 }
 
 void WallpaperManager::handleScreenChange()

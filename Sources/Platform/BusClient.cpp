@@ -61,8 +61,9 @@ BusClient::Answer BusClient::call(QDBusMessage question, const QVariantList &arg
     if (reply.type() == QDBusMessage::ReplyMessage) {
         return {reply.arguments(), {}};
     }
-    const QString words = reply.errorMessage();
-    return {{}, words.isEmpty() ? QStringLiteral("There is no answer on the session bus") : words};
+    const QDBusError error(reply);
+    const bool isSilence = error.type() == QDBusError::NoReply || error.type() == QDBusError::Timeout;
+    return {{}, isSilence || error.message().isEmpty() ? QStringLiteral("There is no answer") : error.message()};
 }
 
 } // namespace quorvane

@@ -75,7 +75,9 @@ std::optional<DesktopChoice> runningDesktop(const DesktopFacts &facts)
     if (facts.isSandboxed && facts.portalAnswers) {
         return DesktopChoice{DesktopWay::Portal, QStringLiteral("this is a sandbox, and its portal sets wallpapers")};
     }
-    if (facts.plasmaAnswers) {
+    // One bus may serve two sessions of a user, only one of which is Plasma.
+    const bool isNamed = lists(facts.currentDesktops, QLatin1String("KDE"));
+    if (facts.plasmaAnswers && (isNamed || facts.currentDesktops.isEmpty())) {
         return DesktopChoice{DesktopWay::Plasma, QStringLiteral("plasmashell runs on the session bus")};
     }
     if (facts.swayAnswers) {
@@ -84,7 +86,7 @@ std::optional<DesktopChoice> runningDesktop(const DesktopFacts &facts)
     if (facts.hyprlandAnswers) {
         return DesktopChoice{DesktopWay::Hyprland, QStringLiteral("Hyprland answers on its socket")};
     }
-    if (lists(facts.currentDesktops, QLatin1String("KDE"))) {
+    if (isNamed) {
         // Not anything else: it would lie behind Plasma's desktop as soon as that runs.
         return DesktopChoice{DesktopWay::Plasma, QStringLiteral("XDG_CURRENT_DESKTOP names \"KDE\", "
                                                                 "but plasmashell is not on the session bus yet")};

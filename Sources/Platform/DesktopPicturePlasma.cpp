@@ -43,7 +43,7 @@ Answer evaluate(BusClient &client, const QString &script, QDeadlineTimer deadlin
                                                                                 QStringLiteral("evaluateScript")),
                                                  {script}, deadline);
     if (!answer.error.isEmpty()) {
-        return {{}, answer.error};
+        return {{}, QStringLiteral("Plasma: ") + answer.error};
     }
     const QString printed = answer.arguments.value(0).toString();
     const std::optional<Report> report = PlasmaScript::reportOf(printed);

@@ -11,6 +11,10 @@ namespace quorvane {
 namespace {
 
 const QString kPortal = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString kRequest = QStringLiteral("org.freedesktop.portal.Request");
+
+/// No user takes longer who is there at all. Some portals never answer when they cannot ask.
+constexpr std::chrono::minutes kAskingLimit{10};
 
 QString nextToken()
 {
@@ -27,8 +31,8 @@ PortalRequest::PortalRequest(BusClient &client)
     // Listening begins before the call, so that no answer can be missed; the path is known beforehand.
     QString sender = client.bus().baseService().mid(1);
     sender.replace(QLatin1Char('.'), QLatin1Char('_'));
-    client.bus().connect(kPortal, QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, m_token),
-                         QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"), this,
+    m_path = QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, m_token);
+    client.bus().connect(kPortal, m_path, kRequest, QStringLiteral("Response"), this,
                          SLOT(answered(uint, QVariantMap)));
 }
 
@@ -57,8 +61,16 @@ PortalRequest::Outcome PortalRequest::ask(const QDBusMessage &question, const QV
         Qt::QueuedConnection);
     const std::stop_callback stopping(stop, [this] { Q_EMIT stopped(); });
     QTimer::singleShot(std::chrono::milliseconds(std::max<qint64>(1, deadline.remainingTime())), &loop, asking);
+    QTimer::singleShot(kAskingLimit, this, [this] {
+        m_outcome.error = QStringLiteral("The desktop's question was not answered");
+        Q_EMIT ended();
+    });
     if (!m_outcome.response && m_outcome.error.isEmpty()) {
         loop.exec();
+    }
+    if (!m_outcome.response) {
+        // Else the picture could still be set by an answer that nobody waits for.
+        m_client.bus().send(QDBusMessage::createMethodCall(kPortal, m_path, kRequest, QStringLiteral("Close")));
     }
     return m_outcome;
 }

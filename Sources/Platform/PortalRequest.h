@@ -31,7 +31,8 @@ class PortalRequest : public QObject
         QString error; ///< What failed instead, in the other side's own words.
     };
     /// Calls and waits. An answer that takes longer than limit means that the user is being asked: then this calls
-    /// asking and waits on, until there is an answer, the portal goes away, or stop is requested.
+    /// asking and waits on, until there is an answer, the portal goes away, stop is requested, or nobody can still be
+    /// there.
     [[nodiscard]] Outcome ask(const QDBusMessage &question, const QVariantList &arguments,
                               std::chrono::milliseconds limit, const std::function<void()> &asking,
                               const std::stop_token &stop);
@@ -46,6 +47,7 @@ class PortalRequest : public QObject
   private:
     BusClient &m_client;
     QString m_token;
+    QString m_path;
     Outcome m_outcome;
 };
 

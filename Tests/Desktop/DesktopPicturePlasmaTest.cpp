@@ -18,6 +18,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace quorvane {
 
 namespace {
@@ -36,10 +38,11 @@ QString activityManager()
     return QStandardPaths::findExecutable(QStringLiteral("kactivitymanagerd"), folders);
 }
 
-/// The picture is crossed by the panel at the bottom of the first screen, so what is compared is what lies above.
-QString difference(const QImage &shot, int mark)
+/// The daemon of the Plasma that is installed, 6 or 5.
+QString settingsDaemon()
 {
-    return differenceFromFill(shot, kSource, mark);
+    const QString newer = QStandardPaths::findExecutable(QStringLiteral("kded6"));
+    return newer.isEmpty() ? QStandardPaths::findExecutable(QStringLiteral("kded5")) : newer;
 }
 
 } // namespace
@@ -49,11 +52,33 @@ class DesktopPicturePlasmaTest : public testing::Test
   protected:
     void SetUp() override
     {
-        QString missing = DesktopSession::missing({QStringLiteral("plasmashell"), QStringLiteral("kded5")});
-        if (missing.isEmpty() && activityManager().isEmpty()) {
-            missing = QStringLiteral("kactivitymanagerd");
+        m_missing = DesktopSession::missing({QStringLiteral("plasmashell")});
+        if (m_missing.isEmpty() && (activityManager().isEmpty() || settingsDaemon().isEmpty())) {
+            m_missing = QStringLiteral("kactivitymanagerd or kded");
         }
-        m_missing = missing;
+    }
+
+    [[nodiscard]] static QString missingOnX11()
+    {
+        const QString missing = PluggableXServer::missingProgram();
+        return missing.isEmpty() ? firstMissing({QStringLiteral("kwin_x11")}) : missing;
+    }
+
+    [[nodiscard]] static QString missingOnWayland()
+    {
+        const QString missing = PrivateSway::missingProgram();
+        if (!missing.isEmpty()) {
+            return missing;
+        }
+        // Plasma 5 needs the older Qt's way to Wayland.
+        const QDir libraries(QStringLiteral("/usr/lib"));
+        const QString version = settingsDaemon().right(1);
+        const QStringList triplets = libraries.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        const bool hasPlugin = std::any_of(triplets.begin(), triplets.end(), [&](const QString &triplet) {
+            return QFile::exists(libraries.filePath(triplet) +
+                                 QStringLiteral("/qt%1/plugins/platforms/libqwayland-generic.so").arg(version));
+        });
+        return hasPlugin ? firstMissing({QStringLiteral("kwin_wayland")}) : QStringLiteral("qtwayland") + version;
     }
 
     /// False where the test ends here.
@@ -87,6 +112,39 @@ class DesktopPicturePlasmaTest : public testing::Test
         startPlasma();
     }
 
+    /// Plasma's compositor draws its two screens as windows of another one, side by side.
+    void startOnWayland()
+    {
+        m_sway = std::make_unique<PrivateSway>(QList<QSize>{QSize(2560, 720)},
+                                               "default_border none\nfor_window [title=\".*\"] floating enable\n");
+        ASSERT_TRUE(m_sway->isReady());
+        prepare();
+        // A copy has not the rights of the installed one, which a container does not grant.
+        const QString compositor = m_session->folder() + QStringLiteral("/kwin_wayland");
+        ASSERT_TRUE(QFile::copy(QStandardPaths::findExecutable(QStringLiteral("kwin_wayland")), compositor));
+        ASSERT_TRUE(QFile::link(m_sway->runtimeFolder() + QStringLiteral("/wayland-1"),
+                                m_session->runtimeFolder() + QStringLiteral("/wayland-1")));
+        QProcessEnvironment &environment = m_session->environment();
+        environment.insert(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
+        environment.insert(QStringLiteral("KWIN_COMPOSE"), QStringLiteral("Q"));
+        const OwnedProgram &running = m_session->start(
+            compositor, QStringLiteral("--wayland-display wayland-1 --width 1280 --height 720 --output-count 2 "
+                                       "--socket wayland-9 --no-lockscreen --no-global-shortcuts")
+                            .split(QLatin1Char(' ')));
+        m_display.wayland = m_session->runtimeFolder() + QStringLiteral("/wayland-9");
+        ASSERT_TRUE(waitFor([&] { return m_display.screens(std::chrono::seconds(1)).size() == 2; }, kStartLimit));
+        ASSERT_TRUE(running.isRunning());
+        for (int screen = 0; screen < 2; ++screen) {
+            const QString move =
+                QStringLiteral("[title=\"WL-%1\"] move absolute position %2 0").arg(screen).arg(1280 * screen);
+            ASSERT_TRUE(waitFor(
+                [&] { return !outputOf(QStringLiteral("swaymsg"), {move}, m_sway->clientEnvironment()).isNull(); }));
+        }
+        environment.insert(QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-9"));
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
+        startPlasma();
+    }
+
     void prepare()
     {
         m_session = std::make_unique<DesktopSession>();
@@ -94,14 +152,14 @@ class DesktopPicturePlasmaTest : public testing::Test
         QProcessEnvironment &environment = m_session->environment();
         environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("KDE"));
         environment.insert(QStringLiteral("KDE_FULL_SESSION"), QStringLiteral("true"));
-        environment.insert(QStringLiteral("KDE_SESSION_VERSION"), QStringLiteral("5"));
+        environment.insert(QStringLiteral("KDE_SESSION_VERSION"), settingsDaemon().right(1));
         environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
     }
 
     void startPlasma()
     {
         m_session->start(activityManager());
-        m_session->start(QStringLiteral("kded5"));
+        m_session->start(settingsDaemon());
         startShell();
         m_desktop = std::make_unique<DesktopPicturePlasma>(m_session->busAddress(), m_display, QString());
     }
@@ -145,30 +203,36 @@ class DesktopPicturePlasmaTest : public testing::Test
         return QDir(Paths::stateHome() + QStringLiteral("/quorvane")).entryList(QDir::Files | QDir::Hidden);
     }
 
+    [[nodiscard]] QImage screenshot() const
+    {
+        return m_server ? m_server->screenshot() : m_sway->screenshot(QStringLiteral("HEADLESS-1"));
+    }
+
+    [[nodiscard]] QRect area(int screen) const
+    {
+        return m_server ? PluggableXServer::area(screen) : QRect(1280 * screen, 0, 1280, 720);
+    }
+
     /// Why one of the screens does not come to show the picture with the mark; empty when all do.
     [[nodiscard]] QString waitForPicture(int mark, int screens = 2) const
     {
         QString found;
-        const bool shown = waitFor(
+        (void)waitFor(
             [&] {
-                const QImage shot = m_server->screenshot();
+                const QImage shot = screenshot();
                 found.clear();
                 for (int screen = 0; screen < screens; ++screen) {
-                    found += difference(shot.copy(PluggableXServer::area(screen)), mark);
+                    found += differenceFromFill(shot.copy(area(screen)), kSource, mark);
                 }
                 return found.isEmpty();
             },
             kDrawingLimit);
-        keep(QStringLiteral("plasma-x11-%1.png").arg(mark));
-        return shown ? QString() : found;
-    }
-
-    void keep(const QString &name) const
-    {
         const QByteArray folder = qgetenv("QUORVANE_TEST_SCREENSHOTS");
         if (!folder.isEmpty()) {
-            m_server->screenshot().save(QFile::decodeName(folder) + QLatin1Char('/') + name);
+            const QString where = m_server ? QStringLiteral("x11") : QStringLiteral("wayland");
+            screenshot().save(QFile::decodeName(folder) + QStringLiteral("/plasma-%1-%2.png").arg(where).arg(mark));
         }
+        return found;
     }
 
     PrivateHome m_home;
@@ -183,7 +247,7 @@ class DesktopPicturePlasmaTest : public testing::Test
 
 TEST_F(DesktopPicturePlasmaTest, fillsEveryScreenAndRefreshesTheSamePath)
 {
-    if (!canRun(PluggableXServer::missingProgram())) {
+    if (!canRun(missingOnX11())) {
         return;
     }
     ASSERT_NO_FATAL_FAILURE(startOnX11());
@@ -222,7 +286,7 @@ TEST_F(DesktopPicturePlasmaTest, fillsEveryScreenAndRefreshesTheSamePath)
 
 TEST_F(DesktopPicturePlasmaTest, aScreenThatIsPluggedInGetsThePictureToo)
 {
-    if (!canRun(PluggableXServer::missingProgram())) {
+    if (!canRun(missingOnX11())) {
         return;
     }
     ASSERT_NO_FATAL_FAILURE(startOnX11());
@@ -238,7 +302,7 @@ TEST_F(DesktopPicturePlasmaTest, aScreenThatIsPluggedInGetsThePictureToo)
 
 TEST_F(DesktopPicturePlasmaTest, aShellThatIsKilledOrHangsIsAnErrorAndTheNextOneShowsThePicture)
 {
-    if (!canRun(PluggableXServer::missingProgram())) {
+    if (!canRun(missingOnX11())) {
         return;
     }
     ASSERT_NO_FATAL_FAILURE(startOnX11());
@@ -262,6 +326,23 @@ TEST_F(DesktopPicturePlasmaTest, aShellThatIsKilledOrHangsIsAnErrorAndTheNextOne
     ASSERT_NO_FATAL_FAILURE(startShell());
     ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("three.png"), 210), screens), std::nullopt);
     EXPECT_EQ(waitForPicture(210), QString());
+}
+
+TEST_F(DesktopPicturePlasmaTest, fillsEveryScreenOnWaylandToo)
+{
+    if (!canRun(missingOnWayland())) {
+        return;
+    }
+    ASSERT_NO_FATAL_FAILURE(startOnWayland());
+    const QList<Screen> screens = m_desktop->screens();
+    ASSERT_EQ(screens.size(), 2);
+    EXPECT_EQ(screens.constLast().pixels, QSize(1280, 720));
+    const QString path = save(QString::fromUtf8("o'brien #1 100% \"q\" \n 日本/one.png"), 40);
+    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    EXPECT_EQ(waitForPicture(40), QString());
+    ASSERT_TRUE(positionPicture(kSource, 120).save(path));
+    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    EXPECT_EQ(waitForPicture(120), QString());
 }
 
 } // namespace quorvane

@@ -89,4 +89,27 @@ TEST_F(ScreenChangeTest, aMonitorThatIsAddedShowsThePictureOnX11)
     EXPECT_EQ(waitForPicture([&] { return server.rootWindow().copy(kRight); }), QString());
 }
 
+TEST_F(ScreenChangeTest, aPictureOnSurfacesOfOurOwnIsShownAgainWhenTheApplicationStarts)
+{
+    const QString missing = NestedSway::whyNot();
+    if (!missing.isEmpty()) {
+        GTEST_SKIP() << missing.toStdString();
+    }
+    const PrivateSway sway({QSize(800, 450)});
+    ASSERT_TRUE(sway.isReady());
+    const QString screen = QStringLiteral("HEADLESS-1");
+    const QImage empty = sway.screenshot(screen);
+    QProcessEnvironment environment = sway.clientEnvironment();
+    environment.insert(QStringLiteral("QUORVANE_DESKTOP"), QStringLiteral("layer-shell"));
+    keep(environment, QStringLiteral("wayland"), OwnedProgram::User::NotRoot);
+    EXPECT_EQ(waitForPicture([&] { return sway.screenshot(screen); }), QString());
+    m_keeper.reset();
+    ASSERT_TRUE(waitFor([&] { return sway.screenshot(screen) == empty; }));
+
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
+    m_keeper = std::make_unique<OwnedProgram>(QStringLiteral(WALLPAPER_KEEPER), QStringList(), environment,
+                                              QStringLiteral("/"), OwnedProgram::User::NotRoot);
+    EXPECT_EQ(waitForPicture([&] { return sway.screenshot(screen); }), QString());
+}
+
 } // namespace quorvane

@@ -1,6 +1,7 @@
-// A program with a display that sets one picture and then stays, as the application does. It says the status.
+// A program with a display that sets one picture, if it is told one, and then stays, as the application does. It says
+// the status.
 //
-//   WallpaperKeeper PICTURE
+//   WallpaperKeeper [PICTURE]
 
 #include "Manager/WallpaperManager.h"
 #include "Platform/Clock.h"
@@ -38,6 +39,8 @@ int main(int argc, char **argv)
         std::puts(manager.status().toUtf8().constData());
         std::fflush(stdout);
     });
-    manager.setWallpaper(QString::fromLocal8Bit(argc > 1 ? argv[1] : ""));
+    if (argc > 1) {
+        manager.setWallpaper(QString::fromLocal8Bit(argv[1]));
+    }
     return QCoreApplication::exec();
 }

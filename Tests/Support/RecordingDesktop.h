@@ -6,6 +6,8 @@
 #include <QMutex>
 #include <QStringList>
 
+#include <atomic>
+
 namespace quorvane {
 
 /// A desktop that shows nothing and remembers what it was asked for. For tests of what stands above the seam; the
@@ -15,13 +17,18 @@ class RecordingDesktop final : public DesktopPicture
   public:
     [[nodiscard]] QString name() const override { return QStringLiteral("recording"); }
     [[nodiscard]] QString reason() const override { return QStringLiteral("a test asked for it"); }
+    [[nodiscard]] bool endsWithTheProgram() override { return isGoneWithTheProgram; }
     [[nodiscard]] QList<Screen> screens() override { return attached; }
     [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> & /*screens*/) override
     {
         const QMutexLocker lock(&m_mutex);
         m_shown.append(path);
+        if (!question.isEmpty() && asking) {
+            asking(question);
+        }
         return refusal;
     }
+    void stopAsking() override { mayAsk = false; }
 
     /// The pictures that were asked for, in order.
     [[nodiscard]] QStringList shown() const
@@ -32,6 +39,9 @@ class RecordingDesktop final : public DesktopPicture
 
     QList<Screen> attached{{QStringLiteral("ONE-1"), QSize(1920, 1080)}};
     std::optional<QString> refusal; ///< What every screen answers.
+    QString question;               ///< What it tells of before, as one does that asks the user.
+    bool isGoneWithTheProgram = false;
+    std::atomic<bool> mayAsk = true;
 
   private:
     mutable QMutex m_mutex;

@@ -118,4 +118,28 @@ TEST_F(WallpaperManagerScreensTest, aChangeWhileAPictureIsBeingSetDoesNotBringTh
     EXPECT_EQ(manager->status(), QStringLiteral("Failed to sync wallpaper: no room"));
 }
 
+TEST_F(WallpaperManagerScreensTest, whatGoesWithTheProgramIsSetAgainAtTheStartAndSilently)
+{
+    desktop.isGoneWithTheProgram = true;
+    const QString path = startWithPicture();
+    manager->waitUntilIdle();
+    EXPECT_EQ(desktop.shown(), QStringList{path});
+    EXPECT_TRUE(statuses.isEmpty());
+    QFile::remove(path);
+    start().waitUntilIdle();
+    EXPECT_EQ(desktop.shown(), QStringList{path}) << "a picture that is gone is not asked for";
+}
+
+TEST_F(WallpaperManagerScreensTest, theStatusTellsThatTheUserIsAskedAndTheEndStopsThat)
+{
+    start();
+    desktop.question = QStringLiteral("Waiting for your answer");
+    manager->setWallpaper(putImage(QStringLiteral("a.png")));
+    manager->waitUntilIdle();
+    EXPECT_EQ(statuses, (QStringList{desktop.question, QStringLiteral("Wallpaper set!")}));
+    EXPECT_TRUE(desktop.mayAsk);
+    manager.reset();
+    EXPECT_FALSE(desktop.mayAsk);
+}
+
 } // namespace quorvane

@@ -120,6 +120,8 @@ TEST(DesktopChoice, isMadeAsTheTableSays)
         {"a name for later", withSway(facts("gnome")), DesktopWay::None, "does not support yet"},
         {"Plasma", withPlasma(withX11()), DesktopWay::Plasma, "plasmashell runs"},
         {"Plasma on Wayland", withPlasma(withLayerShell()), DesktopWay::Plasma, "plasmashell runs"},
+        {"Plasma by its name", withNames(withPlasma(withX11()), "KDE"), DesktopWay::Plasma, "plasmashell runs"},
+        {"Plasma elsewhere", withNames(withPlasma(withSway()), "sway"), DesktopWay::Sway, "sway answers"},
         {"Plasma that starts", withX11({}, list("KDE")), DesktopWay::Plasma, "not on the session bus yet"},
         {"its compositor alone", withNames(withLayerShell(), "KDE"), DesktopWay::Plasma, "not on the session bus yet"},
         {"sway that calls itself KDE", withNames(withSway(), "KDE"), DesktopWay::Sway, "sway answers"},
