@@ -18,6 +18,7 @@ if(QUORVANE_LOCAL_UPSCALER)
             set(onnxruntime_FOUND TRUE)
             # An installed program finds the library it was built with; a distribution's own needs none of this.
             include(GNUInstallDirs)
+            set(onnxruntime_INSTALL_FOLDER ${CMAKE_INSTALL_FULL_LIBDIR}/quorvane)
             install(FILES ${folder}/lib/libonnxruntime.so.1 DESTINATION ${CMAKE_INSTALL_LIBDIR}/quorvane)
             install(FILES ${folder}/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quorvane
                     RENAME copyright.onnxruntime)

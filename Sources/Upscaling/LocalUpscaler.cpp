@@ -3,6 +3,7 @@
 #include "Platform/BackgroundThread.h"
 #include "Platform/Worker.h"
 #include "Providers/ProviderError.h"
+#include "Upscaling/FindCard.h"
 #include "Upscaling/ImageDecoding.h"
 #include "Upscaling/ModelFiles.h"
 #include "Upscaling/SuperResolutionModel.h"
@@ -40,6 +41,16 @@ QImage cropTile(const QImage &image, const TileGrid &grid, int tx, int ty)
         throw ProviderError::invalidResponse(Tr::tr("Failed to crop tile at (%1, %2)").arg(tx).arg(ty));
     }
     return padImageToTile(part, TileGrid::kTileEdge, TileGrid::kTileEdge);
+}
+
+QImage onProcessor(const QImage &tile, int tilesLeft, SuperResolutionModel &model, GraphicsCard &card,
+                   const std::stop_token &stop)
+{
+    QElapsedTimer timer;
+    timer.start();
+    QImage upscaled = upscaleTileWithModel(tile, model, stop);
+    card.processorDid(tile, upscaled, std::chrono::milliseconds(timer.elapsed()), tilesLeft);
+    return upscaled;
 }
 
 /// Reports progress and estimates what is left from what is done.
@@ -87,7 +98,7 @@ QCoro::Task<UpscaledImage> localUpscaleImage(QByteArray encoded, std::stop_token
         QMetaObject::invokeMethod(
             &here, [onProgress, progress] { onProgress(progress); }, Qt::QueuedConnection);
     };
-    TileUpscaleOptions options{.threads = physicalCores(), .stop = std::move(stop)};
+    TileUpscaleOptions options{.threads = physicalCores(), .stop = std::move(stop), .card = findCard()};
     if (onProgress) {
         options.onProgress = std::move(tellHere);
     }
@@ -111,10 +122,18 @@ QByteArray tileUpscaleImage(const QImage &image, const TileUpscaleOptions &optio
         throw missingModel();
     }
     SuperResolutionModel model(*path, options.threads);
-    return tileUpscaleWithModel(image, model, options);
+    GraphicsCard card(options.card, *path, options.stop);
+    return tileUpscaleWithModel(image, model, card, options);
 }
 
 QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model, const TileUpscaleOptions &options)
+{
+    GraphicsCard none({}, {}, {});
+    return tileUpscaleWithModel(image, model, none, options);
+}
+
+QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model, GraphicsCard &card,
+                                const TileUpscaleOptions &options)
 {
     const TileGrid grid(image.size());
     UpscaledCanvas canvas(image);
@@ -125,7 +144,11 @@ QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model
                 throw UpscaleStopped();
             }
             const QImage tile = cropTile(image, grid, tx, ty);
-            const QImage upscaled = upscaleTileWithModel(tile, model, options.stop);
+            QImage upscaled = card.upscaleTile(tile, grid.sourceRect(tx, ty).size());
+            if (upscaled.isNull()) {
+                const int tilesLeft = grid.count() - 1 - ty * grid.columns() - tx;
+                upscaled = onProcessor(tile, tilesLeft, model, card, options.stop);
+            }
             if (upscaled.isNull()) {
                 throw ProviderError::invalidResponse(
                     Tr::tr("The RealESRGAN model gave values that are not numbers for the tile at (%1, %2)")

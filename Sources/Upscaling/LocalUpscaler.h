@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Upscaling/GraphicsCard.h"
 #include "Upscaling/UpscaledImage.h"
 
 #include <QCoroTask>
@@ -29,8 +30,9 @@ struct UpscaleProgress
 /// colour profile and its transparency, and always has the extension "png".
 ///
 /// All work happens on threads of its own with low priority, as many as the machine has cores, which are gone at the
-/// end. Call it on a thread with an event loop: onProgress, which may be empty, is called there.
-/// Throws ProviderError (its invalid-response form), ModelError, or UpscaleStopped soon after a stop request.
+/// end; where a graphics card proves to be faster, it does the later tiles. Call it on a thread with an event loop:
+/// onProgress, which may be empty, is called there. Throws ProviderError (its invalid-response form), ModelError, or
+/// UpscaleStopped soon after a stop request.
 [[nodiscard]] QCoro::Task<UpscaledImage> localUpscaleImage(QByteArray encoded, std::stop_token stop,
                                                            std::function<void(UpscaleProgress)> onProgress);
 
@@ -41,13 +43,17 @@ struct TileUpscaleOptions
     int threads = 1;
     std::stop_token stop = {};
     std::function<void(UpscaleProgress)> onProgress = {}; ///< Called on the thread that upscales.
+    std::optional<CardProgram> card = {};                 ///< To be tried beside the processor.
 };
 
 /// Finds and loads the network, then as tileUpscaleWithModel(). Nothing is kept between calls.
 [[nodiscard]] QByteArray tileUpscaleImage(const QImage &image, const TileUpscaleOptions &options);
 
 /// image as decodeImage() gives it to a PNG, tile by tile in reading order. The canvas is written while it grows, so
-/// memory follows the row of tiles and not the picture. options.threads is the model's matter.
+/// memory follows the row of tiles and not the picture. options.threads and options.card are the others' matter; the
+/// one without a card computes on the processor alone.
+[[nodiscard]] QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model, GraphicsCard &card,
+                                              const TileUpscaleOptions &options);
 [[nodiscard]] QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model,
                                               const TileUpscaleOptions &options);
 

@@ -28,6 +28,9 @@ struct Tr
 };
 
 constexpr qint64 kLargestFile = qint64(1) << 30;
+const QString kCuda = QStringLiteral("CUDAExecutionProvider");
+const QString kWebGpu = QStringLiteral("WebGpuExecutionProvider");
+const QString kProcessor = QStringLiteral("CPUExecutionProvider");
 constexpr std::array<std::int64_t, 4> kTileShape{1, 3, TileGrid::kTileEdge, TileGrid::kTileEdge};
 constexpr std::array<std::int64_t, 4> kResultShape{1, 3, TileGrid::kResultEdge, TileGrid::kResultEdge};
 
@@ -149,7 +152,17 @@ Ort::Env quietEnvironment()
     return environment;
 }
 
-Ort::SessionOptions optionsFor(int threads)
+/// Puts provider before the processor, which remains for what provider does not know.
+void prefer(const QString &provider, Ort::SessionOptions &options)
+{
+    if (provider == kCuda) {
+        options.AppendExecutionProvider_CUDA(OrtCUDAProviderOptions());
+    } else if (provider != kProcessor) {
+        options.AppendExecutionProvider(provider.toStdString());
+    }
+}
+
+Ort::SessionOptions optionsFor(int threads, const QString &provider)
 {
     Ort::SessionOptions options;
     options.SetIntraOpNumThreads(threads);
@@ -162,6 +175,7 @@ Ort::SessionOptions optionsFor(int threads)
     options.AddConfigEntry(kOrtSessionOptionsModelExternalInitializersFileFolderPath, "/dev/null/none");
     // Waiting threads sleep instead of turning in circles: the desktop needs the cores.
     options.AddConfigEntry(kOrtSessionOptionsConfigAllowIntraOpSpinning, "0");
+    prefer(provider, options);
     return options;
 }
 
@@ -169,9 +183,9 @@ Ort::SessionOptions optionsFor(int threads)
 
 struct SuperResolutionModel::Engine
 {
-    Engine(const QByteArray &file, int threads)
+    Engine(const QByteArray &file, int threads, const QString &provider)
         : environment(quietEnvironment())
-        , session(environment, file.constData(), static_cast<std::size_t>(file.size()), optionsFor(threads))
+        , session(environment, file.constData(), static_cast<std::size_t>(file.size()), optionsFor(threads, provider))
         , input(onlyInput())
         , output(onlyOutput())
     {
@@ -225,7 +239,12 @@ struct SuperResolutionModel::Engine
 };
 
 SuperResolutionModel::SuperResolutionModel(const QString &path, int threads)
-    : m_engine(passingOn([&] { return std::make_unique<Engine>(contentOf(path), threads); }))
+    : SuperResolutionModel(path, threads, kProcessor)
+{
+}
+
+SuperResolutionModel::SuperResolutionModel(const QString &path, int threads, const QString &provider)
+    : m_engine(passingOn([&] { return std::make_unique<Engine>(contentOf(path), threads, provider); }))
 {
 }
 
@@ -281,6 +300,18 @@ QString SuperResolutionModel::description() const
     return Tr::tr("%1, %2, in \"%3\", out \"%4\"")
         .arg(elementName(input.type), fixed ? Tr::tr("tiles of 512 × 512") : Tr::tr("tiles of any size"),
              QString::fromStdString(input.name), QString::fromStdString(m_engine->output.name));
+}
+
+QStringList SuperResolutionModel::cardProviders()
+{
+    QStringList providers;
+    const std::vector<std::string> known = Ort::GetAvailableProviders();
+    for (const QString &provider : {kCuda, kWebGpu}) {
+        if (std::find(known.begin(), known.end(), provider.toStdString()) != known.end()) {
+            providers.append(provider);
+        }
+    }
+    return providers;
 }
 
 } // namespace quorvane

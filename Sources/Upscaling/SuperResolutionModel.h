@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <span>
@@ -21,6 +22,9 @@ class SuperResolutionModel
     /// this object. Throws ModelError: the engine's own text when it cannot load the file, or what was found and what
     /// is needed when the network does not fit.
     SuperResolutionModel(const QString &path, int threads);
+    /// As above, computing with one of the engine's own ways, by its name, instead of on the processor. A driver may
+    /// end the process instead of failing, and does not end well either: see CardWorkerMain.cpp.
+    SuperResolutionModel(const QString &path, int threads, const QString &provider);
     ~SuperResolutionModel();
     SuperResolutionModel(const SuperResolutionModel &) = delete;
     SuperResolutionModel &operator=(const SuperResolutionModel &) = delete;
@@ -36,6 +40,10 @@ class SuperResolutionModel
 
     /// What is loaded, in a line: "float32, tiles of any size, in \"input\", out \"output\"".
     [[nodiscard]] QString description() const;
+
+    /// The ways to compute on a graphics card that the engine was built with, best first. Whether there is a card, and
+    /// a driver for it, is another matter.
+    [[nodiscard]] static QStringList cardProviders();
 
   private:
     struct Engine;

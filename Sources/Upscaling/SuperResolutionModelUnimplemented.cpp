@@ -14,6 +14,11 @@ SuperResolutionModel::SuperResolutionModel(const QString &, int)
     throw missingModel();
 }
 
+SuperResolutionModel::SuperResolutionModel(const QString &, int, const QString &)
+{
+    throw missingModel();
+}
+
 SuperResolutionModel::~SuperResolutionModel() = default;
 
 std::span<const float> SuperResolutionModel::run(std::span<const float>, const std::stop_token &)
@@ -22,6 +27,11 @@ std::span<const float> SuperResolutionModel::run(std::span<const float>, const s
 }
 
 QString SuperResolutionModel::description() const
+{
+    return {};
+}
+
+QStringList SuperResolutionModel::cardProviders()
 {
     return {};
 }

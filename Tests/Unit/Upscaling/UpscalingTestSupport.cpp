@@ -12,6 +12,8 @@
 #include <QImageReader>
 #include <QImageWriter>
 
+#include <unistd.h>
+
 namespace quorvane {
 
 QImage positions(int width, int height)
@@ -126,6 +128,23 @@ QSet<QString> threads()
 {
     const QStringList names = QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     return {names.begin(), names.end()};
+}
+
+QSet<QString> childProcesses(qint64 parent)
+{
+    const QByteArray wanted = QByteArray::number(parent == 0 ? getpid() : parent);
+    QSet<QString> children;
+    for (const QString &name : QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")}, QDir::Dirs)) {
+        QFile stat(QStringLiteral("/proc/%1/stat").arg(name));
+        if (stat.open(QIODevice::ReadOnly)) {
+            // The parent is the second word behind the name, which may contain anything and ends with the last bracket.
+            const QByteArray line = stat.readAll();
+            if (line.mid(line.lastIndexOf(')') + 2).split(' ').value(1) == wanted) {
+                children.insert(name);
+            }
+        }
+    }
+    return children;
 }
 
 bool areGone(const QSet<QString> &some)

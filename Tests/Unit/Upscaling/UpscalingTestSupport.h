@@ -57,6 +57,9 @@ struct UpscaleOutcome
 /// Whether none of them is left. A thread that has been joined may still be listed for a moment, hence the wait.
 [[nodiscard]] bool areGone(const QSet<QString> &some);
 
+/// The numbers of the processes that this process, or the given one, has started and not collected yet.
+[[nodiscard]] QSet<QString> childProcesses(qint64 parent = 0);
+
 /// The text that call throws as Error; empty when it throws nothing.
 template <typename Error, typename Call> QString thrown(Call call)
 {
