@@ -1,6 +1,6 @@
 #include "App/Notifications.h"
 
-#include "App/SessionBus.h"
+#include "Platform/SessionBus.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>

@@ -6,8 +6,8 @@
 #include "App/ControlCalls.h"
 #include "App/ControlService.h"
 #include "App/InstanceLock.h"
-#include "App/SessionBus.h"
 #include "App/WallpaperApp.h"
+#include "Platform/SessionBus.h"
 
 #include <QGuiApplication>
 #include <QNetworkProxyFactory>

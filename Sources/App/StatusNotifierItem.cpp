@@ -2,7 +2,7 @@
 
 #include "App/DBusMenu.h"
 #include "App/PropertiesCall.h"
-#include "App/SessionBus.h"
+#include "Platform/SessionBus.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>

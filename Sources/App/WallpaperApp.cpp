@@ -2,7 +2,7 @@
 
 #include "App/Console.h"
 #include "App/ControlService.h"
-#include "App/SessionBus.h"
+#include "Platform/SessionBus.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
