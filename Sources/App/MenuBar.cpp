@@ -12,6 +12,7 @@ MenuBar::MenuBar(SessionBus &bus, WallpaperManager &manager, QObject *parent)
 {
     connect(&m_menu, &DBusMenu::triggered, this, &MenuBar::choose);
     connect(&m_item, &StatusNotifierItem::activated, this, &MenuBar::openWindowChosen);
+    connect(&m_item, &StatusNotifierItem::isShownChanged, this, &MenuBar::isShownChanged);
     for (const auto signal : {&WallpaperManager::isLoadingChanged, &WallpaperManager::nextFireDateChanged,
                               &WallpaperManager::autoEnabledChanged, &WallpaperManager::providerOverrideChanged,
                               &WallpaperManager::nsfwEnabledChanged, &WallpaperManager::fourKEnabledChanged,

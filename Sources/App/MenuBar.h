@@ -27,6 +27,7 @@ class MenuBar : public QObject
     void openWindowChosen();
     void settingsChosen();
     void quitChosen();
+    void isShownChanged();
 
   private:
     void choose(MenuItem::Id id);

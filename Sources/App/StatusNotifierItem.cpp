@@ -109,6 +109,7 @@ StatusNotifierItem::StatusNotifierItem(SessionBus &bus, MenuBarIcon icon, QObjec
     : QDBusVirtualObject(parent)
     , m_bus(bus)
     , m_icon(std::move(icon))
+    , m_isShown(bus.isConnected())
 {
     qDBusRegisterMetaType<DBusPixmap>();
     qDBusRegisterMetaType<QList<DBusPixmap>>();

@@ -24,6 +24,10 @@ WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls u
     connect(&m_menuBar, &MenuBar::settingsChosen, this, [this] { m_scenes.openSettings(); });
     connect(&m_menuBar, &MenuBar::quitChosen, this, &WallpaperApp::reallyQuit);
 
+    connect(&m_menuBar, &MenuBar::isShownChanged, this, [this] { m_scenes.setTrayShown(m_menuBar.isShown()); });
+    m_scenes.setTrayShown(m_menuBar.isShown());
+    connect(&m_scenes, &Scenes::quitRequested, this, &WallpaperApp::reallyQuit);
+
     m_control.serve(m_workshop);
     connect(&m_control, &ControlService::activated, this, &WallpaperApp::openMain);
     connect(&m_control, &ControlService::settingsAsked, &m_scenes, &Scenes::openSettings);

@@ -17,8 +17,15 @@ Window {
     maximumHeight: 440
     color: Theme.page
 
+    Item {
+        id: content
+        anchors.fill: parent
+        LayoutMirroring.enabled: Theme.system.isRightToLeft
+        LayoutMirroring.childrenInherit: true
+    }
     Rectangle {
         id: bar
+        parent: content
         width: parent.width
         height: 64
         color: Theme.sidebar
@@ -59,6 +66,7 @@ Window {
     }
     // A tab is made when it appears, and then reads what is stored.
     Loader {
+        parent: content
         anchors.top: bar.bottom
         anchors.bottom: parent.bottom
         width: parent.width

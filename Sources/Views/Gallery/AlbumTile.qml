@@ -46,6 +46,7 @@ Item {
     }
     Symbol {
         id: star
+        anchors.left: parent.left
         anchors.verticalCenter: title.verticalCenter
         visible: tile.isFavorites
         name: "star.fill"

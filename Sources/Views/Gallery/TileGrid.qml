@@ -23,5 +23,7 @@ GridView {
     topMargin: 4
     bottomMargin: 12
     activeFocusOnTab: true
+    // Where there are tiles, the keyboard is at one.
+    onCountChanged: currentIndex = Math.max(currentIndex, count > 0 ? 0 : -1)
     ScrollBar.vertical: ThinScrollBar {}
 }
