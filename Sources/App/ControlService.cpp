@@ -4,8 +4,8 @@
 #include "App/ControlCalls.h"
 #include "App/PropertiesCall.h"
 #include "App/Reports.h"
-#include "App/SessionBus.h"
 #include "App/Workshop.h"
+#include "Platform/SessionBus.h"
 
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>

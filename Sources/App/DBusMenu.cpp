@@ -1,7 +1,7 @@
 #include "App/DBusMenu.h"
 
 #include "App/PropertiesCall.h"
-#include "App/SessionBus.h"
+#include "Platform/SessionBus.h"
 
 #include <QDBusMessage>
 #include <QDBusMetaType>

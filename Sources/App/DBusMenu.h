@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/MenuItems.h"
+#include "Manager/MenuItems.h"
 
 #include <QDBusArgument>
 #include <QDBusVirtualObject>

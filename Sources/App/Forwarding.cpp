@@ -3,7 +3,7 @@
 #include "App/Console.h"
 #include "App/ControlCalls.h"
 #include "App/Reports.h"
-#include "App/SessionBus.h"
+#include "Platform/SessionBus.h"
 
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>

@@ -22,6 +22,7 @@ MenuBar::MenuBar(SessionBus &bus, WallpaperManager &manager, const MenuBarIcon &
     connect(&m_embedded, &EmbeddedTray::activated, this, &MenuBar::openWindowChosen);
     connect(&m_item, &StatusNotifierItem::isShownChanged, this, [this] { m_embedded.setWanted(!m_item.isShown()); });
     m_embedded.setWanted(!m_item.isShown());
+    connect(&m_item, &StatusNotifierItem::isShownChanged, this, &MenuBar::isShownChanged);
     for (const auto signal : {&WallpaperManager::isLoadingChanged, &WallpaperManager::nextFireDateChanged,
                               &WallpaperManager::autoEnabledChanged, &WallpaperManager::providerOverrideChanged,
                               &WallpaperManager::nsfwEnabledChanged, &WallpaperManager::fourKEnabledChanged,

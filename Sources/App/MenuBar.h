@@ -21,10 +21,14 @@ class MenuBar : public QObject
 
     void refresh();
 
+    /// Whether a panel shows the icon. An old tray of X11, which embeds it, does not count: nobody tells whether it does.
+    [[nodiscard]] bool isShown() const { return m_item.isShown(); }
+
   Q_SIGNALS:
     void openWindowChosen();
     void settingsChosen();
     void quitChosen();
+    void isShownChanged();
 
   private:
     MenuBar(SessionBus &bus, WallpaperManager &manager, const MenuBarIcon &icon, QObject *parent);

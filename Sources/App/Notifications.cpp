@@ -1,7 +1,7 @@
 #include "App/Notifications.h"
 
-#include "App/SessionBus.h"
 #include "Platform/PictureFile.h"
+#include "Platform/SessionBus.h"
 #include "Platform/Worker.h"
 
 #include <QDBusArgument>

@@ -6,10 +6,10 @@
 #include "App/ControlCalls.h"
 #include "App/ControlService.h"
 #include "App/InstanceLock.h"
-#include "App/SessionBus.h"
 #include "App/Translations.h"
 #include "App/WallpaperApp.h"
 #include "Platform/GraphicsProcessor.h"
+#include "Platform/SessionBus.h"
 
 #include <QApplication>
 #include <QNetworkProxyFactory>

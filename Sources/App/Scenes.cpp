@@ -46,6 +46,11 @@ void Scenes::open(QPointer<QQuickWindow> &window, const QUrl &url, const QString
         if (window->metaObject()->indexOfSignal("settingsRequested()") >= 0) {
             connect(window, SIGNAL(settingsRequested()), this, SLOT(openSettings()));
         }
+        if (window->metaObject()->indexOfSignal("quitRequested()") >= 0) {
+            // Not from within the window that is about to go.
+            connect(window, SIGNAL(quitRequested()), this, SIGNAL(quitRequested()), Qt::QueuedConnection);
+        }
+        tellTray();
     }
     if (!token.isEmpty()) {
         qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8()); // Read and removed by Qt at requestActivate().
@@ -80,6 +85,19 @@ QQuickWindow *Scenes::make(const QUrl &url)
         Q_EMIT failed(tr("%1 cannot be opened: %2").arg(url.toString(), reason));
     }
     return window;
+}
+
+void Scenes::setTrayShown(bool isShown)
+{
+    m_isTrayShown = isShown;
+    tellTray();
+}
+
+void Scenes::tellTray()
+{
+    if (!m_main.isNull() && m_main->metaObject()->indexOfProperty("trayShown") >= 0) {
+        m_main->setProperty("trayShown", m_isTrayShown);
+    }
 }
 
 bool Scenes::isAnyVisible() const

@@ -39,6 +39,9 @@ class Scenes : public QObject
     void openMain(const QString &token = {});
     [[nodiscard]] bool isAnyVisible() const;
 
+    /// Whether a panel shows the icon; told to the main window, where it has a property "trayShown".
+    void setTrayShown(bool isShown);
+
     /// Every window of the process, in its window order.
     [[nodiscard]] static std::vector<ApplicationWindow> windows();
 
@@ -49,15 +52,19 @@ class Scenes : public QObject
   Q_SIGNALS:
     /// A window cannot be made; problem says why, for people who mend programs.
     void failed(const QString &problem);
+    /// A window's own signal of that name, where it has one.
+    void quitRequested();
 
   private:
     void open(QPointer<QQuickWindow> &window, const QUrl &url, const QString &token);
     [[nodiscard]] QQuickWindow *make(const QUrl &url);
+    void tellTray();
     void collect();
 
     WallpaperManager &m_manager;
     SceneUrls m_urls;
     std::unique_ptr<QQmlEngine> m_engine;
+    bool m_isTrayShown = true;
     QPointer<QQuickWindow> m_main;
     QPointer<QQuickWindow> m_settings;
 };

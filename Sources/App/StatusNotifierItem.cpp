@@ -2,7 +2,7 @@
 
 #include "App/DBusMenu.h"
 #include "App/PropertiesCall.h"
-#include "App/SessionBus.h"
+#include "Platform/SessionBus.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
@@ -109,6 +109,7 @@ StatusNotifierItem::StatusNotifierItem(SessionBus &bus, MenuBarIcon icon, QObjec
     : QDBusVirtualObject(parent)
     , m_bus(bus)
     , m_icon(std::move(icon))
+    , m_isShown(bus.isConnected())
 {
     qDBusRegisterMetaType<DBusPixmap>();
     qDBusRegisterMetaType<QList<DBusPixmap>>();

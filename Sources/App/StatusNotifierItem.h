@@ -21,7 +21,7 @@ class StatusNotifierItem : public QDBusVirtualObject
   public:
     StatusNotifierItem(SessionBus &bus, MenuBarIcon icon, QObject *parent = nullptr);
 
-    /// Whether a panel shows the icon, as far as it says so.
+    /// Whether a panel shows the icon, as far as it says so; on a bus that has not answered yet, it is taken for shown.
     [[nodiscard]] bool isShown() const { return m_isShown; }
 
     /// One line or more under the program's name.

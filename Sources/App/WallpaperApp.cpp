@@ -2,8 +2,8 @@
 
 #include "App/Console.h"
 #include "App/ControlService.h"
-#include "App/SessionBus.h"
 #include "Platform/IdleMemory.h"
+#include "Platform/SessionBus.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -28,6 +28,9 @@ WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls u
     connect(&m_menuBar, &MenuBar::settingsChosen, this, [this] { m_scenes.openSettings(); });
     connect(&m_menuBar, &MenuBar::quitChosen, this, &WallpaperApp::reallyQuit);
 
+    connect(&m_menuBar, &MenuBar::isShownChanged, this, [this] { m_scenes.setTrayShown(m_menuBar.isShown()); });
+    m_scenes.setTrayShown(m_menuBar.isShown());
+    connect(&m_scenes, &Scenes::quitRequested, this, &WallpaperApp::reallyQuit);
     connect(&m_control, &ControlService::activated, this, &WallpaperApp::openMain);
     connect(&m_control, &ControlService::settingsAsked, &m_scenes, &Scenes::openSettings);
     connect(&m_control, &ControlService::quitAsked, this, &WallpaperApp::reallyQuit);

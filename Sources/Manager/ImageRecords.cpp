@@ -1,7 +1,7 @@
 #include "Manager/ImageRecords.h"
 
-#include "Storage/CreationDate.h"
 #include "Storage/ImageStore.h"
+#include "Storage/SideFile.h"
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -29,11 +29,6 @@ QString folder()
     return ImageStore::directory();
 }
 
-TextMap prompts()
-{
-    return readTextMap(ImageStore::promptsPath());
-}
-
 std::optional<QString> recordedCopy(const QString &original)
 {
     const TextMap links = readTextMap(ImageStore::variantsPath());
@@ -56,14 +51,17 @@ std::optional<QString> recordedOriginal(const QString &image)
     return folder() + QLatin1Char('/') + link->first;
 }
 
-bool hasPartner(const QString &image)
+Facts factsOf(const QString &image)
 {
-    return ImageStore::variant(image).has_value();
+    const TextMap prompts = readTextMap(ImageStore::promptsPath());
+    const auto prompt = prompts.find(imageName(image));
+    return {.prompt = prompt != prompts.end() ? std::optional(prompt->second) : std::nullopt,
+            .original = recordedOriginal(image),
+            .hasPartner = ImageStore::variant(image).has_value()};
 }
 
-QString timestamp(const QString &image)
+QString timestamp(const std::optional<CreationDate> &created)
 {
-    const std::optional<CreationDate> created = creationDate(image);
     if (!created) {
         return {};
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Storage/SideFile.h"
+#include "Storage/CreationDate.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -18,20 +18,23 @@ namespace quorvane::ImageRecords {
 /// The folder that holds the pictures and their records.
 [[nodiscard]] QString folder();
 
-/// The prompts by file name.
-[[nodiscard]] TextMap prompts();
-
 /// The enlarged copy that is recorded for original, whether or not it still exists.
 [[nodiscard]] std::optional<QString> recordedCopy(const QString &original);
 
 /// The picture that image was enlarged from, whether or not it still exists.
 [[nodiscard]] std::optional<QString> recordedOriginal(const QString &image);
 
-/// Whether image is one of a pair whose other picture exists.
-[[nodiscard]] bool hasPartner(const QString &image);
+/// What a preview says of a picture.
+struct Facts
+{
+    std::optional<QString> prompt;   ///< The one it was made with.
+    std::optional<QString> original; ///< As recordedOriginal() has it.
+    bool hasPartner = false;         ///< Whether it is one of a pair whose other picture exists.
+};
+[[nodiscard]] Facts factsOf(const QString &image);
 
-/// The creation date in local time, as momentText() writes it; empty when it cannot be read.
-[[nodiscard]] QString timestamp(const QString &image);
+/// created in local time, as momentText() writes it; empty where it could not be read.
+[[nodiscard]] QString timestamp(const std::optional<CreationDate> &created);
 
 /// A moment for people: "Jan 31, 23:59" in English, else with the names and in the order of the locale's language.
 [[nodiscard]] QString momentText(const QDateTime &moment, const QLocale &locale);

@@ -27,6 +27,7 @@ WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
     const UserDefaults &defaults = *m_services.defaults;
     m_libraryThread.setMaxThreadCount(1);
     m_desktopThread.setMaxThreadCount(1);
+    beginHistory();
     if (m_services.clock != nullptr) {
         m_timer = m_services.clock->makeAlarm([this] { timerFired(); });
     }
@@ -48,7 +49,6 @@ WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
         setCurrentWallpaperURL(current);
     }
     Keychain::migrateLegacyKey(*m_services.legacyKeys);
-    reloadHistory();
     m_scope.start(removingAbandonedFiles());
     if (m_autoEnabled) {
         startTimer();
@@ -241,9 +241,17 @@ void WallpaperManager::removeKey(const QString &providerId)
     Q_EMIT keysChanged();
 }
 
-QStringList WallpaperManager::missingKeys() const
+QSet<QString> WallpaperManager::storedKeyIds()
 {
-    const auto keys = Keychain::readAll();
+    QSet<QString> ids;
+    for (const auto &[id, key] : Keychain::readAll()) {
+        ids.insert(id);
+    }
+    return ids;
+}
+
+QStringList WallpaperManager::missingKeys(const QSet<QString> &keys) const
+{
     const ImageProvider &provider = resolvedProvider();
     QStringList missing;
     if (!keys.contains(provider.id())) {

@@ -7,6 +7,7 @@
 
 #include <QCoroTask>
 #include <QDateTime>
+#include <QFuture>
 #include <QObject>
 #include <QSet>
 #include <QString>
@@ -134,7 +135,11 @@ class WallpaperManager : public QObject
     [[nodiscard]] bool providerProducesNative4K() const;
 
     /// The names of keys that a generation would need and that are not stored, for the user. Reads the key file.
-    [[nodiscard]] QStringList missingKeys() const;
+    [[nodiscard]] QStringList missingKeys() const { return missingKeys(storedKeyIds()); }
+    /// As above, with the ids of the providers whose keys are stored.
+    [[nodiscard]] QStringList missingKeys(const QSet<QString> &storedKeyIds) const;
+    /// Reads the key file. Any thread.
+    [[nodiscard]] static QSet<QString> storedKeyIds();
 
     /// "local", or "gemini" for any other setting.
     [[nodiscard]] QString upscaleMethod() const;
@@ -196,11 +201,14 @@ class WallpaperManager : public QObject
     // --- History, favourites and albums (WallpaperManagerHistory.cpp)
     // --------------------------------------------------
 
-    /// Paths, newest first, without the originals that an enlarged variant stands for.
-    [[nodiscard]] const QStringList &history() const { return m_history; }
+    /// Whether the library's first reading has ended, which the constructor only begins.
+    [[nodiscard]] bool isHistoryRead() const { return !m_firstListing.isValid(); }
 
-    /// File names, as the library keeps them; may name files that are gone.
-    [[nodiscard]] const QSet<QString> &favorites() const { return m_favorites; }
+    /// Paths, newest first, without the originals that an enlarged variant stands for. Waits for the first reading.
+    [[nodiscard]] const QStringList &history() const { return listing().history; }
+
+    /// File names, as the library keeps them; may name files that are gone. Waits for the first reading.
+    [[nodiscard]] const QSet<QString> &favorites() const { return listing().favorites; }
 
     /// Reads the library now, on this thread.
     Q_INVOKABLE void reloadHistory();
@@ -245,6 +253,15 @@ class WallpaperManager : public QObject
         QString extension;
     };
 
+    struct Listing
+    {
+        QStringList history;
+        QSet<QString> favorites;
+    };
+    [[nodiscard]] static Listing readLibrary();
+    [[nodiscard]] const Listing &listing() const;
+    void setListing(Listing listing);
+
     enum class Trigger { User, Timer };
     void generateAndSet(Trigger trigger);
 
@@ -267,6 +284,8 @@ class WallpaperManager : public QObject
     [[nodiscard]] QCoro::Task<> applying(QString url);
     [[nodiscard]] QCoro::Task<> upscalingExistingImage(QString url, quint64 operation);
     [[nodiscard]] QCoro::Task<UpscaledImage> upscaledFile(QString url, QString geminiApiKey);
+    void beginHistory();
+    [[nodiscard]] QCoro::Task<> readingHistoryFirst();
     [[nodiscard]] QCoro::Task<> reloadingHistory();
     [[nodiscard]] QCoro::Task<> writingFavorite(QString name, bool isFavorite, quint64 operation);
     [[nodiscard]] QCoro::Task<> deletingImage(QString url, quint64 operation);
@@ -296,8 +315,8 @@ class WallpaperManager : public QObject
     bool m_fourKEnabled = false;
     bool m_nsfwEnabled = false;
     QString m_providerOverride;
-    QStringList m_history;
-    QSet<QString> m_favorites;
+    mutable Listing m_listing;
+    mutable QFuture<Listing> m_firstListing; ///< Invalid once its result is in m_listing, or has been overtaken.
     bool m_autoEnabled = false;
     qint64 m_intervalMinutes = 0;
     QDateTime m_nextFireDate;

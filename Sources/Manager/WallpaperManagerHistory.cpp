@@ -8,15 +8,7 @@
 
 namespace quorvane {
 
-namespace {
-
-struct Listing
-{
-    QStringList history;
-    QSet<QString> favorites;
-};
-
-Listing readLibrary()
+WallpaperManager::Listing WallpaperManager::readLibrary()
 {
     const QStringList all = ImageStore::allImages();
     const auto links = readTextMap(ImageStore::variantsPath());
@@ -24,16 +16,43 @@ Listing readLibrary()
     return {withoutHiddenOriginals(all, links), QSet<QString>(favorites.begin(), favorites.end())};
 }
 
-} // namespace
+/// Only begins: a large library takes longer than a frame, and a program that starts has better things to do meanwhile.
+void WallpaperManager::beginHistory()
+{
+    m_firstListing = QtConcurrent::run(&m_libraryThread, &WallpaperManager::readLibrary);
+    m_scope.start(readingHistoryFirst());
+}
+
+QCoro::Task<> WallpaperManager::readingHistoryFirst()
+{
+    QFuture<Listing> reading = m_firstListing;
+    co_await reading;
+    (void)listing();
+    Q_EMIT historyChanged();
+    Q_EMIT favoritesChanged();
+}
+
+const WallpaperManager::Listing &WallpaperManager::listing() const
+{
+    if (m_firstListing.isValid()) {
+        m_listing = m_firstListing.result();
+        m_firstListing = {};
+    }
+    return m_listing;
+}
+
+void WallpaperManager::setListing(Listing listing)
+{
+    m_firstListing = {};
+    m_listing = std::move(listing);
+    Q_EMIT historyChanged();
+    Q_EMIT favoritesChanged();
+}
 
 void WallpaperManager::reloadHistory()
 {
     ++m_historyVersion;
-    Listing listing = readLibrary();
-    m_history = std::move(listing.history);
-    m_favorites = std::move(listing.favorites);
-    Q_EMIT historyChanged();
-    Q_EMIT favoritesChanged();
+    setListing(readLibrary());
 }
 
 void WallpaperManager::refreshHistory()
@@ -49,22 +68,19 @@ QCoro::Task<> WallpaperManager::reloadingHistory()
     do {
         // A favourite toggled while the library is read would be undone by what was read before it.
         version = m_historyVersion;
-        listing = co_await onWorker(&m_libraryThread, readLibrary);
+        listing = co_await onWorker(&m_libraryThread, &WallpaperManager::readLibrary);
     } while (version != m_historyVersion);
-    m_history = std::move(listing.history);
-    m_favorites = std::move(listing.favorites);
-    Q_EMIT historyChanged();
-    Q_EMIT favoritesChanged();
+    setListing(std::move(listing));
 }
 
 void WallpaperManager::toggleFavorite(const QString &url)
 {
     const QString name = imageName(url);
-    const bool isFavorite = !m_favorites.contains(name);
+    const bool isFavorite = !favorites().contains(name);
     if (isFavorite) {
-        m_favorites.insert(name);
+        m_listing.favorites.insert(name);
     } else {
-        m_favorites.remove(name);
+        m_listing.favorites.remove(name);
     }
     ++m_historyVersion;
     Q_EMIT favoritesChanged();
@@ -88,7 +104,7 @@ std::vector<Album> WallpaperManager::albums() const
 {
     const auto prompts = readTextMap(ImageStore::promptsPath());
     const auto dateOf = [](const QString &path) { return creationDate(path); };
-    return albumsOf(m_history, m_favorites, prompts, dateOf);
+    return albumsOf(history(), favorites(), prompts, dateOf);
 }
 
 void WallpaperManager::deleteImage(const QString &url)

@@ -7,6 +7,10 @@ Item {
     id: view
 
     required property WallpaperManager manager
+    property bool trayShown: true
+
+    signal settingsRequested()
+    signal quitRequested()
 
     function refresh() {
         sidebarModel.refresh();
@@ -26,6 +30,15 @@ Item {
         manager: view.manager
         list: galleryModel.images
         onPromptChosen: prompt => sidebarModel.promptText = prompt
+    }
+    PictureActions {
+        id: pictureActions
+    }
+    MenuModel {
+        id: menuModel
+        manager: view.manager
+        trayShown: view.trayShown
+        canGenerate: sidebarModel.canGenerate
     }
     ViewerModel {
         id: viewerModel
@@ -47,6 +60,9 @@ Item {
                 width: 280
                 height: parent.height
                 model: sidebarModel
+                menu: menuModel
+                onSettingsChosen: view.settingsRequested()
+                onQuitChosen: view.quitRequested()
             }
             Gallery {
                 id: gallery
@@ -55,12 +71,14 @@ Item {
                 height: parent.height
                 enabled: !previewModel.isOpen
                 model: galleryModel
+                actions: pictureActions
                 onPreviewRequested: url => previewModel.previewURL = url
             }
             Preview {
                 id: preview
                 anchors.fill: gallery
                 model: previewModel
+                actions: pictureActions
                 onFullScreenRequested: viewerModel.show(previewModel.previewURL)
             }
             Connections {

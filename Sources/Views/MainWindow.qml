@@ -8,6 +8,11 @@ Window {
 
     /// The user asks for the settings window.
     signal settingsRequested()
+    /// The user wants the program to end, windows and all.
+    signal quitRequested()
+
+    /// Whether a panel shows the program's icon and menu.
+    property bool trayShown: true
 
     objectName: "mainWindow"
     title: qsTr("Quorvane")
@@ -24,6 +29,11 @@ Window {
         id: content
         anchors.fill: parent
         manager: window.manager
+        trayShown: window.trayShown
+        onSettingsRequested: window.settingsRequested()
+        onQuitRequested: window.quitRequested()
+        LayoutMirroring.enabled: Theme.system.isRightToLeft
+        LayoutMirroring.childrenInherit: true
     }
     Shortcut {
         sequences: ["Ctrl+,", StandardKey.Preferences]

@@ -19,8 +19,15 @@ Window {
     LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
 
+    Item {
+        id: content
+        anchors.fill: parent
+        LayoutMirroring.enabled: Theme.system.isRightToLeft
+        LayoutMirroring.childrenInherit: true
+    }
     Rectangle {
         id: bar
+        parent: content
         width: parent.width
         height: 64
         color: Theme.sidebar
@@ -61,6 +68,7 @@ Window {
     }
     // A tab is made when it appears, and then reads what is stored.
     Loader {
+        parent: content
         anchors.top: bar.bottom
         anchors.bottom: parent.bottom
         width: parent.width

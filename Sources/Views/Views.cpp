@@ -2,6 +2,7 @@
 
 #include "Views/Controls/SecureFieldAccessibility.h"
 #include "Views/Pictures/PictureProvider.h"
+#include "Views/Pictures/ShadowProvider.h"
 #include "Views/Pictures/SymbolProvider.h"
 
 #include <QQmlEngine>
@@ -20,6 +21,7 @@ void installViews(QQmlEngine *engine)
     engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine->addImageProvider(PictureProvider::kThumbnails, new PictureProvider(PictureProvider::Kind::Thumbnail));
     engine->addImageProvider(PictureProvider::kPictures, new PictureProvider(PictureProvider::Kind::SizeAsked));
+    engine->addImageProvider(ShadowProvider::kName, new ShadowProvider);
     engine->addImageProvider(SymbolProvider::kName, new SymbolProvider);
 }
 

@@ -12,7 +12,7 @@ import tempfile
 # Who may include whom. A folder may always include itself.
 ARROWS = {
     "App": {"Views", "Manager", "Providers", "Upscaling", "Storage", "Platform"},
-    "Views": {"Manager"},
+    "Views": {"Manager", "Platform"},
     "Manager": {"Providers", "Upscaling", "Storage", "Platform"},
     "Providers": {"Platform"},
     "Upscaling": {"Platform"},
@@ -64,14 +64,14 @@ def self_test():
                "Providers/ServiceRequest.h", "Providers/GrokProvider.h", "Upscaling/PngEncoder.h",
                "Storage/ImageStore.h", "Platform/Paths.h"]
     good = [("App", h) for h in headers] + [
-        ("Views", "Manager/Album.h"), ("Manager", "Providers/GrokProvider.h"), ("Manager", "Upscaling/PngEncoder.h"),
+        ("Views", "Manager/Album.h"), ("Views", "Platform/Paths.h"), ("Manager", "Providers/GrokProvider.h"), ("Manager", "Upscaling/PngEncoder.h"),
         ("Manager", "Storage/ImageStore.h"), ("Manager", "Platform/Paths.h"), ("Providers", "Platform/Paths.h"),
         ("Upscaling", "Platform/Paths.h"), ("Storage", "Platform/Paths.h"), ("Platform", "Platform/Paths.h"),
         ("Upscaling", "Providers/ProviderError.h"), ("Upscaling", "Providers/ServiceRequest.h"),
         ("Platform", "Paths.moc"), ("Platform", "moc_Paths.cpp"),
     ]
     bad = [
-        ("Views", "App/Commands.h"), ("Views", "Storage/ImageStore.h"), ("Views", "Platform/Paths.h"),
+        ("Views", "App/Commands.h"), ("Views", "Storage/ImageStore.h"),
         ("Manager", "Views/GalleryModel.h"), ("Manager", "App/Commands.h"),
         ("Providers", "Storage/ImageStore.h"), ("Providers", "Upscaling/PngEncoder.h"),
         ("Providers", "Manager/Album.h"), ("Storage", "Providers/ProviderError.h"),

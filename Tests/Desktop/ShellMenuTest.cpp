@@ -179,4 +179,24 @@ TEST_F(ShellMenuTest, aWindowThatCannotBeMadeIsToldAndTheProgramStays)
     EXPECT_TRUE(application->isRunning());
 }
 
+TEST_F(ShellMenuTest, theWindowKnowsWhetherAPanelShowsTheIcon)
+{
+    const auto application = startAndWait({});
+    ASSERT_TRUE(application->says("main opened"));
+    ASSERT_TRUE(application->says("tray missing"));
+    {
+        const Panel panel(session.connection());
+        ASSERT_TRUE(application->says("tray shown"));
+    }
+    ASSERT_TRUE(application->says("tray missing", 2));
+}
+
+TEST_F(ShellMenuTest, aWindowCanEndTheProgram)
+{
+    const auto application = startAndWait({});
+    ASSERT_TRUE(application->says("main opened"));
+    application->press("Ctrl+Shift+X");
+    EXPECT_EQ(application->waitForEnd(), 0) << application->errors().constData();
+}
+
 } // namespace quorvane

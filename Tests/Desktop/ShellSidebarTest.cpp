@@ -3,7 +3,7 @@
 #include "ShellSession.h"
 
 #include "App/ControlService.h"
-#include "App/SessionBus.h"
+#include "Platform/SessionBus.h"
 #include "App/Workshop.h"
 #include "Views/Settings/AdvancedModel.h"
 #include "Views/Sidebar/SidebarModel.h"

@@ -1,6 +1,9 @@
 #include "Manager/SettingsKeys.h"
 #include "UI/ViewFixture.h"
 
+#include <QClipboard>
+#include <QMimeData>
+
 namespace quorvane {
 
 class PreviewView : public ViewTest
@@ -74,7 +77,7 @@ TEST_F(PreviewView, anEnlargedPictureTakesThePlaceOfItsOriginal)
     ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("originalButton")); }));
     EXPECT_FALSE(isSeen(QStringLiteral("upscaleButton")));
     click(QStringLiteral("originalButton"));
-    EXPECT_FALSE(isSeen(QStringLiteral("originalButton")));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("originalButton")); }));
 }
 
 TEST_F(PreviewView, theCloseButtonCloses)
@@ -92,6 +95,23 @@ TEST_F(PreviewView, arrowsInTheEditorMoveItsCursorNotThePreview)
     QTest::keyClick(window, Qt::Key_Left);
     type(QStringLiteral("c"));
     EXPECT_EQ(manager->prompt(), QStringLiteral("acb"));
+    EXPECT_TRUE(isSeen(QStringLiteral("preview")));
+}
+
+TEST_F(PreviewView, itsContextMenuCopiesThePictureThatIsShown)
+{
+    openFirst();
+    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(find(QStringLiteral("previewPicture"))));
+    click(QStringLiteral("menuCopy"));
+    const QList<QUrl> copied = QGuiApplication::clipboard()->mimeData()->urls();
+    EXPECT_EQ(copied, QList<QUrl>{QUrl::fromLocalFile(manager->history().first())});
+    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("menuCopy")); }));
+    QTest::keyClick(window, Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("menuCopy")); }));
+    // What the preview's buttons offer is not said twice.
+    EXPECT_FALSE(isSeen(QStringLiteral("menuDelete")));
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("menuCopy")); }));
     EXPECT_TRUE(isSeen(QStringLiteral("preview")));
 }
 

@@ -1,11 +1,53 @@
-// Every view in both themes. With QUORVANE_SCREENSHOTS=FOLDER the pictures are kept there to be looked at, in the
-// language that QUORVANE_SCREENSHOTS_LANGUAGE names.
+// Every view in both themes, beside pictures of how they looked before. With QUORVANE_SCREENSHOTS=FOLDER the pictures
+// are kept there to be looked at, in the language that QUORVANE_SCREENSHOTS_LANGUAGE names; with
+// QUORVANE_UPDATE_PICTURES=1 the small ones in Tests/Data/windows are made anew.
 
 #include "Manager/SettingsKeys.h"
 #include "Support/SpokenLanguage.h"
 #include "UI/ViewFixture.h"
 
+#include <QFontInfo>
+
 namespace quorvane {
+
+namespace {
+
+constexpr QSize kSmall(240, 160);
+
+/// How far two small pictures are apart. Fonts and versions of Qt draw text a little differently, and the tiles show
+/// dates, so single pixels prove nothing: what counts is how many differ clearly, and the whole on average.
+struct Difference
+{
+    double clearShare = 1; ///< Of the pixels.
+    double average = 255;  ///< Of the channels.
+
+    [[nodiscard]] bool isSmall() const { return clearShare < 0.02 && average < 3; }
+};
+
+Difference differenceOf(const QImage &one, const QImage &other)
+{
+    if (one.size() != other.size() || one.isNull()) {
+        return {};
+    }
+    constexpr int kClear = 48;
+    qint64 clear = 0;
+    qint64 sum = 0;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            const QRgb left = one.pixel(x, y);
+            const QRgb right = other.pixel(x, y);
+            const int red = std::abs(qRed(left) - qRed(right));
+            const int green = std::abs(qGreen(left) - qGreen(right));
+            const int blue = std::abs(qBlue(left) - qBlue(right));
+            sum += red + green + blue;
+            clear += std::max({red, green, blue}) > kClear ? 1 : 0;
+        }
+    }
+    const double pixels = double(one.width()) * one.height();
+    return {double(clear) / pixels, double(sum) / pixels / 3};
+}
+
+} // namespace
 
 class Screenshot : public ViewTest
 {
@@ -21,9 +63,71 @@ class Screenshot : public ViewTest
         return image;
     }
 
+    /// Lets motion end before a picture is taken for people.
     void settle()
     {
+        if (!qEnvironmentVariableIsSet("QUORVANE_SCREENSHOTS") &&
+            !qEnvironmentVariableIsSet("QUORVANE_UPDATE_PICTURES")) {
+            return;
+        }
         (void)waitFor([] { return false; }, std::chrono::milliseconds(600));
+    }
+
+    /// Waits until the window looks as it did.
+    void looksLike(const QString &name)
+    {
+        const QString path = QStringLiteral("%1/windows/%2.png").arg(QLatin1String(QUORVANE_TEST_DATA), name);
+        const auto small = [this] {
+            return window->grabWindow()
+                .scaled(kSmall, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+                .convertToFormat(QImage::Format_RGB32);
+        };
+        if (qEnvironmentVariableIsSet("QUORVANE_UPDATE_PICTURES")) {
+            settle();
+            EXPECT_TRUE(small().save(path));
+        }
+        const QImage before = QImage(path).convertToFormat(QImage::Format_RGB32);
+        Difference difference;
+        EXPECT_TRUE(waitFor([&] {
+            difference = differenceOf(small(), before);
+            return difference.isSmall();
+        })) << name.toStdString()
+            << ": " << 100 * difference.clearShare << " % differ clearly, " << difference.average << " on average";
+        take(name);
+    }
+
+    /// A small library, and everything on.
+    void prepare()
+    {
+        const std::array prompts{"northern lights over a frozen lake", "desert dunes under stars",
+                                 "misty mountains at dawn"};
+        for (int number = 0; number < 5; ++number) {
+            (void)putPainting(QStringLiteral("picture-%1.png").arg(number),
+                              QLatin1String(prompts[std::size_t(std::min(number, 2))]), {480, 270});
+        }
+        Keychain::save(QStringLiteral("KEY-KEY-KEY"), QStringLiteral("gemini"));
+        ImageStore::saveFavorite(QStringLiteral("picture-1.png"));
+        store(SettingsKeys::kLastPrompt, QStringLiteral("misty mountains at dawn"));
+        start();
+    }
+
+    void compareAll(const QString &theme)
+    {
+        if (QFontInfo(QGuiApplication::font()).family() != QLatin1String("DejaVu Sans") ||
+            qEnvironmentVariableIsSet("QT_SCALE_FACTOR")) {
+            GTEST_SKIP() << "the pictures show DejaVu Sans at scale 1";
+        }
+        prepare();
+        open();
+        looksLike(theme + QStringLiteral("-small-albums"));
+        click(QStringLiteral("album misty mountains at dawn"));
+        looksLike(theme + QStringLiteral("-small-album"));
+        click(QStringLiteral("tile ") + manager->history().first());
+        looksLike(theme + QStringLiteral("-small-preview"));
+        open(QStringLiteral("SettingsWindow"));
+        looksLike(theme + QStringLiteral("-small-keys"));
+        click(QStringLiteral("advancedTab"));
+        looksLike(theme + QStringLiteral("-small-advanced"));
     }
 
     void takeAll(const QString &theme)
@@ -35,12 +139,23 @@ class Screenshot : public ViewTest
         open();
         settle();
         take(theme + QStringLiteral("-albums"));
+        window->setProperty("trayShown", false);
+        click(QStringLiteral("menuButton"));
+        settle();
+        take(theme + QStringLiteral("-menu"));
+        QTest::keyClick(window, Qt::Key_Escape);
+        window->setProperty("trayShown", true);
         click(QStringLiteral("album misty mountains at dawn"));
         settle();
         hover(middleOf(find(QStringLiteral("imageGrid"))) - QPoint(150, 150));
         settle();
         take(theme + QStringLiteral("-album"));
         const QString path = manager->history().first();
+        ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("tile ") + path); }));
+        QTest::mouseClick(window, Qt::RightButton, {}, middleOf(find(QStringLiteral("tile ") + path)));
+        settle();
+        take(theme + QStringLiteral("-context"));
+        QTest::keyClick(window, Qt::Key_Escape);
         click(QStringLiteral("tile ") + path);
         settle();
         take(theme + QStringLiteral("-preview"));
@@ -53,6 +168,40 @@ class Screenshot : public ViewTest
         take(theme + QStringLiteral("-advanced"));
     }
 };
+
+TEST_F(Screenshot, theViewsLookAsTheyDidInTheLight)
+{
+    compareAll(QStringLiteral("light"));
+}
+
+TEST_F(Screenshot, theViewsLookAsTheyDidInTheDark)
+{
+    QGuiApplication::setPalette(palette(QColor(30, 30, 30), Qt::white));
+    compareAll(QStringLiteral("dark"));
+}
+
+TEST_F(Screenshot, fromRightToLeftTheSidebarIsOnTheRight)
+{
+    prepare();
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    open();
+    settle();
+    take(QStringLiteral("right-to-left-albums"));
+    EXPECT_GT(middleOf(find(QStringLiteral("generateButton"))).x(), 680);
+    EXPECT_LT(middleOf(find(QStringLiteral("albumGrid"))).x(), 680);
+    click(QStringLiteral("album misty mountains at dawn"));
+    ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("tile ") + manager->history().first()); }));
+    // What leads on and back changes sides, too.
+    EXPECT_GT(middleOf(find(QStringLiteral("albumsButton"))).x(),
+              middleOf(find(QStringLiteral("usePromptButton"))).x());
+    settle();
+    take(QStringLiteral("right-to-left-album"));
+    open(QStringLiteral("SettingsWindow"));
+    settle();
+    take(QStringLiteral("right-to-left-keys"));
+    EXPECT_GT(middleOf(find(QStringLiteral("geminiField"))).x(), middleOf(find(QStringLiteral("geminiSave"))).x());
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+}
 
 TEST_F(Screenshot, theWindowFollowsTheSystemsPaletteAtOnce)
 {

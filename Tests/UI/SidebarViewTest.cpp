@@ -1,6 +1,8 @@
 #include "Manager/SettingsKeys.h"
 #include "UI/ViewFixture.h"
 
+#include <QSignalSpy>
+
 namespace quorvane {
 
 class SidebarView : public ViewTest
@@ -97,6 +99,35 @@ TEST_F(SidebarView, tabLeavesTheEditorWithoutWritingIntoIt)
     QTest::keyClick(window, Qt::Key_Tab);
     EXPECT_TRUE(find(QStringLiteral("fourKToggle"))->hasActiveFocus());
     EXPECT_EQ(manager->prompt(), QString());
+}
+
+TEST_F(SidebarView, theMenuOfTheIconIsInTheWindowWhileNoPanelShowsIt)
+{
+    start();
+    open();
+    EXPECT_FALSE(isSeen(QStringLiteral("menuButton")));
+    window->setProperty("trayShown", false);
+    click(QStringLiteral("menuButton"));
+    ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("menuAuto")); }));
+    EXPECT_EQ(textOf(find(QStringLiteral("menuState"))), QStringLiteral("Idle"));
+    EXPECT_FALSE(find(QStringLiteral("menuGenerate"))->isEnabled());
+    click(QStringLiteral("menuAuto"));
+    EXPECT_TRUE(manager->autoEnabled());
+
+    QSignalSpy settings(window, SIGNAL(settingsRequested()));
+    QSignalSpy quit(window, SIGNAL(quitRequested()));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("menuAuto")); }));
+    click(QStringLiteral("menuButton"));
+    EXPECT_TRUE(waitFor([&] { return isReachable(QStringLiteral("menuAuto")); }));
+    EXPECT_TRUE(find(QStringLiteral("menuAuto"))->property("checked").toBool());
+    click(QStringLiteral("menuSettings"));
+    EXPECT_EQ(settings.size(), 1);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("menuAuto")); }));
+    click(QStringLiteral("menuButton"));
+    click(QStringLiteral("menuQuit"));
+    EXPECT_EQ(quit.size(), 1);
+    window->setProperty("trayShown", true);
+    EXPECT_FALSE(isSeen(QStringLiteral("menuButton")));
 }
 
 } // namespace quorvane

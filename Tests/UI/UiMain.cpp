@@ -1,3 +1,4 @@
+#include <QFont>
 #include <QGuiApplication>
 
 #include <gtest/gtest.h>
@@ -8,6 +9,12 @@ int main(int argc, char **argv)
     // No display, no graphics card: the windows are drawn into memory.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");
+    // No session either: what the windows look like is up to the test.
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
     const QGuiApplication application(argc, argv);
+    // The same on every machine that has it.
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPointSize(10);
+    QGuiApplication::setFont(font);
     return RUN_ALL_TESTS();
 }

@@ -1,7 +1,7 @@
 import QtQuick
 import Quorvane.Views
 
-/// Turns while it is seen.
+/// Turns while it is seen, unless the user wants no motion.
 Symbol {
     id: spinner
 
@@ -9,7 +9,7 @@ Symbol {
     Accessible.ignored: true
 
     RotationAnimator on rotation {
-        running: spinner.visible
+        running: spinner.visible && Theme.motion > 0
         from: 0
         to: 360
         duration: 900

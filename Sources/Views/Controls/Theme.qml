@@ -1,11 +1,14 @@
 pragma Singleton
 
 import QtQuick
+import Quorvane.Views
 
-/// Colours, type and measures, light or dark as the system's own palette is, at once when that changes.
+/// Colours, type and measures: light or dark as the system says, or as its palette is where it says nothing, and at
+/// once when that changes.
 QtObject {
     readonly property SystemPalette palette: SystemPalette {}
-    readonly property bool dark: palette.window.hslLightness < 0.5
+    readonly property AppearanceModel system: AppearanceModel {}
+    readonly property bool dark: system.prefersDark || (!system.prefersLight && palette.window.hslLightness < 0.5)
 
     readonly property color page: dark ? "#17171b" : "#fafafb"
     readonly property color sidebar: dark ? "#1f1f25" : "#f0f0f4"
@@ -25,6 +28,9 @@ QtObject {
     readonly property color green: dark ? "#5bd08a" : "#1b7f45"
     readonly property color yellow: "#ffcc33"
 
+    /// How dark a shadow is at its darkest.
+    readonly property real shadow: dark ? 0.42 : 0.16
+
     // On pictures and on the dark backdrop, whatever the theme.
     readonly property color backdrop: "#f2101014"
     readonly property color glass: "#b31a1a20"
@@ -37,5 +43,6 @@ QtObject {
     readonly property int bodySize: 14
     readonly property int captionSize: 12
 
-    readonly property int motion: 140
+    /// How long a change takes to be seen, in milliseconds; nothing moves where the user wants no motion.
+    readonly property int motion: system.reducesMotion ? 0 : 140
 }

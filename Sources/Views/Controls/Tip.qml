@@ -9,6 +9,7 @@ ToolTip {
     width: Math.min(implicitWidth, 360)
 
     contentItem: Text {
+        objectName: "toolTip"
         text: tip.text
         color: Theme.text
         font.pixelSize: Theme.captionSize

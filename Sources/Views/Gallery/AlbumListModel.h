@@ -1,32 +1,27 @@
 #pragma once
 
-#include "Manager/Album.h"
-
-#include <QAbstractListModel>
+#include "Manager/GalleryListing.h"
+#include "Views/Gallery/EntryListModel.h"
 
 namespace quorvane {
 
 /// The albums for the grid.
-class AlbumListModel : public QAbstractListModel
+class AlbumListModel : public EntryListModel<AlbumEntry>
 {
     Q_OBJECT
 
   public:
     enum Role { IdRole = Qt::UserRole + 1, TitleRole, CoverRole, CountRole, IsFavoritesRole };
 
-    using QAbstractListModel::QAbstractListModel;
+    using EntryListModel::EntryListModel;
 
-    [[nodiscard]] const std::vector<Album> &albums() const { return m_albums; }
+    void setAlbums(std::vector<AlbumEntry> albums) { replace(std::move(albums)); }
 
-    /// Rows that stay where they are keep their tiles.
-    void setAlbums(std::vector<Album> albums);
-
-    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
   private:
-    std::vector<Album> m_albums;
+    [[nodiscard]] QString keyOf(const AlbumEntry &entry) const override;
 };
 
 } // namespace quorvane

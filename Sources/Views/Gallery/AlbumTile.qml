@@ -47,6 +47,7 @@ Item {
     }
     Symbol {
         id: star
+        anchors.left: parent.left
         anchors.verticalCenter: caption.verticalCenter
         visible: tile.isFavorites
         name: "star.fill"

@@ -6,8 +6,15 @@ FocusScope {
     id: gallery
 
     required property GalleryModel model
+    required property PictureActions actions
 
     signal previewRequested(string url)
+
+    /// The menu of the tile that the keyboard is at.
+    function openMenu() {
+        const tile = images.currentItem as HistoryTile;
+        menu.openFor(tile.url, tile.isFavorite, tile, Qt.point(24, 60));
+    }
 
     EmptyState {
         objectName: "emptyState"
@@ -17,10 +24,10 @@ FocusScope {
 
     Item {
         id: header
-        x: 24
+        anchors.horizontalCenter: parent.horizontalCenter
         width: parent.width - 48
         height: 64
-        visible: gallery.model.state !== GalleryModel.Empty
+        visible: gallery.model.state === GalleryModel.Albums || gallery.model.state === GalleryModel.Album
 
         Text {
             anchors.left: parent.left
@@ -89,16 +96,17 @@ FocusScope {
         objectName: "albumGrid"
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
-        x: 24
+        anchors.left: parent.left
+        anchors.leftMargin: 24
         width: parent.width - 28
         gallery: gallery.model
         tileHeight: 182
         visible: gallery.model.state === GalleryModel.Albums
         focus: visible
         model: gallery.model.albumList
-        Keys.onReturnPressed: (albums.currentItem as AlbumTile).clicked()
-        Keys.onEnterPressed: (albums.currentItem as AlbumTile).clicked()
-        Keys.onSpacePressed: (albums.currentItem as AlbumTile).clicked()
+        Keys.onReturnPressed: (albums.currentItem as AlbumTile)?.clicked()
+        Keys.onEnterPressed: (albums.currentItem as AlbumTile)?.clicked()
+        Keys.onSpacePressed: (albums.currentItem as AlbumTile)?.clicked()
         delegate: AlbumTile {
             width: albums.tileWidth
             height: albums.tileHeight
@@ -111,19 +119,22 @@ FocusScope {
         objectName: "imageGrid"
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
-        x: 24
+        anchors.left: parent.left
+        anchors.leftMargin: 24
         width: parent.width - 28
         gallery: gallery.model
         tileHeight: 176
         visible: gallery.model.state === GalleryModel.Album
         focus: visible
-        model: gallery.model.imageList
-        Keys.onReturnPressed: (images.currentItem as HistoryTile).opened()
-        Keys.onEnterPressed: (images.currentItem as HistoryTile).opened()
-        Keys.onSpacePressed: (images.currentItem as HistoryTile).opened()
-        Keys.onDeletePressed: (images.currentItem as HistoryTile).deleted()
+        model: gallery.model.state === GalleryModel.Album ? gallery.model.imageList : null
+        Keys.onReturnPressed: (images.currentItem as HistoryTile)?.opened()
+        Keys.onEnterPressed: (images.currentItem as HistoryTile)?.opened()
+        Keys.onSpacePressed: (images.currentItem as HistoryTile)?.opened()
+        Keys.onDeletePressed: (images.currentItem as HistoryTile)?.deleted()
         Keys.onEscapePressed: gallery.model.closeAlbum()
         delegate: HistoryTile {
+            id: imageTile
+            actions: gallery.actions
             width: images.tileWidth
             height: images.tileHeight
             selected: GridView.isCurrentItem && images.activeFocus
@@ -131,7 +142,21 @@ FocusScope {
             onApplied: gallery.model.apply(url)
             onDeleted: gallery.model.remove(url)
             onFavoriteToggled: gallery.model.toggleFavorite(url)
+            onMenuRequested: place => menu.openFor(url, isFavorite, imageTile, place)
         }
+    }
+    PictureMenu {
+        id: menu
+        actions: gallery.actions
+        isComplete: true
+        onApplied: gallery.model.apply(url)
+        onFavoriteToggled: gallery.model.toggleFavorite(url)
+        onDeleted: gallery.model.remove(url)
+    }
+    Shortcut {
+        enabled: images.activeFocus && images.currentItem !== null
+        sequences: ["Menu", "Shift+F10"]
+        onActivated: gallery.openMenu()
     }
     Shortcut {
         enabled: images.activeFocus && images.currentItem !== null

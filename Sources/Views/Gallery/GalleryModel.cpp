@@ -4,12 +4,19 @@
 
 namespace quorvane {
 
-QStringList previewList(const std::optional<QString> &selectedAlbumId, const std::vector<Album> &albums,
+QStringList previewList(const std::optional<QString> &selectedAlbumId, const std::vector<AlbumEntry> &albums,
                         const QStringList &history)
 {
-    const auto selected = std::find_if(albums.begin(), albums.end(),
-                                       [&selectedAlbumId](const Album &album) { return album.id == selectedAlbumId; });
-    return selected != albums.end() ? selected->images : history;
+    const auto selected = std::find_if(albums.begin(), albums.end(), [&selectedAlbumId](const AlbumEntry &entry) {
+        return entry.album.id == selectedAlbumId;
+    });
+    return selected != albums.end() ? selected->album.images : history;
+}
+
+GalleryModel::GalleryModel(QObject *parent)
+    : ViewModel(parent)
+    , m_reading([this](GalleryListing listing) { show(std::move(listing)); })
+{
 }
 
 void GalleryModel::attach()
@@ -19,26 +26,43 @@ void GalleryModel::attach()
     connect(manager(), &WallpaperManager::favoritesChanged, this, &GalleryModel::update);
     connect(manager(), &WallpaperManager::upscalingURLChanged, this,
             [this] { m_imageList.setUpscaling(manager()->upscalingURL()); });
-    update();
+    if (manager()->isHistoryRead()) {
+        update();
+    }
 }
 
+/// The manager's part is shown at once; what lies on the disk follows.
 void GalleryModel::update()
 {
-    m_albumList.setAlbums(manager()->albums());
-    const std::vector<Album> &albums = m_albumList.albums();
-    const bool isGone = std::none_of(albums.begin(), albums.end(),
-                                     [this](const Album &album) { return album.id == m_selectedAlbumId; });
-    if (isGone) {
+    m_imageList.setFavorites(manager()->favorites());
+    m_reading.ask([history = manager()->history(), favorites = manager()->favorites(), id = m_selectedAlbumId] {
+        return readGallery(history, favorites, id);
+    });
+    announce();
+}
+
+void GalleryModel::show(GalleryListing listing)
+{
+    if (m_selectedAlbumId && !listing.pictures) {
         m_selectedAlbumId.reset();
     }
-    m_imageList.setImages(previewList(m_selectedAlbumId, albums, manager()->history()), manager()->favorites(),
-                          ImageRecords::prompts());
+    m_albumList.setAlbums(std::move(listing.albums));
+    m_imageList.setPictures(std::move(listing.pictures).value_or(std::vector<PictureEntry>()));
+    announce();
+}
+
+void GalleryModel::announce()
+{
+    m_images = previewList(m_selectedAlbumId, m_albumList.entries(), manager()->history());
     Q_EMIT stateChanged();
     Q_EMIT imagesChanged();
 }
 
 GalleryModel::State GalleryModel::state() const
 {
+    if (!manager()->isHistoryRead()) {
+        return State::Reading;
+    }
     if (manager()->history().isEmpty()) {
         return State::Empty;
     }
@@ -65,8 +89,11 @@ void GalleryModel::closeAlbum()
 
 void GalleryModel::select(std::optional<QString> id)
 {
-    m_selectedAlbumId = std::move(id);
-    update();
+    if (id != m_selectedAlbumId) {
+        m_selectedAlbumId = std::move(id);
+        m_imageList.setPictures({});
+        update();
+    }
 }
 
 bool GalleryModel::canUsePrompt() const

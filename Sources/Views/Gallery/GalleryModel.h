@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Manager/LibraryWatcher.h"
+#include "Platform/LatestReading.h"
 #include "Views/Gallery/AlbumListModel.h"
 #include "Views/Gallery/ImageListModel.h"
 #include "Views/ViewModel.h"
@@ -12,8 +13,8 @@ namespace quorvane {
 
 /// The list that a preview steps through: the album of that id, the first one if several share it, or the whole history
 /// where none is selected or the selected one is gone.
-[[nodiscard]] QStringList previewList(const std::optional<QString> &selectedAlbumId, const std::vector<Album> &albums,
-                                      const QStringList &history);
+[[nodiscard]] QStringList previewList(const std::optional<QString> &selectedAlbumId,
+                                      const std::vector<AlbumEntry> &albums, const QStringList &history);
 
 /// The albums, the one that is open, and what can be done with its pictures.
 class GalleryModel : public quorvane::ViewModel
@@ -29,10 +30,15 @@ class GalleryModel : public quorvane::ViewModel
     Q_PROPERTY(QAbstractItemModel *imageList READ imageList CONSTANT)
 
   public:
-    enum class State { Empty, Albums, Album };
+    enum class State {
+        Reading, ///< For a moment after the start; nothing is known yet.
+        Empty,
+        Albums,
+        Album
+    };
     Q_ENUM(State)
 
-    using ViewModel::ViewModel;
+    explicit GalleryModel(QObject *parent = nullptr);
 
     [[nodiscard]] State state() const;
 
@@ -48,7 +54,7 @@ class GalleryModel : public quorvane::ViewModel
     /// Asks for the open album's prompt to be used.
     Q_INVOKABLE void usePrompt();
 
-    [[nodiscard]] const QStringList &images() const { return m_imageList.images(); }
+    [[nodiscard]] const QStringList &images() const { return m_images; }
     [[nodiscard]] QAbstractItemModel *albumList() { return &m_albumList; }
     [[nodiscard]] QAbstractItemModel *imageList() { return &m_imageList; }
 
@@ -70,11 +76,15 @@ class GalleryModel : public quorvane::ViewModel
     void attach() override;
     void select(std::optional<QString> id);
     void update();
+    void show(GalleryListing listing);
+    void announce();
 
     std::optional<QString> m_selectedAlbumId;
+    QStringList m_images;
     AlbumListModel m_albumList;
     ImageListModel m_imageList;
     std::unique_ptr<LibraryWatcher> m_watcher;
+    LatestReading<GalleryListing> m_reading;
 };
 
 } // namespace quorvane

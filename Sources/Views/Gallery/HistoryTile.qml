@@ -12,6 +12,7 @@ FocusScope {
     required property string timestamp
     required property bool isFavorite
     required property bool isUpscaling
+    required property PictureActions actions
     property bool selected: false
 
     readonly property bool hovering: hover.hovered
@@ -22,6 +23,7 @@ FocusScope {
     signal applied()
     signal deleted()
     signal favoriteToggled()
+    signal menuRequested(point place)
 
     objectName: "tile " + url
     Accessible.role: Accessible.Button
@@ -36,6 +38,15 @@ FocusScope {
     MouseArea {
         anchors.fill: parent
         onClicked: tile.opened()
+    }
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => tile.menuRequested(eventPoint.position)
+    }
+    TapHandler {
+        id: finger
+        acceptedDevices: PointerDevice.TouchScreen
+        onLongPressed: tile.menuRequested(finger.point.position)
     }
     RoundedPicture {
         id: picture
@@ -71,6 +82,20 @@ FocusScope {
                 }
             }
         }
+    }
+    DragHandler {
+        id: drag
+        objectName: "fileDrag"
+        target: null
+        // A finger scrolls.
+        acceptedDevices: PointerDevice.Mouse
+        grabPermissions: PointerHandler.CanTakeOverFromAnything
+    }
+    FileDrag {
+        active: drag.active
+        actions: tile.actions
+        url: tile.url
+        shown: picture
     }
     IconButton {
         objectName: "star"

@@ -1,63 +1,48 @@
 #include "Views/Gallery/ImageListModel.h"
 
-#include "Views/Gallery/ListUpdate.h"
+#include "Manager/ImageRecords.h"
 #include "Views/Pictures/PictureUrl.h"
 
 namespace quorvane {
 
-void ImageListModel::setImages(const QStringList &images, const QSet<QString> &favorites, TextMap prompts)
+void ImageListModel::setFavorites(const QSet<QString> &favorites)
 {
-    m_favorites = favorites;
-    m_prompts = std::move(prompts);
-    const auto change = changedRows(m_images, images);
-    if (change.removed > 0) {
-        beginRemoveRows({}, change.first, change.first + change.removed - 1);
-        m_images.remove(change.first, change.removed);
-        endRemoveRows();
-    }
-    if (change.added > 0) {
-        beginInsertRows({}, change.first, change.first + change.added - 1);
-        m_images = images;
-        endInsertRows();
-    }
-    if (!m_images.isEmpty()) {
-        Q_EMIT dataChanged(index(0), index(int(m_images.size()) - 1));
+    const QSet<QString> before = std::exchange(m_favorites, favorites);
+    for (int row = 0; row < rowCount(); ++row) {
+        const QString name = ImageRecords::fileName(entries()[std::size_t(row)].path);
+        if (before.contains(name) != m_favorites.contains(name)) {
+            Q_EMIT dataChanged(index(row), index(row), {IsFavoriteRole});
+        }
     }
 }
 
 void ImageListModel::setUpscaling(const QString &url)
 {
-    for (const QString &changed : {std::exchange(m_upscaling, url), url}) {
-        const auto row = m_images.indexOf(changed);
-        if (row >= 0) {
-            Q_EMIT dataChanged(index(int(row)), index(int(row)), {IsUpscalingRole});
+    const QString before = std::exchange(m_upscaling, url);
+    for (int row = 0; row < rowCount(); ++row) {
+        const QString &path = entries()[std::size_t(row)].path;
+        if ((path == before) != (path == m_upscaling)) {
+            Q_EMIT dataChanged(index(row), index(row), {IsUpscalingRole});
         }
     }
 }
 
-int ImageListModel::rowCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : int(m_images.size());
-}
-
 QVariant ImageListModel::data(const QModelIndex &index, int role) const
 {
-    const QString &path = m_images[index.row()];
+    const PictureEntry &entry = entryAt(index);
     switch (role) {
     case UrlRole:
-        return path;
+        return entry.path;
     case ThumbnailRole:
-        return thumbnailUrl(path);
+        return thumbnailUrl(entry.path, entry.stamp);
     case IsFavoriteRole:
-        return m_favorites.contains(ImageRecords::fileName(path));
-    case PromptRole: {
-        const auto prompt = m_prompts.find(ImageRecords::fileName(path));
-        return prompt != m_prompts.end() ? prompt->second : QString();
-    }
+        return m_favorites.contains(ImageRecords::fileName(entry.path));
+    case PromptRole:
+        return entry.prompt;
     case TimestampRole:
-        return ImageRecords::timestamp(path);
+        return ImageRecords::timestamp(entry.created);
     case IsUpscalingRole:
-        return !m_upscaling.isEmpty() && path == m_upscaling;
+        return entry.path == m_upscaling;
     default:
         return {};
     }

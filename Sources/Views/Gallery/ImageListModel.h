@@ -1,38 +1,37 @@
 #pragma once
 
-#include "Manager/ImageRecords.h"
+#include "Manager/GalleryListing.h"
+#include "Views/Gallery/EntryListModel.h"
 
-#include <QAbstractListModel>
 #include <QSet>
 
 namespace quorvane {
 
-/// The pictures of one album for the grid. What a tile says beside the picture is read when the tile is shown.
-class ImageListModel : public QAbstractListModel
+/// The pictures of one album for the grid.
+class ImageListModel : public EntryListModel<PictureEntry>
 {
     Q_OBJECT
 
   public:
     enum Role { UrlRole = Qt::UserRole + 1, ThumbnailRole, IsFavoriteRole, PromptRole, TimestampRole, IsUpscalingRole };
 
-    using QAbstractListModel::QAbstractListModel;
+    using EntryListModel::EntryListModel;
 
-    [[nodiscard]] const QStringList &images() const { return m_images; }
+    void setPictures(std::vector<PictureEntry> pictures) { replace(std::move(pictures)); }
 
-    /// Rows that stay where they are keep their tiles.
-    void setImages(const QStringList &images, const QSet<QString> &favorites, TextMap prompts);
+    /// The file names of the favourites.
+    void setFavorites(const QSet<QString> &favorites);
 
     /// The picture that is being enlarged; empty for none.
     void setUpscaling(const QString &url);
 
-    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
   private:
-    QStringList m_images;
+    [[nodiscard]] QString keyOf(const PictureEntry &entry) const override { return entry.path; }
+
     QSet<QString> m_favorites;
-    TextMap m_prompts;
     QString m_upscaling;
 };
 

@@ -1,16 +1,91 @@
 #include "Views/Gallery/ListUpdate.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 namespace quorvane {
 
-ChangedRows changedRows(const QStringList &before, const QStringList &after)
+namespace {
+
+/// For each old row its place in the new list, -1 for none.
+std::vector<int> newPlaces(const QStringList &before, const QStringList &after)
 {
-    const auto beginnings = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
-    const auto first = beginnings.first - before.begin();
-    const auto rests = std::mismatch(before.rbegin(), before.rend() - first, after.rbegin(), after.rend() - first);
-    const auto kept = first + (rests.first - before.rbegin());
-    return {int(first), int(before.size() - kept), int(after.size() - kept)};
+    QHash<QString, int> places;
+    places.reserve(after.size());
+    for (int row = 0; row < int(after.size()); ++row) {
+        places.insert(after[row], row);
+    }
+    std::vector<int> found;
+    found.reserve(std::size_t(before.size()));
+    for (const QString &each : before) {
+        found.push_back(places.value(each, -1));
+    }
+    return found;
+}
+
+/// The old rows of a longest run of places that rises: what can stay where it is. Each place is put behind the longest
+/// run that it can follow, and the runs are read back from their ends.
+std::vector<bool> keptRows(const std::vector<int> &places)
+{
+    std::vector<int> ends; ///< The old row that ends the best run of each length.
+    std::vector<int> before(places.size(), -1);
+    for (int row = 0; row < int(places.size()); ++row) {
+        if (places[std::size_t(row)] < 0) {
+            continue;
+        }
+        const auto length = std::lower_bound(ends.begin(), ends.end(), row, [&places](int end, int other) {
+            return places[std::size_t(end)] < places[std::size_t(other)];
+        });
+        before[std::size_t(row)] = length == ends.begin() ? -1 : *std::prev(length);
+        if (length == ends.end()) {
+            ends.push_back(row);
+        } else {
+            *length = row;
+        }
+    }
+    std::vector<bool> kept(places.size(), false);
+    for (int row = ends.empty() ? -1 : ends.back(); row >= 0; row = before[std::size_t(row)]) {
+        kept[std::size_t(row)] = true;
+    }
+    return kept;
+}
+
+/// The stretches of rows that are not kept.
+std::vector<Rows> gapsIn(const std::vector<bool> &kept)
+{
+    std::vector<Rows> gaps;
+    for (int row = 0; row < int(kept.size()); ++row) {
+        if (kept[std::size_t(row)]) {
+            continue;
+        }
+        if (!gaps.empty() && gaps.back().first + gaps.back().count == row) {
+            ++gaps.back().count;
+        } else {
+            gaps.push_back({row, 1});
+        }
+    }
+    return gaps;
+}
+
+} // namespace
+
+ListUpdate listUpdate(const QStringList &before, const QStringList &after)
+{
+    if (before == after) {
+        return {};
+    }
+    const std::vector<int> places = newPlaces(before, after);
+    const std::vector<bool> keptBefore = keptRows(places);
+    std::vector<bool> keptAfter(std::size_t(after.size()), false);
+    for (std::size_t row = 0; row < places.size(); ++row) {
+        if (keptBefore[row]) {
+            keptAfter[std::size_t(places[row])] = true;
+        }
+    }
+    ListUpdate update{gapsIn(keptBefore), gapsIn(keptAfter)};
+    std::reverse(update.removed.begin(), update.removed.end());
+    return update;
 }
 
 } // namespace quorvane

@@ -41,4 +41,9 @@ Item {
         border.width: 5
         border.color: picture.pageColor
     }
+    SoftShadow {
+        z: 0
+        visible: picture.isThere
+        radius: 10
+    }
 }

@@ -23,6 +23,8 @@ GridView {
     topMargin: 4
     bottomMargin: 12
     activeFocusOnTab: true
+    // Where there are tiles, the keyboard is at one.
+    onCountChanged: currentIndex = Math.max(currentIndex, count > 0 ? 0 : -1)
     // Beside the tiles, where the grid's place in its parent leaves room for it, whichever side that is.
     ScrollBar.vertical: ThinScrollBar {
         parent: grid.parent

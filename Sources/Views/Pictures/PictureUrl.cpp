@@ -2,34 +2,35 @@
 
 #include "Views/Pictures/PictureProvider.h"
 
-#include <QDateTime>
-#include <QFileInfo>
 #include <QUrl>
 
 namespace quorvane {
 
 namespace {
 
-QString addressOf(QLatin1String provider, const QString &path)
+QString addressOf(QLatin1String provider, const QString &path, const FileStamp &stamp)
 {
-    const QFileInfo file(path);
     // The path is encoded twice: Qt decodes an address once on the way to the provider.
     const QByteArray encoded = QUrl::toPercentEncoding(path).toPercentEncoding();
     return QStringLiteral("image://%1/%2/%3-%4")
-        .arg(provider, QString::number(file.lastModified().toMSecsSinceEpoch()), QString::number(file.size()),
-             QString::fromLatin1(encoded));
+        .arg(provider, QString::number(stamp.modified), QString::number(stamp.sizeBytes), QString::fromLatin1(encoded));
 }
 
 } // namespace
 
 QString thumbnailUrl(const QString &path)
 {
-    return path.isEmpty() ? QString() : addressOf(PictureProvider::kThumbnails, path);
+    return thumbnailUrl(path, fileStamp(path));
+}
+
+QString thumbnailUrl(const QString &path, const FileStamp &stamp)
+{
+    return path.isEmpty() ? QString() : addressOf(PictureProvider::kThumbnails, path, stamp);
 }
 
 QString pictureUrl(const QString &path)
 {
-    return path.isEmpty() ? QString() : addressOf(PictureProvider::kPictures, path);
+    return path.isEmpty() ? QString() : addressOf(PictureProvider::kPictures, path, fileStamp(path));
 }
 
 QString pathFromPictureId(const QString &id)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Manager/GalleryListing.h"
+
 #include <QString>
 
 namespace quorvane {
@@ -7,6 +9,8 @@ namespace quorvane {
 /// The address under which QML asks for the thumbnail of the picture at path. It changes when the file changes, so that
 /// no cache on the way shows what is gone.
 [[nodiscard]] QString thumbnailUrl(const QString &path);
+/// As above, for a file whose entry has been read already.
+[[nodiscard]] QString thumbnailUrl(const QString &path, const FileStamp &stamp);
 
 /// The same for the picture at the size it is shown in.
 [[nodiscard]] QString pictureUrl(const QString &path);

@@ -7,6 +7,7 @@ FocusScope {
     id: preview
 
     required property PreviewModel model
+    required property PictureActions actions
 
     signal fullScreenRequested()
 
@@ -57,6 +58,22 @@ FocusScope {
             fillMode: Image.PreserveAspectFit
             Accessible.role: Accessible.Graphic
             Accessible.name: preview.model.prompt
+
+            TapHandler {
+                acceptedButtons: Qt.RightButton
+                onTapped: eventPoint => menu.openFor(preview.model.previewURL, false, picture, eventPoint.position)
+            }
+            DragHandler {
+                id: drag
+                target: null
+                acceptedDevices: PointerDevice.Mouse
+            }
+            FileDrag {
+                active: drag.active
+                actions: preview.actions
+                url: preview.model.previewURL
+                shown: picture
+            }
         }
         Repeater {
             // Fetched ahead for the next step, and never shown.
@@ -194,6 +211,17 @@ FocusScope {
                 onClicked: preview.model.showOriginal()
             }
         }
+    }
+
+    PictureMenu {
+        id: menu
+        objectName: "previewMenu"
+        actions: preview.actions
+    }
+    Shortcut {
+        enabled: preview.model.isOpen
+        sequences: ["Menu", "Shift+F10"]
+        onActivated: menu.openFor(preview.model.previewURL, false, stage, Qt.point(stage.width / 2 - 80, 60))
     }
 
     // The text editor keeps the arrows while it has the focus; everywhere else they belong to the preview.

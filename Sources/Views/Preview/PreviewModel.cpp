@@ -1,11 +1,19 @@
 #include "Views/Preview/PreviewModel.h"
 
-#include "Manager/ImageRecords.h"
 #include "Views/Pictures/PictureDecoding.h"
 #include "Views/Pictures/PictureUrl.h"
 #include "Views/ProgressText.h"
 
 namespace quorvane {
+
+PreviewModel::PreviewModel(QObject *parent)
+    : ViewModel(parent)
+    , m_reading([this](Records records) {
+        m_records = std::move(records);
+        Q_EMIT changed();
+    })
+{
+}
 
 void PreviewModel::attach()
 {
@@ -37,19 +45,12 @@ void PreviewModel::setList(const QStringList &list)
 
 void PreviewModel::readRecords()
 {
-    m_prompt.clear();
-    m_hasPrompt = false;
-    m_original.clear();
-    m_hasPartner = false;
-    m_width = 0;
     if (isOpen()) {
-        const TextMap prompts = ImageRecords::prompts();
-        const auto prompt = prompts.find(ImageRecords::fileName(m_previewURL));
-        m_hasPrompt = prompt != prompts.end();
-        m_prompt = m_hasPrompt ? prompt->second : QString();
-        m_original = ImageRecords::recordedOriginal(m_previewURL).value_or(QString());
-        m_hasPartner = ImageRecords::hasPartner(m_previewURL);
-        m_width = shownSize(m_previewURL).width();
+        m_reading.ask([url = m_previewURL] {
+            return Records{url, ImageRecords::factsOf(url), shownSize(url).width()};
+        });
+    } else {
+        m_reading.ask([] { return Records(); });
     }
     Q_EMIT changed();
 }
@@ -103,8 +104,8 @@ QStringList PreviewModel::neighbours() const
 
 void PreviewModel::usePrompt()
 {
-    if (m_hasPrompt) {
-        Q_EMIT promptChosen(m_prompt);
+    if (canUsePrompt() && areRecordsRead()) {
+        Q_EMIT promptChosen(prompt());
         close();
     }
 }
@@ -128,13 +129,13 @@ void PreviewModel::toggleFavorite()
 
 bool PreviewModel::canUpscale() const
 {
-    const bool isSmall = m_width > 0 && m_width < kFourKWidth;
-    return isOpen() && isSmall && !m_hasPartner && manager()->upscalingURL().isEmpty();
+    const bool isSmall = m_records.width > 0 && m_records.width < kFourKWidth;
+    return isOpen() && isSmall && !m_records.facts.hasPartner && manager()->upscalingURL().isEmpty();
 }
 
 void PreviewModel::upscale()
 {
-    if (canUpscale()) {
+    if (canUpscale() && areRecordsRead()) {
         manager()->upscaleExistingImage(m_previewURL);
     }
 }
@@ -156,8 +157,8 @@ double PreviewModel::progressShare() const
 
 void PreviewModel::showOriginal()
 {
-    if (hasOriginal()) {
-        setPreviewURL(m_original);
+    if (hasOriginal() && areRecordsRead()) {
+        setPreviewURL(*m_records.facts.original);
     }
 }
 

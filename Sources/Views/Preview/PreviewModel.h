@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Manager/ImageRecords.h"
+#include "Platform/LatestReading.h"
 #include "Views/ViewModel.h"
 
 namespace quorvane {
@@ -27,7 +29,7 @@ class PreviewModel : public quorvane::ViewModel
     Q_PROPERTY(double progressShare READ progressShare NOTIFY progressChanged)
 
   public:
-    using ViewModel::ViewModel;
+    explicit PreviewModel(QObject *parent = nullptr);
 
     /// A picture this wide, in pixels, is 4K.
     static constexpr int kFourKWidth = 3840;
@@ -51,8 +53,11 @@ class PreviewModel : public quorvane::ViewModel
     [[nodiscard]] QString thumbnail() const;
     [[nodiscard]] QStringList neighbours() const;
 
-    [[nodiscard]] const QString &prompt() const { return m_prompt; }
-    [[nodiscard]] bool canUsePrompt() const { return m_hasPrompt; }
+    /// Whether what follows is that of the picture that is open. It is read from the disk and comes a moment later;
+    /// until then the last picture's stays, so that nothing flickers, but nothing is done with it.
+    [[nodiscard]] bool areRecordsRead() const { return m_records.url == m_previewURL && !m_reading.isUnderWay(); }
+    [[nodiscard]] QString prompt() const { return m_records.facts.prompt.value_or(QString()); }
+    [[nodiscard]] bool canUsePrompt() const { return m_records.facts.prompt.has_value(); }
     /// Asks for the picture's prompt to be used, and closes.
     Q_INVOKABLE void usePrompt();
 
@@ -69,7 +74,7 @@ class PreviewModel : public quorvane::ViewModel
     [[nodiscard]] double progressShare() const;
 
     /// Whether the picture was enlarged from another.
-    [[nodiscard]] bool hasOriginal() const { return !m_original.isEmpty(); }
+    [[nodiscard]] bool hasOriginal() const { return m_records.facts.original.has_value(); }
     Q_INVOKABLE void showOriginal();
 
   Q_SIGNALS:
@@ -81,6 +86,14 @@ class PreviewModel : public quorvane::ViewModel
 
   private:
     void attach() override;
+    /// What the disk says of one picture.
+    struct Records
+    {
+        QString url;
+        ImageRecords::Facts facts;
+        int width = 0; ///< In pixels; 0 when the picture cannot be read.
+    };
+
     void readRecords();
     void followUpscale();
 
@@ -88,12 +101,8 @@ class PreviewModel : public quorvane::ViewModel
     QStringList m_list;
     QString m_lastUpscalingURL;
 
-    // Read from the disk when the picture or the library changes.
-    QString m_prompt;
-    bool m_hasPrompt = false;
-    QString m_original;
-    bool m_hasPartner = false;
-    int m_width = 0; ///< In pixels; 0 when the picture cannot be read.
+    Records m_records;
+    LatestReading<Records> m_reading;
 };
 
 } // namespace quorvane

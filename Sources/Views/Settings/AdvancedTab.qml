@@ -15,7 +15,7 @@ Flickable {
 
     Column {
         id: column
-        x: 20
+        anchors.horizontalCenter: parent.horizontalCenter
         y: 16
         width: tab.width - 40
         spacing: 16

@@ -24,7 +24,7 @@ Column {
 
         Column {
             id: content
-            x: 12
+            anchors.horizontalCenter: parent.horizontalCenter
             y: 10
             width: parent.width - 24
             spacing: 8

@@ -7,6 +7,10 @@ FocusScope {
     id: sidebar
 
     required property SidebarModel model
+    required property MenuModel menu
+
+    signal settingsChosen()
+    signal quitChosen()
 
     Rectangle {
         anchors.fill: parent
@@ -21,6 +25,7 @@ FocusScope {
     }
     Flickable {
         anchors.fill: parent
+        anchors.bottomMargin: foot.visible ? foot.height : 0
         contentHeight: column.height + 40
         boundsBehavior: Flickable.StopAtBounds
         clip: true
@@ -28,7 +33,7 @@ FocusScope {
 
         Column {
             id: column
-            x: 20
+            anchors.horizontalCenter: parent.horizontalCenter
             y: 20
             width: sidebar.width - 40
             spacing: 24
@@ -120,6 +125,26 @@ FocusScope {
                 visible: sidebar.model.status !== ""
                 model: sidebar.model
             }
+        }
+    }
+    Item {
+        id: foot
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: 56
+        visible: sidebar.menu.isNeeded
+
+        Rectangle {
+            width: parent.width
+            height: 1
+            color: Theme.separator
+        }
+        MenuBarButton {
+            anchors.centerIn: parent
+            width: parent.width - 40
+            model: sidebar.menu
+            onSettingsChosen: sidebar.settingsChosen()
+            onQuitChosen: sidebar.quitChosen()
         }
     }
 }

@@ -7,6 +7,15 @@
 
 namespace quorvane {
 
+SidebarModel::SidebarModel(QObject *parent)
+    : ViewModel(parent)
+    , m_reading([this](QSet<QString> ids) {
+        m_storedKeyIds = std::move(ids);
+        Q_EMIT changed();
+    })
+{
+}
+
 void SidebarModel::attach()
 {
     WallpaperManager *source = manager();
@@ -28,8 +37,13 @@ void SidebarModel::attach()
 
 void SidebarModel::refresh()
 {
-    m_missingKeys = manager()->missingKeys();
+    m_reading.ask(&WallpaperManager::storedKeyIds);
     Q_EMIT changed();
+}
+
+QStringList SidebarModel::missingKeys() const
+{
+    return m_storedKeyIds ? manager()->missingKeys(*m_storedKeyIds) : QStringList();
 }
 
 void SidebarModel::setPromptText(const QString &text)
@@ -88,7 +102,7 @@ bool SidebarModel::isLoading() const
 
 bool SidebarModel::canGenerate() const
 {
-    return !m_promptText.isEmpty() && !manager()->isLoading() && m_missingKeys.isEmpty();
+    return !m_promptText.isEmpty() && !manager()->isLoading() && m_storedKeyIds && missingKeys().isEmpty();
 }
 
 void SidebarModel::generate()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/LatestReading.h"
 #include "Views/ViewModel.h"
 
 namespace quorvane {
@@ -29,7 +30,7 @@ class SidebarModel : public quorvane::ViewModel
     Q_PROPERTY(double progressShare READ progressShare NOTIFY changed)
 
   public:
-    using ViewModel::ViewModel;
+    explicit SidebarModel(QObject *parent = nullptr);
 
     /// The text in the editor: the manager's prompt at the start, and from then on the other way round.
     [[nodiscard]] const QString &promptText() const { return m_promptText; }
@@ -46,10 +47,11 @@ class SidebarModel : public quorvane::ViewModel
     /// How the picture becomes 4K where its service does not make it so; empty when there is nothing to say.
     [[nodiscard]] QString upscaleHint() const;
 
-    [[nodiscard]] const QStringList &missingKeys() const { return m_missingKeys; }
+    /// Of the keys as they were read last; none before the first reading.
+    [[nodiscard]] QStringList missingKeys() const;
     [[nodiscard]] bool isLoading() const;
 
-    /// A prompt of blanks is a prompt.
+    /// A prompt of blanks is a prompt. False until the keys have been read.
     [[nodiscard]] bool canGenerate() const;
     /// Does nothing unless canGenerate().
     Q_INVOKABLE void generate();
@@ -73,7 +75,7 @@ class SidebarModel : public quorvane::ViewModel
     [[nodiscard]] QString progressText() const;
     [[nodiscard]] double progressShare() const;
 
-    /// Looks again at what other programs may have changed: the key file.
+    /// Looks again at what other programs may have changed: the key file. Returns at once.
     Q_INVOKABLE void refresh();
 
   Q_SIGNALS:
@@ -84,7 +86,8 @@ class SidebarModel : public quorvane::ViewModel
     void attach() override;
 
     QString m_promptText;
-    QStringList m_missingKeys; ///< Kept, because finding out reads the key file.
+    std::optional<QSet<QString>> m_storedKeyIds; ///< Nothing until they have been read.
+    LatestReading<QSet<QString>> m_reading;
 };
 
 } // namespace quorvane

@@ -7,6 +7,10 @@ Window {
     required property QtObject manager
 
     signal settingsRequested()
+    signal quitRequested()
+
+    property bool trayShown: true
+    onTrayShownChanged: console.info("tray", trayShown ? "shown" : "missing")
 
     width: 200
     height: 100
@@ -15,6 +19,10 @@ Window {
     Shortcut {
         sequence: "Ctrl+Shift+S"
         onActivated: window.settingsRequested()
+    }
+    Shortcut {
+        sequence: "Ctrl+Shift+X"
+        onActivated: window.quitRequested()
     }
     Component.onDestruction: console.info("main closed")
 }

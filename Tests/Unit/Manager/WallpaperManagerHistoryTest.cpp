@@ -103,4 +103,44 @@ TEST_F(WallpaperManagerHistoryTest, aFavouriteToggledWhileTheLibraryIsReadIsNotU
     EXPECT_EQ(manager->history(), QStringList{paths.first()});
 }
 
+TEST_F(WallpaperManagerHistoryTest, theStartOnlyBeginsToReadAndWhoAsksGetsTheWholeAnswer)
+{
+    const QString image = putImage(QStringLiteral("one.png"));
+    ImageStore::saveFavorite(QStringLiteral("one.png"));
+    start();
+    EXPECT_FALSE(manager->isHistoryRead());
+    EXPECT_EQ(manager->history(), QStringList{image});
+    EXPECT_TRUE(manager->isHistoryRead());
+    EXPECT_TRUE(manager->favorites().contains(QStringLiteral("one.png")));
+}
+
+TEST_F(WallpaperManagerHistoryTest, theFirstReadingIsAnnounced)
+{
+    const QString image = putImage(QStringLiteral("one.png"));
+    int announced = 0;
+    QObject::connect(&start(), &WallpaperManager::favoritesChanged, [&announced] { ++announced; });
+    manager->waitUntilIdle();
+    EXPECT_EQ(announced, 1);
+    EXPECT_TRUE(manager->isHistoryRead());
+    EXPECT_EQ(manager->history(), QStringList{image});
+}
+
+TEST_F(WallpaperManagerHistoryTest, whatIsReadOnPurposeMeanwhileCountsMore)
+{
+    (void)putImage(QStringLiteral("one.png"));
+    start();
+    (void)putImage(QStringLiteral("two.png"));
+    manager->reloadHistory();
+    manager->waitUntilIdle();
+    EXPECT_EQ(manager->history().size(), 2);
+}
+
+TEST_F(WallpaperManagerHistoryTest, aFavouriteToggledBeforeTheFirstReadingEndedIsNotUndone)
+{
+    const QString image = putImage(QStringLiteral("one.png"));
+    start().toggleFavorite(image);
+    manager->waitUntilIdle();
+    EXPECT_TRUE(manager->favorites().contains(QStringLiteral("one.png")));
+}
+
 } // namespace quorvane

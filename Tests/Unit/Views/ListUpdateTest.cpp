@@ -2,29 +2,76 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+
 namespace quorvane {
 
-TEST(ListUpdate, theChangedStretchIsTheSmallestOne)
+namespace {
+
+QStringList letters(const char *text)
 {
-    const auto letters = [](const char *text) {
-        QStringList list;
-        for (const QChar letter : QString::fromLatin1(text)) {
-            list.append(letter);
+    QStringList list;
+    for (const QChar letter : QString::fromLatin1(text)) {
+        list.append(letter);
+    }
+    return list;
+}
+
+/// What a view makes of its rows, and how many of them it made new.
+std::pair<QStringList, int> applied(QStringList rows, const ListUpdate &update, const QStringList &after)
+{
+    int made = 0;
+    for (const Rows &removed : update.removed) {
+        rows.remove(removed.first, removed.count);
+    }
+    for (const Rows &added : update.added) {
+        for (int row = added.first; row < added.first + added.count; ++row, ++made) {
+            rows.insert(row, after[row]);
         }
-        return list;
-    };
+    }
+    return {rows, made};
+}
+
+} // namespace
+
+TEST(ListUpdate, onlyWhatCameWentOrMovedIsNew)
+{
     struct Case
     {
         const char *before;
         const char *after;
-        ChangedRows rows;
+        int made;
     };
     for (const Case &each :
-         {Case{"", "", {0, 0, 0}}, Case{"abc", "abc", {3, 0, 0}}, Case{"", "ab", {0, 0, 2}}, Case{"ab", "", {0, 2, 0}},
-          Case{"abc", "ac", {1, 1, 0}}, Case{"ac", "abc", {1, 0, 1}}, Case{"abc", "axc", {1, 1, 1}},
-          Case{"aa", "aaa", {2, 0, 1}}, Case{"aaa", "aa", {2, 1, 0}}, Case{"ab", "ba", {0, 2, 2}}}) {
-        EXPECT_EQ(changedRows(letters(each.before), letters(each.after)), each.rows)
-            << each.before << " to " << each.after;
+         {Case{"", "", 0}, Case{"abc", "abc", 0}, Case{"", "ab", 2}, Case{"ab", "", 0}, Case{"abc", "ac", 0},
+          Case{"ac", "abc", 1}, Case{"abc", "axc", 1}, Case{"abcdef", "xacdfy", 2}, Case{"abcde", "eabcd", 1},
+          Case{"eabcd", "abcde", 1}, Case{"abcde", "adbce", 1}, Case{"ab", "ba", 1}, Case{"abcd", "dcba", 3}}) {
+        const QStringList before = letters(each.before);
+        const QStringList after = letters(each.after);
+        const auto [rows, made] = applied(before, listUpdate(before, after), after);
+        EXPECT_EQ(rows, after) << each.before << " to " << each.after;
+        EXPECT_EQ(made, each.made) << each.before << " to " << each.after;
+    }
+}
+
+TEST(ListUpdate, neighboursGoAndComeTogether)
+{
+    const ListUpdate update = listUpdate(letters("abcdef"), letters("xyadef"));
+    EXPECT_EQ(update, (ListUpdate{{{1, 2}}, {{0, 2}}}));
+}
+
+TEST(ListUpdate, anyListBecomesAnyOther)
+{
+    std::mt19937 random(7);
+    for (int round = 0; round < 300; ++round) {
+        QStringList before = letters("abcdefghijklmnop");
+        QStringList after = before;
+        std::shuffle(before.begin(), before.end(), random);
+        std::shuffle(after.begin(), after.end(), random);
+        before.resize(qsizetype(random() % 17));
+        after.resize(qsizetype(random() % 17));
+        EXPECT_EQ(applied(before, listUpdate(before, after), after).first, after);
     }
 }
 

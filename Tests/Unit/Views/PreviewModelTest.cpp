@@ -1,6 +1,7 @@
 #include "Views/Preview/PreviewModel.h"
 
 #include "Manager/SettingsKeys.h"
+#include "Support/WaitFor.h"
 #include "Unit/Manager/ManagerFixture.h"
 
 #include <QBuffer>
@@ -27,6 +28,12 @@ class PreviewModelTest : public ManagerTest
         image.fill(Qt::darkCyan);
         EXPECT_TRUE(image.save(&buffer, "PNG"));
         return ImageStore::saveImage(name, bytes).value_or(QString());
+    }
+
+    /// Waits until everything is known of the picture that is open.
+    [[nodiscard]] bool isRead() const
+    {
+        return waitFor([&] { return model->areRecordsRead(); });
     }
 
     std::unique_ptr<PreviewModel> model;
@@ -65,12 +72,17 @@ TEST_F(PreviewModelTest, onlyAPictureNarrowerThan4KWithoutAPartnerCanBeEnlarged)
     attach();
     for (const auto &[url, can] : {std::pair{narrow, true}, {wide, false}, {broken, false}, {paired, false}}) {
         model->setPreviewURL(url);
+        EXPECT_TRUE(isRead()) << url.toStdString();
         EXPECT_EQ(model->canUpscale(), can) << url.toStdString();
     }
     model->setPreviewURL(wide);
-    EXPECT_TRUE(model->hasOriginal());
+    // Not yet known to be this picture's.
+    model->showOriginal();
+    EXPECT_EQ(model->previewURL(), wide);
+    EXPECT_TRUE(isRead() && model->hasOriginal());
     model->showOriginal();
     EXPECT_EQ(model->previewURL(), paired);
+    EXPECT_TRUE(isRead());
     EXPECT_FALSE(model->hasOriginal());
 }
 
@@ -80,6 +92,7 @@ TEST_F(PreviewModelTest, whileAnyPictureIsEnlargedNoneCanBe)
     const QString one = putPicture(QStringLiteral("one.png"), 8);
     const QString two = putPicture(QStringLiteral("two.png"), 8);
     attach().setPreviewURL(one);
+    EXPECT_TRUE(isRead());
     model->upscale();
     EXPECT_TRUE(model->isUpscaling());
     model->setPreviewURL(two);
@@ -88,6 +101,7 @@ TEST_F(PreviewModelTest, whileAnyPictureIsEnlargedNoneCanBe)
     manager->waitUntilIdle();
     // The copy replaces the picture it was made of, not another that is shown meanwhile.
     EXPECT_EQ(model->previewURL(), two);
+    EXPECT_TRUE(isRead());
     EXPECT_TRUE(model->canUpscale());
 }
 
@@ -96,9 +110,11 @@ TEST_F(PreviewModelTest, theCopyTakesThePlaceOfThePictureThatWasEnlarged)
     store(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
     const QString one = putPicture(QStringLiteral("one.png"), 8);
     attach().setPreviewURL(one);
+    EXPECT_TRUE(isRead());
     model->upscale();
     manager->waitUntilIdle();
     EXPECT_EQ(model->previewURL(), result.file);
+    EXPECT_TRUE(isRead());
     EXPECT_TRUE(model->hasOriginal());
 }
 
@@ -106,10 +122,12 @@ TEST_F(PreviewModelTest, aFailedEnlargementChangesNothing)
 {
     const QString one = putPicture(QStringLiteral("one.png"), 8);
     attach().setPreviewURL(one);
+    EXPECT_TRUE(isRead());
     model->upscale();
     manager->waitUntilIdle();
     EXPECT_TRUE(manager->isError());
     EXPECT_EQ(model->previewURL(), one);
+    EXPECT_TRUE(isRead());
     EXPECT_TRUE(model->canUpscale());
 }
 
@@ -117,11 +135,13 @@ TEST_F(PreviewModelTest, aPromptIsOfferedOnlyWhereOneIsRecorded)
 {
     const QString one = putPicture(QStringLiteral("one.png"), 8);
     attach().setPreviewURL(one);
+    EXPECT_TRUE(isRead());
     EXPECT_FALSE(model->canUsePrompt());
     model->usePrompt();
     EXPECT_TRUE(model->isOpen());
     ImageStore::savePrompt(QStringLiteral("a lake"), one);
     manager->reloadHistory();
+    EXPECT_TRUE(isRead());
     EXPECT_TRUE(model->canUsePrompt());
     QString chosen;
     QObject::connect(model.get(), &PreviewModel::promptChosen, [&](const QString &prompt) { chosen = prompt; });

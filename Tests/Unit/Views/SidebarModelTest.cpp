@@ -1,6 +1,7 @@
 #include "Views/Sidebar/SidebarModel.h"
 
 #include "Manager/SettingsKeys.h"
+#include "Support/WaitFor.h"
 #include "Unit/Manager/ManagerFixture.h"
 
 namespace quorvane {
@@ -36,16 +37,29 @@ TEST_F(SidebarModelTest, generatingNeedsAPromptAKeyAndNoRun)
     model->generate();
     EXPECT_FALSE(manager->isLoading());
     model->setPromptText(QStringLiteral(" "));
-    EXPECT_TRUE(model->canGenerate());
-    manager->removeKey(QStringLiteral("gemini"));
+    // Whether a key is missing is not known yet, and not claimed either.
     EXPECT_FALSE(model->canGenerate());
+    EXPECT_EQ(model->missingKeys(), QStringList());
+    EXPECT_TRUE(waitFor([&] { return model->canGenerate(); }));
+    manager->removeKey(QStringLiteral("gemini"));
+    EXPECT_TRUE(waitFor([&] { return !model->canGenerate(); }));
     EXPECT_EQ(model->missingKeys(), QStringList{QStringLiteral("Gemini")});
     manager->saveKey(QString(), QStringLiteral("gemini"));
-    EXPECT_TRUE(model->canGenerate());
+    EXPECT_TRUE(waitFor([&] { return model->canGenerate(); }));
     model->generate();
     EXPECT_FALSE(model->canGenerate());
     manager->waitUntilIdle();
-    EXPECT_TRUE(model->canGenerate());
+    EXPECT_TRUE(waitFor([&] { return model->canGenerate(); }));
+}
+
+TEST_F(SidebarModelTest, anotherServiceNeedsItsOwnKeyAtOnce)
+{
+    Keychain::save(QStringLiteral("KEY"), QStringLiteral("gemini"));
+    attach().setPromptText(QStringLiteral("a lake"));
+    ASSERT_TRUE(waitFor([&] { return model->canGenerate(); }));
+    manager->setProviderOverride(QStringLiteral("openai"));
+    EXPECT_FALSE(model->canGenerate());
+    EXPECT_EQ(model->missingKeys(), QStringList{QStringLiteral("OpenAI")});
 }
 
 TEST_F(SidebarModelTest, theHintNamesTheWayTo4KWhereTheServiceHasNone)

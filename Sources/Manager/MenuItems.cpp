@@ -1,4 +1,4 @@
-#include "App/MenuItems.h"
+#include "Manager/MenuItems.h"
 
 #include <QCoreApplication>
 

@@ -1,4 +1,4 @@
-#include "App/SessionBus.h"
+#include "Platform/SessionBus.h"
 
 #include <QFileInfo>
 

@@ -1,0 +1,42 @@
+#include "Views/Actions/PictureMimeData.h"
+
+#include <QImageReader>
+#include <QUrl>
+
+namespace quorvane {
+
+namespace {
+
+/// Qt's name for pixels, which it offers to other programs in every image format that it can write.
+const QString kPixels = QStringLiteral("application/x-qt-image");
+
+} // namespace
+
+PictureMimeData::PictureMimeData(const QString &path)
+    : m_path(path)
+{
+    setUrls({QUrl::fromLocalFile(path)});
+}
+
+QStringList PictureMimeData::formats() const
+{
+    return QMimeData::formats() << kPixels;
+}
+
+bool PictureMimeData::hasFormat(const QString &format) const
+{
+    return format == kPixels || QMimeData::hasFormat(format);
+}
+
+QVariant PictureMimeData::retrieveData(const QString &format, QMetaType type) const
+{
+    if (format != kPixels) {
+        return QMimeData::retrieveData(format, type);
+    }
+    QImageReader reader(m_path);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    return reader.read();
+}
+
+} // namespace quorvane

@@ -1,0 +1,60 @@
+#include "Manager/GalleryListing.h"
+
+#include "Storage/ImageStore.h"
+#include "Support/PrivateHome.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvane {
+
+class GalleryListingTest : public testing::Test
+{
+  protected:
+    [[nodiscard]] static QString put(const char *name, const QByteArray &bytes = "image")
+    {
+        return ImageStore::saveImage(QString::fromLatin1(name), bytes).value_or(QString());
+    }
+
+    PrivateHome home;
+};
+
+TEST_F(GalleryListingTest, itHasTheAlbumsAndThePicturesOfTheOneAskedFor)
+{
+    const QString lake = put("lake.png");
+    const QString other = put("other.png");
+    ImageStore::savePrompt(QStringLiteral("a lake"), lake);
+    const GalleryListing listing = readGallery({other, lake}, {}, QStringLiteral("a lake"));
+    ASSERT_EQ(listing.albums.size(), 2U);
+    ASSERT_TRUE(listing.pictures && listing.pictures->size() == 1);
+    const PictureEntry &entry = listing.pictures->front();
+    EXPECT_EQ(entry.path, lake);
+    EXPECT_EQ(entry.prompt, QStringLiteral("a lake"));
+    EXPECT_EQ(entry.stamp.sizeBytes, 5);
+    EXPECT_TRUE(entry.created.has_value());
+}
+
+TEST_F(GalleryListingTest, anAlbumThatIsGoneAndNoAlbumHaveNoPictures)
+{
+    const QString lake = put("lake.png");
+    EXPECT_FALSE(readGallery({lake}, {}, QStringLiteral("a hill")).pictures);
+    EXPECT_FALSE(readGallery({lake}, {}, std::nullopt).pictures);
+}
+
+TEST_F(GalleryListingTest, aPictureThatIsGoneIsListedWithoutItsFile)
+{
+    const QString path = home.library() + QStringLiteral("/gone.png");
+    const GalleryListing listing = readGallery({path}, {}, QStringLiteral("Uncategorized"));
+    ASSERT_TRUE(listing.pictures && listing.pictures->size() == 1);
+    EXPECT_EQ(listing.pictures->front().stamp, FileStamp());
+    EXPECT_EQ(listing.pictures->front().created, std::nullopt);
+}
+
+TEST_F(GalleryListingTest, anotherContentIsAnotherStamp)
+{
+    const QString path = put("one.png");
+    const FileStamp before = fileStamp(path);
+    (void)put("one.png", "longer image");
+    EXPECT_NE(fileStamp(path), before);
+}
+
+} // namespace quorvane

@@ -1,0 +1,82 @@
+#include "Views/Gallery/ImageListModel.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace quorvane {
+
+class ImageListModelTest : public testing::Test
+{
+  protected:
+    ImageListModelTest() { model.setPictures({entry("/a.png"), entry("/b.png"), entry("/c.png")}); }
+
+    [[nodiscard]] static PictureEntry entry(const char *path, qint64 sizeBytes = 1)
+    {
+        return {QString::fromLatin1(path), {1, sizeBytes}, QStringLiteral("a lake"), std::nullopt};
+    }
+    /// The rows that were told to be different, as "1 2".
+    [[nodiscard]] QString changedRows() const
+    {
+        QStringList rows;
+        for (const QList<QVariant> &each : changed) {
+            EXPECT_EQ(each.at(0).toModelIndex(), each.at(1).toModelIndex());
+            rows.append(QString::number(each.at(0).toModelIndex().row()));
+        }
+        return rows.join(QLatin1Char(' '));
+    }
+
+    ImageListModel model;
+    QSignalSpy changed{&model, &QAbstractItemModel::dataChanged};
+    QSignalSpy added{&model, &QAbstractItemModel::rowsInserted};
+    QSignalSpy removed{&model, &QAbstractItemModel::rowsRemoved};
+    QSignalSpy reset{&model, &QAbstractItemModel::modelReset};
+};
+
+TEST_F(ImageListModelTest, theSameAgainIsNoNews)
+{
+    changed.clear();
+    added.clear();
+    model.setPictures({entry("/a.png"), entry("/b.png"), entry("/c.png")});
+    EXPECT_EQ(changed.size() + added.size() + removed.size() + reset.size(), 0);
+}
+
+TEST_F(ImageListModelTest, aNewPictureIsOneRowAndTheOthersStay)
+{
+    added.clear();
+    model.setPictures({entry("/new.png"), entry("/a.png"), entry("/b.png"), entry("/c.png")});
+    ASSERT_EQ(added.size(), 1);
+    EXPECT_EQ(added.first().at(1).toInt(), 0);
+    EXPECT_EQ(added.first().at(2).toInt(), 0);
+    EXPECT_EQ(changed.size() + removed.size() + reset.size(), 0);
+}
+
+TEST_F(ImageListModelTest, onlyAFileWithAnotherContentIsLoadedAgain)
+{
+    const QVariant before = model.data(model.index(1), ImageListModel::ThumbnailRole);
+    model.setPictures({entry("/a.png"), entry("/b.png", 2), entry("/c.png")});
+    EXPECT_EQ(changedRows(), QStringLiteral("1"));
+    EXPECT_NE(model.data(model.index(1), ImageListModel::ThumbnailRole), before);
+}
+
+TEST_F(ImageListModelTest, onlyTheTileThatWasToggledHearsOfIt)
+{
+    model.setFavorites({QStringLiteral("a.png"), QStringLiteral("gone.png")});
+    EXPECT_EQ(changedRows(), QStringLiteral("0"));
+    EXPECT_TRUE(model.data(model.index(0), ImageListModel::IsFavoriteRole).toBool());
+    changed.clear();
+    model.setFavorites({QStringLiteral("c.png")});
+    EXPECT_EQ(changedRows(), QStringLiteral("0 2"));
+}
+
+TEST_F(ImageListModelTest, onlyTheTilesOfTheEnlargementHearOfIt)
+{
+    model.setUpscaling(QStringLiteral("/b.png"));
+    EXPECT_EQ(changedRows(), QStringLiteral("1"));
+    changed.clear();
+    model.setUpscaling(QString());
+    EXPECT_EQ(changedRows(), QStringLiteral("1"));
+    EXPECT_FALSE(model.data(model.index(1), ImageListModel::IsUpscalingRole).toBool());
+}
+
+} // namespace quorvane
