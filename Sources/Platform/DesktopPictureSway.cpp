@@ -1,13 +1,11 @@
 #include "Platform/DesktopPictureSway.h"
 
+#include "Platform/HandedPicture.h"
 #include "Platform/PictureCopy.h"
-#include "Platform/PictureFile.h"
 #include "Platform/SwaySocket.h"
 
-#include <QBuffer>
 #include <QDeadlineTimer>
 #include <QFile>
-#include <QImageWriter>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -18,59 +16,6 @@
 namespace quorvane {
 
 namespace {
-
-/// Enough to know that a picture decodes to its end.
-constexpr QSize kCheckSize(256, 256);
-
-/// What sway is given instead of the picture's own path, or why it cannot be given anything.
-struct HandedPicture
-{
-    QString path;
-    bool isCopy = false;
-    QString error;
-};
-
-QByteArray encodedAsPng(const QImage &image)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    QImageWriter writer(&buffer, "png");
-    writer.setCompression(10); // Fast: the copy lives until the next picture.
-    return writer.write(image) ? bytes : QByteArray();
-}
-
-HandedPicture handedPicture(const QString &path)
-{
-    const PictureFile checked = readPicture(path, kCheckSize);
-    if (!checked.error.isEmpty()) {
-        return {{}, false, checked.error};
-    }
-    // sway's background program reads PNG and JPEG everywhere, other formats only where a plug-in happens to be.
-    const bool isReadable = checked.format == "png" || checked.format == "jpeg";
-    if (isReadable && DesktopPictureSway::isPlainPath(path)) {
-        return {path, false, {}};
-    }
-    QByteArray bytes;
-    if (isReadable) {
-        QFile file(path);
-        bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    } else {
-        bytes = encodedAsPng(readPicture(path).image);
-    }
-    if (bytes.isEmpty()) {
-        return {{}, false, QStringLiteral("The picture cannot be copied for sway")};
-    }
-    const QString ending = checked.format == "jpeg" ? QStringLiteral("jpg") : QStringLiteral("png");
-    const QStringList folders = PictureCopy::folders();
-    for (const QString &folder : folders) {
-        if (DesktopPictureSway::isPlainPath(folder)) {
-            if (const std::optional<QString> copy = PictureCopy::write(folder, bytes, ending)) {
-                return {*copy, true, {}};
-            }
-        }
-    }
-    return {{}, false, QStringLiteral("No folder could hold a copy of the picture under a name that sway takes")};
-}
 
 bool contains(const QList<Screen> &screens, const QString &name)
 {
@@ -111,7 +56,7 @@ QList<Screen> DesktopPictureSway::screens()
 std::optional<QString> DesktopPictureSway::setPicture(const QString &path, const QList<Screen> &screens)
 {
     // Decoding and copying come first, so that sway's time is not spent on them.
-    const HandedPicture handed = handedPicture(path);
+    const HandedPicture handed = handedPicture(path, isPlainPath);
     if (!handed.error.isEmpty()) {
         return handed.error;
     }
