@@ -3,8 +3,10 @@
 
 #include "Platform/SettingsGroup.h"
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
+#include <cstring>
 #include <mutex>
 
 // Their names stand in the same places as ours, so they come last.
@@ -71,17 +73,27 @@ class DconfWarnings
     }
 
   private:
-    DconfWarnings() { g_log_set_handler("dconf", G_LOG_LEVEL_WARNING, &DconfWarnings::take, this); }
+    DconfWarnings() { g_log_set_writer_func(&DconfWarnings::take, this, nullptr); }
 
-    static void take(const char *domain, GLogLevelFlags level, const char *message, void *warnings)
+    static QByteArray fieldOf(const GLogField *fields, gsize count, const char *key)
     {
-        auto *self = static_cast<DconfWarnings *>(warnings);
-        {
+        const auto *const end = fields + count;
+        const auto *const field =
+            std::find_if(fields, end, [&](const GLogField &each) { return std::strcmp(each.key, key) == 0; });
+        return field == end
+                   ? QByteArray()
+                   : QByteArray(static_cast<const char *>(field->value), static_cast<qsizetype>(field->length));
+    }
+
+    static GLogWriterOutput take(GLogLevelFlags level, const GLogField *fields, gsize count, void *warnings)
+    {
+        if (level == G_LOG_LEVEL_WARNING && fieldOf(fields, count, "GLIB_DOMAIN") == "dconf") {
+            auto *self = static_cast<DconfWarnings *>(warnings);
             const std::scoped_lock lock(self->m_mutex);
-            self->m_last = QString::fromUtf8(message);
+            self->m_last = QString::fromUtf8(fieldOf(fields, count, "MESSAGE"));
+            self->m_arrived.notify_all();
         }
-        self->m_arrived.notify_all();
-        g_log_default_handler(domain, level, message, nullptr);
+        return g_log_writer_default(level, fields, count, nullptr);
     }
 
     std::mutex m_mutex;
