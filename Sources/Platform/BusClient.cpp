@@ -18,17 +18,6 @@ QString nextName()
 
 } // namespace
 
-QString sessionBusAddress()
-{
-    const QString told = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
-    if (!told.isEmpty()) {
-        return told;
-    }
-    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    const QString socket = folder + QStringLiteral("/bus");
-    return !folder.isEmpty() && QFileInfo::exists(socket) ? QStringLiteral("unix:path=") + socket : QString();
-}
-
 BusClient::BusClient(const QString &address)
     : m_name(nextName())
     , m_bus(address.isEmpty() ? QDBusConnection(m_name) : QDBusConnection::connectToBus(address, m_name))

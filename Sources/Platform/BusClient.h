@@ -8,10 +8,6 @@
 
 namespace quorvane {
 
-/// The session bus's address: DBUS_SESSION_BUS_ADDRESS, or else the socket in the runtime folder; empty where there is
-/// none. Asking Qt for the session bus instead could start a bus of its own.
-[[nodiscard]] QString sessionBusAddress();
-
 /// A connection to a bus for one thread and one piece of work. Connecting knows no time limit, so it is used inside
 /// withinLimit().
 class BusClient

@@ -1,5 +1,7 @@
 #include "Platform/DesktopChoice.h"
 
+#include "Platform/SessionDesktops.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -18,16 +20,16 @@ struct Tr
 struct KnownName
 {
     QLatin1String name;
-    DesktopWay way = DesktopWay::None; ///< None: a name that is reserved for a way that does not exist yet.
+    DesktopWay way = DesktopWay::None;
 };
 
 constexpr std::array kKnownNames{
-    KnownName{QLatin1String("gnome"), DesktopWay::None},
+    KnownName{QLatin1String("gnome"), DesktopWay::Gnome},
     KnownName{QLatin1String("plasma"), DesktopWay::Plasma},
-    KnownName{QLatin1String("xfce"), DesktopWay::None},
-    KnownName{QLatin1String("mate"), DesktopWay::None},
-    KnownName{QLatin1String("cinnamon"), DesktopWay::None},
-    KnownName{QLatin1String("lxqt"), DesktopWay::None},
+    KnownName{QLatin1String("xfce"), DesktopWay::Xfce},
+    KnownName{QLatin1String("mate"), DesktopWay::Mate},
+    KnownName{QLatin1String("cinnamon"), DesktopWay::Cinnamon},
+    KnownName{QLatin1String("lxqt"), DesktopWay::Lxqt},
     KnownName{QLatin1String("sway"), DesktopWay::Sway},
     KnownName{QLatin1String("hyprland"), DesktopWay::Hyprland},
     KnownName{QLatin1String("layer-shell"), DesktopWay::LayerShell},
@@ -36,64 +38,92 @@ constexpr std::array kKnownNames{
     KnownName{QLatin1String("command"), DesktopWay::Command},
 };
 
-/// Entries of XDG_CURRENT_DESKTOP whose desktops cover the X11 root window with a window of their own.
+/// Entries of XDG_CURRENT_DESKTOP whose desktops cover the X11 root window with a window of their own, and that there
+/// is no way to yet.
 constexpr std::array kPaintersOverRoot{
-    QLatin1String("GNOME"),  QLatin1String("Unity"),      QLatin1String("Pantheon"), QLatin1String("Budgie"),
-    QLatin1String("XFCE"),   QLatin1String("X-Cinnamon"), QLatin1String("Cinnamon"), QLatin1String("MATE"),
-    QLatin1String("LXQt"),   QLatin1String("LXDE"),       QLatin1String("Deepin"),   QLatin1String("DDE"),
+    QLatin1String("LXDE"),
+    QLatin1String("Deepin"),
+    QLatin1String("DDE"),
     QLatin1String("COSMIC"),
 };
-
-bool lists(const QStringList &currentDesktops, QLatin1String name)
-{
-    return currentDesktops.contains(name, Qt::CaseInsensitive);
-}
 
 /// What keeps a way that was asked for by name from working; empty where nothing does.
 QString obstacle(DesktopWay way, const DesktopFacts &facts)
 {
     switch (way) {
-    case DesktopWay::Plasma:
-        return facts.plasmaAnswers ? QString() : QStringLiteral("org.kde.plasmashell is not on the session bus");
     case DesktopWay::Hyprland:
-        return facts.hasHyprland ? QString() : QStringLiteral("HYPRLAND_INSTANCE_SIGNATURE is not set");
+        return facts.hasHyprland ? QString() : Tr::tr("HYPRLAND_INSTANCE_SIGNATURE is not set");
     case DesktopWay::LayerShell:
         if (!facts.hasWayland) {
-            return QStringLiteral("WAYLAND_DISPLAY is not set");
+            return Tr::tr("WAYLAND_DISPLAY is not set");
         }
-        return facts.hasLayerShell ? QString() : QStringLiteral("the compositor does not offer zwlr_layer_shell_v1");
+        return facts.hasLayerShell ? QString() : Tr::tr("the compositor does not offer zwlr_layer_shell_v1");
     case DesktopWay::Portal:
-        return facts.portalAnswers ? QString() : QStringLiteral("no portal of this session sets wallpapers");
+        return facts.portalAnswers ? QString() : Tr::tr("no portal of this session sets wallpapers");
     default:
         return {};
     }
+}
+
+/// What is missing for the desktop to take a picture; empty when it is there.
+QString whatIsMissing(const SessionDesktop &desktop, const DesktopFacts &facts)
+{
+    if (desktop.settings && !facts.schemas.contains(desktop.settings->schema)) {
+        return Tr::tr("its settings \"%1\" are not installed").arg(desktop.settings->schema);
+    }
+    if (desktop.displays == SessionDesktop::Displays::OnlyX11 && !facts.hasX11) {
+        return Tr::tr("DISPLAY is not set");
+    }
+    const bool isThere = std::any_of(desktop.painters.begin(), desktop.painters.end(),
+                                     [&](const QString &painter) { return facts.busNames.contains(painter); });
+    return isThere ? QString() : Tr::tr("%1 is not on the session bus").arg(desktop.painters.join(Tr::tr(" or ")));
+}
+
+/// Whether only what is there already shall be chosen.
+enum class Confirmed { Yes, No };
+
+std::optional<DesktopChoice> namedDesktop(const DesktopFacts &facts, Confirmed confirmed)
+{
+    for (const SessionDesktop &desktop : sessionDesktops()) {
+        const QString entry = namingEntry(desktop, facts.currentDesktops);
+        const bool canBeHere = desktop.displays == SessionDesktop::Displays::Any || !facts.hasWayland;
+        if (entry.isEmpty() || !canBeHere) {
+            continue;
+        }
+        const QString missing = whatIsMissing(desktop, facts);
+        if (missing.isEmpty()) {
+            return DesktopChoice{desktop.way,
+                                 Tr::tr("XDG_CURRENT_DESKTOP names \"%1\", and it draws the background").arg(entry)};
+        }
+        if (confirmed == Confirmed::No) {
+            return DesktopChoice{desktop.way, Tr::tr("XDG_CURRENT_DESKTOP names \"%1\", but %2").arg(entry, missing)};
+        }
+    }
+    return std::nullopt;
 }
 
 /// The ways that the session itself shows to be there, the first that fits.
 std::optional<DesktopChoice> runningDesktop(const DesktopFacts &facts)
 {
     if (facts.isSandboxed && facts.portalAnswers) {
-        return DesktopChoice{DesktopWay::Portal, QStringLiteral("this is a sandbox, and its portal sets wallpapers")};
+        return DesktopChoice{DesktopWay::Portal, Tr::tr("this is a sandbox, and its portal sets wallpapers")};
     }
-    // One bus may serve two sessions of a user, only one of which is Plasma.
-    const bool isNamed = lists(facts.currentDesktops, QLatin1String("KDE"));
-    if (facts.plasmaAnswers && (isNamed || facts.currentDesktops.isEmpty())) {
-        return DesktopChoice{DesktopWay::Plasma, QStringLiteral("plasmashell runs on the session bus")};
+    if (auto named = namedDesktop(facts, Confirmed::Yes)) {
+        return named;
     }
     if (facts.swayAnswers) {
-        return DesktopChoice{DesktopWay::Sway, QStringLiteral("sway answers on SWAYSOCK")};
+        return DesktopChoice{DesktopWay::Sway, Tr::tr("sway answers on SWAYSOCK")};
     }
     if (facts.hyprlandAnswers) {
-        return DesktopChoice{DesktopWay::Hyprland, QStringLiteral("Hyprland answers on its socket")};
+        return DesktopChoice{DesktopWay::Hyprland, Tr::tr("Hyprland answers on its socket")};
     }
-    if (isNamed) {
-        // Not anything else: it would lie behind Plasma's desktop as soon as that runs.
-        return DesktopChoice{DesktopWay::Plasma, QStringLiteral("XDG_CURRENT_DESKTOP names \"KDE\", "
-                                                                "but plasmashell is not on the session bus yet")};
+    // Before anything else: what else could be set would lie behind the desktop as soon as that runs.
+    if (auto named = namedDesktop(facts, Confirmed::No)) {
+        return named;
     }
     if (facts.hasLayerShell) {
-        return DesktopChoice{DesktopWay::LayerShell, QStringLiteral("the compositor offers zwlr_layer_shell_v1; "
-                                                                    "the picture is shown while the application runs")};
+        return DesktopChoice{DesktopWay::LayerShell, Tr::tr("the compositor offers zwlr_layer_shell_v1; "
+                                                            "the picture is shown while the application runs")};
     }
     return std::nullopt;
 }
@@ -110,10 +140,6 @@ DesktopChoice wantedDesktop(const DesktopFacts &facts)
         return {DesktopWay::None, Tr::tr("QUORVANE_DESKTOP is \"%1\", which is none of %2")
                                       .arg(facts.wanted, names.join(QLatin1String(", ")))};
     }
-    if (known->way == DesktopWay::None) {
-        return {DesktopWay::None,
-                Tr::tr("QUORVANE_DESKTOP is \"%1\", which this version does not support yet").arg(facts.wanted)};
-    }
     if (known->way == DesktopWay::Command && facts.command.isEmpty()) {
         return {DesktopWay::None,
                 Tr::tr("QUORVANE_DESKTOP is \"%1\", but QUORVANE_WALLPAPER_COMMAND is not set").arg(facts.wanted)};
@@ -124,10 +150,10 @@ DesktopChoice wantedDesktop(const DesktopFacts &facts)
     if (known->way == DesktopWay::X11 && !facts.hasX11) {
         return {DesktopWay::X11, Tr::tr("QUORVANE_DESKTOP is \"%1\", but DISPLAY is not set").arg(facts.wanted)};
     }
-    if (const QString problem = obstacle(known->way, facts); !problem.isEmpty()) {
-        return {known->way, Tr::tr("QUORVANE_DESKTOP is \"%1\", but %2").arg(facts.wanted, problem)};
-    }
-    return {known->way, Tr::tr("QUORVANE_DESKTOP is \"%1\"").arg(facts.wanted)};
+    const SessionDesktop *desktop = sessionDesktop(known->way, facts.currentDesktops);
+    const QString problem = desktop != nullptr ? whatIsMissing(*desktop, facts) : obstacle(known->way, facts);
+    return {known->way, problem.isEmpty() ? Tr::tr("QUORVANE_DESKTOP is \"%1\"").arg(facts.wanted)
+                                          : Tr::tr("QUORVANE_DESKTOP is \"%1\", but %2").arg(facts.wanted, problem)};
 }
 
 QString painterOverRoot(const QStringList &currentDesktops)
@@ -143,6 +169,14 @@ QString painterOverRoot(const QStringList &currentDesktops)
 }
 
 } // namespace
+
+QString nameOf(DesktopWay way)
+{
+    const auto *const known = std::find_if(kKnownNames.begin(), kKnownNames.end(), [&](const KnownName &entry) {
+        return entry.way == way && way != DesktopWay::None;
+    });
+    return known == kKnownNames.end() ? QString() : QString(known->name);
+}
 
 DesktopChoice chooseDesktop(const DesktopFacts &facts)
 {
@@ -160,8 +194,7 @@ DesktopChoice chooseDesktop(const DesktopFacts &facts)
         return {DesktopWay::X11, Tr::tr("DISPLAY is set and no desktop paints over the X11 root window")};
     }
     if (facts.portalAnswers) {
-        return {DesktopWay::Portal,
-                QStringLiteral("nothing else is known here, and the session's portal sets wallpapers")};
+        return {DesktopWay::Portal, Tr::tr("nothing else is known here, and the session's portal sets wallpapers")};
     }
     if (facts.hasWayland) {
         return {DesktopWay::None, Tr::tr("this Wayland desktop is not supported yet; "

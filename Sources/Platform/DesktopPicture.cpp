@@ -1,17 +1,25 @@
 #include "Platform/DesktopPicture.h"
 
-#include "Platform/BusClient.h"
+#include "Platform/DesktopBus.h"
 #include "Platform/DesktopChoice.h"
 #include "Platform/DesktopPictureCommand.h"
+#include "Platform/DesktopPictureGSettings.h"
 #include "Platform/DesktopPictureHyprland.h"
 #include "Platform/DesktopPictureLayerShell.h"
+#include "Platform/DesktopPictureLxqt.h"
 #include "Platform/DesktopPicturePlasma.h"
 #include "Platform/DesktopPicturePortal.h"
 #include "Platform/DesktopPictureSway.h"
 #include "Platform/DesktopPictureUnimplemented.h"
 #include "Platform/DesktopPictureX11.h"
+#include "Platform/DesktopPictureXfce.h"
+#include "Platform/MutterScreens.h"
+#include "Platform/SessionBus.h"
+#include "Platform/SessionDesktops.h"
 #include "Platform/SessionDisplay.h"
+#include "Platform/SettingsGroup.h"
 #include "Platform/SwaySocket.h"
+#include "Platform/TimeLimit.h"
 #include "Platform/WaylandFacts.h"
 
 #include <QFile>
@@ -34,6 +42,40 @@ QStringList hyprlandFolders()
     return DesktopPictureHyprland::socketFolders(qEnvironmentVariable("HYPRLAND_INSTANCE_SIGNATURE"));
 }
 
+QStringList namesOnTheBus()
+{
+    const auto names = withinLimit(kDesktopLimit, [address = SessionBus::address()](const auto &) {
+        return DesktopBus(address, QDeadlineTimer(kDesktopLimit)).names();
+    });
+    return names.value_or(QStringList());
+}
+
+QStringList installedSchemas()
+{
+    QStringList schemas;
+    for (const SessionDesktop &desktop : sessionDesktops()) {
+        if (desktop.settings && SettingsGroup::isInstalled(desktop.settings->schema)) {
+            schemas.append(desktop.settings->schema);
+        }
+    }
+    return schemas;
+}
+
+QList<Screen> x11Screens()
+{
+    return DesktopPictureX11(qgetenv("DISPLAY"), QString()).screens();
+}
+
+/// On Wayland the X server that stands in for old programs may not run, and starting it would be a waste.
+QList<Screen> gnomeScreens()
+{
+    const auto asked = withinLimit(kDesktopLimit, [address = SessionBus::address()](const auto &) {
+        DesktopBus bus(address, QDeadlineTimer(kDesktopLimit));
+        return mutterScreens(bus);
+    });
+    return asked && *asked ? **asked : x11Screens();
+}
+
 DesktopFacts factsOfThisSession()
 {
     DesktopFacts facts;
@@ -46,7 +88,8 @@ DesktopFacts factsOfThisSession()
     facts.hasX11 = !qEnvironmentVariableIsEmpty("DISPLAY");
     facts.currentDesktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(QLatin1Char(':'), Qt::SkipEmptyParts);
     facts.isSandboxed = QFile::exists(QStringLiteral("/.flatpak-info")) || qgetenv("container") == "flatpak";
-    facts.plasmaAnswers = DesktopPicturePlasma::answers(sessionBusAddress());
+    facts.busNames = namesOnTheBus();
+    facts.schemas = installedSchemas();
     facts.hasHyprland = !qEnvironmentVariableIsEmpty("HYPRLAND_INSTANCE_SIGNATURE");
     facts.hyprlandAnswers = facts.hasHyprland && DesktopPictureHyprland::answers(hyprlandFolders());
     facts.hasLayerShell =
@@ -54,9 +97,16 @@ DesktopFacts factsOfThisSession()
     // Asking starts the portal where it does not run, so it is asked only where it could be chosen.
     const bool isLast = facts.wanted.isEmpty() && chooseDesktop(facts).way == DesktopWay::None;
     if (facts.isSandboxed || facts.wanted == QLatin1String("portal") || isLast) {
-        facts.portalAnswers = DesktopPicturePortal::answers(sessionBusAddress());
+        facts.portalAnswers = DesktopPicturePortal::answers(SessionBus::address());
     }
     return facts;
+}
+
+std::unique_ptr<DesktopPicture> settingsPicture(const DesktopChoice &choice, const QStringList &currentDesktops)
+{
+    return std::make_unique<DesktopPictureGSettings>(
+        nameOf(choice.way), *sessionDesktop(choice.way, currentDesktops), SessionBus::address(),
+        choice.way == DesktopWay::Gnome ? gnomeScreens : x11Screens, choice.reason);
 }
 
 std::unique_ptr<DesktopPicture> pictureFor(const DesktopFacts &facts, ProgramLife life)
@@ -66,14 +116,22 @@ std::unique_ptr<DesktopPicture> pictureFor(const DesktopFacts &facts, ProgramLif
     case DesktopWay::None:
         break;
     case DesktopWay::Plasma:
-        return std::make_unique<DesktopPicturePlasma>(sessionBusAddress(), sessionDisplay(), choice.reason);
+        return std::make_unique<DesktopPicturePlasma>(SessionBus::address(), sessionDisplay(), choice.reason);
     case DesktopWay::Hyprland:
         return std::make_unique<DesktopPictureHyprland>(hyprlandFolders(), sessionDisplay().wayland, choice.reason,
                                                         life);
     case DesktopWay::LayerShell:
         return std::make_unique<DesktopPictureLayerShell>(sessionDisplay().wayland, choice.reason, life);
     case DesktopWay::Portal:
-        return std::make_unique<DesktopPicturePortal>(sessionBusAddress(), sessionDisplay(), choice.reason);
+        return std::make_unique<DesktopPicturePortal>(SessionBus::address(), sessionDisplay(), choice.reason);
+    case DesktopWay::Gnome:
+    case DesktopWay::Mate:
+    case DesktopWay::Cinnamon:
+        return settingsPicture(choice, facts.currentDesktops);
+    case DesktopWay::Xfce:
+        return std::make_unique<DesktopPictureXfce>(SessionBus::address(), x11Screens, choice.reason);
+    case DesktopWay::Lxqt:
+        return std::make_unique<DesktopPictureLxqt>(SessionBus::address(), qgetenv("DISPLAY"), choice.reason);
     case DesktopWay::Sway:
         return std::make_unique<DesktopPictureSway>(pathVariable("SWAYSOCK"), choice.reason);
     case DesktopWay::X11:

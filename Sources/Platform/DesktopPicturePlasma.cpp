@@ -88,14 +88,6 @@ DesktopPicturePlasma::DesktopPicturePlasma(QString busAddress, SessionDisplay di
 {
 }
 
-bool DesktopPicturePlasma::answers(const QString &busAddress, std::chrono::milliseconds limit)
-{
-    const auto owned = withinLimit(limit, [busAddress, limit](const std::stop_token &) {
-        return BusClient(busAddress).isOwned(kShell, QDeadlineTimer(limit));
-    });
-    return owned.value_or(false);
-}
-
 QList<Screen> DesktopPicturePlasma::screens()
 {
     return m_display.screens(m_limit);

@@ -14,10 +14,6 @@ class DesktopPicturePlasma : public DesktopPicture
     /// busAddress is the session bus's.
     DesktopPicturePlasma(QString busAddress, SessionDisplay display, QString reason,
                          std::chrono::milliseconds limit = kDesktopLimit);
-
-    /// Whether plasmashell runs on the bus.
-    [[nodiscard]] static bool answers(const QString &busAddress, std::chrono::milliseconds limit = kDesktopLimit);
-
     [[nodiscard]] QString name() const override { return QStringLiteral("plasma"); }
     [[nodiscard]] QString reason() const override { return m_reason; }
 

@@ -1,7 +1,7 @@
 #include "Platform/DesktopPictureSway.h"
 
+#include "Platform/HandedPicture.h"
 #include "Platform/PictureCopy.h"
-#include "Platform/PictureFile.h"
 #include "Platform/SwaySocket.h"
 
 #include <QCoreApplication>
@@ -22,35 +22,6 @@ struct Tr
 {
     Q_DECLARE_TR_FUNCTIONS(DesktopPictureSway)
 };
-
-/// Enough to know that a picture decodes to its end.
-constexpr QSize kCheckSize(256, 256);
-
-/// What sway is given instead of the picture's own path, or why it cannot be given anything.
-struct HandedPicture
-{
-    QString path;
-    bool isCopy = false;
-    QString error;
-};
-
-HandedPicture handedPicture(const QString &path)
-{
-    const PictureFile checked = readPicture(path, kCheckSize);
-    if (!checked.error.isEmpty()) {
-        return {{}, false, checked.error};
-    }
-    // sway's background program reads PNG and JPEG everywhere, other formats only where a plug-in happens to be.
-    const bool isReadable = checked.format == "png" || checked.format == "jpeg";
-    if (isReadable && DesktopPictureSway::isPlainPath(path)) {
-        return {path, false, {}};
-    }
-    const std::optional<QString> copy = PictureCopy::ofPicture(path, checked.format, &DesktopPictureSway::isPlainPath);
-    if (!copy) {
-        return {{}, false, Tr::tr("No folder could hold a copy of the picture under a name that sway takes")};
-    }
-    return {*copy, true, {}};
-}
 
 bool contains(const QList<Screen> &screens, const QString &name)
 {
@@ -91,7 +62,7 @@ QList<Screen> DesktopPictureSway::screens()
 std::optional<QString> DesktopPictureSway::setPicture(const QString &path, const QList<Screen> &screens)
 {
     // Decoding and copying come first, so that sway's time is not spent on them.
-    const HandedPicture handed = handedPicture(path);
+    const HandedPicture handed = handedPicture(path, isPlainPath);
     if (!handed.error.isEmpty()) {
         return handed.error;
     }

@@ -2,14 +2,11 @@
 
 #include "Platform/AtomicFile.h"
 #include "Platform/Paths.h"
-#include "Platform/PictureFile.h"
 
-#include <QBuffer>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QImageWriter>
 #include <QRegularExpression>
 
 namespace quorvane::PictureCopy {
@@ -19,20 +16,11 @@ namespace {
 // Followed by the time in UTC and a counter that keeps two copies of one instant apart.
 const QString kNameBegin = QStringLiteral("wallpaper-");
 
-bool isCopysName(const QString &name)
+bool isOurName(const QString &name)
 {
     static const QRegularExpression ours(
         QRegularExpression::anchoredPattern(kNameBegin + QStringLiteral(R"(\d{8}-\d{9}-\d+\.[a-z]+)")));
     return ours.match(name).hasMatch();
-}
-
-QByteArray encodedAsPng(const QImage &image)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    QImageWriter writer(&buffer, "png");
-    writer.setCompression(10); // Fast: the copy lives until the next picture.
-    return writer.write(image) ? bytes : QByteArray();
 }
 
 } // namespace
@@ -62,32 +50,20 @@ std::optional<QString> write(const QString &folder, const QByteArray &bytes, con
     }
 }
 
-std::optional<QString> ofPicture(const QString &path, const QByteArray &format,
-                                 const std::function<bool(const QString &)> &accepts)
-{
-    QByteArray bytes;
-    if (format == "png" || format == "jpeg") {
-        QFile file(path);
-        bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    } else {
-        bytes = encodedAsPng(readPicture(path).image);
-    }
-    const QString ending = format == "jpeg" ? QStringLiteral("jpg") : QStringLiteral("png");
-    const QStringList possible = bytes.isEmpty() ? QStringList() : folders();
-    for (const QString &folder : possible) {
-        if (accepts(folder)) {
-            if (std::optional<QString> copy = write(folder, bytes, ending)) {
-                return copy;
-            }
-        }
-    }
-    return std::nullopt;
-}
-
 bool isOurs(const QString &path)
 {
     const QFileInfo file(path);
-    return isCopysName(file.fileName()) && folders().contains(file.path());
+    return isOurName(file.fileName()) && folders().contains(file.path());
+}
+
+bool isCopyOf(const QString &copy, const QString &path)
+{
+    if (!isOurs(copy) || QFileInfo(copy).size() != QFileInfo(path).size()) {
+        return false;
+    }
+    QFile first(copy);
+    QFile second(path);
+    return first.open(QIODevice::ReadOnly) && second.open(QIODevice::ReadOnly) && first.readAll() == second.readAll();
 }
 
 void removeAllBut(const QString &keep)
@@ -97,7 +73,7 @@ void removeAllBut(const QString &keep)
         const QStringList names = QDir(folder).entryList(QDir::Files | QDir::NoSymLinks);
         for (const QString &name : names) {
             const QString path = folder + QLatin1Char('/') + name;
-            if (path != keep && isCopysName(name)) {
+            if (path != keep && isOurName(name)) {
                 QFile::remove(path);
             }
         }

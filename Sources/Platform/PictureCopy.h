@@ -18,13 +18,11 @@ namespace quorvane::PictureCopy {
 /// missing. The path, or nothing when the disk refuses.
 [[nodiscard]] std::optional<QString> write(const QString &folder, const QByteArray &bytes, const QString &ending);
 
-/// A copy of the whole picture at path in the first of the folders that accepts() lets through; as it is when format,
-/// its own, is "png" or "jpeg", which every desktop reads, and as PNG otherwise. Nothing when no folder can hold it.
-[[nodiscard]] std::optional<QString> ofPicture(const QString &path, const QByteArray &format,
-                                               const std::function<bool(const QString &)> &accepts);
-
 /// Whether the path is a copy's.
 [[nodiscard]] bool isOurs(const QString &path);
+
+/// Whether the file at copy is one of ours and holds exactly what the file at path holds.
+[[nodiscard]] bool isCopyOf(const QString &copy, const QString &path);
 
 /// Deletes the copies in all folders except keep (which may be empty: delete all). Touches no other file.
 void removeAllBut(const QString &keep);

@@ -1,7 +1,6 @@
 #include "Platform/PictureHandover.h"
 
 #include "Platform/PictureCopy.h"
-#include "Platform/PictureFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -13,9 +12,6 @@
 namespace quorvane {
 
 namespace {
-
-/// Enough to know that a picture decodes to its end.
-constexpr QSize kCheckSize(256, 256);
 
 /// Every replaced file is another one, and a rewritten one has another time.
 QByteArray contentMark(const QString &path)
@@ -39,10 +35,6 @@ QByteArray contentMark(const QString &path)
 PictureHandover::Handed PictureHandover::handOver(const QString &path, const Rules &rules)
 {
     const QByteArray content = contentMark(path);
-    const PictureFile checked = readPicture(path, kCheckSize);
-    if (!checked.error.isEmpty()) {
-        return {{}, false, checked.error};
-    }
     const bool isShown = m_shown.path == path && m_shown.content == content && !content.isEmpty();
     if (isShown && QFileInfo::exists(m_shown.handedPath)) {
         return {m_shown.handedPath, m_shown.handedPath != path, {}};
@@ -52,13 +44,8 @@ PictureHandover::Handed PictureHandover::handOver(const QString &path, const Rul
         m_shown.path == path || std::any_of(rules.loaded.begin(), rules.loaded.end(), [&](const QString &loaded) {
             return loaded == path || (m_shown.handedPath.isEmpty() && PictureCopy::isOurs(loaded));
         });
-    const bool isReadable = checked.format == "png" || checked.format == "jpeg";
-    if (isReadable && !mayBeKnown && rules.takesPath(path)) {
-        return {path, false, {}};
-    }
-    const std::optional<QString> copy = PictureCopy::ofPicture(path, checked.format, rules.takesPath);
-    return copy ? Handed{*copy, true, {}}
-                : Handed{{}, false, QStringLiteral("No folder could hold a copy of the picture for the desktop")};
+    return handedPicture(
+        path, [&](const QString &taken) { return !(mayBeKnown && taken == path) && rules.takesPath(taken); });
 }
 
 void PictureHandover::succeeded(const QString &path, const Handed &handed)

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Platform/HandedPicture.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
-
-#include <functional>
 
 namespace quorvane {
 
@@ -17,14 +17,9 @@ class PictureHandover
     struct Rules
     {
         QStringList loaded; ///< The files that it has read, as far as it tells.
-        std::function<bool(const QString &)> takesPath = [](const QString & /*path*/) { return true; };
+        TakesPath takesPath = [](const QString & /*path*/) { return true; };
     };
-    struct Handed
-    {
-        QString path;
-        bool isCopy = false;
-        QString error; ///< Why there is none; empty on success.
-    };
+    using Handed = HandedPicture;
 
     /// The file for the picture at path: the picture itself, what it was handed as before if its content is still the
     /// same, or a new copy. Decodes it once, because most desktops say nothing about one that they cannot read.

@@ -3,8 +3,8 @@
 #include "ShellSession.h"
 
 #include "App/ControlService.h"
-#include "Platform/SessionBus.h"
 #include "App/Workshop.h"
+#include "Platform/SessionBus.h"
 #include "Views/Settings/AdvancedModel.h"
 #include "Views/Sidebar/SidebarModel.h"
 

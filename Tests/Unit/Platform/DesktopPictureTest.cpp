@@ -87,6 +87,19 @@ TEST(DesktopPicture, theChoiceIsMadeAnewForEachPictureAndAWayThatIsStillThereSta
     qputenv("QUORVANE_DESKTOP", "x11");
     EXPECT_EQ(desktop->screens(), QList<Screen>());
     EXPECT_FALSE(desktop->reason().contains(QStringLiteral("QUORVANE_DESKTOP"))) << "it is the object of before";
+    qputenv("QUORVANE_WALLPAPER_COMMAND", "/bin/true");
+    EXPECT_EQ(desktop->name(), QString());
+    EXPECT_EQ(desktop->screens().size(), 1);
+    EXPECT_EQ(desktop->name(), QStringLiteral("command"));
+}
+
+TEST(DesktopPicture, aDesktopThatIsNamedButNotThereSaysSo)
+{
+    const BareEnvironment bare;
+    qputenv("XDG_CURRENT_DESKTOP", "XFCE");
+    const auto desktop = makeDesktopPicture();
+    EXPECT_EQ(desktop->name(), QStringLiteral("xfce"));
+    EXPECT_TRUE(desktop->reason().endsWith(QStringLiteral("but org.xfce.xfdesktop is not on the session bus")));
 }
 
 } // namespace quorvane
