@@ -24,6 +24,14 @@ QString valueFor(const BackgroundSettings &settings, const QString &path)
                : QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded(QUrl::FullyEncoded));
 }
 
+/// The value for a path, but never the one that is there already: who draws hears only of changes, and must draw anew
+/// when screens came. Two slashes at the beginning mean what one does.
+QString changedValueFor(const BackgroundSettings &settings, const QString &path, const QString &current)
+{
+    const QString value = valueFor(settings, path);
+    return settings.form == BackgroundSettings::Form::Path && value == current ? QLatin1Char('/') + value : value;
+}
+
 /// What the settings hold as the picture, or why they cannot be used.
 struct Current
 {
@@ -64,7 +72,7 @@ HandedPicture handedTo(const BackgroundSettings &settings, const QString &path, 
     return handedPicture(path, [&](const QString &candidate) { return candidate != path; });
 }
 
-std::optional<QString> change(const BackgroundSettings &settings, const QString &path, const std::stop_token &stop)
+std::optional<QString> change(const BackgroundSettings &settings, const QString &value, const std::stop_token &stop)
 {
     SettingsGroup group(settings.schema);
     if (!group.error().isEmpty() || stop.stop_requested()) {
@@ -73,7 +81,7 @@ std::optional<QString> change(const BackgroundSettings &settings, const QString 
     QVariantMap values;
     for (const QString &key : settings.pictureKeys) {
         if (group.hasKey(key)) {
-            values.insert(key, valueFor(settings, path));
+            values.insert(key, value);
         }
     }
     for (auto other = settings.others.begin(); other != settings.others.end(); ++other) {
@@ -116,10 +124,11 @@ std::optional<QString> DesktopPictureGSettings::setPicture(const QString &path, 
     if (!handed.error.isEmpty()) {
         return handed.error;
     }
+    const QString value = changedValueFor(settings, handed.path, current->value);
     const QDeadlineTimer changing(left);
     const auto result =
         withinLimit(left, [=, desktop = m_desktop, address = m_busAddress](const std::stop_token &stop) {
-            const auto failure = change(settings, handed.path, stop);
+            const auto failure = change(settings, value, stop);
             return failure ? failure : painterFailure(desktop, address, changing);
         });
     if (!result || *result) {

@@ -257,8 +257,7 @@ const QList<TestedDesktop> &testedDesktops()
                              // It would lay the screens out at the same time as the test does.
                              setting("org.mate.SettingsDaemon.plugins.xrandr", "active", "false")},
                             RealDesktop::Plan::Crop::FromWhatAnotherShows,
-                            RealDesktop::Plan::Ready::WhenAnnounced,
-                            RealDesktop::Plan::LateScreens::SometimesMissed}),
+                            RealDesktop::Plan::Ready::WhenAnnounced}),
         tested<X11Desktop>({text("cinnamon"),
                             text("X-Cinnamon"),
                             text("cinnamon"),

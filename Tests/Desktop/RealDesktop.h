@@ -28,8 +28,6 @@ class RealDesktop
         /// Some have their name before they listen to changes of their settings, and announce what they draw to the X
         /// server once they do.
         enum class Ready { WithName, WhenAnnounced } ready = Ready::WithName;
-        /// Some do not draw anew for every screen that comes, and nobody can make them without another picture.
-        enum class LateScreens { Drawn, SometimesMissed } lateScreens = LateScreens::Drawn;
     };
 
     RealDesktop(Plan plan, const QProcessEnvironment &variables);

@@ -155,9 +155,6 @@ TEST_P(SessionDesktopTest, fillsEachScreenWhateverTheFolderIsCalledAndHoweverOft
 
 TEST_P(SessionDesktopTest, aScreenThatComesLaterShowsThePictureToo)
 {
-    if (m_desktop->plan().lateScreens == RealDesktop::Plan::LateScreens::SometimesMissed) {
-        GTEST_SKIP() << "this desktop does not draw anew for every screen that comes";
-    }
     ASSERT_TRUE(m_desktop->start());
     m_desktop->session().setVariable(QStringLiteral("QT_QPA_PLATFORM"), m_desktop->platform());
     const auto keeper =
