@@ -16,6 +16,13 @@ namespace {
 // Followed by the time in UTC and a counter that keeps two copies of one instant apart.
 const QString kNameBegin = QStringLiteral("wallpaper-");
 
+bool isOurName(const QString &name)
+{
+    static const QRegularExpression ours(
+        QRegularExpression::anchoredPattern(kNameBegin + QStringLiteral(R"(\d{8}-\d{9}-\d+\.[a-z]+)")));
+    return ours.match(name).hasMatch();
+}
+
 } // namespace
 
 QStringList folders()
@@ -43,16 +50,26 @@ std::optional<QString> write(const QString &folder, const QByteArray &bytes, con
     }
 }
 
+bool isCopyOf(const QString &copy, const QString &path)
+{
+    const QFileInfo information(copy);
+    if (!folders().contains(information.path()) || !isOurName(information.fileName()) ||
+        information.size() != QFileInfo(path).size()) {
+        return false;
+    }
+    QFile first(copy);
+    QFile second(path);
+    return first.open(QIODevice::ReadOnly) && second.open(QIODevice::ReadOnly) && first.readAll() == second.readAll();
+}
+
 void removeAllBut(const QString &keep)
 {
-    static const QRegularExpression ours(
-        QRegularExpression::anchoredPattern(kNameBegin + QStringLiteral(R"(\d{8}-\d{9}-\d+\.[a-z]+)")));
     const QStringList everywhere = folders();
     for (const QString &folder : everywhere) {
         const QStringList names = QDir(folder).entryList(QDir::Files | QDir::NoSymLinks);
         for (const QString &name : names) {
             const QString path = folder + QLatin1Char('/') + name;
-            if (path != keep && ours.match(name).hasMatch()) {
+            if (path != keep && isOurName(name)) {
                 QFile::remove(path);
             }
         }

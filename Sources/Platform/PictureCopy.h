@@ -17,6 +17,9 @@ namespace quorvane::PictureCopy {
 /// missing. The path, or nothing when the disk refuses.
 [[nodiscard]] std::optional<QString> write(const QString &folder, const QByteArray &bytes, const QString &ending);
 
+/// Whether the file at copy is one of ours and holds exactly what the file at path holds.
+[[nodiscard]] bool isCopyOf(const QString &copy, const QString &path);
+
 /// Deletes the copies in all folders except keep (which may be empty: delete all). Touches no other file.
 void removeAllBut(const QString &keep);
 

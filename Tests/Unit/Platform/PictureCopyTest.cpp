@@ -69,4 +69,25 @@ TEST(PictureCopy, aFolderThatCannotBeMadeGivesNoCopy)
               std::nullopt);
 }
 
+TEST(PictureCopy, aCopyIsKnownByItsNameAndItsBytes)
+{
+    const PrivateHome home;
+    const QString folder = PictureCopy::folders().constFirst();
+    const auto copy = PictureCopy::write(folder, "bytes", QStringLiteral("png"));
+    ASSERT_TRUE(copy);
+    const auto put = [](const QString &path, const QByteArray &content) {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+        return path;
+    };
+    EXPECT_TRUE(PictureCopy::isCopyOf(*copy, put(home.path() + QStringLiteral("/same.png"), "bytes")));
+    EXPECT_FALSE(PictureCopy::isCopyOf(*copy, put(home.path() + QStringLiteral("/other.png"), "other")));
+    EXPECT_FALSE(PictureCopy::isCopyOf(*copy, put(home.path() + QStringLiteral("/longer.png"), "bytes!")));
+    EXPECT_FALSE(PictureCopy::isCopyOf(*copy, home.path() + QStringLiteral("/missing.png")));
+    const QString same = home.path() + QStringLiteral("/same.png");
+    EXPECT_FALSE(PictureCopy::isCopyOf(same, same)) << "not in a folder of ours";
+    EXPECT_FALSE(PictureCopy::isCopyOf(put(folder + QStringLiteral("/mine.png"), "bytes"), same)) << "not our name";
+    EXPECT_FALSE(PictureCopy::isCopyOf({}, same));
+}
+
 } // namespace quorvane
