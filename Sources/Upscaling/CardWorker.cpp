@@ -108,7 +108,7 @@ CardWorker::~CardWorker()
     }
 }
 
-bool CardWorker::run(std::span<const float> tile, std::span<float> result, std::chrono::milliseconds limit)
+bool CardWorker::run(std::span<const float> tile, std::span<float> result, std::chrono::milliseconds limit) const
 {
     Q_ASSERT(tile.size() == kTileSize && result.size() == kResultSize);
     if (m_process < 0) {

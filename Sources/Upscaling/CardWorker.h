@@ -32,7 +32,7 @@ class CardWorker
 
     /// Fills result with what the process makes of tile. False when it is gone, gives anything but a result, or is not
     /// done within limit; then it is never asked again. One thread at a time.
-    [[nodiscard]] bool run(std::span<const float> tile, std::span<float> result, std::chrono::milliseconds limit);
+    [[nodiscard]] bool run(std::span<const float> tile, std::span<float> result, std::chrono::milliseconds limit) const;
 
     /// Makes a run in progress and all later ones fail. Any thread may call it.
     void end() const;

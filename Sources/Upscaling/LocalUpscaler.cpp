@@ -98,7 +98,7 @@ QCoro::Task<UpscaledImage> localUpscaleImage(QByteArray encoded, std::stop_token
         QMetaObject::invokeMethod(
             &here, [onProgress, progress] { onProgress(progress); }, Qt::QueuedConnection);
     };
-    TileUpscaleOptions options{.threads = physicalCores(), .stop = std::move(stop), .card = findCard()};
+    TileUpscaleOptions options{.threads = physicalCores(), .stop = std::move(stop)};
     if (onProgress) {
         options.onProgress = std::move(tellHere);
     }
@@ -109,6 +109,7 @@ QCoro::Task<UpscaledImage> localUpscaleImage(QByteArray encoded, std::stop_token
         if (image.isNull()) {
             throw ProviderError::invalidResponse(Tr::tr("Failed to decode image for upscaling"));
         }
+        options.card = findCard();
         return tileUpscaleImage(image, options);
     };
     QByteArray png = co_await onWorker(&ownThread, std::move(work));
