@@ -144,6 +144,18 @@ TEST_F(TranslatedView, thePreviewStepsTowardsTheArrowInEitherDirection)
     }
 }
 
+TEST_F(TranslatedView, aSpecialAlbumIsShownByItsTranslatedName)
+{
+    const SpokenLanguage german(QStringLiteral("de"));
+    putEverything();
+    ASSERT_NE(open(), nullptr);
+    click(QStringLiteral("album Favorites"));
+    EXPECT_TRUE(waitFor([&] { return isReachable(QStringLiteral("albumsButton")); }));
+    EXPECT_EQ(textOf(find(QStringLiteral("albumTitle"))), QStringLiteral("Favoriten"));
+    EXPECT_EQ(textOf(find(QStringLiteral("albumsButton"))), QStringLiteral("Alben"));
+    EXPECT_FALSE(isSeen(QStringLiteral("usePromptButton")));
+}
+
 TEST_F(TranslatedView, theSettingsAreMirroredToo)
 {
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
