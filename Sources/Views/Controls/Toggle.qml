@@ -37,7 +37,9 @@ Switch {
         }
     }
     contentItem: Text {
-        rightPadding: 48
+        leftPadding: toggle.mirrored ? 48 : 0
+        rightPadding: toggle.mirrored ? 0 : 48
+        horizontalAlignment: Text.AlignLeft
         text: toggle.text
         font: toggle.font
         color: Theme.text
