@@ -1,4 +1,5 @@
 import QtQuick
+import Quorvane.Views
 
 /// The shadow that the rectangle around it casts: a picture cut into nine, which every renderer draws at no cost.
 BorderImage {

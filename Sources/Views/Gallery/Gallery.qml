@@ -10,6 +10,12 @@ FocusScope {
 
     signal previewRequested(string url)
 
+    /// The keyboard goes where the pointer went.
+    function openAlbum(id: string) {
+        forceActiveFocus();
+        model.openAlbum(id);
+    }
+
     /// The menu of the tile that the keyboard is at.
     function openMenu() {
         const tile = images.currentItem as HistoryTile;
@@ -97,7 +103,8 @@ FocusScope {
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
         anchors.left: parent.left
-        anchors.leftMargin: 24
+        // A tile keeps its gap on the right of it, whichever way the columns go.
+        anchors.leftMargin: Theme.system.isRightToLeft ? 4 : 24
         width: parent.width - 28
         gallery: gallery.model
         tileHeight: 182
@@ -111,7 +118,7 @@ FocusScope {
             width: albums.tileWidth
             height: albums.tileHeight
             selected: GridView.isCurrentItem && albums.activeFocus
-            onClicked: gallery.model.openAlbum(albumId)
+            onClicked: gallery.openAlbum(albumId)
         }
     }
     TileGrid {
@@ -120,7 +127,8 @@ FocusScope {
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
         anchors.left: parent.left
-        anchors.leftMargin: 24
+        // A tile keeps its gap on the right of it, whichever way the columns go.
+        anchors.leftMargin: Theme.system.isRightToLeft ? 4 : 24
         width: parent.width - 28
         gallery: gallery.model
         tileHeight: 176

@@ -143,6 +143,7 @@ FocusScope {
         color: Theme.text
         font.pixelSize: Theme.captionSize
         elide: Text.ElideRight
+        horizontalAlignment: Text.AlignLeft
         maximumLineCount: 1
         textFormat: Text.PlainText
 
@@ -162,6 +163,7 @@ FocusScope {
         color: Theme.secondaryText
         font.pixelSize: Theme.captionSize
         elide: Text.ElideRight
+        horizontalAlignment: Text.AlignLeft
         textFormat: Text.PlainText
     }
 }
