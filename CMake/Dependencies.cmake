@@ -5,6 +5,7 @@ find_package(QCoro6 0.8 REQUIRED COMPONENTS Core Network)
 find_package(Qt6Keychain REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb xcb-randr xcb-image)
+pkg_check_modules(gio REQUIRED IMPORTED_TARGET gio-2.0)
 pkg_check_modules(spng REQUIRED IMPORTED_TARGET spng)
 find_package(Threads REQUIRED)
 

@@ -1,7 +1,10 @@
 #include "Platform/DesktopChoice.h"
 
+#include "Platform/SessionDesktops.h"
+
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace quorvane {
 
@@ -14,21 +17,63 @@ struct KnownName
 };
 
 constexpr std::array kKnownNames{
-    KnownName{QLatin1String("gnome"), DesktopWay::None},       KnownName{QLatin1String("plasma"), DesktopWay::None},
-    KnownName{QLatin1String("xfce"), DesktopWay::None},        KnownName{QLatin1String("mate"), DesktopWay::None},
-    KnownName{QLatin1String("cinnamon"), DesktopWay::None},    KnownName{QLatin1String("lxqt"), DesktopWay::None},
-    KnownName{QLatin1String("sway"), DesktopWay::Sway},        KnownName{QLatin1String("hyprland"), DesktopWay::None},
-    KnownName{QLatin1String("layer-shell"), DesktopWay::None}, KnownName{QLatin1String("x11"), DesktopWay::X11},
-    KnownName{QLatin1String("portal"), DesktopWay::None},      KnownName{QLatin1String("command"), DesktopWay::Command},
+    KnownName{QLatin1String("gnome"), DesktopWay::Gnome},
+    KnownName{QLatin1String("plasma"), DesktopWay::None},
+    KnownName{QLatin1String("xfce"), DesktopWay::Xfce},
+    KnownName{QLatin1String("mate"), DesktopWay::Mate},
+    KnownName{QLatin1String("cinnamon"), DesktopWay::Cinnamon},
+    KnownName{QLatin1String("lxqt"), DesktopWay::Lxqt},
+    KnownName{QLatin1String("sway"), DesktopWay::Sway},
+    KnownName{QLatin1String("hyprland"), DesktopWay::None},
+    KnownName{QLatin1String("layer-shell"), DesktopWay::None},
+    KnownName{QLatin1String("x11"), DesktopWay::X11},
+    KnownName{QLatin1String("portal"), DesktopWay::None},
+    KnownName{QLatin1String("command"), DesktopWay::Command},
 };
 
-/// Entries of XDG_CURRENT_DESKTOP whose desktops cover the X11 root window with a window of their own.
+/// Entries of XDG_CURRENT_DESKTOP whose desktops cover the X11 root window with a window of their own, and that there
+/// is no way to yet.
 constexpr std::array kPaintersOverRoot{
-    QLatin1String("GNOME"), QLatin1String("Unity"),  QLatin1String("Pantheon"),   QLatin1String("Budgie"),
-    QLatin1String("KDE"),   QLatin1String("XFCE"),   QLatin1String("X-Cinnamon"), QLatin1String("Cinnamon"),
-    QLatin1String("MATE"),  QLatin1String("LXQt"),   QLatin1String("LXDE"),       QLatin1String("Deepin"),
-    QLatin1String("DDE"),   QLatin1String("COSMIC"),
+    QLatin1String("KDE"), QLatin1String("LXDE"), QLatin1String("Deepin"), QLatin1String("DDE"), QLatin1String("COSMIC"),
 };
+
+/// What is missing for the desktop to take a picture; empty when it is there.
+QString whatIsMissing(const SessionDesktop &desktop, const DesktopFacts &facts)
+{
+    if (!desktop.settings.schema.isEmpty() && !facts.schemas.contains(desktop.settings.schema)) {
+        return QStringLiteral("its settings \"%1\" are not installed").arg(desktop.settings.schema);
+    }
+    if (desktop.displays == SessionDesktop::Displays::OnlyX11 && !facts.hasX11) {
+        return QStringLiteral("DISPLAY is not set");
+    }
+    const bool isThere = std::any_of(desktop.painters.begin(), desktop.painters.end(),
+                                     [&](const QString &painter) { return facts.busNames.contains(painter); });
+    return isThere ? QString()
+                   : QStringLiteral("%1 is not on the session bus").arg(desktop.painters.join(QStringLiteral(" or ")));
+}
+
+/// Whether only what is there already shall be chosen.
+enum class Confirmed { Yes, No };
+
+std::optional<DesktopChoice> namedDesktop(const DesktopFacts &facts, Confirmed confirmed)
+{
+    for (const SessionDesktop &desktop : sessionDesktops()) {
+        const QString entry = namingEntry(desktop, facts.currentDesktops);
+        const bool canBeHere = desktop.displays == SessionDesktop::Displays::Any || !facts.hasWayland;
+        if (entry.isEmpty() || !canBeHere) {
+            continue;
+        }
+        const QString named = QStringLiteral("XDG_CURRENT_DESKTOP names \"%1\"").arg(entry);
+        const QString missing = whatIsMissing(desktop, facts);
+        if (missing.isEmpty()) {
+            return DesktopChoice{desktop.way, named + QStringLiteral(", and it draws the background")};
+        }
+        if (confirmed == Confirmed::No) {
+            return DesktopChoice{desktop.way, named + QStringLiteral(", but ") + missing};
+        }
+    }
+    return std::nullopt;
+}
 
 DesktopChoice wantedDesktop(const DesktopFacts &facts)
 {
@@ -54,6 +99,10 @@ DesktopChoice wantedDesktop(const DesktopFacts &facts)
     if (known->way == DesktopWay::X11 && !facts.hasX11) {
         return {DesktopWay::X11, given + QStringLiteral(", but DISPLAY is not set")};
     }
+    if (const SessionDesktop *desktop = sessionDesktop(known->way, facts.currentDesktops)) {
+        const QString missing = whatIsMissing(*desktop, facts);
+        return {known->way, missing.isEmpty() ? given : given + QStringLiteral(", but ") + missing};
+    }
     return {known->way, given};
 }
 
@@ -71,6 +120,14 @@ QString painterOverRoot(const QStringList &currentDesktops)
 
 } // namespace
 
+QString nameOf(DesktopWay way)
+{
+    const auto *const known = std::find_if(kKnownNames.begin(), kKnownNames.end(), [&](const KnownName &entry) {
+        return entry.way == way && way != DesktopWay::None;
+    });
+    return known == kKnownNames.end() ? QString() : QString(known->name);
+}
+
 DesktopChoice chooseDesktop(const DesktopFacts &facts)
 {
     if (!facts.wanted.isEmpty()) {
@@ -79,8 +136,14 @@ DesktopChoice chooseDesktop(const DesktopFacts &facts)
     if (!facts.command.isEmpty()) {
         return {DesktopWay::Command, QStringLiteral("QUORVANE_WALLPAPER_COMMAND is set")};
     }
+    if (const auto choice = namedDesktop(facts, Confirmed::Yes)) {
+        return *choice;
+    }
     if (facts.swayAnswers) {
         return {DesktopWay::Sway, QStringLiteral("sway answers on SWAYSOCK")};
+    }
+    if (const auto choice = namedDesktop(facts, Confirmed::No)) {
+        return *choice;
     }
     if (facts.hasWayland) {
         return {DesktopWay::None,

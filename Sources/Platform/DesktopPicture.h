@@ -53,7 +53,8 @@ class DesktopPicture
 };
 
 /// The desktop of this session, chosen by the environment (QUORVANE_DESKTOP, QUORVANE_WALLPAPER_COMMAND, then what
-/// runs). Never null: without a desktop the object has no screens.
+/// runs), at its first use and again whenever it is asked for the screens. Never null: without a desktop the object has
+/// no screens.
 [[nodiscard]] std::unique_ptr<DesktopPicture> makeDesktopPicture();
 
 } // namespace quorvane

@@ -1,5 +1,7 @@
 #include "Platform/DesktopChoice.h"
 
+#include "Platform/SessionDesktops.h"
+
 #include <gtest/gtest.h>
 
 namespace quorvane {
@@ -54,6 +56,17 @@ QStringList list(const char *entries)
     return QString::fromUtf8(entries).split(QLatin1Char(':'));
 }
 
+/// All settings are installed, XDG_CURRENT_DESKTOP is entries, and painter is on the session bus.
+DesktopFacts withDesktop(const char *entries, const char *painter, DesktopFacts base = {})
+{
+    base = withX11(base, list(entries));
+    base.busNames.append(QString::fromUtf8(painter));
+    for (const SessionDesktop &desktop : sessionDesktops()) {
+        base.schemas.append(desktop.settings.schema);
+    }
+    return base;
+}
+
 } // namespace
 
 TEST(DesktopChoice, isMadeAsTheTableSays)
@@ -67,8 +80,28 @@ TEST(DesktopChoice, isMadeAsTheTableSays)
         {"another Wayland desktop", withWayland(withX11()), DesktopWay::None, "this Wayland desktop"},
         {"plain X11", withX11(), DesktopWay::X11, "DISPLAY is set"},
         {"i3", withX11({}, list("i3")), DesktopWay::X11, "DISPLAY is set"},
-        {"GNOME on X11", withX11({}, list("ubuntu:GNOME")), DesktopWay::None, "\"GNOME\""},
-        {"XFCE in small letters", withX11({}, list("xfce")), DesktopWay::None, "\"xfce\""},
+        {"LXDE", withX11({}, list("LXDE")), DesktopWay::None, "\"LXDE\""},
+        {"Ubuntu", withDesktop("ubuntu:GNOME", "org.gnome.Shell"), DesktopWay::Gnome, "\"ubuntu\", and it draws"},
+        {"Unity", withDesktop("Unity:Unity7", "com.canonical.Unity"), DesktopWay::Gnome, "\"Unity\", and it draws"},
+        {"Budgie", withDesktop("Budgie:GNOME", "org.budgie_desktop.BudgieWM"), DesktopWay::Gnome, "\"Budgie\", and"},
+        {"Cinnamon", withDesktop("X-Cinnamon", "org.Cinnamon"), DesktopWay::Cinnamon, "\"X-Cinnamon\", and it draws"},
+        {"MATE with icons", withDesktop("MATE", "org.mate.Caja"), DesktopWay::Mate, "and it draws"},
+        {"MATE without", withDesktop("MATE", "org.mate.SettingsDaemon"), DesktopWay::Mate, "and it draws"},
+        {"XFCE in small letters", withDesktop("xfce", "org.xfce.xfdesktop"), DesktopWay::Xfce,
+         "\"xfce\", and it draws"},
+        {"LXQt", withDesktop("LXQt", "org.pcmanfm.PCManFM"), DesktopWay::Lxqt, "and it draws"},
+        {"LXQt on Wayland", withWayland(withDesktop("LXQt", "org.pcmanfm.PCManFM")), DesktopWay::None, "this Wayland"},
+        {"GNOME on Wayland", withWayland(withDesktop("GNOME", "org.gnome.Shell")), DesktopWay::Gnome, "and it draws"},
+        {"a desktop that is still starting", withDesktop("XFCE", ""), DesktopWay::Xfce,
+         "but org.xfce.xfdesktop is not on the session bus"},
+        {"another desktop's program", withDesktop("MATE", "org.gnome.Shell"), DesktopWay::Mate,
+         "but org.mate.Caja or org.mate.SettingsDaemon is not on the session bus"},
+        {"a desktop without its settings", withX11({}, list("MATE")), DesktopWay::Mate,
+         "but its settings \"org.mate.background\" are not installed"},
+        {"sway that is called GNOME", withSway(withDesktop("GNOME", "")), DesktopWay::Sway, "sway answers"},
+        {"sway that is called sway", withSway(withX11({}, list("sway"))), DesktopWay::Sway, "sway answers"},
+        {"a command in GNOME", withDesktop("GNOME", "org.gnome.Shell", facts("", "/bin/set")), DesktopWay::Command,
+         "QUORVANE_WALLPAPER_COMMAND"},
         {"a command", facts("", "/bin/set"), DesktopWay::Command, "QUORVANE_WALLPAPER_COMMAND is set"},
         {"a command in sway", withSway(facts("", "/bin/set")), DesktopWay::Command, "QUORVANE_WALLPAPER_COMMAND"},
         {"the command by name", facts("command", "/bin/set"), DesktopWay::Command, "QUORVANE_DESKTOP is \"command\""},
@@ -79,7 +112,15 @@ TEST(DesktopChoice, isMadeAsTheTableSays)
         {"X11 by name in GNOME", withX11(facts("x11"), list("GNOME")), DesktopWay::X11, "is \"x11\""},
         {"X11 by name, without it", facts("x11"), DesktopWay::X11, "DISPLAY is not set"},
         {"a name before the command", withSway(facts("sway", "/bin/set")), DesktopWay::Sway, "is \"sway\""},
-        {"a name for later", withSway(facts("gnome")), DesktopWay::None, "does not support yet"},
+        {"GNOME by name", withDesktop("", "org.gnome.Shell", facts("gnome")), DesktopWay::Gnome, "is \"gnome\""},
+        {"GNOME by name in Budgie", withDesktop("Budgie:GNOME", "org.gnome.Shell", facts("gnome")), DesktopWay::Gnome,
+         "but org.budgie_desktop.BudgieWM is not"},
+        {"GNOME by name, without it", withSway(facts("gnome")), DesktopWay::Gnome,
+         "but its settings \"org.gnome.desktop.background\" are not installed"},
+        {"XFCE by name in GNOME", withDesktop("GNOME", "org.gnome.Shell", facts("xfce")), DesktopWay::Xfce,
+         "but org.xfce.xfdesktop is not"},
+        {"LXQt by name, without a display", facts("lxqt"), DesktopWay::Lxqt, "but DISPLAY is not set"},
+        {"a name for later", withSway(facts("portal")), DesktopWay::None, "does not support yet"},
         {"a name for later with a dash", withSway(facts("layer-shell")), DesktopWay::None, "does not support yet"},
         {"an unknown name", withSway(facts("windows")), DesktopWay::None, "none of gnome, plasma, xfce"},
         {"capital letters", withSway(facts("Sway")), DesktopWay::None, "is \"Sway\", which is none of"},
@@ -91,6 +132,15 @@ TEST(DesktopChoice, isMadeAsTheTableSays)
             << each.what << ": " << choice.reason.toStdString();
         EXPECT_FALSE(choice.reason.contains(QLatin1Char('\n'))) << each.what;
     }
+}
+
+TEST(DesktopChoice, everyWayHasTheNameThatChoosesIt)
+{
+    for (const char *name : {"gnome", "xfce", "mate", "cinnamon", "lxqt", "sway", "x11", "command"}) {
+        const DesktopChoice choice = chooseDesktop(withX11(withSway(facts(name, "/bin/set"))));
+        EXPECT_EQ(nameOf(choice.way), QString::fromLatin1(name)) << choice.reason.toStdString();
+    }
+    EXPECT_EQ(nameOf(DesktopWay::None), QString());
 }
 
 } // namespace quorvane

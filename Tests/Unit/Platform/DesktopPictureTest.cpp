@@ -17,7 +17,7 @@ class BareEnvironment
     BareEnvironment()
     {
         for (const char *name : {"QUORVANE_DESKTOP", "QUORVANE_WALLPAPER_COMMAND", "SWAYSOCK", "WAYLAND_DISPLAY",
-                                 "DISPLAY", "XDG_CURRENT_DESKTOP"}) {
+                                 "DISPLAY", "XDG_CURRENT_DESKTOP", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"}) {
             m_before[name] = qEnvironmentVariableIsSet(name) ? qgetenv(name) : QByteArray();
             qunsetenv(name);
         }
@@ -71,6 +71,26 @@ TEST(DesktopPicture, theWayIsWhatTheEnvironmentSays)
     qputenv("QUORVANE_WALLPAPER_COMMAND", "/bin/true");
     EXPECT_EQ(makeDesktopPicture()->name(), QStringLiteral("command"));
     EXPECT_EQ(makeDesktopPicture()->screens().size(), 1);
+}
+
+TEST(DesktopPicture, isChosenAnewWhenTheScreensAreAskedFor)
+{
+    const BareEnvironment bare;
+    const auto desktop = makeDesktopPicture();
+    EXPECT_EQ(desktop->name(), QString());
+    qputenv("QUORVANE_WALLPAPER_COMMAND", "/bin/true");
+    EXPECT_EQ(desktop->name(), QString());
+    EXPECT_EQ(desktop->screens().size(), 1);
+    EXPECT_EQ(desktop->name(), QStringLiteral("command"));
+}
+
+TEST(DesktopPicture, aDesktopThatIsNamedButNotThereSaysSo)
+{
+    const BareEnvironment bare;
+    qputenv("XDG_CURRENT_DESKTOP", "XFCE");
+    const auto desktop = makeDesktopPicture();
+    EXPECT_EQ(desktop->name(), QStringLiteral("xfce"));
+    EXPECT_TRUE(desktop->reason().endsWith(QStringLiteral("but org.xfce.xfdesktop is not on the session bus")));
 }
 
 } // namespace quorvane

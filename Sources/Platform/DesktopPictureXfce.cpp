@@ -1,0 +1,129 @@
+#include "Platform/DesktopPictureXfce.h"
+
+#include "Platform/HandedPicture.h"
+#include "Platform/PictureCopy.h"
+#include "Platform/SessionBus.h"
+#include "Platform/SessionDesktops.h"
+#include "Platform/TimeLimit.h"
+
+#include <QDBusArgument>
+#include <QDBusVariant>
+
+#include <algorithm>
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+const QString kPicture = QStringLiteral("last-image");
+const QString kStyle = QStringLiteral("image-style");
+/// As large as needed to fill the screen, cropped around the centre.
+constexpr int kZoomed = 5;
+
+std::optional<QVariantList> ask(SessionBus &bus, const QString &method, const QVariantList &arguments)
+{
+    return bus.call(QStringLiteral("org.xfce.Xfconf"), QStringLiteral("/org/xfce/Xfconf"),
+                    QStringLiteral("org.xfce.Xfconf"), method, arguments);
+}
+
+/// Everything below "/backdrop"; nothing when the daemon does not say it.
+std::optional<QVariantMap> backdrops(SessionBus &bus)
+{
+    const auto answer =
+        ask(bus, QStringLiteral("GetAllProperties"), {QStringLiteral("xfce4-desktop"), QStringLiteral("/backdrop")});
+    return answer ? std::optional(qdbus_cast<QVariantMap>(answer->value(0))) : std::nullopt;
+}
+
+int workspaceCount(SessionBus &bus)
+{
+    const auto answer =
+        ask(bus, QStringLiteral("GetProperty"), {QStringLiteral("xfwm4"), QStringLiteral("/general/workspace_count")});
+    return answer ? qvariant_cast<QDBusVariant>(answer->value(0)).variant().toInt() : 0;
+}
+
+std::optional<QString> show(SessionBus &bus, const QString &path, const QList<Screen> &screens,
+                            const std::stop_token &stop)
+{
+    const SessionDesktop &xfce = *sessionDesktop(DesktopWay::Xfce, {});
+    if (auto failure = bus.failureToFind(xfce.painters, xfce.title)) {
+        return failure;
+    }
+    // There is nothing before the desktop's first start has come that far; any other failure comes up again below.
+    const QVariantMap now = backdrops(bus).value_or(QVariantMap());
+    const QVariantMap wanted = DesktopPictureXfce::propertiesFor(path, screens, workspaceCount(bus), now);
+    for (auto property = wanted.begin(); property != wanted.end(); ++property) {
+        const QVariant value = QVariant::fromValue(QDBusVariant(property.value()));
+        if (stop.stop_requested() ||
+            (now.value(property.key()) != property.value() &&
+             !ask(bus, QStringLiteral("SetProperty"), {QStringLiteral("xfce4-desktop"), property.key(), value}))) {
+            return bus.error();
+        }
+    }
+    const auto kept = backdrops(bus);
+    if (!kept) {
+        return bus.error();
+    }
+    for (auto property = wanted.begin(); property != wanted.end(); ++property) {
+        if (kept->value(property.key()) != property.value()) {
+            return QStringLiteral("XFCE did not keep the setting \"%1\"").arg(property.key());
+        }
+    }
+    return bus.failureToFind(xfce.painters, xfce.title);
+}
+
+} // namespace
+
+DesktopPictureXfce::DesktopPictureXfce(QString busAddress, std::function<QList<Screen>()> screens, QString reason,
+                                       std::chrono::milliseconds limit)
+    : m_busAddress(std::move(busAddress))
+    , m_screens(std::move(screens))
+    , m_reason(std::move(reason))
+    , m_limit(limit)
+{
+}
+
+std::optional<QString> DesktopPictureXfce::setPicture(const QString &path, const QList<Screen> &screens)
+{
+    // XFCE watches the file, so the same path with a new picture needs no copy.
+    const HandedPicture handed = handedPicture(path, [](const QString &) { return true; });
+    if (!handed.error.isEmpty()) {
+        return handed.error;
+    }
+    const QDeadlineTimer deadline(m_limit);
+    const auto result = withinLimit(m_limit, [=, address = m_busAddress](const std::stop_token &stop) {
+        SessionBus bus(address, deadline);
+        return show(bus, handed.path, screens, stop);
+    });
+    if (!result || *result) {
+        return result ? *result : QStringLiteral("XFCE does not answer");
+    }
+    PictureCopy::removeAllBut(handed.isCopy ? handed.path : QString());
+    return std::nullopt;
+}
+
+QVariantMap DesktopPictureXfce::propertiesFor(const QString &path, const QList<Screen> &screens, int workspaces,
+                                              const QVariantMap &now)
+{
+    QStringList places;
+    const QString pictureEnding = QLatin1Char('/') + kPicture;
+    for (auto property = now.begin(); property != now.end(); ++property) {
+        if (property.key().endsWith(pictureEnding)) {
+            places.append(property.key().chopped(pictureEnding.size()));
+        }
+    }
+    for (const Screen &screen : screens) {
+        for (int workspace = 0; workspace < std::max(workspaces, 1); ++workspace) {
+            places.append(
+                QStringLiteral("/backdrop/screen0/monitor%1/workspace%2").arg(screen.name, QString::number(workspace)));
+        }
+    }
+    QVariantMap wanted;
+    for (const QString &place : std::as_const(places)) {
+        wanted.insert(place + QLatin1Char('/') + kStyle, kZoomed); // Set before the picture, as the map's order is.
+        wanted.insert(place + pictureEnding, path);
+    }
+    return wanted;
+}
+
+} // namespace quorvane
