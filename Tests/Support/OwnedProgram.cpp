@@ -11,7 +11,8 @@ namespace quorvane {
 namespace {
 
 constexpr uid_t kNobody = 65534;
-constexpr int kProgramLimitMilliseconds = 10'000;
+constexpr int kPatienceMilliseconds = 5'000;
+constexpr int kProgramLimitMilliseconds = 30'000;
 
 bool mustChangeUser(OwnedProgram::User user)
 {
@@ -21,11 +22,13 @@ bool mustChangeUser(OwnedProgram::User user)
 } // namespace
 
 OwnedProgram::OwnedProgram(const QString &program, const QStringList &arguments, const QProcessEnvironment &environment,
-                           const QString &workingFolder, User user)
+                           const QString &workingFolder, User user, Input input)
 {
     m_process.setProcessEnvironment(environment);
     m_process.setWorkingDirectory(workingFolder);
-    m_process.setStandardInputFile(QProcess::nullDevice());
+    if (input == Input::None) {
+        m_process.setStandardInputFile(QProcess::nullDevice());
+    }
     m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     if (mustChangeUser(user)) {
         // Changing the user clears the signal above, so setpriv sets it again; it then becomes the program itself.
@@ -55,6 +58,18 @@ QByteArray OwnedProgram::readLine()
     return m_process.readLine().trimmed();
 }
 
+void OwnedProgram::writeLine(const QByteArray &line)
+{
+    m_process.write(line + '\n');
+    m_process.waitForBytesWritten(kProgramLimitMilliseconds);
+}
+
+bool OwnedProgram::waitForSuccess()
+{
+    return m_process.waitForFinished(kProgramLimitMilliseconds) && m_process.exitStatus() == QProcess::NormalExit &&
+           m_process.exitCode() == 0;
+}
+
 QByteArray OwnedProgram::errors()
 {
     return m_process.readAllStandardError();
@@ -76,7 +91,7 @@ void OwnedProgram::stop()
     if (isRunning()) {
         signal(SIGCONT); // A stopped program could not end.
         m_process.terminate();
-        if (!m_process.waitForFinished(kProgramLimitMilliseconds / 2)) {
+        if (!m_process.waitForFinished(kPatienceMilliseconds)) {
             signal(SIGKILL);
         }
     }

@@ -21,8 +21,11 @@ class OwnedProgram
         NotRoot ///< "nobody" where the test runs as root, for programs that refuse to run as root.
     };
 
+    /// What its standard input is.
+    enum class Input { None, Lines };
+
     OwnedProgram(const QString &program, const QStringList &arguments, const QProcessEnvironment &environment,
-                 const QString &workingFolder, User user = User::Same);
+                 const QString &workingFolder, User user = User::Same, Input input = Input::None);
     ~OwnedProgram();
     OwnedProgram(const OwnedProgram &) = delete;
     OwnedProgram &operator=(const OwnedProgram &) = delete;
@@ -30,9 +33,16 @@ class OwnedProgram
     OwnedProgram &operator=(OwnedProgram &&) = delete;
 
     [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }
+    [[nodiscard]] qint64 processId() const { return m_process.processId(); }
 
-    /// The next line of its standard output, waiting up to ten seconds for it; empty when there is none.
+    /// The next line of its standard output, waiting up to thirty seconds for it; empty when there is none.
     [[nodiscard]] QByteArray readLine();
+
+    /// Gives it a line of input.
+    void writeLine(const QByteArray &line);
+
+    /// Waits until it ended by itself, up to thirty seconds; true when it did and succeeded.
+    [[nodiscard]] bool waitForSuccess();
 
     /// Everything it wrote to standard error so far.
     [[nodiscard]] QByteArray errors();
@@ -50,7 +60,7 @@ class OwnedProgram
     QProcess m_process;
 };
 
-/// Runs a program to its end, at most ten seconds, and returns its standard output; a null array when it failed.
+/// Runs a program to its end, at most thirty seconds, and returns its standard output; a null array when it failed.
 [[nodiscard]] QByteArray outputOf(const QString &program, const QStringList &arguments,
                                   const QProcessEnvironment &environment);
 

@@ -25,13 +25,19 @@ inline QImage positionPicture(QSize size, int mark)
 }
 
 /// Compares a screenshot with positionPicture(source, mark) that fills it, cropped around the centre, not stretched:
-/// empty when they agree at 49 places, to 3 of 256 levels; else the first place that differs.
-inline QString differenceFromFill(const QImage &shot, QSize source, int mark)
+/// empty when they agree at 49 places, to 3 of 256 levels; else the last place that differs. On a desktop with a panel
+/// or icons some places are hidden: that many may differ. used is the size of
+/// the source's middle that was used as if it were all; the whole source unless told.
+inline QString differenceFromFill(const QImage &shot, QSize source, int mark, int hidden = 0, QSize used = {})
 {
+    if (used.isEmpty()) {
+        used = source;
+    }
+    QString difference;
     if (shot.isNull()) {
         return QStringLiteral("no screenshot");
     }
-    const double factor = std::max(double(shot.width()) / source.width(), double(shot.height()) / source.height());
+    const double factor = std::max(double(shot.width()) / used.width(), double(shot.height()) / used.height());
     for (int step = 0; step < 49; ++step) {
         const QPoint place(shot.width() * (2 * (step % 7) + 1) / 14, shot.height() * (2 * (step / 7) + 1) / 14);
         const double x = (place.x() + 0.5 - shot.width() / 2.0) / factor + source.width() / 2.0 - 0.5;
@@ -41,18 +47,19 @@ inline QString differenceFromFill(const QImage &shot, QSize source, int mark)
         const double green = 255 * y / (source.height() - 1);
         if (std::abs(qRed(found) - red) > 3 || std::abs(qGreen(found) - green) > 3 ||
             std::abs(qBlue(found) - mark) > 3) {
-            return QStringLiteral("at %1,%2: found %3,%4,%5, expected %6,%7,%8")
-                .arg(place.x())
-                .arg(place.y())
-                .arg(qRed(found))
-                .arg(qGreen(found))
-                .arg(qBlue(found))
-                .arg(red)
-                .arg(green)
-                .arg(mark);
+            difference = QStringLiteral("at %1,%2: found %3,%4,%5, expected %6,%7,%8")
+                             .arg(place.x())
+                             .arg(place.y())
+                             .arg(qRed(found))
+                             .arg(qGreen(found))
+                             .arg(qBlue(found))
+                             .arg(red)
+                             .arg(green)
+                             .arg(mark);
+            --hidden;
         }
     }
-    return {};
+    return hidden < 0 ? difference : QString();
 }
 
 } // namespace quorvane

@@ -98,13 +98,18 @@ PrivateXServer::PrivateXServer(QSize root, int depth, const QStringList &extraOp
     const QStringList options{
         QStringLiteral("-displayfd"), QStringLiteral("1"),   QStringLiteral("-screen"), QStringLiteral("0"), screen,
         QStringLiteral("-nolisten"),  QStringLiteral("tcp"), QStringLiteral("-noreset")};
+    start(QStringLiteral("Xvfb"), options + extraOptions, OwnedProgram::User::Same);
+}
+
+void PrivateXServer::start(const QString &program, const QStringList &options, OwnedProgram::User user)
+{
+    OwnedProgram::handOver(m_folder.path(), user);
     QProcessEnvironment environment;
     environment.insert(QStringLiteral("PATH"), qEnvironmentVariable("PATH"));
-    m_program =
-        std::make_unique<OwnedProgram>(QStringLiteral("Xvfb"), options + extraOptions, environment, m_folder.path());
+    m_program = std::make_unique<OwnedProgram>(program, options, environment, m_folder.path(), user);
     const QByteArray number = m_program->readLine();
     if (number.isEmpty()) {
-        qWarning("Xvfb did not start: %s", m_program->errors().constData());
+        qWarning("%s did not start: %s", qUtf8Printable(program), m_program->errors().constData());
     } else {
         m_display = ":" + number;
         holdNumber(number);
@@ -113,7 +118,9 @@ PrivateXServer::PrivateXServer(QSize root, int depth, const QStringList &extraOp
 
 PrivateXServer::~PrivateXServer()
 {
-    m_program->stop();
+    if (m_program != nullptr) {
+        m_program->stop();
+    }
     if (isReady()) {
         releaseNumber(m_display.mid(1));
     }

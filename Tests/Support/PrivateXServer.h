@@ -20,7 +20,7 @@ class PrivateXServer
 
     /// depth is 24 or 16; extraOptions are Xvfb's.
     explicit PrivateXServer(QSize root, int depth = 24, const QStringList &extraOptions = {});
-    ~PrivateXServer();
+    virtual ~PrivateXServer();
     PrivateXServer(const PrivateXServer &) = delete;
     PrivateXServer &operator=(const PrivateXServer &) = delete;
     PrivateXServer(PrivateXServer &&) = delete;
@@ -48,6 +48,16 @@ class PrivateXServer
     [[nodiscard]] QImage pixelsOf(quint32 pixmap) const;
 
     [[nodiscard]] OwnedProgram &program() { return *m_program; }
+
+  protected:
+    /// Starts nothing yet.
+    PrivateXServer() = default;
+
+    /// The server's own folder.
+    [[nodiscard]] QString folder() const { return m_folder.path(); }
+
+    /// Starts a server that writes its number to standard output once it is ready.
+    void start(const QString &program, const QStringList &options, OwnedProgram::User user);
 
   private:
     QTemporaryDir m_folder;

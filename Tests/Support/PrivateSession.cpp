@@ -1,0 +1,143 @@
+#include "Support/PrivateSession.h"
+
+#include "Support/Files.h"
+#include "Support/WaitFor.h"
+
+#include <csignal>
+
+namespace quorvane {
+
+namespace {
+
+/// Who may be started by being called. Any service that is installed would be too many: portals, mounts, keyrings.
+const QStringList kServices{QStringLiteral("ca.desrt.dconf.service"), QStringLiteral("org.xfce.Xfconf.service")};
+
+/// The processes that have entry in their environment.
+QList<pid_t> processesWith(const QByteArray &entry)
+{
+    QList<pid_t> found;
+    const QStringList names = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
+    for (const QString &name : names) {
+        bool isNumber = false;
+        const pid_t process = name.toInt(&isNumber);
+        if (isNumber &&
+            ('\0' + contentOf(QStringLiteral("/proc/%1/environ").arg(name))).contains('\0' + entry + '\0')) {
+            found.append(process);
+        }
+    }
+    return found;
+}
+
+} // namespace
+
+QString PrivateSession::missingProgram()
+{
+    return firstMissing({QStringLiteral("dbus-daemon"), QStringLiteral("setpriv")});
+}
+
+PrivateSession::PrivateSession(const QProcessEnvironment &variables)
+    : m_environment(variables)
+{
+    const QString home = m_folder.path() + QStringLiteral("/home");
+    for (const QString &folder : {home, servicesFolder(), runtimeFolder(), configFolder()}) {
+        QDir().mkpath(folder);
+        OwnedProgram::handOver(folder, OwnedProgram::User::NotRoot);
+    }
+    for (const QString &service : kServices) {
+        QFile::copy(QStringLiteral("/usr/share/dbus-1/services/") + service,
+                    servicesFolder() + QLatin1Char('/') + service);
+    }
+    OwnedProgram::handOver(m_folder.path(), OwnedProgram::User::NotRoot);
+    setVariable(QStringLiteral("PATH"), qEnvironmentVariable("PATH"));
+    setVariable(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    setVariable(QStringLiteral("HOME"), home);
+    setVariable(QStringLiteral("XDG_CONFIG_HOME"), configFolder());
+    setVariable(QStringLiteral("XDG_RUNTIME_DIR"), runtimeFolder());
+    setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), busAddress());
+    setVariable(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"),
+                QStringLiteral("unix:path=") + runtimeFolder() + QStringLiteral("/system-bus"));
+    // No device and no assistive technology is there to look for.
+    setVariable(QStringLiteral("LIBGL_ALWAYS_SOFTWARE"), QStringLiteral("1"));
+    setVariable(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1"));
+    m_systemBus = startBus(QStringLiteral("system-bus"));
+    m_sessionBus = startBus(QStringLiteral("bus"));
+    m_isReady = !m_systemBus->readLine().isEmpty() && !m_sessionBus->readLine().isEmpty();
+    if (!m_isReady) {
+        qWarning("A bus did not start: %s%s", m_systemBus->errors().constData(), m_sessionBus->errors().constData());
+    }
+}
+
+PrivateSession::~PrivateSession()
+{
+    endPrograms();
+}
+
+QString PrivateSession::busAddress() const
+{
+    return QStringLiteral("unix:path=") + runtimeFolder() + QStringLiteral("/bus");
+}
+
+std::unique_ptr<OwnedProgram> PrivateSession::start(const QString &program, const QStringList &arguments,
+                                                    OwnedProgram::Input input) const
+{
+    return std::make_unique<OwnedProgram>(program, arguments, m_environment, m_folder.path(),
+                                          OwnedProgram::User::NotRoot, input);
+}
+
+bool PrivateSession::run(const QString &program, const QStringList &arguments) const
+{
+    const auto running = start(program, arguments);
+    const bool succeeded = running->waitForSuccess();
+    if (!succeeded) {
+        qWarning("%s failed: %s", qUtf8Printable(program), running->errors().constData());
+    }
+    return succeeded;
+}
+
+bool PrivateSession::give(const QString &path, const QByteArray &content)
+{
+    return putFile(path, content) &&
+           QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
+}
+
+void PrivateSession::endPrograms() const
+{
+    const QByteArray mark = "XDG_RUNTIME_DIR=" + QFile::encodeName(runtimeFolder());
+    // What ends may start something else before it is gone, so this goes on until nobody is left. The buses are
+    // programs of the session by their environment too, and have objects of their own.
+    const auto others = [&] {
+        QList<pid_t> found = processesWith(mark);
+        for (const auto *bus : {m_systemBus.get(), m_sessionBus.get()}) {
+            found.removeAll(static_cast<pid_t>(bus->processId()));
+        }
+        return found;
+    };
+    const bool allEnded = waitFor([&] {
+        const QList<pid_t> left = others();
+        for (const pid_t process : left) {
+            ::kill(process, SIGKILL);
+        }
+        return left.isEmpty();
+    });
+    if (!allEnded) {
+        qWarning("Something of the session in %s does not end", qUtf8Printable(runtimeFolder()));
+    }
+}
+
+std::unique_ptr<OwnedProgram> PrivateSession::startBus(const QString &name) const
+{
+    // Root is let in, as which the test itself may run.
+    const QByteArray configuration =
+        "<busconfig><type>session</type><auth>EXTERNAL</auth><listen>unix:path=" +
+        QFile::encodeName(runtimeFolder() + QLatin1Char('/') + name) + "</listen><servicedir>" +
+        QFile::encodeName(servicesFolder()) +
+        "</servicedir><policy context=\"default\"><allow user=\"*\"/><allow send_destination=\"*\"/>"
+        "<allow receive_sender=\"*\"/><allow own=\"*\"/></policy></busconfig>";
+    const QString file = m_folder.path() + QLatin1Char('/') + name + QStringLiteral(".conf");
+    (void)give(file, configuration);
+    // The address is printed once the bus listens.
+    return start(QStringLiteral("dbus-daemon"), {QStringLiteral("--config-file=") + file, QStringLiteral("--nofork"),
+                                                 QStringLiteral("--print-address=1")});
+}
+
+} // namespace quorvane
