@@ -1,0 +1,90 @@
+#pragma once
+
+#include "Support/PrivateSession.h"
+#include "Support/PrivateXorg.h"
+
+#include <QImage>
+
+#include <functional>
+#include <ostream>
+
+namespace quorvane {
+
+/// A desktop of the kind that a person logs in to, with two screens, on buses and a display of its own.
+class RealDesktop
+{
+  public:
+    /// What must be known of a desktop to run it.
+    struct Plan
+    {
+        QString name;           ///< The test's.
+        QString currentDesktop; ///< XDG_CURRENT_DESKTOP
+        QString way;            ///< What we call it.
+        QString painter;        ///< The name on the session bus by which it is seen to draw.
+        QList<QStringList> commands;
+        QList<QStringList> preparations; ///< Run to their ends before; they put icons out of the picture's way.
+        /// Some crop the picture for one screen and then that part for the next.
+        enum class Crop { FromAll, FromWhatAnotherShows } crop = Crop::FromAll;
+        /// Some have their name before they listen to changes of their settings, and announce what they draw to the X
+        /// server once they do.
+        enum class Ready { WithName, WhenAnnounced } ready = Ready::WithName;
+    };
+
+    RealDesktop(Plan plan, const QProcessEnvironment &variables);
+    virtual ~RealDesktop() = default;
+    RealDesktop(const RealDesktop &) = delete;
+    RealDesktop &operator=(const RealDesktop &) = delete;
+    RealDesktop(RealDesktop &&) = delete;
+    RealDesktop &operator=(RealDesktop &&) = delete;
+
+    [[nodiscard]] const Plan &plan() const { return m_plan; }
+    [[nodiscard]] PrivateSession &session() { return m_session; }
+
+    /// Whether what the desktop needs is there; look at this before start().
+    [[nodiscard]] virtual bool isReady() const { return m_session.isReady(); }
+
+    /// Starts it and waits until it is there.
+    [[nodiscard]] virtual bool start();
+
+    /// Stops it as it is, which a call to it notices only by waiting.
+    void freeze();
+
+    /// Kills it and waits until nobody on the bus has its name.
+    [[nodiscard]] bool kill();
+
+    /// Everything that the screens show, and where they are in it.
+    [[nodiscard]] virtual QImage screenshot() = 0;
+    [[nodiscard]] virtual QList<QRect> areas() = 0;
+
+    /// Plugs in one more screen; false when that fails.
+    [[nodiscard]] virtual bool plugIn() = 0;
+
+    /// For QT_QPA_PLATFORM.
+    [[nodiscard]] virtual QString platform() const = 0;
+
+  protected:
+    [[nodiscard]] QStringList namesOnBus() const;
+
+  private:
+    Plan m_plan;
+    PrivateSession m_session;
+    std::vector<std::unique_ptr<OwnedProgram>> m_programs;
+};
+
+/// A desktop that can be tested here.
+struct TestedDesktop
+{
+    QString name;
+    QStringList programs; ///< All must be installed.
+    std::function<std::unique_ptr<RealDesktop>()> make;
+
+    /// What is not installed; empty when it can run.
+    [[nodiscard]] QString missing() const;
+
+    /// How GoogleTest shows it.
+    friend void PrintTo(const TestedDesktop &desktop, std::ostream *stream) { *stream << desktop.name.toStdString(); }
+};
+
+[[nodiscard]] const QList<TestedDesktop> &testedDesktops();
+
+} // namespace quorvane
