@@ -20,7 +20,7 @@ QString nextName()
 
 QString sessionBusAddress()
 {
-    const QString told = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    QString told = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
     if (!told.isEmpty()) {
         return told;
     }
