@@ -152,7 +152,7 @@ TEST_F(X11WindowTest, aScreenReaderFindsTheControlsByRoleNameAndState)
                                      {"check box", "4K resolution"},
                                      {"check box", "NSFW"},
                                      {"check box", "Auto-generate"},
-                                     {"push button", "a lake, 1 pictures"}}) {
+                                     {"push button", "a lake, 1 picture"}}) {
         EXPECT_TRUE(comes(QLatin1String(role), QLatin1String(name))) << role << ' ' << name;
     }
     const auto prompt = tree->find(QStringLiteral("text"), QStringLiteral("Prompt"));
@@ -198,10 +198,10 @@ TEST_F(X11WindowTest, thePointerAndTheKeyboardReachTheControls)
         const auto toggle = tree->find(QStringLiteral("check box"), QStringLiteral("4K resolution"));
         return toggle && toggle->has(AccessibleElement::Checked);
     }));
-    click(kButton, QStringLiteral("a lake, 1 pictures"));
+    click(kButton, QStringLiteral("a lake, 1 picture"));
     EXPECT_TRUE(comes(kButton, QStringLiteral("Use Prompt")));
     act({QStringLiteral("key"), QStringLiteral("Escape")});
-    EXPECT_TRUE(comes(kButton, QStringLiteral("a lake, 1 pictures")));
+    EXPECT_TRUE(comes(kButton, QStringLiteral("a lake, 1 picture")));
 }
 
 class SwayWindowTest : public WindowTest
@@ -241,7 +241,7 @@ TEST_F(SwayWindowTest, theWindowHasTheKeyboardAndThePreviewCanBeLeftByIt)
     start(sway->clientEnvironment(), "wayland");
     EXPECT_TRUE(waitFor([&] { return hasKeyboard(); }));
     const QColor other = colorAt("HEADLESS-2", {300, 200});
-    for (const char *name : {"a lake, 1 pictures", ""}) {
+    for (const char *name : {"a lake, 1 picture", ""}) {
         // The tile of the picture is the one that is named after its prompt and its date.
         const auto find = [&]() -> std::optional<AccessibleElement> {
             for (const AccessibleElement &each : tree->elements()) {

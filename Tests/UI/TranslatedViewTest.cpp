@@ -119,6 +119,7 @@ TEST_F(TranslatedView, aLanguageFromRightToLeftMirrorsTheMainWindow)
     EXPECT_EQ(find(QStringLiteral("albumsButton"))->property("symbol"), QStringLiteral("chevron.right"));
     EXPECT_LT(placeOf(QStringLiteral("usePromptButton")).left(), 40);
     const QString tile = QStringLiteral("tile ") + ImageStore::directory() + QStringLiteral("/a.png");
+    ASSERT_TRUE(waitFor([&] { return isReachable(tile); }));
     EXPECT_LT(placeOf(QStringLiteral("star")).left(), placeOf(tile).center().x());
 }
 
