@@ -24,7 +24,7 @@ class PeakMemory
 
     [[nodiscard]] qint64 riseBytes() const { return highWaterBytes() - m_before; }
 
-  private:
+    /// How much this process has had resident at most, since the last such object was made.
     [[nodiscard]] static qint64 highWaterBytes()
     {
         QFile status(QStringLiteral("/proc/self/status"));
@@ -35,6 +35,7 @@ class PeakMemory
         return text.sliced(at, text.indexOf("kB", at) - at).trimmed().toLongLong() * kKibibyte;
     }
 
+  private:
     qint64 m_before = 0;
 };
 

@@ -28,6 +28,10 @@ class EmbeddedTray : public QObject
     /// read computes the menu's items; it is called whenever the menu is about to be shown.
     EmbeddedTray(MenuBarIcon icon, std::function<QList<MenuItem>()> read, QObject *parent = nullptr);
     ~EmbeddedTray() override;
+    EmbeddedTray(const EmbeddedTray &) = delete;
+    EmbeddedTray &operator=(const EmbeddedTray &) = delete;
+    EmbeddedTray(EmbeddedTray &&) = delete;
+    EmbeddedTray &operator=(EmbeddedTray &&) = delete;
 
     /// Whether the icon is wanted, because nobody shows the one on the bus.
     void setWanted(bool isWanted);

@@ -68,8 +68,8 @@ QString obstacle(DesktopWay way, const DesktopFacts &facts)
 /// What is missing for the desktop to take a picture; empty when it is there.
 QString whatIsMissing(const SessionDesktop &desktop, const DesktopFacts &facts)
 {
-    if (desktop.settings && !facts.schemas.contains(desktop.settings->schema)) {
-        return Tr::tr("its settings \"%1\" are not installed").arg(desktop.settings->schema);
+    if (!desktop.settings.schema.isEmpty() && !facts.schemas.contains(desktop.settings.schema)) {
+        return Tr::tr("its settings \"%1\" are not installed").arg(desktop.settings.schema);
     }
     if (desktop.displays == SessionDesktop::Displays::OnlyX11 && !facts.hasX11) {
         return Tr::tr("DISPLAY is not set");

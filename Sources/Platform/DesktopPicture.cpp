@@ -54,8 +54,8 @@ QStringList installedSchemas()
 {
     QStringList schemas;
     for (const SessionDesktop &desktop : sessionDesktops()) {
-        if (desktop.settings && SettingsGroup::isInstalled(desktop.settings->schema)) {
-            schemas.append(desktop.settings->schema);
+        if (!desktop.settings.schema.isEmpty() && SettingsGroup::isInstalled(desktop.settings.schema)) {
+            schemas.append(desktop.settings.schema);
         }
     }
     return schemas;

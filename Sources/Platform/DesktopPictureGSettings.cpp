@@ -57,11 +57,11 @@ Current currentOf(const SessionDesktop &desktop, const QString &busAddress, cons
     if (auto failure = painterFailure(desktop, busAddress, deadline)) {
         return {{}, failure};
     }
-    const SettingsGroup group(desktop.settings->schema);
+    const SettingsGroup group(desktop.settings.schema);
     if (!group.error().isEmpty()) {
         return {{}, group.error()};
     }
-    return {group.text(desktop.settings->pictureKeys.constFirst()), std::nullopt};
+    return {group.text(desktop.settings.pictureKeys.constFirst()), std::nullopt};
 }
 
 /// current is what the settings hold.
@@ -100,11 +100,11 @@ std::optional<QString> change(const BackgroundSettings &settings, const QString 
 
 } // namespace
 
-DesktopPictureGSettings::DesktopPictureGSettings(QString name, const SessionDesktop &desktop, QString busAddress,
+DesktopPictureGSettings::DesktopPictureGSettings(QString name, SessionDesktop desktop, QString busAddress,
                                                  std::function<QList<Screen>()> screens, QString reason,
                                                  std::chrono::milliseconds limit)
     : m_name(std::move(name))
-    , m_desktop(desktop)
+    , m_desktop(std::move(desktop))
     , m_busAddress(std::move(busAddress))
     , m_screens(std::move(screens))
     , m_reason(std::move(reason))
@@ -125,7 +125,7 @@ std::optional<QString> DesktopPictureGSettings::setPicture(const QString &path, 
     }
     const std::chrono::milliseconds left(asking.remainingTime()); // The time to decode is nobody's but ours.
 
-    const BackgroundSettings settings = *m_desktop.settings;
+    const BackgroundSettings settings = m_desktop.settings;
     const HandedPicture handed = handedTo(settings, path, current->value);
     if (!handed.error.isEmpty()) {
         return handed.error;

@@ -13,7 +13,7 @@ class DesktopPictureGSettings : public DesktopPicture
 {
   public:
     /// busAddress is the session bus, where the program that draws must be; screens tells what there is.
-    DesktopPictureGSettings(QString name, const SessionDesktop &desktop, QString busAddress,
+    DesktopPictureGSettings(QString name, SessionDesktop desktop, QString busAddress,
                             std::function<QList<Screen>()> screens, QString reason,
                             std::chrono::milliseconds limit = kDesktopLimit);
 

@@ -86,7 +86,6 @@ bool isAllowedAddress(const QUrl &url)
 struct HttpClient::Exchange
 {
     Request request;
-    QSslConfiguration tls; ///< Read for each request: the certificates take some megabytes, and hours may lie between.
     bool asGet = false;
     QByteArray answer;
     bool tooLarge = false;
@@ -136,7 +135,6 @@ QCoro::Task<QByteArray> HttpClient::post(Request request)
     const QUrl origin = request.url;
     auto state = std::make_unique<Exchange>();
     state->request = std::move(request);
-    state->tls = trustedTlsConfiguration();
     const Busy busy(this);
     for (int redirects = 0; redirects <= kRedirectLimit; ++redirects) {
         if (!isAllowedAddress(state->request.url)) {
@@ -162,7 +160,10 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
         throw TransportError(Tr::tr("The request was cancelled."));
     }
     QNetworkRequest request(state->request.url);
-    request.setSslConfiguration(state->tls);
+    if (!m_tls) {
+        m_tls = trustedTlsConfiguration();
+    }
+    request.setSslConfiguration(*m_tls);
     request.setTransferTimeout(static_cast<int>(state->request.silenceLimit.count()));
     if (!state->request.secret.name.isEmpty()) {
         request.setRawHeader(state->request.secret.name, state->request.secret.value);

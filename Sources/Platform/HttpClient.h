@@ -76,6 +76,7 @@ class HttpClient
     [[nodiscard]] QCoro::Task<std::optional<QUrl>> exchange(Exchange *state);
 
     QNetworkAccessManager m_network;
+    std::optional<QSslConfiguration> m_tls; ///< Read with the first request, because many starts make none.
     qint64 m_answerLimitBytes;
     int m_running = 0;
     std::stop_source m_stop;

@@ -66,11 +66,16 @@ PortalRequest::Outcome PortalRequest::ask(const QDBusMessage &question, const QV
         },
         Qt::QueuedConnection);
     const std::stop_callback stopping(stop, [this] { Q_EMIT stopped(); });
-    QTimer::singleShot(std::chrono::milliseconds(std::max<qint64>(1, deadline.remainingTime())), &loop, asking);
-    QTimer::singleShot(kAskingLimit, this, [this] {
+    QTimer patience;
+    patience.setSingleShot(true);
+    connect(&patience, &QTimer::timeout, this, asking);
+    patience.start(std::chrono::milliseconds(std::max<qint64>(1, deadline.remainingTime())));
+    QTimer end;
+    connect(&end, &QTimer::timeout, this, [this] {
         m_outcome.error = Tr::tr("The desktop's question was not answered");
         Q_EMIT ended();
     });
+    end.start(kAskingLimit);
     if (!m_outcome.response && m_outcome.error.isEmpty()) {
         loop.exec();
     }

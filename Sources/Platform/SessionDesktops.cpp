@@ -58,7 +58,7 @@ const QList<SessionDesktop> &sessionDesktops()
         return result;
     };
     static const QList<SessionDesktop> desktops{
-        {QStringLiteral("Plasma"), DesktopWay::Plasma, texts({"KDE"}), texts({"org.kde.plasmashell"}), std::nullopt},
+        {QStringLiteral("Plasma"), DesktopWay::Plasma, texts({"KDE"}), texts({"org.kde.plasmashell"}), {}},
         {QStringLiteral("Budgie"), DesktopWay::Gnome, texts({"Budgie"}), texts({"org.budgie_desktop.BudgieWM"}),
          gnomeSettings()},
         {QStringLiteral("Cinnamon"), DesktopWay::Cinnamon, texts({"X-Cinnamon", "Cinnamon"}), texts({"org.Cinnamon"}),
@@ -66,9 +66,13 @@ const QList<SessionDesktop> &sessionDesktops()
         // The file manager draws it behind its icons; where there are none, the settings daemon does.
         {QStringLiteral("MATE"), DesktopWay::Mate, texts({"MATE"}), texts({"org.mate.Caja", "org.mate.SettingsDaemon"}),
          mateSettings()},
-        {QStringLiteral("XFCE"), DesktopWay::Xfce, texts({"XFCE"}), texts({"org.xfce.xfdesktop"}), std::nullopt},
+        {QStringLiteral("XFCE"), DesktopWay::Xfce, texts({"XFCE"}), texts({"org.xfce.xfdesktop"}), {}},
         // On Wayland its desktop is one window for each screen, which is not told over the bus.
-        {QStringLiteral("LXQt"), DesktopWay::Lxqt, texts({"LXQt"}), texts({"org.pcmanfm.PCManFM"}), std::nullopt,
+        {QStringLiteral("LXQt"),
+         DesktopWay::Lxqt,
+         texts({"LXQt"}),
+         texts({"org.pcmanfm.PCManFM"}),
+         {},
          SessionDesktop::Displays::OnlyX11},
         {QStringLiteral("GNOME"), DesktopWay::Gnome, texts({"GNOME", "Unity", "ubuntu", "pop", "Pantheon"}),
          texts({"org.gnome.Shell", "com.canonical.Unity", "org.pantheon.gala"}), gnomeSettings()},

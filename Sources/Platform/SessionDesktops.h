@@ -7,8 +7,6 @@
 #include <QStringList>
 #include <QVariantMap>
 
-#include <optional>
-
 namespace quorvane {
 
 /// Where a desktop keeps its background in GSettings.
@@ -34,9 +32,9 @@ struct SessionDesktop
 
     QString title; ///< As people know it.
     DesktopWay way = DesktopWay::None;
-    QStringList entries;  ///< What XDG_CURRENT_DESKTOP may say, in any mixture of capitals.
-    QStringList painters; ///< Names on the session bus; one of them is there while the background is drawn.
-    std::optional<BackgroundSettings> settings;
+    QStringList entries;         ///< What XDG_CURRENT_DESKTOP may say, in any mixture of capitals.
+    QStringList painters;        ///< Names on the session bus; one of them is there while the background is drawn.
+    BackgroundSettings settings; ///< Its schema is empty where the desktop keeps the background elsewhere.
     Displays displays = Displays::Any;
 };
 

@@ -41,7 +41,7 @@ using Value = std::unique_ptr<GVariant, Unreferenced<GVariant, g_variant_unref>>
 
 QString taken(GError *error)
 {
-    const QString words = QString::fromUtf8(error->message);
+    QString words = QString::fromUtf8(error->message);
     g_error_free(error);
     return words;
 }
@@ -60,7 +60,9 @@ class DconfWarnings
     /// The process's only ones: GLib has one place for them too.
     static DconfWarnings &listening()
     {
-        static auto *const warnings = new DconfWarnings; // Never gone: dconf's thread goes on to the end.
+        // Never gone: dconf's thread goes on to the end.
+        // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): GLib's is global, too.
+        static auto *const warnings = new DconfWarnings;
         return *warnings;
     }
 

@@ -84,6 +84,7 @@ SystemAppearance::SystemAppearance(QObject *parent)
     , m_appearance(appearanceOf(m_settings))
 {
     qDBusRegisterMetaType<PortalSettings>();
+    qRegisterMetaType<QDBusVariant>(); // The slot below is found by the names of its types.
     connect(&m_bus, &SessionBus::connected, this, &SystemAppearance::attach);
     attach();
 }

@@ -64,7 +64,8 @@ def self_test():
                "Providers/ServiceRequest.h", "Providers/GrokProvider.h", "Upscaling/PngEncoder.h",
                "Storage/ImageStore.h", "Platform/Paths.h"]
     good = [("App", h) for h in headers] + [
-        ("Views", "Manager/Album.h"), ("Views", "Platform/Paths.h"), ("Manager", "Providers/GrokProvider.h"), ("Manager", "Upscaling/PngEncoder.h"),
+        ("Views", "Manager/Album.h"), ("Views", "Platform/Paths.h"),
+        ("Manager", "Providers/GrokProvider.h"), ("Manager", "Upscaling/PngEncoder.h"),
         ("Manager", "Storage/ImageStore.h"), ("Manager", "Platform/Paths.h"), ("Providers", "Platform/Paths.h"),
         ("Upscaling", "Platform/Paths.h"), ("Storage", "Platform/Paths.h"), ("Platform", "Platform/Paths.h"),
         ("Upscaling", "Providers/ProviderError.h"), ("Upscaling", "Providers/ServiceRequest.h"),

@@ -106,4 +106,25 @@ TEST_F(MainJobTest, aPromptBecomesTheWallpaperOfBothMonitorsOfAnXServerAndStaysT
     EXPECT_EQ(differenceFromFill(root.copy(right), QSize(3840, 2160), kMark), QString());
 }
 
+TEST_F(MainJobTest, aCommandAloneRefusesABackgroundThatWouldEndWithIt)
+{
+    if (const QString missing = PrivateSway::missingProgram(); !missing.isEmpty()) {
+        GTEST_SKIP() << missing.toStdString() << " is not installed";
+    }
+    const PrivateSway sway({QSize(800, 450)});
+    ASSERT_TRUE(sway.isReady());
+    QProcessEnvironment environment = sway.clientEnvironment();
+    environment.insert(QStringLiteral("HOME"), home.path());
+    environment.insert(QStringLiteral("QUORVANE_DESKTOP"), QStringLiteral("layer-shell"));
+    const QString picture = home.path() + QStringLiteral("/picture.png");
+    ASSERT_TRUE(positionPicture(QSize(800, 450), kMark).save(picture));
+    const CommandRun set = runQuorvane({QStringLiteral("set"), picture, QStringLiteral("--json")}, environment);
+    EXPECT_EQ(set.status, 1);
+    EXPECT_TRUE(set.json()[QLatin1String("status")].toString().contains(QStringLiteral("start Quorvane")));
+    const QJsonValue status = runQuorvane({QStringLiteral("status"), QStringLiteral("--json")}, environment).json();
+    EXPECT_EQ(status[QLatin1String("desktop")].toString(), QStringLiteral("layer-shell"));
+    EXPECT_EQ(status[QLatin1String("screens")].toArray().size(), 1);
+    EXPECT_TRUE(status[QLatin1String("currentWallpaper")].isNull());
+}
+
 } // namespace quorvane

@@ -297,7 +297,7 @@ class EmbeddedTrayTest : public ShellTest
 TEST_F(EmbeddedTrayTest, theIconAndItsMenuAreInATrayOfTheOldKindUntilAPanelComes)
 {
     const auto application = startAndWait();
-    const auto tray = startTray();
+    auto tray = startTray();
     ASSERT_TRUE(waitFor([this] { return showsIcon(); }))
         << tray->errors().constData() << application->errors().constData();
     keep(x->rootWindow(), QStringLiteral("trayer"));
@@ -306,6 +306,10 @@ TEST_F(EmbeddedTrayTest, theIconAndItsMenuAreInATrayOfTheOldKindUntilAPanelComes
         EXPECT_TRUE(waitFor([this] { return !showsIcon(); }));
     }
     ASSERT_TRUE(waitFor([this] { return showsIcon(); }));
+    tray->signal(SIGKILL);
+    ASSERT_TRUE(waitFor([this] { return !showsIcon(); }));
+    tray = startTray();
+    ASSERT_TRUE(waitFor([this] { return showsIcon(); })) << tray->errors().constData();
     const QString middleX = QString::number(kTray.right() - 16);
     const QString middleY = QString::number(kTray.bottom() - 24);
     press({QStringLiteral("mousemove"), middleX, middleY, QStringLiteral("click"), QStringLiteral("1")});

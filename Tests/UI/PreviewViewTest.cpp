@@ -67,7 +67,7 @@ TEST_F(PreviewView, anEnlargedPictureTakesThePlaceOfItsOriginal)
         co_return UpscaledImage{image, QStringLiteral("png")};
     };
     openFirst();
-    EXPECT_TRUE(isSeen(QStringLiteral("upscaleButton")));
+    ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("upscaleButton")); }));
     EXPECT_FALSE(isSeen(QStringLiteral("originalButton")));
     click(QStringLiteral("upscaleButton"));
     EXPECT_TRUE(isSeen(QStringLiteral("upscalingNotice")));
@@ -75,7 +75,7 @@ TEST_F(PreviewView, anEnlargedPictureTakesThePlaceOfItsOriginal)
     manager->waitUntilIdle();
     EXPECT_FALSE(isSeen(QStringLiteral("upscalingNotice")));
     ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("originalButton")); }));
-    EXPECT_FALSE(isSeen(QStringLiteral("upscaleButton")));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("upscaleButton")); }));
     click(QStringLiteral("originalButton"));
     EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("originalButton")); }));
 }

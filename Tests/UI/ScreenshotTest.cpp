@@ -70,7 +70,9 @@ class Screenshot : public ViewTest
             !qEnvironmentVariableIsSet("QUORVANE_UPDATE_PICTURES")) {
             return;
         }
-        (void)waitFor([] { return false; }, std::chrono::milliseconds(600));
+        (void)waitFor([] { return false; }, qEnvironmentVariableIsSet("QUORVANE_UPDATE_PICTURES")
+                                                ? std::chrono::seconds(4)
+                                                : std::chrono::milliseconds(600));
     }
 
     /// Waits until the window looks as it did.

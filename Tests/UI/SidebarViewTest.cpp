@@ -62,11 +62,11 @@ TEST_F(SidebarView, aMissingKeyIsNamedAndDisablesTheButton)
 {
     store(SettingsKeys::kLastPrompt, QStringLiteral("a lake"));
     openWith({});
-    EXPECT_TRUE(isSeen(QStringLiteral("missingKeys")));
+    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("missingKeys")); }));
     EXPECT_FALSE(find(QStringLiteral("generateButton"))->isEnabled());
     manager->saveKey(QStringLiteral("KEY"), QStringLiteral("gemini"));
-    EXPECT_FALSE(isSeen(QStringLiteral("missingKeys")));
-    EXPECT_TRUE(find(QStringLiteral("generateButton"))->isEnabled());
+    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("missingKeys")); }));
+    EXPECT_TRUE(waitFor([&] { return find(QStringLiteral("generateButton"))->isEnabled(); }));
 }
 
 TEST_F(SidebarView, theScheduleShowsItsRowsOnlyWhileItIsOn)

@@ -160,6 +160,7 @@ FocusScope {
         onApplied: gallery.model.apply(url)
         onFavoriteToggled: gallery.model.toggleFavorite(url)
         onDeleted: gallery.model.remove(url)
+        onClosed: images.forceActiveFocus()
     }
     Shortcut {
         enabled: images.activeFocus && images.currentItem !== null

@@ -69,7 +69,7 @@ void carryOut(const std::shared_ptr<Order> &order, const std::function<QImage()>
 PictureProvider::PictureProvider(Kind kind)
     : m_kind(kind)
 {
-    m_threads.setMaxThreadCount(std::clamp(QThread::idealThreadCount() - 1, 1, 4));
+    m_threads.setMaxThreadCount(std::clamp(QThread::idealThreadCount(), 1, 4));
     m_threads.setThreadPriority(QThread::LowPriority);
 }
 

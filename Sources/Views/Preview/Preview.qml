@@ -217,6 +217,7 @@ FocusScope {
         id: menu
         objectName: "previewMenu"
         actions: preview.actions
+        onClosed: preview.forceActiveFocus()
     }
     Shortcut {
         enabled: preview.model.isOpen

@@ -104,7 +104,7 @@ QStringList PreviewModel::neighbours() const
 
 void PreviewModel::usePrompt()
 {
-    if (canUsePrompt() && areRecordsRead()) {
+    if (canUsePrompt() && m_records.url == m_previewURL) {
         Q_EMIT promptChosen(prompt());
         close();
     }
@@ -135,7 +135,7 @@ bool PreviewModel::canUpscale() const
 
 void PreviewModel::upscale()
 {
-    if (canUpscale() && areRecordsRead()) {
+    if (canUpscale() && m_records.url == m_previewURL) {
         manager()->upscaleExistingImage(m_previewURL);
     }
 }
@@ -157,7 +157,7 @@ double PreviewModel::progressShare() const
 
 void PreviewModel::showOriginal()
 {
-    if (hasOriginal() && areRecordsRead()) {
+    if (hasOriginal() && m_records.url == m_previewURL) {
         setPreviewURL(*m_records.facts.original);
     }
 }

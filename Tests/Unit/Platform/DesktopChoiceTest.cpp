@@ -88,9 +88,7 @@ DesktopFacts withDesktop(const char *entries, const char *painter, DesktopFacts 
     base = withX11(base, list(entries));
     base.busNames.append(QString::fromUtf8(painter));
     for (const SessionDesktop &desktop : sessionDesktops()) {
-        if (desktop.settings) {
-            base.schemas.append(desktop.settings->schema);
-        }
+        base.schemas.append(desktop.settings.schema);
     }
     return base;
 }

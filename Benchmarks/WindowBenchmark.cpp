@@ -1,0 +1,458 @@
+// What the windows cost with 10,000 pictures, drawn by the processor, each figure beside an alternative that is
+// measured in the same run. Every part runs in a process of its own, so that none profits from what another left in
+// memory:
+//
+//   WindowBenchmark            all parts
+//   WindowBenchmark PART...    start, scroll, thumbnails, reopening, preview
+
+#include "PeakMemory.h"
+
+#include "Manager/WallpaperManager.h"
+#include "Platform/DesktopPicture.h"
+#include "Platform/HttpClient.h"
+#include "Platform/SecretStore.h"
+#include "Platform/UserDefaults.h"
+#include "Storage/ImageStore.h"
+#include "Storage/SideFile.h"
+#include "Views/Pictures/PictureDecoding.h"
+#include "Views/Pictures/PictureProvider.h"
+#include "Views/Pictures/PictureUrl.h"
+#include "Views/Views.h"
+#include "demo-service/Painter/Painter.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QGuiApplication>
+#include <QImageWriter>
+#include <QProcess>
+#include <QQmlApplicationEngine>
+#include <QQmlComponent>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QUrl>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+#include <time.h>
+#include <unistd.h>
+
+namespace quorvane {
+
+namespace {
+
+constexpr int kImages = 10'000;
+constexpr int kFew = 10;
+constexpr int kLarge = 12;
+constexpr double kFrame = 1000.0 / 60;
+
+using Times = std::vector<double>; ///< Milliseconds.
+
+double median(Times times)
+{
+    std::sort(times.begin(), times.end());
+    return times.at(times.size() / 2);
+}
+
+double since(const QElapsedTimer &timer)
+{
+    return double(timer.nsecsElapsed()) / 1e6;
+}
+
+/// The processor's time that this thread has had, in milliseconds: what a frame costs, whatever else the machine does.
+double ownTime()
+{
+    struct timespec time = {};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return double(time.tv_sec) * 1e3 + double(time.tv_nsec) / 1e6;
+}
+
+/// No keys of old times, whose search would be measured, too.
+class NoSecrets final : public SecretStore
+{
+  public:
+    [[nodiscard]] std::optional<QByteArray> read(const QString & /*service*/, const QString & /*account*/) override
+    {
+        return std::nullopt;
+    }
+    void remove(const QString & /*service*/, const QString & /*account*/) override {}
+};
+
+/// A painted picture with the grain of a photograph, so that no encoder has it too easy.
+QImage picture(int number, QSize size)
+{
+    QImage image = paintPicture(QStringLiteral("a lake %1").arg(number), {960, 540})
+                       .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                       .convertToFormat(QImage::Format_RGB32);
+    auto random = QRandomGenerator(quint32(number));
+    for (int y = 0; y < image.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            line[x] ^= random.generate() & 0x010101U;
+        }
+    }
+    return image;
+}
+
+/// A home with that many pictures of a few contents, four to a prompt.
+void makeHome(const QString &home, int count)
+{
+    qputenv("HOME", QFile::encodeName(home));
+    const QString folder = ImageStore::directory() + QLatin1Char('/');
+    constexpr int kContents = 8;
+    for (int number = 0; number < kContents; ++number) {
+        (void)picture(number, {1280, 720}).save(home + QStringLiteral("/%1.jpg").arg(number));
+    }
+    TextMap prompts;
+    for (int number = 0; number < count; ++number) {
+        const QString name = QStringLiteral("wallpaper_%1.jpg").arg(number, 6, 10, QLatin1Char('0'));
+        const QString source = home + QStringLiteral("/%1.jpg").arg(number % kContents);
+        (void)!::link(QFile::encodeName(source).constData(), QFile::encodeName(folder + name).constData());
+        prompts.emplace(name, QStringLiteral("a quiet mountain lake at dawn"));
+    }
+    QFile file(ImageStore::promptsPath());
+    (void)file.open(QIODevice::WriteOnly);
+    (void)file.write(bytesFromTextMap(prompts).value_or(QByteArray()));
+}
+
+/// The program as far as its main window needs it.
+struct Program
+{
+    UserDefaults defaults;
+    HttpClient http;
+    std::unique_ptr<DesktopPicture> desktop = makeDesktopPicture();
+    NoSecrets legacyKeys;
+    double began = ownTime();
+    WallpaperManager manager{
+        ManagerServices{&defaults, &http, desktop.get(), &legacyKeys, {}, nullptr, nullptr, nullptr}};
+    double managerMade = ownTime() - began;
+    QQmlApplicationEngine engine;
+    QQuickWindow *window = nullptr;
+
+    void open()
+    {
+        installViews(&engine);
+        engine.setInitialProperties({{QStringLiteral("manager"), QVariant::fromValue(&manager)}});
+        engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Quorvane/Views/MainWindow.qml")));
+        window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
+        window->show();
+    }
+    [[nodiscard]] QQuickItem *item(const char *name) const { return find(window->contentItem(), QLatin1String(name)); }
+    [[nodiscard]] static QQuickItem *find(QQuickItem *item, const QString &name)
+    {
+        if (item->objectName() == name) {
+            return item;
+        }
+        for (QQuickItem *child : item->childItems()) {
+            if (QQuickItem *found = find(child, name)) {
+                return found;
+            }
+        }
+        return nullptr;
+    }
+};
+
+/// Draws a frame now.
+void draw(QQuickWindow *window)
+{
+    QEvent update(QEvent::UpdateRequest);
+    QCoreApplication::sendEvent(window, &update);
+}
+
+template <typename Condition> void waitUntil(Condition condition)
+{
+    QTimer look; // Not everything that is waited for comes with an event.
+    look.start(5);
+    while (!condition()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+}
+
+void start(const QString &folder)
+{
+    Times made[2];
+    Times shown[2];
+    Times filled[2];
+    const QString homes[2] = {folder + QStringLiteral("/few"), folder + QStringLiteral("/many")};
+    makeHome(homes[0], kFew);
+    makeHome(homes[1], kImages);
+    constexpr int kRounds = 6; // The first one warms up.
+    for (int round = 0; round < kRounds; ++round) {
+        for (int which = 0; which < 2; ++which) {
+            qputenv("HOME", QFile::encodeName(homes[which]));
+            Program program;
+            program.open();
+            draw(program.window);
+            const double firstFrame = ownTime() - program.began;
+            waitUntil([&] { return program.item("albumGrid")->property("count").toInt() > 0; });
+            draw(program.window);
+            if (round > 0) {
+                made[which].push_back(program.managerMade);
+                shown[which].push_back(firstFrame);
+                filled[which].push_back(ownTime() - program.began);
+            }
+        }
+    }
+    const auto tell = [](const char *what, const Times *times) {
+        std::printf("%-44s %7.1f ms, with %d pictures %7.1f ms, ratio %.2f\n", what, median(times[1]), kFew,
+                    median(times[0]), median(times[1]) / median(times[0]));
+    };
+    std::printf("start with %d pictures, time of the main thread\n", kImages);
+    tell("  the manager is made", made);
+    tell("  the first frame of the window", shown);
+    tell("  the first frame with albums", filled);
+}
+
+/// The times of the frames while grid goes from its beginning to its end, each with all that came up before it.
+Times scrolled(QQuickWindow *window, QQuickItem *grid, double step)
+{
+    Times times;
+    const double end = grid->property("contentHeight").toDouble() - grid->height();
+    for (double place = 0; place < end; place += step) {
+        const double before = ownTime();
+        QCoreApplication::processEvents();
+        grid->setProperty("contentY", place);
+        draw(window);
+        times.push_back(ownTime() - before);
+    }
+    return times;
+}
+
+void tellFrames(const char *what, Times times)
+{
+    const auto late = std::count_if(times.begin(), times.end(), [](double time) { return time > kFrame; });
+    std::sort(times.begin(), times.end());
+    std::printf("%-44s %zu frames, median %.2f ms, 99th %.2f ms, longest %.1f ms, late %.2f %%\n", what, times.size(),
+                times[times.size() / 2], times[times.size() * 99 / 100], times.back(),
+                100.0 * double(late) / double(times.size()));
+}
+
+constexpr auto kPlainGrid = R"(
+import QtQuick
+Window {
+    width: 960; height: 640
+    GridView {
+        objectName: "plain"
+        x: 304; width: 652; height: 576; y: 64
+        cellWidth: 326; cellHeight: 196; reuseItems: true; cacheBuffer: 400
+        model: 10000
+        delegate: Item {
+            required property int index
+            width: 306; height: 176
+            Rectangle { width: parent.width; height: 130; color: "#446688" }
+            Text { y: 138; text: "picture " + parent.index }
+        }
+    }
+})";
+
+void scroll(const QString &folder)
+{
+    makeHome(folder, kImages);
+    Program program;
+    program.open();
+    waitUntil([&] { return program.item("albumGrid")->property("count").toInt() > 0; });
+    constexpr double kStep = 360; // Three turns of the wheel.
+    {
+        QQmlComponent component(&program.engine);
+        component.setData(kPlainGrid, {});
+        const std::unique_ptr<QObject> object(component.create());
+        auto *window = qobject_cast<QQuickWindow *>(object.get());
+        window->show();
+        draw(window);
+        std::printf("scrolling %d pictures, %.0f points a frame, time of the main thread\n", kImages, kStep);
+        tellFrames("  a grid of plain rectangles",
+                   scrolled(window, Program::find(window->contentItem(), QStringLiteral("plain")), kStep));
+    }
+    PeakMemory memory;
+    QMetaObject::invokeMethod(program.item("album a quiet mountain lake at dawn"), "clicked");
+    QQuickItem *grid = program.item("imageGrid");
+    waitUntil([&] { return grid->property("count").toInt() == kImages; });
+    draw(program.window);
+    tellFrames("  the pictures, thumbnails not made yet", scrolled(program.window, grid, kStep));
+    tellFrames("  the pictures again", scrolled(program.window, grid, kStep));
+    std::printf("memory with %d pictures scrolled: %.0f MB at most, of which %.0f MB for the pictures\n", kImages,
+                double(PeakMemory::highWaterBytes()) / 1e6, double(memory.riseBytes()) / 1e6);
+}
+
+QStringList largePictures(const QString &folder, const QString &format)
+{
+    QStringList paths;
+    const QImage image = picture(1, {3840, 2160});
+    for (int number = 0; number < kLarge; ++number) {
+        paths.append(QStringLiteral("%1/large-%2.%3").arg(folder).arg(number).arg(format));
+        if (number == 0) {
+            QImageWriter writer(paths.first());
+            writer.setQuality(format == QLatin1String("jpg") ? 92 : 70);
+            (void)writer.write(image);
+        } else {
+            (void)QFile::copy(paths.first(), paths.last());
+        }
+    }
+    return paths;
+}
+
+/// As the tiles ask for them: all at once, in milliseconds.
+double thumbnailsBy(PictureProvider &provider, const QStringList &paths)
+{
+    QElapsedTimer timer;
+    timer.start();
+    int open = int(paths.size());
+    std::vector<std::unique_ptr<QQuickImageResponse>> responses;
+    for (const QString &path : paths) {
+        const QString id = QUrl(thumbnailUrl(path)).path().mid(1);
+        responses.emplace_back(provider.requestImageResponse(id, {}));
+        QObject::connect(responses.back().get(), &QQuickImageResponse::finished, responses.back().get(),
+                         [&open] { --open; });
+    }
+    waitUntil([&open] { return open == 0; });
+    return since(timer);
+}
+
+void thumbnails(const QString &folder)
+{
+    for (const char *format : {"png", "jpg"}) {
+        const QStringList paths = largePictures(folder, QLatin1String(format));
+        Times ours;
+        Times theirs;
+        for (int round = 0; round < 3; ++round) {
+            QDir(folder + QStringLiteral("/.cache")).removeRecursively();
+            PictureProvider provider(PictureProvider::Kind::Thumbnail);
+            ours.push_back(thumbnailsBy(provider, paths));
+            QElapsedTimer timer;
+            timer.start();
+            const int status =
+                QProcess::execute(QStringLiteral("vipsthumbnail"),
+                                  QStringList{QStringLiteral("--size"), QStringLiteral("440x440"), QStringLiteral("-o"),
+                                              folder + QStringLiteral("/small-%s.jpg")} +
+                                      paths);
+            if (status != 0) {
+                std::printf("thumbnails: vipsthumbnail is not installed (libvips-tools)\n");
+                return;
+            }
+            theirs.push_back(since(timer));
+        }
+        std::printf("thumbnails of 4K %s: %.1f a second, vipsthumbnail %.1f a second, ratio of times %.2f\n", format,
+                    1000 * kLarge / median(ours), 1000 * kLarge / median(theirs), median(ours) / median(theirs));
+    }
+}
+
+void reopening(const QString &folder)
+{
+    const QStringList paths = largePictures(folder, QStringLiteral("jpg"));
+    {
+        PictureProvider provider(PictureProvider::Kind::Thumbnail);
+        (void)thumbnailsBy(provider, paths);
+    }
+    Times ours;
+    Times bare;
+    for (int round = 0; round < 9; ++round) {
+        PictureProvider provider(PictureProvider::Kind::Thumbnail);
+        ours.push_back(thumbnailsBy(provider, paths));
+        QElapsedTimer timer;
+        timer.start();
+        for (const QString &path : paths) {
+            (void)QImage(ThumbnailCache::fileFor(path).value_or(QString())).sizeInBytes();
+        }
+        bare.push_back(since(timer));
+    }
+    std::printf("thumbnails from the disk cache: %.2f ms each, decoding alone %.2f ms, ratio %.2f\n",
+                median(ours) / kLarge, median(bare) / kLarge, median(ours) / median(bare));
+}
+
+void preview(const QString &folder)
+{
+    qputenv("HOME", QFile::encodeName(folder));
+    const QStringList paths = largePictures(ImageStore::directory(), QStringLiteral("jpg"));
+    Program program;
+    program.open();
+    waitUntil([&] { return program.item("albumGrid")->property("count").toInt() > 0; });
+    QObject *model = program.item("preview")->property("model").value<QObject *>();
+    const QQuickItem *shown = program.item("previewPicture");
+    const auto isSharp = [shown] { return shown->property("status").toInt() == 1; };
+    const auto goOn = [&](bool rests) {
+        Times times;
+        model->setProperty("previewURL", program.manager.history().first());
+        waitUntil(isSharp);
+        for (int step = 1; step < kLarge; ++step) {
+            if (rests) { // What a look at a picture takes.
+                QElapsedTimer look;
+                look.start();
+                waitUntil([&look] { return look.elapsed() > 1000; });
+            }
+            QElapsedTimer timer;
+            timer.start();
+            QMetaObject::invokeMethod(model, "goRight");
+            draw(program.window);
+            waitUntil(isSharp);
+            draw(program.window);
+            times.push_back(since(timer));
+        }
+        return median(times);
+    };
+    const double hurried = goOn(false);
+    const double looked = goOn(true);
+    Times bare;
+    for (const QString &path : paths) {
+        QElapsedTimer timer;
+        timer.start();
+        (void)decodedWithin(path, shown->property("sourceSize").toSize()).sizeInBytes();
+        bare.push_back(since(timer));
+    }
+    std::printf("preview, from key to sharp 4K picture: %.1f ms after a look, %.1f ms in a hurry; decoding alone %.1f "
+                "ms, ratios %.2f and %.2f\n",
+                looked, hurried, median(bare), looked / median(bare), hurried / median(bare));
+}
+
+int runPart(const QString &name)
+{
+    const QTemporaryDir home;
+    for (const char *variable : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"}) {
+        qputenv(variable, QFile::encodeName(home.path()));
+    }
+    qputenv("XDG_CACHE_HOME", QFile::encodeName(home.path() + QStringLiteral("/.cache")));
+    struct Part
+    {
+        const char *name;
+        void (*run)(const QString &home);
+    };
+    for (const Part &part : {Part{"start", &start}, Part{"scroll", &scroll}, Part{"thumbnails", &thumbnails},
+                             Part{"reopening", &reopening}, Part{"preview", &preview}}) {
+        if (name == QLatin1String(part.name)) {
+            part.run(home.path());
+            return 0;
+        }
+    }
+    std::fprintf(stderr, "there is no part \"%s\"\n", qPrintable(name));
+    return 2;
+}
+
+} // namespace
+
+} // namespace quorvane
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
+    const QGuiApplication application(argc, argv);
+    if (argc == 2) {
+        return quorvane::runPart(QString::fromLocal8Bit(argv[1]));
+    }
+    QStringList parts = QCoreApplication::arguments().mid(1);
+    if (parts.isEmpty()) {
+        parts = QString(QStringLiteral("start scroll thumbnails reopening preview")).split(QLatin1Char(' '));
+    }
+    int worst = 0;
+    for (const QString &part : std::as_const(parts)) {
+        worst = std::max(worst, QProcess::execute(QCoreApplication::applicationFilePath(), {part}));
+    }
+    return worst;
+}
