@@ -1,7 +1,7 @@
 #pragma once
 
 #include "App/MenuBarIcon.h"
-#include "App/MenuItems.h"
+#include "Manager/MenuItems.h"
 
 #include <QObject>
 #include <QTimer>

@@ -21,7 +21,8 @@ class MenuBar : public QObject
 
     void refresh();
 
-    /// Whether a panel shows the icon. An old tray of X11, which embeds it, does not count: nobody tells whether it does.
+    /// Whether a panel shows the icon. An old tray of X11, which embeds it, does not count: nobody tells whether it
+    /// does.
     [[nodiscard]] bool isShown() const { return m_item.isShown(); }
 
   Q_SIGNALS:

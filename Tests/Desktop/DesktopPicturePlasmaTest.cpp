@@ -251,7 +251,6 @@ TEST_F(DesktopPicturePlasmaTest, fillsEveryScreenAndRefreshesTheSamePath)
         return;
     }
     ASSERT_NO_FATAL_FAILURE(startOnX11());
-    EXPECT_TRUE(DesktopPicturePlasma::answers(m_session->busAddress()));
     const QList<Screen> screens = m_desktop->screens();
     EXPECT_EQ(screens, (QList<Screen>{{QStringLiteral("DUMMY0"), QSize(1280, 720)},
                                       {QStringLiteral("DUMMY1"), QSize(800, 600)}}));
@@ -319,7 +318,8 @@ TEST_F(DesktopPicturePlasmaTest, aShellThatIsKilledOrHangsIsAnErrorAndTheNextOne
     DesktopPicturePlasma impatient(m_session->busAddress(), m_display, QString(), std::chrono::milliseconds(500));
     EXPECT_NE(impatient.setPicture(save(QStringLiteral("two.png"), 130), screens), std::nullopt);
     m_shell->signal(SIGKILL);
-    ASSERT_TRUE(waitFor([&] { return !DesktopPicturePlasma::answers(m_session->busAddress()); }));
+    BusClient bus(m_session->busAddress());
+    ASSERT_TRUE(waitFor([&] { return !bus.isOwned(QStringLiteral("org.kde.plasmashell"), QDeadlineTimer(1000)); }));
     const auto gone = m_desktop->setPicture(path, screens);
     EXPECT_TRUE(gone && gone->contains(QStringLiteral("org.kde.plasmashell is not on the session bus")));
 

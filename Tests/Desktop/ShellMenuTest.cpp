@@ -195,7 +195,7 @@ TEST_F(ShellMenuTest, aWindowCanEndTheProgram)
 {
     const auto application = startAndWait({});
     ASSERT_TRUE(application->says("main opened"));
-    application->press("Ctrl+Shift+X");
+    application->tell("Ctrl+Shift+X");
     EXPECT_EQ(application->waitForEnd(), 0) << application->errors().constData();
 }
 

@@ -68,7 +68,6 @@ Item {
         font.pixelSize: Theme.bodySize
         font.weight: Font.Medium
         elide: Text.ElideRight
-        horizontalAlignment: Text.AlignLeft
         maximumLineCount: 1
         textFormat: Text.PlainText
     }

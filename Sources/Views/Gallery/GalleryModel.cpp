@@ -71,10 +71,10 @@ GalleryModel::State GalleryModel::state() const
 
 QString GalleryModel::selectedAlbumTitle() const
 {
-    const std::vector<Album> &albums = m_albumList.albums();
-    const auto selected = std::find_if(albums.begin(), albums.end(),
-                                       [this](const Album &album) { return album.id == m_selectedAlbumId; });
-    return selected != albums.end() ? albumTitle(selected->id, selected->isFavorites) : QString();
+    const std::vector<AlbumEntry> &entries = m_albumList.entries();
+    const auto selected = std::find_if(entries.begin(), entries.end(),
+                                       [this](const AlbumEntry &entry) { return entry.album.id == m_selectedAlbumId; });
+    return selected != entries.end() ? albumTitle(selected->album.id, selected->album.isFavorites) : QString();
 }
 
 void GalleryModel::openAlbum(const QString &id)

@@ -1,6 +1,6 @@
 #include "App/Translations.h"
 
-#include "App/MenuItems.h"
+#include "Manager/MenuItems.h"
 #include "App/Reports.h"
 #include "Manager/Album.h"
 #include "Manager/ImageRecords.h"

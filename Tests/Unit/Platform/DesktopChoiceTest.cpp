@@ -149,7 +149,6 @@ TEST(DesktopChoice, isMadeAsTheTableSays)
         {"Plasma by name", withDesktop("", "org.kde.plasmashell", facts("plasma")), DesktopWay::Plasma,
          "QUORVANE_DESKTOP is \"plasma\""},
         {"Plasma by name, without it", withSway(facts("plasma")), DesktopWay::Plasma, "but org.kde.plasmashell"},
-        {"sway that calls itself KDE", withNames(withSway(), "KDE"), DesktopWay::Sway, "sway answers"},
         {"Hyprland", withHyprland(withLayerShell()), DesktopWay::Hyprland, "Hyprland answers"},
         {"Hyprland of yesterday", withHyprland(withLayerShell(), false), DesktopWay::LayerShell, "zwlr_layer_shell"},
         {"Hyprland by name", withHyprland(facts("hyprland")), DesktopWay::Hyprland, "is \"hyprland\""},
