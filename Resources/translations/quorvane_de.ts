@@ -63,6 +63,40 @@ Wählen Sie einen bestimmten Anbieter, um ihn für jedes Bild zu verwenden.</tra
     </message>
 </context>
 <context>
+    <name>Autostart</name>
+    <message>
+        <source>could not write the autostart entry</source>
+        <translation>der Autostart-Eintrag konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Quorvane sets new pictures and keeps yours on every screen.</source>
+        <translation>Quorvane setzt neue Bilder und behält Ihres auf jedem Bildschirm.</translation>
+    </message>
+    <message>
+        <source>the desktop offers no autostart to a sandboxed program: %1</source>
+        <translation>die Arbeitsumgebung bietet einem Programm in einer Sandbox keinen Autostart: %1</translation>
+    </message>
+    <message>
+        <source>the desktop did not answer whether Quorvane may start with the session</source>
+        <translation>die Arbeitsumgebung hat nicht geantwortet, ob Quorvane mit der Sitzung starten darf</translation>
+    </message>
+    <message>
+        <source>the desktop did not allow the change</source>
+        <translation>die Arbeitsumgebung hat die Änderung nicht erlaubt</translation>
+    </message>
+</context>
+<context>
+    <name>BusClient</name>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>Der Sitzungsbus ist nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>There is no answer</source>
+        <translation>Es kommt keine Antwort</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>--prompt needs a text</source>
@@ -81,10 +115,17 @@ Wählen Sie einen bestimmten Anbieter, um ihn für jedes Bild zu verwenden.</tra
         <translation>Aufruf: %1</translation>
     </message>
     <message>
+        <source>--action needs one of: generate, toggle-auto, settings, quit</source>
+        <translation>--action braucht eines von: generate, toggle-auto, settings, quit</translation>
+    </message>
+    <message>
         <source>Usage: quorvane [--hidden]
+       quorvane --action NAME
        quorvane COMMAND [--json]
 
 Without a command the application starts and opens its window (--hidden: tray only).
+--action starts it where it does not run, and does what the desktop entry&apos;s action
+does: generate, toggle-auto, settings or quit.
 
   generate [--prompt TEXT]      make a picture and set it as the wallpaper
   upscale FILE                  make a 4K copy of a picture and set it
@@ -105,9 +146,12 @@ FILE is a path, or the name of a picture in the library.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>Aufruf: quorvane [--hidden]
+        quorvane --action NAME
         quorvane BEFEHL [--json]
 
 Ohne Befehl startet das Programm und öffnet sein Fenster (--hidden: nur das Symbol in der Leiste).
+--action startet es, wo es nicht läuft, und tut, was die Aktion des Programmeintrags
+tut: generate, toggle-auto, settings oder quit.
 
   generate [--prompt TEXT]      ein Bild erzeugen und als Hintergrund setzen
   upscale DATEI                 ein Bild in 4K kopieren und die Kopie setzen
@@ -162,10 +206,6 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
         <translation>die Schlüsseldatei konnte nicht geschrieben werden</translation>
     </message>
     <message>
-        <source>could not write the autostart entry</source>
-        <translation>der Autostart-Eintrag konnte nicht geschrieben werden</translation>
-    </message>
-    <message>
         <source>API key for %1: </source>
         <translation>API-Schlüssel für %1: </translation>
     </message>
@@ -183,14 +223,29 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
     </message>
 </context>
 <context>
+    <name>DesktopBus</name>
+    <message>
+        <source>%1 does not draw the background now: %2 is not on the session bus</source>
+        <translation>%1 zeichnet den Hintergrund zurzeit nicht: %2 ist nicht auf dem Sitzungsbus</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> oder </translation>
+    </message>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>Der Sitzungsbus ist nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>%1 does not answer</source>
+        <translation>%1 antwortet nicht</translation>
+    </message>
+</context>
+<context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>
         <translation>QUORVANE_DESKTOP ist „%1“ und damit keines von %2</translation>
-    </message>
-    <message>
-        <source>QUORVANE_DESKTOP is &quot;%1&quot;, which this version does not support yet</source>
-        <translation>QUORVANE_DESKTOP ist „%1“, was diese Version noch nicht unterstützt</translation>
     </message>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, but QUORVANE_WALLPAPER_COMMAND is not set</source>
@@ -236,6 +291,66 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
         <source>neither SWAYSOCK nor DISPLAY is set</source>
         <translation>weder SWAYSOCK noch DISPLAY ist gesetzt</translation>
     </message>
+    <message>
+        <source>HYPRLAND_INSTANCE_SIGNATURE is not set</source>
+        <translation>HYPRLAND_INSTANCE_SIGNATURE ist nicht gesetzt</translation>
+    </message>
+    <message>
+        <source>WAYLAND_DISPLAY is not set</source>
+        <translation>WAYLAND_DISPLAY ist nicht gesetzt</translation>
+    </message>
+    <message>
+        <source>the compositor does not offer zwlr_layer_shell_v1</source>
+        <translation>der Compositor bietet zwlr_layer_shell_v1 nicht an</translation>
+    </message>
+    <message>
+        <source>no portal of this session sets wallpapers</source>
+        <translation>kein Portal dieser Sitzung setzt Hintergrundbilder</translation>
+    </message>
+    <message>
+        <source>its settings &quot;%1&quot; are not installed</source>
+        <translation>deren Einstellungen „%1“ sind nicht installiert</translation>
+    </message>
+    <message>
+        <source>DISPLAY is not set</source>
+        <translation>DISPLAY ist nicht gesetzt</translation>
+    </message>
+    <message>
+        <source>%1 is not on the session bus</source>
+        <translation>%1 ist nicht auf dem Sitzungsbus</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> oder </translation>
+    </message>
+    <message>
+        <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, and it draws the background</source>
+        <translation>XDG_CURRENT_DESKTOP nennt „%1“, und diese Arbeitsumgebung zeichnet den Hintergrund</translation>
+    </message>
+    <message>
+        <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, but %2</source>
+        <translation>XDG_CURRENT_DESKTOP nennt „%1“, aber %2</translation>
+    </message>
+    <message>
+        <source>this is a sandbox, and its portal sets wallpapers</source>
+        <translation>dies ist eine Sandbox, und ihr Portal setzt Hintergrundbilder</translation>
+    </message>
+    <message>
+        <source>Hyprland answers on its socket</source>
+        <translation>Hyprland antwortet auf seinem Socket</translation>
+    </message>
+    <message>
+        <source>the compositor offers zwlr_layer_shell_v1; the picture is shown while the application runs</source>
+        <translation>der Compositor bietet zwlr_layer_shell_v1 an; das Bild ist zu sehen, solange das Programm läuft</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but %2</source>
+        <translation>QUORVANE_DESKTOP ist „%1“, aber %2</translation>
+    </message>
+    <message>
+        <source>nothing else is known here, and the session&apos;s portal sets wallpapers</source>
+        <translation>nichts anderes ist hier bekannt, und das Portal der Sitzung setzt Hintergrundbilder</translation>
+    </message>
 </context>
 <context>
     <name>DesktopPictureCommand</name>
@@ -257,15 +372,97 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
     </message>
 </context>
 <context>
+    <name>DesktopPictureGSettings</name>
+    <message>
+        <source>The settings of %1 do not answer</source>
+        <translation>Die Einstellungen von %1 antworten nicht</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureHyprland</name>
+    <message>
+        <source>hyprpaper does not answer</source>
+        <translation>hyprpaper antwortet nicht</translation>
+    </message>
+    <message>
+        <source>hyprpaper cannot take &quot;%1&quot;</source>
+        <translation>hyprpaper kann „%1“ nicht annehmen</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureLayerShell</name>
+    <message>
+        <source>This desktop shows a background only while the program that drew it runs; start Quorvane, then set the picture</source>
+        <translation>Diese Arbeitsumgebung zeigt einen Hintergrund nur, solange das Programm läuft, das ihn gezeichnet hat; starten Sie Quorvane und setzen Sie dann das Bild</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureLxqt</name>
+    <message>
+        <source>LXQt&apos;s file manager is told not to draw the desktop</source>
+        <translation>Die Dateiverwaltung von LXQt ist so eingestellt, dass sie den Schreibtisch nicht zeichnet</translation>
+    </message>
+    <message>
+        <source>The X server cannot be reached</source>
+        <translation>Der X-Server ist nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>LXQt is set to one wallpaper for each monitor, which would distort the picture</source>
+        <translation>LXQt ist auf ein Hintergrundbild je Bildschirm eingestellt, was das Bild verzerren würde</translation>
+    </message>
+    <message>
+        <source>LXQt does not answer</source>
+        <translation>LXQt antwortet nicht</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPicturePlasma</name>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>Der Sitzungsbus ist nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>Plasma&apos;s desktop does not run (org.kde.plasmashell is not on the session bus)</source>
+        <translation>Die Arbeitsfläche von Plasma läuft nicht (org.kde.plasmashell ist nicht auf dem Sitzungsbus)</translation>
+    </message>
+    <message>
+        <source>Plasma: %1</source>
+        <translation>Plasma: %1</translation>
+    </message>
+    <message>
+        <source>Plasma answered: %1</source>
+        <translation>Plasma hat geantwortet: %1</translation>
+    </message>
+    <message>
+        <source>Plasma does not answer</source>
+        <translation>Plasma antwortet nicht</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPicturePortal</name>
+    <message>
+        <source>The picture cannot be read: %1</source>
+        <translation>Das Bild kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>The session bus does not answer</source>
+        <translation>Der Sitzungsbus antwortet nicht</translation>
+    </message>
+    <message>
+        <source>Waiting for your answer to the desktop&apos;s question about the background</source>
+        <translation>Warten auf Ihre Antwort auf die Frage der Arbeitsumgebung nach dem Hintergrund</translation>
+    </message>
+    <message>
+        <source>You did not allow it to set the background</source>
+        <translation>Sie haben das Setzen des Hintergrunds nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s portal refused the picture</source>
+        <translation>Das Portal der Arbeitsumgebung hat das Bild abgelehnt</translation>
+    </message>
+</context>
+<context>
     <name>DesktopPictureSway</name>
-    <message>
-        <source>The picture cannot be copied for sway</source>
-        <translation>Das Bild kann nicht für sway kopiert werden</translation>
-    </message>
-    <message>
-        <source>No folder could hold a copy of the picture under a name that sway takes</source>
-        <translation>Kein Ordner konnte eine Kopie des Bildes unter einem Namen aufnehmen, den sway annimmt</translation>
-    </message>
     <message>
         <source>sway has no screen &quot;%1&quot;</source>
         <translation>sway hat keinen Bildschirm „%1“</translation>
@@ -307,6 +504,17 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
     </message>
 </context>
 <context>
+    <name>DesktopPictureXfce</name>
+    <message>
+        <source>XFCE did not keep the setting &quot;%1&quot;</source>
+        <translation>XFCE hat die Einstellung „%1“ nicht behalten</translation>
+    </message>
+    <message>
+        <source>XFCE does not answer</source>
+        <translation>XFCE antwortet nicht</translation>
+    </message>
+</context>
+<context>
     <name>EmptyState</name>
     <message>
         <source>No wallpapers yet</source>
@@ -317,6 +525,13 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
 using the sidebar controls.</source>
         <translation>Erzeugen Sie Ihr erstes Hintergrundbild
 mit den Bedienelementen in der Seitenleiste.</translation>
+    </message>
+</context>
+<context>
+    <name>EngineMemory</name>
+    <message>
+        <source>The model needs more than %1 MB of memory</source>
+        <translation>Das Modell braucht mehr als %1 MB Speicher</translation>
     </message>
 </context>
 <context>
@@ -350,6 +565,17 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>Upscale failed: %1</source>
         <translation>Hochskalieren fehlgeschlagen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>HandedPicture</name>
+    <message>
+        <source>The picture cannot be copied for the desktop</source>
+        <translation>Das Bild kann nicht für die Arbeitsumgebung kopiert werden</translation>
+    </message>
+    <message>
+        <source>No folder could hold a copy of the picture under a name that the desktop takes</source>
+        <translation>Kein Ordner konnte eine Kopie des Bildes unter einem Namen aufnehmen, den die Arbeitsumgebung annimmt</translation>
     </message>
 </context>
 <context>
@@ -436,6 +662,25 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
+    <name>LayerShellBackgrounds</name>
+    <message>
+        <source>The compositor does not offer zwlr_layer_shell_v1</source>
+        <translation>Der Compositor bietet zwlr_layer_shell_v1 nicht an</translation>
+    </message>
+    <message>
+        <source>The compositor has no screen &quot;%1&quot;</source>
+        <translation>Der Compositor hat keinen Bildschirm „%1“</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for the picture</source>
+        <translation>Für das Bild ist nicht genug Speicher vorhanden</translation>
+    </message>
+    <message>
+        <source>The compositor closed the background</source>
+        <translation>Der Compositor hat den Hintergrund geschlossen</translation>
+    </message>
+</context>
+<context>
     <name>LocalUpscaler</name>
     <message>
         <source>Failed to crop tile at (%1, %2)</source>
@@ -497,6 +742,13 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
+    <name>MenuBarButton</name>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+</context>
+<context>
     <name>MissingKeys</name>
     <message>
         <source>Missing %1 API key</source>
@@ -541,10 +793,63 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
+    <name>PictureMenu</name>
+    <message>
+        <source>Set as Wallpaper</source>
+        <translation>Als Hintergrundbild setzen</translation>
+    </message>
+    <message>
+        <source>Unfavorite</source>
+        <translation>Kein Favorit mehr</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>Favorit</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Show in Files</source>
+        <translation>In Dateien anzeigen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>PlasmaScript</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation>Plasma hat das Bild für Bildschirm %1 nicht angenommen</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation>Plasma hat auf %1 seiner %2 Bildschirme eine Arbeitsfläche</translation>
+    </message>
+</context>
+<context>
     <name>PngEncoder</name>
     <message>
         <source>Failed to encode upscaled image</source>
         <translation>Hochskaliertes Bild konnte nicht kodiert werden</translation>
+    </message>
+</context>
+<context>
+    <name>PortalRequest</name>
+    <message>
+        <source>The desktop&apos;s portal ended before it answered</source>
+        <translation>Das Portal der Arbeitsumgebung hat sich beendet, bevor es antwortete</translation>
+    </message>
+    <message>
+        <source>Nobody waits for the desktop&apos;s question any more</source>
+        <translation>Niemand wartet mehr auf die Frage der Arbeitsumgebung</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s question was not answered</source>
+        <translation>Die Frage der Arbeitsumgebung wurde nicht beantwortet</translation>
     </message>
 </context>
 <context>
@@ -763,6 +1068,25 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
+    <name>SettingsGroup</name>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation>Die Einstellungen „%1“ sind nicht installiert</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation>Die Einstellungen „%1“ können nicht gespeichert werden: GLib hat hier kein dconf</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation>Die Einstellung „%1 %2“ kann nicht geändert werden</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation>Die Einstellung „%1 %2“ wurde nicht behalten</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -906,10 +1230,6 @@ mit den Bedienelementen in der Seitenleiste.</translation>
 <context>
     <name>SwaySocket</name>
     <message>
-        <source>sway&apos;s socket has no usable path</source>
-        <translation>der Socket von sway hat keinen brauchbaren Pfad</translation>
-    </message>
-    <message>
         <source>sway cannot be reached: %1</source>
         <translation>sway ist nicht erreichbar: %1</translation>
     </message>
@@ -953,6 +1273,21 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>Upscaling to 4K...</source>
         <translation>Wird auf 4K hochskaliert&#xa0;…</translation>
+    </message>
+</context>
+<context>
+    <name>WaylandConnection</name>
+    <message>
+        <source>The compositor cannot be reached</source>
+        <translation>Der Compositor ist nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>The compositor ended the connection: %1</source>
+        <translation>Der Compositor hat die Verbindung beendet: %1</translation>
+    </message>
+    <message>
+        <source>The compositor does not answer</source>
+        <translation>Der Compositor antwortet nicht</translation>
     </message>
 </context>
 <context>

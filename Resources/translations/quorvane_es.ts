@@ -63,6 +63,40 @@ Elija un proveedor concreto para usarlo en cada generación.</translation>
     </message>
 </context>
 <context>
+    <name>Autostart</name>
+    <message>
+        <source>could not write the autostart entry</source>
+        <translation>no se pudo escribir la entrada de inicio automático</translation>
+    </message>
+    <message>
+        <source>Quorvane sets new pictures and keeps yours on every screen.</source>
+        <translation>Quorvane pone imágenes nuevas y mantiene la suya en todas las pantallas.</translation>
+    </message>
+    <message>
+        <source>the desktop offers no autostart to a sandboxed program: %1</source>
+        <translation>el escritorio no ofrece inicio automático a un programa en un entorno aislado: %1</translation>
+    </message>
+    <message>
+        <source>the desktop did not answer whether Quorvane may start with the session</source>
+        <translation>el escritorio no respondió si Quorvane puede iniciarse con la sesión</translation>
+    </message>
+    <message>
+        <source>the desktop did not allow the change</source>
+        <translation>el escritorio no permitió el cambio</translation>
+    </message>
+</context>
+<context>
+    <name>BusClient</name>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>No se puede acceder al bus de sesión</translation>
+    </message>
+    <message>
+        <source>There is no answer</source>
+        <translation>No hay respuesta</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>--prompt needs a text</source>
@@ -81,10 +115,17 @@ Elija un proveedor concreto para usarlo en cada generación.</translation>
         <translation>uso: %1</translation>
     </message>
     <message>
+        <source>--action needs one of: generate, toggle-auto, settings, quit</source>
+        <translation>--action necesita uno de: generate, toggle-auto, settings, quit</translation>
+    </message>
+    <message>
         <source>Usage: quorvane [--hidden]
+       quorvane --action NAME
        quorvane COMMAND [--json]
 
 Without a command the application starts and opens its window (--hidden: tray only).
+--action starts it where it does not run, and does what the desktop entry&apos;s action
+does: generate, toggle-auto, settings or quit.
 
   generate [--prompt TEXT]      make a picture and set it as the wallpaper
   upscale FILE                  make a 4K copy of a picture and set it
@@ -105,9 +146,12 @@ FILE is a path, or the name of a picture in the library.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>Uso: quorvane [--hidden]
+     quorvane --action NOMBRE
      quorvane ORDEN [--json]
 
 Sin orden, la aplicación se inicia y abre su ventana (--hidden: solo el icono de la bandeja).
+--action la inicia donde no se ejecuta y hace lo que hace la acción de la entrada de
+escritorio: generate, toggle-auto, settings o quit.
 
   generate [--prompt TEXTO]     generar una imagen y ponerla de fondo de pantalla
   upscale ARCHIVO               hacer una copia 4K de una imagen y ponerla
@@ -161,10 +205,6 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
         <translation>no se pudo escribir el archivo de claves</translation>
     </message>
     <message>
-        <source>could not write the autostart entry</source>
-        <translation>no se pudo escribir la entrada de inicio automático</translation>
-    </message>
-    <message>
         <source>API key for %1: </source>
         <translation>Clave de API para %1: </translation>
     </message>
@@ -182,14 +222,29 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
     </message>
 </context>
 <context>
+    <name>DesktopBus</name>
+    <message>
+        <source>%1 does not draw the background now: %2 is not on the session bus</source>
+        <translation>%1 no dibuja el fondo ahora: %2 no está en el bus de sesión</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> o </translation>
+    </message>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>No se puede acceder al bus de sesión</translation>
+    </message>
+    <message>
+        <source>%1 does not answer</source>
+        <translation>%1 no responde</translation>
+    </message>
+</context>
+<context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>
         <translation>QUORVANE_DESKTOP es «%1», que no es ninguno de %2</translation>
-    </message>
-    <message>
-        <source>QUORVANE_DESKTOP is &quot;%1&quot;, which this version does not support yet</source>
-        <translation>QUORVANE_DESKTOP es «%1», que esta versión aún no admite</translation>
     </message>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, but QUORVANE_WALLPAPER_COMMAND is not set</source>
@@ -235,6 +290,66 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
         <source>neither SWAYSOCK nor DISPLAY is set</source>
         <translation>no están definidas ni SWAYSOCK ni DISPLAY</translation>
     </message>
+    <message>
+        <source>HYPRLAND_INSTANCE_SIGNATURE is not set</source>
+        <translation>HYPRLAND_INSTANCE_SIGNATURE no está definida</translation>
+    </message>
+    <message>
+        <source>WAYLAND_DISPLAY is not set</source>
+        <translation>WAYLAND_DISPLAY no está definida</translation>
+    </message>
+    <message>
+        <source>the compositor does not offer zwlr_layer_shell_v1</source>
+        <translation>el compositor no ofrece zwlr_layer_shell_v1</translation>
+    </message>
+    <message>
+        <source>no portal of this session sets wallpapers</source>
+        <translation>ningún portal de esta sesión establece fondos de pantalla</translation>
+    </message>
+    <message>
+        <source>its settings &quot;%1&quot; are not installed</source>
+        <translation>sus ajustes «%1» no están instalados</translation>
+    </message>
+    <message>
+        <source>DISPLAY is not set</source>
+        <translation>DISPLAY no está definida</translation>
+    </message>
+    <message>
+        <source>%1 is not on the session bus</source>
+        <translation>%1 no está en el bus de sesión</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> o </translation>
+    </message>
+    <message>
+        <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, and it draws the background</source>
+        <translation>XDG_CURRENT_DESKTOP indica «%1», que dibuja el fondo</translation>
+    </message>
+    <message>
+        <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, but %2</source>
+        <translation>XDG_CURRENT_DESKTOP indica «%1», pero %2</translation>
+    </message>
+    <message>
+        <source>this is a sandbox, and its portal sets wallpapers</source>
+        <translation>esto es un entorno aislado y su portal establece fondos de pantalla</translation>
+    </message>
+    <message>
+        <source>Hyprland answers on its socket</source>
+        <translation>Hyprland responde en su socket</translation>
+    </message>
+    <message>
+        <source>the compositor offers zwlr_layer_shell_v1; the picture is shown while the application runs</source>
+        <translation>el compositor ofrece zwlr_layer_shell_v1; la imagen se muestra mientras la aplicación se ejecuta</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but %2</source>
+        <translation>QUORVANE_DESKTOP es «%1», pero %2</translation>
+    </message>
+    <message>
+        <source>nothing else is known here, and the session&apos;s portal sets wallpapers</source>
+        <translation>no se conoce nada más aquí y el portal de la sesión establece fondos de pantalla</translation>
+    </message>
 </context>
 <context>
     <name>DesktopPictureCommand</name>
@@ -256,15 +371,97 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
     </message>
 </context>
 <context>
+    <name>DesktopPictureGSettings</name>
+    <message>
+        <source>The settings of %1 do not answer</source>
+        <translation>Los ajustes de %1 no responden</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureHyprland</name>
+    <message>
+        <source>hyprpaper does not answer</source>
+        <translation>hyprpaper no responde</translation>
+    </message>
+    <message>
+        <source>hyprpaper cannot take &quot;%1&quot;</source>
+        <translation>hyprpaper no puede aceptar «%1»</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureLayerShell</name>
+    <message>
+        <source>This desktop shows a background only while the program that drew it runs; start Quorvane, then set the picture</source>
+        <translation>Este escritorio muestra un fondo solo mientras se ejecuta el programa que lo dibujó; inicie Quorvane y después establezca la imagen</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureLxqt</name>
+    <message>
+        <source>LXQt&apos;s file manager is told not to draw the desktop</source>
+        <translation>El gestor de archivos de LXQt está configurado para no dibujar el escritorio</translation>
+    </message>
+    <message>
+        <source>The X server cannot be reached</source>
+        <translation>No se puede acceder al servidor X</translation>
+    </message>
+    <message>
+        <source>LXQt is set to one wallpaper for each monitor, which would distort the picture</source>
+        <translation>LXQt está configurado con un fondo de pantalla por monitor, lo que deformaría la imagen</translation>
+    </message>
+    <message>
+        <source>LXQt does not answer</source>
+        <translation>LXQt no responde</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPicturePlasma</name>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>No se puede acceder al bus de sesión</translation>
+    </message>
+    <message>
+        <source>Plasma&apos;s desktop does not run (org.kde.plasmashell is not on the session bus)</source>
+        <translation>El escritorio de Plasma no se está ejecutando (org.kde.plasmashell no está en el bus de sesión)</translation>
+    </message>
+    <message>
+        <source>Plasma: %1</source>
+        <translation>Plasma: %1</translation>
+    </message>
+    <message>
+        <source>Plasma answered: %1</source>
+        <translation>Plasma respondió: %1</translation>
+    </message>
+    <message>
+        <source>Plasma does not answer</source>
+        <translation>Plasma no responde</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPicturePortal</name>
+    <message>
+        <source>The picture cannot be read: %1</source>
+        <translation>No se puede leer la imagen: %1</translation>
+    </message>
+    <message>
+        <source>The session bus does not answer</source>
+        <translation>El bus de sesión no responde</translation>
+    </message>
+    <message>
+        <source>Waiting for your answer to the desktop&apos;s question about the background</source>
+        <translation>Esperando su respuesta a la pregunta del escritorio sobre el fondo</translation>
+    </message>
+    <message>
+        <source>You did not allow it to set the background</source>
+        <translation>Usted no permitió establecer el fondo</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s portal refused the picture</source>
+        <translation>El portal del escritorio rechazó la imagen</translation>
+    </message>
+</context>
+<context>
     <name>DesktopPictureSway</name>
-    <message>
-        <source>The picture cannot be copied for sway</source>
-        <translation>No se puede copiar la imagen para sway</translation>
-    </message>
-    <message>
-        <source>No folder could hold a copy of the picture under a name that sway takes</source>
-        <translation>Ninguna carpeta pudo guardar una copia de la imagen con un nombre que sway acepte</translation>
-    </message>
     <message>
         <source>sway has no screen &quot;%1&quot;</source>
         <translation>sway no tiene ninguna pantalla «%1»</translation>
@@ -306,6 +503,17 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
     </message>
 </context>
 <context>
+    <name>DesktopPictureXfce</name>
+    <message>
+        <source>XFCE did not keep the setting &quot;%1&quot;</source>
+        <translation>XFCE no conservó el ajuste «%1»</translation>
+    </message>
+    <message>
+        <source>XFCE does not answer</source>
+        <translation>XFCE no responde</translation>
+    </message>
+</context>
+<context>
     <name>EmptyState</name>
     <message>
         <source>No wallpapers yet</source>
@@ -316,6 +524,13 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
 using the sidebar controls.</source>
         <translation>Genere su primer fondo de pantalla
 con los controles de la barra lateral.</translation>
+    </message>
+</context>
+<context>
+    <name>EngineMemory</name>
+    <message>
+        <source>The model needs more than %1 MB of memory</source>
+        <translation>El modelo necesita más de %1 MB de memoria</translation>
     </message>
 </context>
 <context>
@@ -349,6 +564,17 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>Upscale failed: %1</source>
         <translation>Falló la ampliación: %1</translation>
+    </message>
+</context>
+<context>
+    <name>HandedPicture</name>
+    <message>
+        <source>The picture cannot be copied for the desktop</source>
+        <translation>No se puede copiar la imagen para el escritorio</translation>
+    </message>
+    <message>
+        <source>No folder could hold a copy of the picture under a name that the desktop takes</source>
+        <translation>Ninguna carpeta pudo guardar una copia de la imagen con un nombre que el escritorio acepte</translation>
     </message>
 </context>
 <context>
@@ -435,6 +661,25 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
+    <name>LayerShellBackgrounds</name>
+    <message>
+        <source>The compositor does not offer zwlr_layer_shell_v1</source>
+        <translation>El compositor no ofrece zwlr_layer_shell_v1</translation>
+    </message>
+    <message>
+        <source>The compositor has no screen &quot;%1&quot;</source>
+        <translation>El compositor no tiene ninguna pantalla «%1»</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for the picture</source>
+        <translation>No hay memoria suficiente para la imagen</translation>
+    </message>
+    <message>
+        <source>The compositor closed the background</source>
+        <translation>El compositor cerró el fondo</translation>
+    </message>
+</context>
+<context>
     <name>LocalUpscaler</name>
     <message>
         <source>Failed to crop tile at (%1, %2)</source>
@@ -496,6 +741,13 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
+    <name>MenuBarButton</name>
+    <message>
+        <source>Menu</source>
+        <translation>Menú</translation>
+    </message>
+</context>
+<context>
     <name>MissingKeys</name>
     <message>
         <source>Missing %1 API key</source>
@@ -540,10 +792,63 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
+    <name>PictureMenu</name>
+    <message>
+        <source>Set as Wallpaper</source>
+        <translation>Establecer como fondo</translation>
+    </message>
+    <message>
+        <source>Unfavorite</source>
+        <translation>Quitar de favoritos</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>Añadir a favoritos</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Show in Files</source>
+        <translation>Mostrar en Archivos</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Eliminar</translation>
+    </message>
+</context>
+<context>
+    <name>PlasmaScript</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation>Plasma no aceptó la imagen para la pantalla %1</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation>Plasma tiene un escritorio en %1 de sus %2 pantallas</translation>
+    </message>
+</context>
+<context>
     <name>PngEncoder</name>
     <message>
         <source>Failed to encode upscaled image</source>
         <translation>No se pudo codificar la imagen ampliada</translation>
+    </message>
+</context>
+<context>
+    <name>PortalRequest</name>
+    <message>
+        <source>The desktop&apos;s portal ended before it answered</source>
+        <translation>El portal del escritorio terminó antes de responder</translation>
+    </message>
+    <message>
+        <source>Nobody waits for the desktop&apos;s question any more</source>
+        <translation>Ya nadie espera la pregunta del escritorio</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s question was not answered</source>
+        <translation>La pregunta del escritorio quedó sin respuesta</translation>
     </message>
 </context>
 <context>
@@ -762,6 +1067,25 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
+    <name>SettingsGroup</name>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation>Los ajustes «%1» no están instalados</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation>Los ajustes «%1» no se pueden conservar: GLib no tiene dconf aquí</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation>El ajuste «%1 %2» no se puede cambiar</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation>El ajuste «%1 %2» no se conservó</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -905,10 +1229,6 @@ con los controles de la barra lateral.</translation>
 <context>
     <name>SwaySocket</name>
     <message>
-        <source>sway&apos;s socket has no usable path</source>
-        <translation>el socket de sway no tiene una ruta utilizable</translation>
-    </message>
-    <message>
         <source>sway cannot be reached: %1</source>
         <translation>no se puede acceder a sway: %1</translation>
     </message>
@@ -952,6 +1272,21 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>Upscaling to 4K...</source>
         <translation>Ampliando a 4K…</translation>
+    </message>
+</context>
+<context>
+    <name>WaylandConnection</name>
+    <message>
+        <source>The compositor cannot be reached</source>
+        <translation>No se puede acceder al compositor</translation>
+    </message>
+    <message>
+        <source>The compositor ended the connection: %1</source>
+        <translation>El compositor cerró la conexión: %1</translation>
+    </message>
+    <message>
+        <source>The compositor does not answer</source>
+        <translation>El compositor no responde</translation>
     </message>
 </context>
 <context>

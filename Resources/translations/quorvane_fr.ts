@@ -63,6 +63,40 @@ Choisissez un fournisseur précis pour l’utiliser à chaque génération.</tra
     </message>
 </context>
 <context>
+    <name>Autostart</name>
+    <message>
+        <source>could not write the autostart entry</source>
+        <translation>impossible d’écrire l’entrée de démarrage automatique</translation>
+    </message>
+    <message>
+        <source>Quorvane sets new pictures and keeps yours on every screen.</source>
+        <translation>Quorvane applique de nouvelles images et garde la vôtre sur chaque écran.</translation>
+    </message>
+    <message>
+        <source>the desktop offers no autostart to a sandboxed program: %1</source>
+        <translation>l’environnement de bureau n’offre pas de démarrage automatique à un programme en bac à sable&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>the desktop did not answer whether Quorvane may start with the session</source>
+        <translation>l’environnement de bureau n’a pas répondu si Quorvane peut démarrer avec la session</translation>
+    </message>
+    <message>
+        <source>the desktop did not allow the change</source>
+        <translation>l’environnement de bureau n’a pas autorisé la modification</translation>
+    </message>
+</context>
+<context>
+    <name>BusClient</name>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>Le bus de session est injoignable</translation>
+    </message>
+    <message>
+        <source>There is no answer</source>
+        <translation>Il n’y a pas de réponse</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>--prompt needs a text</source>
@@ -81,10 +115,17 @@ Choisissez un fournisseur précis pour l’utiliser à chaque génération.</tra
         <translation>utilisation&#xa0;: %1</translation>
     </message>
     <message>
+        <source>--action needs one of: generate, toggle-auto, settings, quit</source>
+        <translation>--action attend l’une de ces valeurs&#xa0;: generate, toggle-auto, settings, quit</translation>
+    </message>
+    <message>
         <source>Usage: quorvane [--hidden]
+       quorvane --action NAME
        quorvane COMMAND [--json]
 
 Without a command the application starts and opens its window (--hidden: tray only).
+--action starts it where it does not run, and does what the desktop entry&apos;s action
+does: generate, toggle-auto, settings or quit.
 
   generate [--prompt TEXT]      make a picture and set it as the wallpaper
   upscale FILE                  make a 4K copy of a picture and set it
@@ -105,9 +146,12 @@ FILE is a path, or the name of a picture in the library.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>Utilisation&#xa0;: quorvane [--hidden]
+              quorvane --action NOM
               quorvane COMMANDE [--json]
 
 Sans commande, l’application démarre et ouvre sa fenêtre (--hidden&#xa0;: seulement l’icône de notification).
+--action la démarre là où elle n’est pas lancée, et fait ce que fait l’action de
+l’entrée de bureau&#xa0;: generate, toggle-auto, settings ou quit.
 
   generate [--prompt TEXTE]     générer une image et l’appliquer en fond d’écran
   upscale FICHIER               faire une copie 4K d’une image et l’appliquer
@@ -163,10 +207,6 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
         <translation>impossible d’écrire le fichier des clés</translation>
     </message>
     <message>
-        <source>could not write the autostart entry</source>
-        <translation>impossible d’écrire l’entrée de démarrage automatique</translation>
-    </message>
-    <message>
         <source>API key for %1: </source>
         <translation>Clé API pour %1&#xa0;: </translation>
     </message>
@@ -184,14 +224,29 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
     </message>
 </context>
 <context>
+    <name>DesktopBus</name>
+    <message>
+        <source>%1 does not draw the background now: %2 is not on the session bus</source>
+        <translation>%1 ne dessine pas l’arrière-plan en ce moment&#xa0;: %2 n’est pas sur le bus de session</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> ou </translation>
+    </message>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>Le bus de session est injoignable</translation>
+    </message>
+    <message>
+        <source>%1 does not answer</source>
+        <translation>%1 ne répond pas</translation>
+    </message>
+</context>
+<context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>
         <translation>QUORVANE_DESKTOP vaut «&#xa0;%1&#xa0;», qui ne figure pas parmi %2</translation>
-    </message>
-    <message>
-        <source>QUORVANE_DESKTOP is &quot;%1&quot;, which this version does not support yet</source>
-        <translation>QUORVANE_DESKTOP vaut «&#xa0;%1&#xa0;», que cette version ne prend pas encore en charge</translation>
     </message>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, but QUORVANE_WALLPAPER_COMMAND is not set</source>
@@ -237,6 +292,66 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
         <source>neither SWAYSOCK nor DISPLAY is set</source>
         <translation>ni SWAYSOCK ni DISPLAY n’est définie</translation>
     </message>
+    <message>
+        <source>HYPRLAND_INSTANCE_SIGNATURE is not set</source>
+        <translation>HYPRLAND_INSTANCE_SIGNATURE n’est pas définie</translation>
+    </message>
+    <message>
+        <source>WAYLAND_DISPLAY is not set</source>
+        <translation>WAYLAND_DISPLAY n’est pas définie</translation>
+    </message>
+    <message>
+        <source>the compositor does not offer zwlr_layer_shell_v1</source>
+        <translation>le compositeur ne propose pas zwlr_layer_shell_v1</translation>
+    </message>
+    <message>
+        <source>no portal of this session sets wallpapers</source>
+        <translation>aucun portail de cette session n’applique de fonds d’écran</translation>
+    </message>
+    <message>
+        <source>its settings &quot;%1&quot; are not installed</source>
+        <translation>ses réglages «&#xa0;%1&#xa0;» ne sont pas installés</translation>
+    </message>
+    <message>
+        <source>DISPLAY is not set</source>
+        <translation>DISPLAY n’est pas définie</translation>
+    </message>
+    <message>
+        <source>%1 is not on the session bus</source>
+        <translation>%1 n’est pas sur le bus de session</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> ou </translation>
+    </message>
+    <message>
+        <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, and it draws the background</source>
+        <translation>XDG_CURRENT_DESKTOP désigne «&#xa0;%1&#xa0;», qui dessine l’arrière-plan</translation>
+    </message>
+    <message>
+        <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, but %2</source>
+        <translation>XDG_CURRENT_DESKTOP désigne «&#xa0;%1&#xa0;», mais %2</translation>
+    </message>
+    <message>
+        <source>this is a sandbox, and its portal sets wallpapers</source>
+        <translation>ceci est un bac à sable, et son portail applique les fonds d’écran</translation>
+    </message>
+    <message>
+        <source>Hyprland answers on its socket</source>
+        <translation>Hyprland répond sur son socket</translation>
+    </message>
+    <message>
+        <source>the compositor offers zwlr_layer_shell_v1; the picture is shown while the application runs</source>
+        <translation>le compositeur propose zwlr_layer_shell_v1&#x202f;; l’image est affichée tant que l’application est lancée</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but %2</source>
+        <translation>QUORVANE_DESKTOP vaut «&#xa0;%1&#xa0;», mais %2</translation>
+    </message>
+    <message>
+        <source>nothing else is known here, and the session&apos;s portal sets wallpapers</source>
+        <translation>rien d’autre n’est connu ici, et le portail de la session applique les fonds d’écran</translation>
+    </message>
 </context>
 <context>
     <name>DesktopPictureCommand</name>
@@ -258,15 +373,97 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
     </message>
 </context>
 <context>
+    <name>DesktopPictureGSettings</name>
+    <message>
+        <source>The settings of %1 do not answer</source>
+        <translation>Les réglages de %1 ne répondent pas</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureHyprland</name>
+    <message>
+        <source>hyprpaper does not answer</source>
+        <translation>hyprpaper ne répond pas</translation>
+    </message>
+    <message>
+        <source>hyprpaper cannot take &quot;%1&quot;</source>
+        <translation>hyprpaper ne peut pas accepter «&#xa0;%1&#xa0;»</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureLayerShell</name>
+    <message>
+        <source>This desktop shows a background only while the program that drew it runs; start Quorvane, then set the picture</source>
+        <translation>Cet environnement de bureau n’affiche un arrière-plan que tant que le programme qui l’a dessiné est lancé&#x202f;; lancez Quorvane, puis appliquez l’image</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureLxqt</name>
+    <message>
+        <source>LXQt&apos;s file manager is told not to draw the desktop</source>
+        <translation>Le gestionnaire de fichiers de LXQt est réglé pour ne pas dessiner le bureau</translation>
+    </message>
+    <message>
+        <source>The X server cannot be reached</source>
+        <translation>Le serveur X est injoignable</translation>
+    </message>
+    <message>
+        <source>LXQt is set to one wallpaper for each monitor, which would distort the picture</source>
+        <translation>LXQt est réglé sur un fond d’écran par moniteur, ce qui déformerait l’image</translation>
+    </message>
+    <message>
+        <source>LXQt does not answer</source>
+        <translation>LXQt ne répond pas</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPicturePlasma</name>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>Le bus de session est injoignable</translation>
+    </message>
+    <message>
+        <source>Plasma&apos;s desktop does not run (org.kde.plasmashell is not on the session bus)</source>
+        <translation>Le bureau de Plasma n’est pas lancé (org.kde.plasmashell n’est pas sur le bus de session)</translation>
+    </message>
+    <message>
+        <source>Plasma: %1</source>
+        <translation>Plasma&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Plasma answered: %1</source>
+        <translation>Plasma a répondu&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Plasma does not answer</source>
+        <translation>Plasma ne répond pas</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPicturePortal</name>
+    <message>
+        <source>The picture cannot be read: %1</source>
+        <translation>Impossible de lire l’image&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The session bus does not answer</source>
+        <translation>Le bus de session ne répond pas</translation>
+    </message>
+    <message>
+        <source>Waiting for your answer to the desktop&apos;s question about the background</source>
+        <translation>En attente de votre réponse à la question de l’environnement de bureau sur l’arrière-plan</translation>
+    </message>
+    <message>
+        <source>You did not allow it to set the background</source>
+        <translation>Vous n’avez pas autorisé la modification de l’arrière-plan</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s portal refused the picture</source>
+        <translation>Le portail de l’environnement de bureau a refusé l’image</translation>
+    </message>
+</context>
+<context>
     <name>DesktopPictureSway</name>
-    <message>
-        <source>The picture cannot be copied for sway</source>
-        <translation>Impossible de copier l’image pour sway</translation>
-    </message>
-    <message>
-        <source>No folder could hold a copy of the picture under a name that sway takes</source>
-        <translation>Aucun dossier n’a pu recevoir une copie de l’image sous un nom accepté par sway</translation>
-    </message>
     <message>
         <source>sway has no screen &quot;%1&quot;</source>
         <translation>sway n’a pas d’écran «&#xa0;%1&#xa0;»</translation>
@@ -308,6 +505,17 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
     </message>
 </context>
 <context>
+    <name>DesktopPictureXfce</name>
+    <message>
+        <source>XFCE did not keep the setting &quot;%1&quot;</source>
+        <translation>XFCE n’a pas conservé le réglage «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
+        <source>XFCE does not answer</source>
+        <translation>XFCE ne répond pas</translation>
+    </message>
+</context>
+<context>
     <name>EmptyState</name>
     <message>
         <source>No wallpapers yet</source>
@@ -318,6 +526,13 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
 using the sidebar controls.</source>
         <translation>Générez votre premier fond d’écran
 avec les commandes du panneau latéral.</translation>
+    </message>
+</context>
+<context>
+    <name>EngineMemory</name>
+    <message>
+        <source>The model needs more than %1 MB of memory</source>
+        <translation>Le modèle a besoin de plus de %1 Mo de mémoire</translation>
     </message>
 </context>
 <context>
@@ -351,6 +566,17 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>Upscale failed: %1</source>
         <translation>Échec de l’agrandissement&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>HandedPicture</name>
+    <message>
+        <source>The picture cannot be copied for the desktop</source>
+        <translation>Impossible de copier l’image pour l’environnement de bureau</translation>
+    </message>
+    <message>
+        <source>No folder could hold a copy of the picture under a name that the desktop takes</source>
+        <translation>Aucun dossier n’a pu recevoir une copie de l’image sous un nom que l’environnement de bureau accepte</translation>
     </message>
 </context>
 <context>
@@ -437,6 +663,25 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
+    <name>LayerShellBackgrounds</name>
+    <message>
+        <source>The compositor does not offer zwlr_layer_shell_v1</source>
+        <translation>Le compositeur ne propose pas zwlr_layer_shell_v1</translation>
+    </message>
+    <message>
+        <source>The compositor has no screen &quot;%1&quot;</source>
+        <translation>Le compositeur n’a pas d’écran «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for the picture</source>
+        <translation>La mémoire ne suffit pas pour cette image</translation>
+    </message>
+    <message>
+        <source>The compositor closed the background</source>
+        <translation>Le compositeur a fermé l’arrière-plan</translation>
+    </message>
+</context>
+<context>
     <name>LocalUpscaler</name>
     <message>
         <source>Failed to crop tile at (%1, %2)</source>
@@ -498,6 +743,13 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
+    <name>MenuBarButton</name>
+    <message>
+        <source>Menu</source>
+        <translation>Menu</translation>
+    </message>
+</context>
+<context>
     <name>MissingKeys</name>
     <message>
         <source>Missing %1 API key</source>
@@ -542,10 +794,63 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
+    <name>PictureMenu</name>
+    <message>
+        <source>Set as Wallpaper</source>
+        <translation>Définir comme fond d’écran</translation>
+    </message>
+    <message>
+        <source>Unfavorite</source>
+        <translation>Retirer des favoris</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>Ajouter aux favoris</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Show in Files</source>
+        <translation>Afficher dans Fichiers</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+</context>
+<context>
+    <name>PlasmaScript</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation>Plasma n’a pas accepté l’image pour l’écran %1</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation>Plasma a un bureau sur %1 de ses %2 écrans</translation>
+    </message>
+</context>
+<context>
     <name>PngEncoder</name>
     <message>
         <source>Failed to encode upscaled image</source>
         <translation>Échec de l’encodage de l’image agrandie</translation>
+    </message>
+</context>
+<context>
+    <name>PortalRequest</name>
+    <message>
+        <source>The desktop&apos;s portal ended before it answered</source>
+        <translation>Le portail de l’environnement de bureau s’est arrêté avant de répondre</translation>
+    </message>
+    <message>
+        <source>Nobody waits for the desktop&apos;s question any more</source>
+        <translation>Plus personne n’attend la question de l’environnement de bureau</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s question was not answered</source>
+        <translation>La question de l’environnement de bureau est restée sans réponse</translation>
     </message>
 </context>
 <context>
@@ -764,6 +1069,25 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
+    <name>SettingsGroup</name>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation>Les réglages «&#xa0;%1&#xa0;» ne sont pas installés</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation>Les réglages «&#xa0;%1&#xa0;» ne peuvent pas être conservés&#xa0;: GLib n’a pas dconf ici</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation>Le réglage «&#xa0;%1 %2&#xa0;» ne peut pas être modifié</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation>Le réglage «&#xa0;%1 %2&#xa0;» n’a pas été conservé</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -907,10 +1231,6 @@ avec les commandes du panneau latéral.</translation>
 <context>
     <name>SwaySocket</name>
     <message>
-        <source>sway&apos;s socket has no usable path</source>
-        <translation>le socket de sway n’a pas de chemin utilisable</translation>
-    </message>
-    <message>
         <source>sway cannot be reached: %1</source>
         <translation>sway est injoignable&#xa0;: %1</translation>
     </message>
@@ -954,6 +1274,21 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>Upscaling to 4K...</source>
         <translation>Agrandissement en 4K…</translation>
+    </message>
+</context>
+<context>
+    <name>WaylandConnection</name>
+    <message>
+        <source>The compositor cannot be reached</source>
+        <translation>Le compositeur est injoignable</translation>
+    </message>
+    <message>
+        <source>The compositor ended the connection: %1</source>
+        <translation>Le compositeur a mis fin à la connexion&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The compositor does not answer</source>
+        <translation>Le compositeur ne répond pas</translation>
     </message>
 </context>
 <context>

@@ -62,6 +62,40 @@ Pick a specific provider to use it for every generation.</source>
     </message>
 </context>
 <context>
+    <name>Autostart</name>
+    <message>
+        <source>could not write the autostart entry</source>
+        <translation>自動起動の項目を書き込めませんでした</translation>
+    </message>
+    <message>
+        <source>Quorvane sets new pictures and keeps yours on every screen.</source>
+        <translation>Quorvaneは新しい画像を設定し、あなたの画像をすべての画面に保ちます。</translation>
+    </message>
+    <message>
+        <source>the desktop offers no autostart to a sandboxed program: %1</source>
+        <translation>このデスクトップはサンドボックス内のプログラムに自動起動を提供していません: %1</translation>
+    </message>
+    <message>
+        <source>the desktop did not answer whether Quorvane may start with the session</source>
+        <translation>Quorvaneをセッションとともに起動してよいか、デスクトップが応答しませんでした</translation>
+    </message>
+    <message>
+        <source>the desktop did not allow the change</source>
+        <translation>デスクトップが変更を許可しませんでした</translation>
+    </message>
+</context>
+<context>
+    <name>BusClient</name>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>セッションバスに接続できません</translation>
+    </message>
+    <message>
+        <source>There is no answer</source>
+        <translation>応答がありません</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>--prompt needs a text</source>
@@ -80,10 +114,17 @@ Pick a specific provider to use it for every generation.</source>
         <translation>使い方: %1</translation>
     </message>
     <message>
+        <source>--action needs one of: generate, toggle-auto, settings, quit</source>
+        <translation>--actionには次のいずれかが必要です: generate, toggle-auto, settings, quit</translation>
+    </message>
+    <message>
         <source>Usage: quorvane [--hidden]
+       quorvane --action NAME
        quorvane COMMAND [--json]
 
 Without a command the application starts and opens its window (--hidden: tray only).
+--action starts it where it does not run, and does what the desktop entry&apos;s action
+does: generate, toggle-auto, settings or quit.
 
   generate [--prompt TEXT]      make a picture and set it as the wallpaper
   upscale FILE                  make a 4K copy of a picture and set it
@@ -104,9 +145,12 @@ FILE is a path, or the name of a picture in the library.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>使い方: quorvane [--hidden]
+        quorvane --action 名前
         quorvane コマンド [--json]
 
 コマンドなしではアプリケーションを起動し、ウィンドウを開きます（--hidden: トレイのみ）。
+--actionは実行中でなければアプリケーションを起動し、デスクトップエントリーの
+アクションを行います: generate、toggle-auto、settings、quit。
 
   generate [--prompt テキスト]  画像を生成して壁紙に設定
   upscale ファイル              画像の4Kコピーを作って壁紙に設定
@@ -159,10 +203,6 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
         <translation>キーファイルに書き込めませんでした</translation>
     </message>
     <message>
-        <source>could not write the autostart entry</source>
-        <translation>自動起動の項目を書き込めませんでした</translation>
-    </message>
-    <message>
         <source>API key for %1: </source>
         <translation>%1のAPIキー: </translation>
     </message>
@@ -180,14 +220,29 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     </message>
 </context>
 <context>
+    <name>DesktopBus</name>
+    <message>
+        <source>%1 does not draw the background now: %2 is not on the session bus</source>
+        <translation>%1は現在背景を描画していません: %2がセッションバスにありません</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation>または</translation>
+    </message>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>セッションバスに接続できません</translation>
+    </message>
+    <message>
+        <source>%1 does not answer</source>
+        <translation>%1が応答しません</translation>
+    </message>
+</context>
+<context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>
         <translation>QUORVANE_DESKTOPは“%1”ですが、%2のいずれでもありません</translation>
-    </message>
-    <message>
-        <source>QUORVANE_DESKTOP is &quot;%1&quot;, which this version does not support yet</source>
-        <translation>QUORVANE_DESKTOPは“%1”ですが、このバージョンではまだ対応していません</translation>
     </message>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, but QUORVANE_WALLPAPER_COMMAND is not set</source>
@@ -233,6 +288,66 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
         <source>neither SWAYSOCK nor DISPLAY is set</source>
         <translation>SWAYSOCKもDISPLAYも設定されていません</translation>
     </message>
+    <message>
+        <source>HYPRLAND_INSTANCE_SIGNATURE is not set</source>
+        <translation>HYPRLAND_INSTANCE_SIGNATUREが設定されていません</translation>
+    </message>
+    <message>
+        <source>WAYLAND_DISPLAY is not set</source>
+        <translation>WAYLAND_DISPLAYが設定されていません</translation>
+    </message>
+    <message>
+        <source>the compositor does not offer zwlr_layer_shell_v1</source>
+        <translation>コンポジターがzwlr_layer_shell_v1を提供していません</translation>
+    </message>
+    <message>
+        <source>no portal of this session sets wallpapers</source>
+        <translation>このセッションには壁紙を設定するポータルがありません</translation>
+    </message>
+    <message>
+        <source>its settings &quot;%1&quot; are not installed</source>
+        <translation>その設定“%1”がインストールされていません</translation>
+    </message>
+    <message>
+        <source>DISPLAY is not set</source>
+        <translation>DISPLAYが設定されていません</translation>
+    </message>
+    <message>
+        <source>%1 is not on the session bus</source>
+        <translation>%1がセッションバスにありません</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation>または</translation>
+    </message>
+    <message>
+        <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, and it draws the background</source>
+        <translation>XDG_CURRENT_DESKTOPは“%1”で、これが背景を描画しています</translation>
+    </message>
+    <message>
+        <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, but %2</source>
+        <translation>XDG_CURRENT_DESKTOPは“%1”ですが、%2</translation>
+    </message>
+    <message>
+        <source>this is a sandbox, and its portal sets wallpapers</source>
+        <translation>ここはサンドボックスで、そのポータルが壁紙を設定します</translation>
+    </message>
+    <message>
+        <source>Hyprland answers on its socket</source>
+        <translation>Hyprlandがソケットで応答しています</translation>
+    </message>
+    <message>
+        <source>the compositor offers zwlr_layer_shell_v1; the picture is shown while the application runs</source>
+        <translation>コンポジターがzwlr_layer_shell_v1を提供しています。画像はアプリケーションの実行中に表示されます</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but %2</source>
+        <translation>QUORVANE_DESKTOPは“%1”ですが、%2</translation>
+    </message>
+    <message>
+        <source>nothing else is known here, and the session&apos;s portal sets wallpapers</source>
+        <translation>ほかに使える方法がなく、セッションのポータルが壁紙を設定します</translation>
+    </message>
 </context>
 <context>
     <name>DesktopPictureCommand</name>
@@ -254,15 +369,97 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     </message>
 </context>
 <context>
+    <name>DesktopPictureGSettings</name>
+    <message>
+        <source>The settings of %1 do not answer</source>
+        <translation>%1の設定が応答しません</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureHyprland</name>
+    <message>
+        <source>hyprpaper does not answer</source>
+        <translation>hyprpaperが応答しません</translation>
+    </message>
+    <message>
+        <source>hyprpaper cannot take &quot;%1&quot;</source>
+        <translation>hyprpaperは“%1”を受け付けられません</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureLayerShell</name>
+    <message>
+        <source>This desktop shows a background only while the program that drew it runs; start Quorvane, then set the picture</source>
+        <translation>このデスクトップでは、背景を描画したプログラムの実行中にのみ背景が表示されます。Quorvaneを起動してから画像を設定してください</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureLxqt</name>
+    <message>
+        <source>LXQt&apos;s file manager is told not to draw the desktop</source>
+        <translation>LXQtのファイルマネージャーはデスクトップを描画しない設定になっています</translation>
+    </message>
+    <message>
+        <source>The X server cannot be reached</source>
+        <translation>Xサーバーに接続できません</translation>
+    </message>
+    <message>
+        <source>LXQt is set to one wallpaper for each monitor, which would distort the picture</source>
+        <translation>LXQtがモニターごとに1つの壁紙を使う設定になっており、画像がゆがみます</translation>
+    </message>
+    <message>
+        <source>LXQt does not answer</source>
+        <translation>LXQtが応答しません</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPicturePlasma</name>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>セッションバスに接続できません</translation>
+    </message>
+    <message>
+        <source>Plasma&apos;s desktop does not run (org.kde.plasmashell is not on the session bus)</source>
+        <translation>Plasmaのデスクトップが実行されていません（org.kde.plasmashellがセッションバスにありません）</translation>
+    </message>
+    <message>
+        <source>Plasma: %1</source>
+        <translation>Plasma: %1</translation>
+    </message>
+    <message>
+        <source>Plasma answered: %1</source>
+        <translation>Plasmaの応答: %1</translation>
+    </message>
+    <message>
+        <source>Plasma does not answer</source>
+        <translation>Plasmaが応答しません</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPicturePortal</name>
+    <message>
+        <source>The picture cannot be read: %1</source>
+        <translation>画像を読み込めません: %1</translation>
+    </message>
+    <message>
+        <source>The session bus does not answer</source>
+        <translation>セッションバスが応答しません</translation>
+    </message>
+    <message>
+        <source>Waiting for your answer to the desktop&apos;s question about the background</source>
+        <translation>背景についてのデスクトップからの確認に、あなたの回答を待っています</translation>
+    </message>
+    <message>
+        <source>You did not allow it to set the background</source>
+        <translation>背景の設定が許可されませんでした</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s portal refused the picture</source>
+        <translation>デスクトップのポータルが画像を拒否しました</translation>
+    </message>
+</context>
+<context>
     <name>DesktopPictureSway</name>
-    <message>
-        <source>The picture cannot be copied for sway</source>
-        <translation>sway用に画像をコピーできません</translation>
-    </message>
-    <message>
-        <source>No folder could hold a copy of the picture under a name that sway takes</source>
-        <translation>swayが受け付ける名前で画像のコピーを置けるフォルダーがありませんでした</translation>
-    </message>
     <message>
         <source>sway has no screen &quot;%1&quot;</source>
         <translation>swayに画面“%1”はありません</translation>
@@ -304,6 +501,17 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     </message>
 </context>
 <context>
+    <name>DesktopPictureXfce</name>
+    <message>
+        <source>XFCE did not keep the setting &quot;%1&quot;</source>
+        <translation>XFCEが設定“%1”を保持しませんでした</translation>
+    </message>
+    <message>
+        <source>XFCE does not answer</source>
+        <translation>XFCEが応答しません</translation>
+    </message>
+</context>
+<context>
     <name>EmptyState</name>
     <message>
         <source>No wallpapers yet</source>
@@ -314,6 +522,13 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 using the sidebar controls.</source>
         <translation>サイドバーで最初の壁紙を
 生成しましょう。</translation>
+    </message>
+</context>
+<context>
+    <name>EngineMemory</name>
+    <message>
+        <source>The model needs more than %1 MB of memory</source>
+        <translation>モデルには%1 MBを超えるメモリが必要です</translation>
     </message>
 </context>
 <context>
@@ -347,6 +562,17 @@ using the sidebar controls.</source>
     <message>
         <source>Upscale failed: %1</source>
         <translation>アップスケールに失敗しました: %1</translation>
+    </message>
+</context>
+<context>
+    <name>HandedPicture</name>
+    <message>
+        <source>The picture cannot be copied for the desktop</source>
+        <translation>デスクトップ用に画像をコピーできません</translation>
+    </message>
+    <message>
+        <source>No folder could hold a copy of the picture under a name that the desktop takes</source>
+        <translation>デスクトップが受け付ける名前で画像のコピーを置けるフォルダーがありませんでした</translation>
     </message>
 </context>
 <context>
@@ -432,6 +658,25 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>LayerShellBackgrounds</name>
+    <message>
+        <source>The compositor does not offer zwlr_layer_shell_v1</source>
+        <translation>コンポジターがzwlr_layer_shell_v1を提供していません</translation>
+    </message>
+    <message>
+        <source>The compositor has no screen &quot;%1&quot;</source>
+        <translation>コンポジターに画面“%1”はありません</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for the picture</source>
+        <translation>画像に必要なメモリが足りません</translation>
+    </message>
+    <message>
+        <source>The compositor closed the background</source>
+        <translation>コンポジターが背景を閉じました</translation>
+    </message>
+</context>
+<context>
     <name>LocalUpscaler</name>
     <message>
         <source>Failed to crop tile at (%1, %2)</source>
@@ -493,6 +738,13 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>MenuBarButton</name>
+    <message>
+        <source>Menu</source>
+        <translation>メニュー</translation>
+    </message>
+</context>
+<context>
     <name>MissingKeys</name>
     <message>
         <source>Missing %1 API key</source>
@@ -537,10 +789,63 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>PictureMenu</name>
+    <message>
+        <source>Set as Wallpaper</source>
+        <translation>壁紙に設定</translation>
+    </message>
+    <message>
+        <source>Unfavorite</source>
+        <translation>お気に入りから外す</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>お気に入り</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Show in Files</source>
+        <translation>ファイルで表示</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+</context>
+<context>
+    <name>PlasmaScript</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation>Plasmaが画面%1の画像を受け付けませんでした</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation>Plasmaのデスクトップは%2画面のうち%1画面にあります</translation>
+    </message>
+</context>
+<context>
     <name>PngEncoder</name>
     <message>
         <source>Failed to encode upscaled image</source>
         <translation>アップスケールした画像をエンコードできませんでした</translation>
+    </message>
+</context>
+<context>
+    <name>PortalRequest</name>
+    <message>
+        <source>The desktop&apos;s portal ended before it answered</source>
+        <translation>デスクトップのポータルが応答前に終了しました</translation>
+    </message>
+    <message>
+        <source>Nobody waits for the desktop&apos;s question any more</source>
+        <translation>デスクトップからの確認を待つものがなくなりました</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s question was not answered</source>
+        <translation>デスクトップからの確認に回答がありませんでした</translation>
     </message>
 </context>
 <context>
@@ -755,6 +1060,25 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>SettingsGroup</name>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation>設定“%1”がインストールされていません</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation>設定“%1”を保存できません: ここではGLibにdconfがありません</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation>設定“%1 %2”を変更できません</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation>設定“%1 %2”は保持されませんでした</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -898,10 +1222,6 @@ using the sidebar controls.</source>
 <context>
     <name>SwaySocket</name>
     <message>
-        <source>sway&apos;s socket has no usable path</source>
-        <translation>swayのソケットに使えるパスがありません</translation>
-    </message>
-    <message>
         <source>sway cannot be reached: %1</source>
         <translation>swayに接続できません: %1</translation>
     </message>
@@ -945,6 +1265,21 @@ using the sidebar controls.</source>
     <message>
         <source>Upscaling to 4K...</source>
         <translation>4Kにアップスケール中…</translation>
+    </message>
+</context>
+<context>
+    <name>WaylandConnection</name>
+    <message>
+        <source>The compositor cannot be reached</source>
+        <translation>コンポジターに接続できません</translation>
+    </message>
+    <message>
+        <source>The compositor ended the connection: %1</source>
+        <translation>コンポジターが接続を終了しました: %1</translation>
+    </message>
+    <message>
+        <source>The compositor does not answer</source>
+        <translation>コンポジターが応答しません</translation>
     </message>
 </context>
 <context>

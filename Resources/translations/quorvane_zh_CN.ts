@@ -62,6 +62,40 @@ Pick a specific provider to use it for every generation.</source>
     </message>
 </context>
 <context>
+    <name>Autostart</name>
+    <message>
+        <source>could not write the autostart entry</source>
+        <translation>无法写入自动启动项</translation>
+    </message>
+    <message>
+        <source>Quorvane sets new pictures and keeps yours on every screen.</source>
+        <translation>Quorvane 设置新图片，并让您的图片保持在每个屏幕上。</translation>
+    </message>
+    <message>
+        <source>the desktop offers no autostart to a sandboxed program: %1</source>
+        <translation>桌面不为沙盒中的程序提供自动启动：%1</translation>
+    </message>
+    <message>
+        <source>the desktop did not answer whether Quorvane may start with the session</source>
+        <translation>桌面没有应答 Quorvane 是否可以随会话启动</translation>
+    </message>
+    <message>
+        <source>the desktop did not allow the change</source>
+        <translation>桌面不允许此更改</translation>
+    </message>
+</context>
+<context>
+    <name>BusClient</name>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>无法连接会话总线</translation>
+    </message>
+    <message>
+        <source>There is no answer</source>
+        <translation>没有应答</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>--prompt needs a text</source>
@@ -80,10 +114,17 @@ Pick a specific provider to use it for every generation.</source>
         <translation>用法：%1</translation>
     </message>
     <message>
+        <source>--action needs one of: generate, toggle-auto, settings, quit</source>
+        <translation>--action 需要以下之一：generate, toggle-auto, settings, quit</translation>
+    </message>
+    <message>
         <source>Usage: quorvane [--hidden]
+       quorvane --action NAME
        quorvane COMMAND [--json]
 
 Without a command the application starts and opens its window (--hidden: tray only).
+--action starts it where it does not run, and does what the desktop entry&apos;s action
+does: generate, toggle-auto, settings or quit.
 
   generate [--prompt TEXT]      make a picture and set it as the wallpaper
   upscale FILE                  make a 4K copy of a picture and set it
@@ -104,9 +145,12 @@ FILE is a path, or the name of a picture in the library.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>用法：quorvane [--hidden]
+      quorvane --action 名称
       quorvane 命令 [--json]
 
 不带命令时，启动应用程序并打开其窗口（--hidden：仅托盘）。
+--action 在应用程序未运行时启动它，并执行桌面条目中的操作：
+generate、toggle-auto、settings 或 quit。
 
   generate [--prompt 文字]      生成图片并设为壁纸
   upscale 文件                  制作图片的 4K 副本并设为壁纸
@@ -159,10 +203,6 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
         <translation>无法写入密钥文件</translation>
     </message>
     <message>
-        <source>could not write the autostart entry</source>
-        <translation>无法写入自动启动项</translation>
-    </message>
-    <message>
         <source>API key for %1: </source>
         <translation>%1 的 API 密钥：</translation>
     </message>
@@ -180,14 +220,29 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     </message>
 </context>
 <context>
+    <name>DesktopBus</name>
+    <message>
+        <source>%1 does not draw the background now: %2 is not on the session bus</source>
+        <translation>%1 目前不绘制背景：%2 不在会话总线上</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> 或 </translation>
+    </message>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>无法连接会话总线</translation>
+    </message>
+    <message>
+        <source>%1 does not answer</source>
+        <translation>%1 没有应答</translation>
+    </message>
+</context>
+<context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>
         <translation>QUORVANE_DESKTOP 为“%1”，不属于 %2</translation>
-    </message>
-    <message>
-        <source>QUORVANE_DESKTOP is &quot;%1&quot;, which this version does not support yet</source>
-        <translation>QUORVANE_DESKTOP 为“%1”，此版本尚不支持</translation>
     </message>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, but QUORVANE_WALLPAPER_COMMAND is not set</source>
@@ -233,6 +288,66 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
         <source>neither SWAYSOCK nor DISPLAY is set</source>
         <translation>SWAYSOCK 和 DISPLAY 均未设置</translation>
     </message>
+    <message>
+        <source>HYPRLAND_INSTANCE_SIGNATURE is not set</source>
+        <translation>未设置 HYPRLAND_INSTANCE_SIGNATURE</translation>
+    </message>
+    <message>
+        <source>WAYLAND_DISPLAY is not set</source>
+        <translation>未设置 WAYLAND_DISPLAY</translation>
+    </message>
+    <message>
+        <source>the compositor does not offer zwlr_layer_shell_v1</source>
+        <translation>合成器不提供 zwlr_layer_shell_v1</translation>
+    </message>
+    <message>
+        <source>no portal of this session sets wallpapers</source>
+        <translation>此会话中没有能设置壁纸的门户</translation>
+    </message>
+    <message>
+        <source>its settings &quot;%1&quot; are not installed</source>
+        <translation>其设置“%1”未安装</translation>
+    </message>
+    <message>
+        <source>DISPLAY is not set</source>
+        <translation>未设置 DISPLAY</translation>
+    </message>
+    <message>
+        <source>%1 is not on the session bus</source>
+        <translation>%1 不在会话总线上</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> 或 </translation>
+    </message>
+    <message>
+        <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, and it draws the background</source>
+        <translation>XDG_CURRENT_DESKTOP 为“%1”，且由它绘制背景</translation>
+    </message>
+    <message>
+        <source>XDG_CURRENT_DESKTOP names &quot;%1&quot;, but %2</source>
+        <translation>XDG_CURRENT_DESKTOP 为“%1”，但%2</translation>
+    </message>
+    <message>
+        <source>this is a sandbox, and its portal sets wallpapers</source>
+        <translation>这是沙盒，由其门户设置壁纸</translation>
+    </message>
+    <message>
+        <source>Hyprland answers on its socket</source>
+        <translation>Hyprland 在其套接字上应答</translation>
+    </message>
+    <message>
+        <source>the compositor offers zwlr_layer_shell_v1; the picture is shown while the application runs</source>
+        <translation>合成器提供 zwlr_layer_shell_v1；图片在应用程序运行期间显示</translation>
+    </message>
+    <message>
+        <source>QUORVANE_DESKTOP is &quot;%1&quot;, but %2</source>
+        <translation>QUORVANE_DESKTOP 为“%1”，但%2</translation>
+    </message>
+    <message>
+        <source>nothing else is known here, and the session&apos;s portal sets wallpapers</source>
+        <translation>此处没有其他已知方式，由会话的门户设置壁纸</translation>
+    </message>
 </context>
 <context>
     <name>DesktopPictureCommand</name>
@@ -254,15 +369,97 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     </message>
 </context>
 <context>
+    <name>DesktopPictureGSettings</name>
+    <message>
+        <source>The settings of %1 do not answer</source>
+        <translation>%1 的设置没有应答</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureHyprland</name>
+    <message>
+        <source>hyprpaper does not answer</source>
+        <translation>hyprpaper 没有应答</translation>
+    </message>
+    <message>
+        <source>hyprpaper cannot take &quot;%1&quot;</source>
+        <translation>hyprpaper 无法接受“%1”</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureLayerShell</name>
+    <message>
+        <source>This desktop shows a background only while the program that drew it runs; start Quorvane, then set the picture</source>
+        <translation>此桌面仅在绘制背景的程序运行期间显示背景；请先启动 Quorvane，再设置图片</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPictureLxqt</name>
+    <message>
+        <source>LXQt&apos;s file manager is told not to draw the desktop</source>
+        <translation>LXQt 的文件管理器被设为不绘制桌面</translation>
+    </message>
+    <message>
+        <source>The X server cannot be reached</source>
+        <translation>无法连接 X 服务器</translation>
+    </message>
+    <message>
+        <source>LXQt is set to one wallpaper for each monitor, which would distort the picture</source>
+        <translation>LXQt 被设为每个显示器一张壁纸，这会使图片变形</translation>
+    </message>
+    <message>
+        <source>LXQt does not answer</source>
+        <translation>LXQt 没有应答</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPicturePlasma</name>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>无法连接会话总线</translation>
+    </message>
+    <message>
+        <source>Plasma&apos;s desktop does not run (org.kde.plasmashell is not on the session bus)</source>
+        <translation>Plasma 的桌面未在运行（org.kde.plasmashell 不在会话总线上）</translation>
+    </message>
+    <message>
+        <source>Plasma: %1</source>
+        <translation>Plasma：%1</translation>
+    </message>
+    <message>
+        <source>Plasma answered: %1</source>
+        <translation>Plasma 应答：%1</translation>
+    </message>
+    <message>
+        <source>Plasma does not answer</source>
+        <translation>Plasma 没有应答</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopPicturePortal</name>
+    <message>
+        <source>The picture cannot be read: %1</source>
+        <translation>无法读取图片：%1</translation>
+    </message>
+    <message>
+        <source>The session bus does not answer</source>
+        <translation>会话总线没有应答</translation>
+    </message>
+    <message>
+        <source>Waiting for your answer to the desktop&apos;s question about the background</source>
+        <translation>正在等待您回答桌面有关背景的询问</translation>
+    </message>
+    <message>
+        <source>You did not allow it to set the background</source>
+        <translation>您不允许设置背景</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s portal refused the picture</source>
+        <translation>桌面的门户拒绝了图片</translation>
+    </message>
+</context>
+<context>
     <name>DesktopPictureSway</name>
-    <message>
-        <source>The picture cannot be copied for sway</source>
-        <translation>无法为 sway 复制图片</translation>
-    </message>
-    <message>
-        <source>No folder could hold a copy of the picture under a name that sway takes</source>
-        <translation>没有文件夹能以 sway 接受的名称存放图片副本</translation>
-    </message>
     <message>
         <source>sway has no screen &quot;%1&quot;</source>
         <translation>sway 没有屏幕“%1”</translation>
@@ -304,6 +501,17 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     </message>
 </context>
 <context>
+    <name>DesktopPictureXfce</name>
+    <message>
+        <source>XFCE did not keep the setting &quot;%1&quot;</source>
+        <translation>XFCE 没有保留设置“%1”</translation>
+    </message>
+    <message>
+        <source>XFCE does not answer</source>
+        <translation>XFCE 没有应答</translation>
+    </message>
+</context>
+<context>
     <name>EmptyState</name>
     <message>
         <source>No wallpapers yet</source>
@@ -314,6 +522,13 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 using the sidebar controls.</source>
         <translation>使用侧边栏的控件
 生成您的第一张壁纸。</translation>
+    </message>
+</context>
+<context>
+    <name>EngineMemory</name>
+    <message>
+        <source>The model needs more than %1 MB of memory</source>
+        <translation>模型需要超过 %1 MB 内存</translation>
     </message>
 </context>
 <context>
@@ -347,6 +562,17 @@ using the sidebar controls.</source>
     <message>
         <source>Upscale failed: %1</source>
         <translation>放大失败：%1</translation>
+    </message>
+</context>
+<context>
+    <name>HandedPicture</name>
+    <message>
+        <source>The picture cannot be copied for the desktop</source>
+        <translation>无法为桌面复制图片</translation>
+    </message>
+    <message>
+        <source>No folder could hold a copy of the picture under a name that the desktop takes</source>
+        <translation>没有文件夹能以桌面接受的名称存放图片副本</translation>
     </message>
 </context>
 <context>
@@ -432,6 +658,25 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>LayerShellBackgrounds</name>
+    <message>
+        <source>The compositor does not offer zwlr_layer_shell_v1</source>
+        <translation>合成器不提供 zwlr_layer_shell_v1</translation>
+    </message>
+    <message>
+        <source>The compositor has no screen &quot;%1&quot;</source>
+        <translation>合成器没有屏幕“%1”</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for the picture</source>
+        <translation>内存不足，无法处理图片</translation>
+    </message>
+    <message>
+        <source>The compositor closed the background</source>
+        <translation>合成器关闭了背景</translation>
+    </message>
+</context>
+<context>
     <name>LocalUpscaler</name>
     <message>
         <source>Failed to crop tile at (%1, %2)</source>
@@ -493,6 +738,13 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>MenuBarButton</name>
+    <message>
+        <source>Menu</source>
+        <translation>菜单</translation>
+    </message>
+</context>
+<context>
     <name>MissingKeys</name>
     <message>
         <source>Missing %1 API key</source>
@@ -537,10 +789,63 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>PictureMenu</name>
+    <message>
+        <source>Set as Wallpaper</source>
+        <translation>设为壁纸</translation>
+    </message>
+    <message>
+        <source>Unfavorite</source>
+        <translation>取消收藏</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>收藏</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Show in Files</source>
+        <translation>在文件管理器中显示</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+</context>
+<context>
+    <name>PlasmaScript</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation>Plasma 没有接受屏幕 %1 的图片</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation>Plasma 在 %2 个屏幕中的 %1 个上有桌面</translation>
+    </message>
+</context>
+<context>
     <name>PngEncoder</name>
     <message>
         <source>Failed to encode upscaled image</source>
         <translation>无法编码放大后的图片</translation>
+    </message>
+</context>
+<context>
+    <name>PortalRequest</name>
+    <message>
+        <source>The desktop&apos;s portal ended before it answered</source>
+        <translation>桌面的门户在应答前就结束了</translation>
+    </message>
+    <message>
+        <source>Nobody waits for the desktop&apos;s question any more</source>
+        <translation>已无人等待桌面的询问</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s question was not answered</source>
+        <translation>桌面的询问没有得到回答</translation>
     </message>
 </context>
 <context>
@@ -755,6 +1060,25 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>SettingsGroup</name>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation>设置“%1”未安装</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation>无法保存设置“%1”：此处的 GLib 没有 dconf</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation>无法更改设置“%1 %2”</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation>设置“%1 %2”没有保留</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -898,10 +1222,6 @@ using the sidebar controls.</source>
 <context>
     <name>SwaySocket</name>
     <message>
-        <source>sway&apos;s socket has no usable path</source>
-        <translation>sway 的套接字没有可用的路径</translation>
-    </message>
-    <message>
         <source>sway cannot be reached: %1</source>
         <translation>无法连接 sway：%1</translation>
     </message>
@@ -945,6 +1265,21 @@ using the sidebar controls.</source>
     <message>
         <source>Upscaling to 4K...</source>
         <translation>正在放大到 4K…</translation>
+    </message>
+</context>
+<context>
+    <name>WaylandConnection</name>
+    <message>
+        <source>The compositor cannot be reached</source>
+        <translation>无法连接合成器</translation>
+    </message>
+    <message>
+        <source>The compositor ended the connection: %1</source>
+        <translation>合成器结束了连接：%1</translation>
+    </message>
+    <message>
+        <source>The compositor does not answer</source>
+        <translation>合成器没有应答</translation>
     </message>
 </context>
 <context>

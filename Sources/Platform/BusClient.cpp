@@ -1,5 +1,6 @@
 #include "Platform/BusClient.h"
 
+#include <QCoreApplication>
 #include <QDBusError>
 #include <QFileInfo>
 
@@ -8,6 +9,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(BusClient)
+};
 
 /// Each connection has a name of its own, because two threads may have one at the same time.
 QString nextName()
@@ -41,7 +47,7 @@ bool BusClient::isOwned(const QString &name, QDeadlineTimer deadline)
 BusClient::Answer BusClient::call(QDBusMessage question, const QVariantList &arguments, QDeadlineTimer deadline)
 {
     if (!m_bus.isConnected()) {
-        return {{}, QStringLiteral("The session bus cannot be reached")};
+        return {{}, Tr::tr("The session bus cannot be reached")};
     }
     question.setArguments(arguments);
     // No time left would mean Qt's own limit, which is longer.
@@ -52,7 +58,7 @@ BusClient::Answer BusClient::call(QDBusMessage question, const QVariantList &arg
     }
     const QDBusError error(reply);
     const bool isSilence = error.type() == QDBusError::NoReply || error.type() == QDBusError::Timeout;
-    return {{}, isSilence || error.message().isEmpty() ? QStringLiteral("There is no answer") : error.message()};
+    return {{}, isSilence || error.message().isEmpty() ? Tr::tr("There is no answer") : error.message()};
 }
 
 } // namespace quorvane

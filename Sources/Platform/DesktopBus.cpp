@@ -3,6 +3,7 @@
 
 #include "Platform/DesktopBus.h"
 
+#include <QCoreApplication>
 #include <QDBusError>
 #include <QDBusMessage>
 
@@ -12,6 +13,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopBus)
+};
 
 const QString kBus = QStringLiteral("org.freedesktop.DBus");
 const QString kBusPath = QStringLiteral("/org/freedesktop/DBus");
@@ -53,15 +59,15 @@ std::optional<QString> DesktopBus::failureToFind(const QStringList &painters, co
     const bool isThere = std::any_of(painters.begin(), painters.end(),
                                      [&](const QString &painter) { return present.contains(painter); });
     return isThere ? std::nullopt
-                   : std::optional(QStringLiteral("%1 does not draw the background now: %2 is not on the session bus")
-                                       .arg(title, painters.join(QStringLiteral(" or "))));
+                   : std::optional(Tr::tr("%1 does not draw the background now: %2 is not on the session bus")
+                                       .arg(title, painters.join(Tr::tr(" or "))));
 }
 
 std::optional<QVariantList> DesktopBus::call(const QString &name, const QString &path, const QString &interface,
                                              const QString &method, const QVariantList &arguments)
 {
     if (!m_connection.isConnected()) {
-        m_error = QStringLiteral("The session bus cannot be reached");
+        m_error = Tr::tr("The session bus cannot be reached");
         return std::nullopt;
     }
     QDBusMessage question = QDBusMessage::createMethodCall(name, path, interface, method);
@@ -74,7 +80,7 @@ std::optional<QVariantList> DesktopBus::call(const QString &name, const QString 
     }
     const QDBusError error(reply);
     m_error = error.type() == QDBusError::NoReply || error.type() == QDBusError::Timeout
-                  ? QStringLiteral("%1 does not answer").arg(name)
+                  ? Tr::tr("%1 does not answer").arg(name)
                   : error.message();
     return std::nullopt;
 }

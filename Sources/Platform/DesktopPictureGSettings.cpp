@@ -9,6 +9,7 @@
 #include "Platform/SettingsGroup.h"
 #include "Platform/TimeLimit.h"
 
+#include <QCoreApplication>
 #include <QUrl>
 
 #include <utility>
@@ -16,6 +17,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPictureGSettings)
+};
 
 QString valueFor(const BackgroundSettings &settings, const QString &path)
 {
@@ -108,7 +114,7 @@ DesktopPictureGSettings::DesktopPictureGSettings(QString name, SessionDesktop de
 
 std::optional<QString> DesktopPictureGSettings::setPicture(const QString &path, const QList<Screen> & /*screens*/)
 {
-    const QString silence = QStringLiteral("The settings of %1 do not answer").arg(m_desktop.title);
+    const QString silence = Tr::tr("The settings of %1 do not answer").arg(m_desktop.title);
     const QDeadlineTimer asking(m_limit);
     const auto current =
         withinLimit(m_limit, [desktop = m_desktop, address = m_busAddress, asking](const std::stop_token &) {

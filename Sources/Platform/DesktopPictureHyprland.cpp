@@ -7,6 +7,7 @@
 #include "Platform/PictureCopy.h"
 #include "Platform/UnixSocket.h"
 
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
 
@@ -22,6 +23,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPictureHyprland)
+};
 
 const QString kOk = QStringLiteral("ok");
 /// hyprpaper reads no more of a request.
@@ -137,7 +143,7 @@ std::optional<QString> DesktopPictureHyprland::setByHyprpaper(const QString &pat
         const std::optional<QString> reply = ask(request, deadline);
         if (reply != kOk) {
             m_handover.failed(handed);
-            return reply.value_or(QStringLiteral("hyprpaper does not answer"));
+            return reply.value_or(Tr::tr("hyprpaper does not answer"));
         }
     }
     m_handover.succeeded(path, handed);
@@ -152,7 +158,7 @@ std::optional<QString> DesktopPictureHyprland::ask(const QString &request, QDead
 {
     const QByteArray bytes = request.toUtf8();
     if (bytes.size() > kRequestLimit || bytes.contains('\n')) {
-        return QStringLiteral("hyprpaper cannot take \"%1\"").arg(request);
+        return Tr::tr("hyprpaper cannot take \"%1\"").arg(request);
     }
     int descriptor = -1;
     for (const QString &folder : m_socketFolders) {

@@ -7,6 +7,7 @@
 #include "Platform/PictureFile.h"
 #include "Platform/WaylandFacts.h"
 
+#include <QCoreApplication>
 #include <QImage>
 
 #include <future>
@@ -19,6 +20,15 @@
 #include <unistd.h>
 
 namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPictureLayerShell)
+};
+
+} // namespace
 
 /// What the thread is asked to show.
 struct DesktopPictureLayerShell::Request
@@ -157,8 +167,8 @@ QList<Screen> DesktopPictureLayerShell::screens()
 std::optional<QString> DesktopPictureLayerShell::setPicture(const QString &path, const QList<Screen> &screens)
 {
     if (m_life == ProgramLife::OneCommand) {
-        return QStringLiteral("This desktop shows a background only while the program that drew it runs; "
-                              "start Quorvane, then set the picture");
+        return Tr::tr("This desktop shows a background only while the program that drew it runs; "
+                      "start Quorvane, then set the picture");
     }
     // Decoding comes first, so that the compositor's time is not spent on it.
     const PictureFile file = readPicture(path);

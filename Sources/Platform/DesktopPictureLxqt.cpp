@@ -14,6 +14,7 @@
 #include "Platform/TimeLimit.h"
 #include "Platform/X11Connection.h"
 
+#include <QCoreApplication>
 #include <QDBusVariant>
 #include <QPainter>
 #include <QSettings>
@@ -25,6 +26,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPictureLxqt)
+};
 
 const QString kName = QStringLiteral("org.pcmanfm.PCManFM");
 const QString kPath = QStringLiteral("/Application");
@@ -59,7 +65,7 @@ std::optional<QString> painterFailure(DesktopBus &bus)
     }
     return qvariant_cast<QDBusVariant>(answer->value(0)).variant().toBool()
                ? std::nullopt
-               : std::optional(QStringLiteral("LXQt's file manager is told not to draw the desktop"));
+               : std::optional(Tr::tr("LXQt's file manager is told not to draw the desktop"));
 }
 
 Layout layoutOf(const QString &busAddress, const QByteArray &display, const QDeadlineTimer &deadline)
@@ -70,7 +76,7 @@ Layout layoutOf(const QString &busAddress, const QByteArray &display, const QDea
     }
     const X11Connection x(display);
     if (!x.isUsable()) {
-        return {{}, QStringLiteral("The X server cannot be reached")};
+        return {{}, Tr::tr("The X server cannot be reached")};
     }
     QList<QRect> areas;
     const QList<X11Connection::Monitor> monitors = x.monitors();
@@ -82,8 +88,7 @@ Layout layoutOf(const QString &busAddress, const QByteArray &display, const QDea
         const bool sameSize = std::all_of(areas.begin(), areas.end(),
                                           [&](const QRect &area) { return area.size() == areas.constFirst().size(); });
         if (!sameSize) {
-            return {{},
-                    QStringLiteral("LXQt is set to one wallpaper for each monitor, which would distort the picture")};
+            return {{}, Tr::tr("LXQt is set to one wallpaper for each monitor, which would distort the picture")};
         }
         areas = {areas.constFirst()};
     }
@@ -113,7 +118,7 @@ std::optional<QString> DesktopPictureLxqt::setPicture(const QString &path, const
         return layoutOf(address, display, asking);
     });
     if (!layout || layout->failure) {
-        return layout ? layout->failure : QStringLiteral("LXQt does not answer");
+        return layout ? layout->failure : Tr::tr("LXQt does not answer");
     }
     const std::chrono::milliseconds left(asking.remainingTime()); // The time to decode is nobody's but ours.
 
@@ -135,7 +140,7 @@ std::optional<QString> DesktopPictureLxqt::setPicture(const QString &path, const
             return isShown ? std::nullopt : std::optional(bus.error());
         });
     if (!failure || *failure) {
-        return failure ? *failure : QStringLiteral("LXQt does not answer");
+        return failure ? *failure : Tr::tr("LXQt does not answer");
     }
     PictureCopy::removeAllBut(handed.path);
     return std::nullopt;

@@ -5,6 +5,8 @@
 #include "Platform/PlasmaScript.h"
 #include "Platform/TimeLimit.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <memory>
 #include <thread>
@@ -13,6 +15,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPicturePlasma)
+};
 
 const QString kShell = QStringLiteral("org.kde.plasmashell");
 
@@ -32,22 +39,22 @@ struct Answer
 Answer evaluate(BusClient &client, const QString &script, QDeadlineTimer deadline)
 {
     if (!client.bus().isConnected()) {
-        return {{}, QStringLiteral("The session bus cannot be reached")};
+        return {{}, Tr::tr("The session bus cannot be reached")};
     }
     // Asked first, because a call to a name that nobody owns could start another Plasma.
     if (!client.isOwned(kShell, deadline)) {
-        return {{}, QStringLiteral("Plasma's desktop does not run (org.kde.plasmashell is not on the session bus)")};
+        return {{}, Tr::tr("Plasma's desktop does not run (org.kde.plasmashell is not on the session bus)")};
     }
     const BusClient::Answer answer = client.call(QDBusMessage::createMethodCall(kShell, QStringLiteral("/PlasmaShell"),
                                                                                 QStringLiteral("org.kde.PlasmaShell"),
                                                                                 QStringLiteral("evaluateScript")),
                                                  {script}, deadline);
     if (!answer.error.isEmpty()) {
-        return {{}, QStringLiteral("Plasma: ") + answer.error};
+        return {{}, Tr::tr("Plasma: %1").arg(answer.error)};
     }
     const QString printed = answer.arguments.value(0).toString();
     const std::optional<Report> report = PlasmaScript::reportOf(printed);
-    return report ? Answer{*report, {}} : Answer{{}, QStringLiteral("Plasma answered: ") + printed.trimmed()};
+    return report ? Answer{*report, {}} : Answer{{}, Tr::tr("Plasma answered: %1").arg(printed.trimmed())};
 }
 
 /// The report after the last try; its error is also the verdict's.
@@ -74,7 +81,7 @@ Answer setEverywhere(const QString &busAddress, const QString &url, qsizetype sc
 
 QString silence()
 {
-    return QStringLiteral("Plasma does not answer");
+    return Tr::tr("Plasma does not answer");
 }
 
 } // namespace

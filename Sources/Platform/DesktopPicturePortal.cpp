@@ -5,6 +5,7 @@
 #include "Platform/PortalRequest.h"
 #include "Platform/TimeLimit.h"
 
+#include <QCoreApplication>
 #include <QDBusUnixFileDescriptor>
 #include <QDBusVariant>
 #include <QFile>
@@ -14,6 +15,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPicturePortal)
+};
 
 /// Enough to know that a picture decodes to its end.
 constexpr QSize kCheckSize(256, 256);
@@ -64,13 +70,13 @@ std::optional<QString> DesktopPicturePortal::setPicture(const QString &path, con
     }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        return QStringLiteral("The picture cannot be read: ") + file.errorString();
+        return Tr::tr("The picture cannot be read: %1").arg(file.errorString());
     }
     // Connecting has no limit of its own, and this thread has to wait for the user below.
     auto connected = withinLimit(
         m_limit, [address = m_busAddress](const std::stop_token &) { return std::make_shared<BusClient>(address); });
     if (!connected) {
-        return QStringLiteral("The session bus does not answer");
+        return Tr::tr("The session bus does not answer");
     }
     BusClient &client = **connected;
     PortalRequest request(client);
@@ -82,7 +88,7 @@ std::optional<QString> DesktopPicturePortal::setPicture(const QString &path, con
     const QVariantList arguments{QString(), QVariant::fromValue(QDBusUnixFileDescriptor(file.handle())), options};
     const auto isAsking = [this] {
         if (asking) {
-            asking(QStringLiteral("Waiting for your answer to the desktop's question about the background"));
+            asking(Tr::tr("Waiting for your answer to the desktop's question about the background"));
         }
     };
     const PortalRequest::Outcome outcome = request.ask(question, arguments, m_limit, isAsking, m_stop.get_token());
@@ -92,8 +98,8 @@ std::optional<QString> DesktopPicturePortal::setPicture(const QString &path, con
     if (*outcome.response == kDone) {
         return std::nullopt;
     }
-    return *outcome.response == kRefusedByUser ? QStringLiteral("You did not allow it to set the background")
-                                               : QStringLiteral("The desktop's portal refused the picture");
+    return *outcome.response == kRefusedByUser ? Tr::tr("You did not allow it to set the background")
+                                               : Tr::tr("The desktop's portal refused the picture");
 }
 
 } // namespace quorvane

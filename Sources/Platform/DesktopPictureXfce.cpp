@@ -6,6 +6,7 @@
 #include "Platform/SessionDesktops.h"
 #include "Platform/TimeLimit.h"
 
+#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusVariant>
 
@@ -15,6 +16,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPictureXfce)
+};
 
 const QString kPicture = QStringLiteral("last-image");
 const QString kStyle = QStringLiteral("image-style");
@@ -66,7 +72,7 @@ std::optional<QString> show(DesktopBus &bus, const QString &path, const QList<Sc
     }
     for (auto property = wanted.begin(); property != wanted.end(); ++property) {
         if (kept->value(property.key()) != property.value()) {
-            return QStringLiteral("XFCE did not keep the setting \"%1\"").arg(property.key());
+            return Tr::tr("XFCE did not keep the setting \"%1\"").arg(property.key());
         }
     }
     return bus.failureToFind(xfce.painters, xfce.title);
@@ -96,7 +102,7 @@ std::optional<QString> DesktopPictureXfce::setPicture(const QString &path, const
         return show(bus, handed.path, screens, stop);
     });
     if (!result || *result) {
-        return result ? *result : QStringLiteral("XFCE does not answer");
+        return result ? *result : Tr::tr("XFCE does not answer");
     }
     PictureCopy::removeAllBut(handed.isCopy ? handed.path : QString());
     return std::nullopt;

@@ -4,12 +4,18 @@
 #include "Platform/PictureFile.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QFile>
 #include <QImageWriter>
 
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(HandedPicture)
+};
 
 /// Enough to know that a picture decodes to its end.
 constexpr QSize kCheckSize(256, 256);
@@ -26,7 +32,7 @@ QByteArray encodedAsPng(const QImage &image)
 HandedPicture copied(const QByteArray &bytes, const QString &ending, const TakesPath &takesPath)
 {
     if (bytes.isEmpty()) {
-        return {{}, false, QStringLiteral("The picture cannot be copied for the desktop")};
+        return {{}, false, Tr::tr("The picture cannot be copied for the desktop")};
     }
     const QStringList folders = PictureCopy::folders();
     for (const QString &folder : folders) {
@@ -36,8 +42,7 @@ HandedPicture copied(const QByteArray &bytes, const QString &ending, const Takes
             }
         }
     }
-    return {
-        {}, false, QStringLiteral("No folder could hold a copy of the picture under a name that the desktop takes")};
+    return {{}, false, Tr::tr("No folder could hold a copy of the picture under a name that the desktop takes")};
 }
 
 } // namespace

@@ -2,9 +2,20 @@
 
 #include "Platform/PictureFile.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(LayerShellBackgrounds)
+};
+
+} // namespace
 
 LayerShellBackgrounds::LayerShellBackgrounds(const QString &display, QDeadlineTimer deadline)
     : m_connection(display, deadline)
@@ -24,7 +35,7 @@ LayerShellBackgrounds::LayerShellBackgrounds(const QString &display, QDeadlineTi
 QString LayerShellBackgrounds::error() const
 {
     const QString error = m_connection.error();
-    return error.isEmpty() ? QStringLiteral("The compositor does not offer zwlr_layer_shell_v1") : error;
+    return error.isEmpty() ? Tr::tr("The compositor does not offer zwlr_layer_shell_v1") : error;
 }
 
 std::optional<QString> LayerShellBackgrounds::show(const QImage &picture, const QString &path,
@@ -37,7 +48,7 @@ std::optional<QString> LayerShellBackgrounds::show(const QImage &picture, const 
     for (const Screen &screen : screens) {
         WaylandOutput *output = m_outputs->find(screen.name);
         if (output == nullptr) {
-            return QStringLiteral("The compositor has no screen \"%1\"").arg(screen.name);
+            return Tr::tr("The compositor has no screen \"%1\"").arg(screen.name);
         }
         surfaces.append(&surfaceFor(*output));
     }
@@ -59,7 +70,7 @@ std::optional<QString> LayerShellBackgrounds::show(const QImage &picture, const 
     if (areAllThere()) {
         for (BackgroundSurface *surface : surfaces) {
             if (!surface->show(picture)) {
-                return QStringLiteral("There is not enough memory for the picture");
+                return Tr::tr("There is not enough memory for the picture");
             }
         }
         m_path = path;
@@ -67,7 +78,7 @@ std::optional<QString> LayerShellBackgrounds::show(const QImage &picture, const 
             return m_connection.error();
         }
     }
-    return areAllThere() ? std::nullopt : std::optional(QStringLiteral("The compositor closed the background"));
+    return areAllThere() ? std::nullopt : std::optional(Tr::tr("The compositor closed the background"));
 }
 
 bool LayerShellBackgrounds::follow(int wakeDescriptor)

@@ -1,5 +1,6 @@
 #include "Platform/PlasmaScript.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -9,6 +10,11 @@
 namespace quorvane::PlasmaScript {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(PlasmaScript)
+};
 
 /// The plug-in that shows one picture.
 const QString kPlugin = QStringLiteral("org.kde.image");
@@ -66,11 +72,11 @@ QString Report::whyNotEverywhere(const QString &imageUrl) const
 {
     for (const Desktop &desktop : desktops) {
         if (desktop.screen >= 0 && (desktop.plugin != kPlugin || desktop.image != imageUrl)) {
-            return QStringLiteral("Plasma did not take the picture for screen %1").arg(desktop.screen);
+            return Tr::tr("Plasma did not take the picture for screen %1").arg(desktop.screen);
         }
     }
     return visible() < std::max(1, screenCount)
-               ? QStringLiteral("Plasma has a desktop on %1 of its %2 screens").arg(visible()).arg(screenCount)
+               ? Tr::tr("Plasma has a desktop on %1 of its %2 screens").arg(visible()).arg(screenCount)
                : QString();
 }
 

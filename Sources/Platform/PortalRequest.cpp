@@ -1,5 +1,6 @@
 #include "Platform/PortalRequest.h"
 
+#include <QCoreApplication>
 #include <QDBusServiceWatcher>
 #include <QEventLoop>
 #include <QTimer>
@@ -9,6 +10,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(PortalRequest)
+};
 
 const QString kPortal = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString kRequest = QStringLiteral("org.freedesktop.portal.Request");
@@ -49,13 +55,13 @@ PortalRequest::Outcome PortalRequest::ask(const QDBusMessage &question, const QV
     connect(this, &PortalRequest::ended, &loop, &QEventLoop::quit);
     const QDBusServiceWatcher watcher(kPortal, m_client.bus(), QDBusServiceWatcher::WatchForUnregistration);
     connect(&watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
-        m_outcome.error = QStringLiteral("The desktop's portal ended before it answered");
+        m_outcome.error = Tr::tr("The desktop's portal ended before it answered");
         Q_EMIT ended();
     });
     connect(
         this, &PortalRequest::stopped, this,
         [this] {
-            m_outcome.error = QStringLiteral("Nobody waits for the desktop's question any more");
+            m_outcome.error = Tr::tr("Nobody waits for the desktop's question any more");
             Q_EMIT ended();
         },
         Qt::QueuedConnection);
@@ -66,7 +72,7 @@ PortalRequest::Outcome PortalRequest::ask(const QDBusMessage &question, const QV
     patience.start(std::chrono::milliseconds(std::max<qint64>(1, deadline.remainingTime())));
     QTimer end;
     connect(&end, &QTimer::timeout, this, [this] {
-        m_outcome.error = QStringLiteral("The desktop's question was not answered");
+        m_outcome.error = Tr::tr("The desktop's question was not answered");
         Q_EMIT ended();
     });
     end.start(kAskingLimit);

@@ -3,6 +3,8 @@
 
 #include "Platform/SettingsGroup.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
@@ -17,6 +19,11 @@
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(SettingsGroup)
+};
 
 /// One reference to a GLib object.
 template <typename Type, void (*unreference)(Type *)> struct Unreferenced
@@ -151,7 +158,7 @@ SettingsGroup::SettingsGroup(const QString &schema)
 {
     m_glib->schema = schemaNamed(schema);
     if (m_glib->schema == nullptr) {
-        m_error = QStringLiteral("The settings \"%1\" are not installed").arg(schema);
+        m_error = Tr::tr("The settings \"%1\" are not installed").arg(schema);
         return;
     }
     m_error = connectToBus();
@@ -163,7 +170,7 @@ SettingsGroup::SettingsGroup(const QString &schema)
     if (isKeptForOthers()) {
         m_glib->settings.reset(g_settings_new_full(m_glib->schema.get(), nullptr, nullptr));
     } else {
-        m_error = QStringLiteral("The settings \"%1\" cannot be kept: GLib has no dconf here").arg(schema);
+        m_error = Tr::tr("The settings \"%1\" cannot be kept: GLib has no dconf here").arg(schema);
     }
 }
 
@@ -196,7 +203,7 @@ std::optional<QString> SettingsGroup::change(const QVariantMap &values)
     for (auto value = values.begin(); value != values.end(); ++value) {
         if (g_settings_set_value(settings, value.key().toUtf8().constData(), variantOf(*value)) == 0) {
             g_settings_revert(settings);
-            return QStringLiteral("The setting \"%1 %2\" cannot be changed").arg(m_schema, value.key());
+            return Tr::tr("The setting \"%1 %2\" cannot be changed").arg(m_schema, value.key());
         }
     }
     g_settings_apply(settings);
@@ -206,8 +213,7 @@ std::optional<QString> SettingsGroup::change(const QVariantMap &values)
         const Value kept(g_settings_get_value(settings, value.key().toUtf8().constData()));
         if (g_variant_equal(wanted.get(), kept.get()) == 0) {
             const QString words = DconfWarnings::listening().wait();
-            return words.isEmpty() ? QStringLiteral("The setting \"%1 %2\" was not kept").arg(m_schema, value.key())
-                                   : words;
+            return words.isEmpty() ? Tr::tr("The setting \"%1 %2\" was not kept").arg(m_schema, value.key()) : words;
         }
     }
     return std::nullopt;

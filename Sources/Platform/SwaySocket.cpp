@@ -39,7 +39,8 @@ SwaySocket::SwaySocket(const QString &path, QDeadlineTimer deadline)
 {
     m_descriptor = connectUnixSocket(path, m_deadline);
     if (m_descriptor < 0) {
-        fail(QStringLiteral("sway cannot be reached: ") + systemError());
+        const QString reason = systemError();
+        fail(Tr::tr("sway cannot be reached: %1").arg(reason));
     }
 }
 

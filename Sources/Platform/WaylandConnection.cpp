@@ -3,6 +3,7 @@
 #include "Platform/UnixSocket.h"
 #include "Platform/WaylandOwned.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -13,6 +14,15 @@
 #include <poll.h>
 
 namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(WaylandConnection)
+};
+
+} // namespace
 
 WaylandConnection::WaylandConnection(const QString &display, QDeadlineTimer deadline)
 {
@@ -95,12 +105,12 @@ bool WaylandConnection::finish(QDeadlineTimer deadline)
 QString WaylandConnection::error() const
 {
     if (m_display == nullptr) {
-        return QStringLiteral("The compositor cannot be reached");
+        return Tr::tr("The compositor cannot be reached");
     }
     if (const int number = wl_display_get_error(m_display); number != 0) {
-        return QStringLiteral("The compositor ended the connection: ") + QString::fromLocal8Bit(std::strerror(number));
+        return Tr::tr("The compositor ended the connection: %1").arg(QString::fromLocal8Bit(std::strerror(number)));
     }
-    return m_isLate ? QStringLiteral("The compositor does not answer") : QString();
+    return m_isLate ? Tr::tr("The compositor does not answer") : QString();
 }
 
 } // namespace quorvane

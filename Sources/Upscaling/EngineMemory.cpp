@@ -1,15 +1,21 @@
 #include "Upscaling/EngineMemory.h"
 
+#include <QCoreApplication>
+
 #include <cstdlib>
 #include <malloc.h>
 #include <stdexcept>
-#include <string>
 #include <sys/mman.h>
 #include <unistd.h>
 
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(EngineMemory)
+};
 
 constexpr std::size_t kVectorAlignment = 64;
 constexpr std::size_t kLargePage = std::size_t(2) << 20;
@@ -27,7 +33,7 @@ void *EngineMemory::allocate(std::size_t size)
     void *memory = nullptr;
     if (size > m_bound || m_used + size > m_bound ||
         posix_memalign(&memory, large ? kLargePage : kVectorAlignment, size) != 0) {
-        throw std::runtime_error("The model needs more than " + std::to_string(m_bound >> 20) + " MB of memory");
+        throw std::runtime_error(Tr::tr("The model needs more than %1 MB of memory").arg(m_bound >> 20).toStdString());
     }
     if (large) {
         madvise(memory, size, MADV_HUGEPAGE);
