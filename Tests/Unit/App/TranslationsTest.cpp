@@ -1,10 +1,10 @@
 #include "App/Translations.h"
 
-#include "Manager/MenuItems.h"
 #include "App/Reports.h"
 #include "Manager/Album.h"
 #include "Manager/ImageRecords.h"
 #include "Manager/IntervalLabel.h"
+#include "Manager/MenuItems.h"
 #include "Support/SpokenLanguage.h"
 
 #include <gtest/gtest.h>
