@@ -5,6 +5,7 @@
 #include "App/ControlService.h"
 #include "App/Workshop.h"
 #include "Platform/SessionBus.h"
+#include "Support/WaitFor.h"
 #include "Views/Settings/AdvancedModel.h"
 #include "Views/Sidebar/SidebarModel.h"
 
