@@ -8,10 +8,10 @@
 #include "Platform/Paths.h"
 #include "Platform/PlasmaScript.h"
 #include "Support/Files.h"
-#include "Support/PluggableXServer.h"
 #include "Support/PositionPicture.h"
 #include "Support/PrivateHome.h"
 #include "Support/PrivateSway.h"
+#include "Support/PrivateXorg.h"
 #include "Support/WaitFor.h"
 
 #include <QStandardPaths>
@@ -60,7 +60,7 @@ class DesktopPicturePlasmaTest : public testing::Test
 
     [[nodiscard]] static QString missingOnX11()
     {
-        const QString missing = PluggableXServer::missingProgram();
+        const QString missing = PrivateXorg::missingProgram();
         return missing.isEmpty() ? firstMissing({QStringLiteral("kwin_x11")}) : missing;
     }
 
@@ -100,7 +100,7 @@ class DesktopPicturePlasmaTest : public testing::Test
 
     void startOnX11()
     {
-        m_server = std::make_unique<PluggableXServer>(2);
+        m_server = std::make_unique<PrivateXorg>();
         ASSERT_TRUE(m_server->isReady());
         m_display.x11 = m_server->display();
         prepare();
@@ -205,12 +205,12 @@ class DesktopPicturePlasmaTest : public testing::Test
 
     [[nodiscard]] QImage screenshot() const
     {
-        return m_server ? m_server->screenshot() : m_sway->screenshot(QStringLiteral("HEADLESS-1"));
+        return m_server ? m_server->rootWindow() : m_sway->screenshot(QStringLiteral("HEADLESS-1"));
     }
 
     [[nodiscard]] QRect area(int screen) const
     {
-        return m_server ? PluggableXServer::area(screen) : QRect(1280 * screen, 0, 1280, 720);
+        return m_server ? m_server->areas().value(screen) : QRect(1280 * screen, 0, 1280, 720);
     }
 
     /// Why one of the screens does not come to show the picture with the mark; empty when all do.
@@ -238,7 +238,7 @@ class DesktopPicturePlasmaTest : public testing::Test
     PrivateHome m_home;
     QString m_missing;
     SessionDisplay m_display;
-    std::unique_ptr<PluggableXServer> m_server;
+    std::unique_ptr<PrivateXorg> m_server;
     std::unique_ptr<PrivateSway> m_sway;
     std::unique_ptr<DesktopSession> m_session;
     OwnedProgram *m_shell = nullptr;
