@@ -23,10 +23,9 @@ class Graph:
     def __init__(self):
         self.nodes = []
         self.constants = [
-            tensor("borders1", INT64, [8], struct.pack("<8q", 0, 0, 1, 1, 0, 0, 1, 1)),
-            tensor("borders2", INT64, [8], struct.pack("<8q", 0, 0, 2, 2, 0, 0, 2, 2)),
             floats("black", [], [0]),
             floats("white", [], [1]),
+            floats("twice", [], [2]),
             tensor("zero", INT64, [], struct.pack("<q", 0)),
             tensor("one", INT64, [], struct.pack("<q", 1)),
             tensor("first", INT64, [1], struct.pack("<q", 0)),
@@ -38,17 +37,30 @@ class Graph:
         self.nodes.append(node(operation, inputs, [result], **attributes))
         return result
 
+    def whole_numbers(self, *numbers):
+        name = f"numbers{len(self.constants)}"
+        self.constants.append(tensor(name, INT64, [len(numbers)], struct.pack(f"<{len(numbers)}q", *numbers)))
+        return name
+
     def constant(self, weights, dims=None):
         name = f"weights{len(self.constants)}"
         self.constants.append(floats(name, dims or list(weights.shape), weights.detach().flatten().tolist()))
         return name
 
     def convolution(self, source, weights, bias=None):
-        """Borders are continued by replication, which ONNX's convolution cannot do itself."""
-        border = weights.shape[-1] // 2
-        padded = self.apply("Pad", source, f"borders{border}", mode="edge")
         constants = [self.constant(weights)] + ([self.constant(bias)] if bias is not None else [])
-        return self.apply("Conv", padded, *constants, kernel_shape=list(weights.shape[2:]))
+        return self.apply("Conv", source, *constants, kernel_shape=list(weights.shape[2:]))
+
+    def continued(self, tile, border):
+        """As network.continued."""
+        sides = self.whole_numbers(0, 0, border, border, 0, 0, border, border)
+        twice = self.apply("Mul", self.apply("Pad", tile, sides, mode="edge"), "twice")
+        beyond = self.apply("Sub", twice, self.apply("Pad", tile, sides, mode="reflect"))
+        return self.apply("Clip", beyond, "black", "white")
+
+    def without_border(self, wide, border):
+        start, end, axes = self.whole_numbers(border, border), self.whole_numbers(-border, -border), self.whole_numbers(2, 3)
+        return self.apply("Slice", wide, start, end, axes)
 
     def filled(self, tile, axis):
         """The tile with its black end along the axis replaced, and which places along it are not of that end."""
@@ -66,12 +78,13 @@ def export(network):
     tile, rows = graph.filled("tile", 2)
     tile, columns = graph.filled(tile, 3)
     inside = graph.apply("Mul", graph.apply("Unsqueeze", rows, "second"), columns)
-    last = tile
+    wide = graph.continued(tile, network.border)
+    last = wide
     for convolution, slope in zip(network.body[::2], network.body[1::2]):
         last = graph.convolution(last, convolution.weight, convolution.bias)
         last = graph.apply("PRelu", last, graph.constant(slope.weight, [len(slope.weight), 1, 1]))
     detail = graph.convolution(last, network.detail.weight, network.detail.bias)
-    both = graph.apply("Add", detail, graph.convolution(tile, network.bicubic))
+    both = graph.apply("Add", detail, graph.convolution(graph.without_border(wide, network.border - 2), network.bicubic))
     shuffled = graph.apply("DepthToSpace", graph.apply("Mul", both, inside), blocksize=SCALE, mode="CRD")
     graph.apply("Clip", shuffled, "black", "white", result="result")
     small = value("tile", FLOAT, [1, 3, "height", "width"])

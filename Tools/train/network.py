@@ -2,7 +2,11 @@
 
 Everything happens at the small size, so a tile costs little; a pixel shuffle at the end turns 48 numbers a pixel into
 4 x 4 pixels. The bicubic enlargement is one fixed convolution before the same shuffle. What is learned starts at zero:
-an untrained network is exactly bicubic. Borders are continued by replication, at every layer.
+an untrained network is exactly bicubic.
+
+Tiles are enlarged without sight of each other, so the network must guess what lies beyond a border. The tile is continued
+there once, by turning it around its last pixel: brightness keeps rising where it rose. Repeating the last pixel instead
+would make every tile flat at its border, and a flat strip beside a flat strip is a line that is seen.
 """
 
 import torch
@@ -29,6 +33,12 @@ def bicubic_weights():
     return weights.reshape(3 * SCALE * SCALE, 3, 5, 5)
 
 
+def continued(tile, border):
+    """The tile with so many more pixels on each side: what its last pixel and the mirrored one foretell."""
+    sides = (border, border, border, border)
+    return (2 * functional.pad(tile, sides, "replicate") - functional.pad(tile, sides, "reflect")).clamp(0, 1)
+
+
 class Network(nn.Module):
     """[N, 3, H, W] RGB in 0..1 to [N, 3, 4H, 4W]. Not clipped, so that training sees how far off it is.
 
@@ -39,16 +49,19 @@ class Network(nn.Module):
         super().__init__()
         body = []
         for before in [3] + [channels] * layers:
-            body += [nn.Conv2d(before, channels, 3, padding=1, padding_mode="replicate"), nn.PReLU(channels, 0.2)]
+            body += [nn.Conv2d(before, channels, 3), nn.PReLU(channels, 0.2)]
         self.body = nn.Sequential(*body)
-        self.detail = nn.Conv2d(channels, 3 * SCALE * SCALE, 3, padding=1, padding_mode="replicate")
+        self.detail = nn.Conv2d(channels, 3 * SCALE * SCALE, 3)
+        self.border = layers + 2  # One pixel for each convolution.
         nn.init.zeros_(self.detail.weight)
         nn.init.zeros_(self.detail.bias)
         self.register_buffer("bicubic", bicubic_weights(), persistent=False)
 
     def forward(self, tile):
-        enlarged = functional.conv2d(functional.pad(tile, (2, 2, 2, 2), "replicate"), self.bicubic)
-        return functional.pixel_shuffle(enlarged + self.detail(self.body(tile)), SCALE)
+        wide = continued(tile, self.border)
+        spare = self.border - 2  # The bicubic convolution reaches two pixels far.
+        enlarged = functional.conv2d(wide[..., spare:-spare, spare:-spare], self.bicubic)
+        return functional.pixel_shuffle(enlarged + self.detail(self.body(wide)), SCALE)
 
 
 def load(checkpoint):

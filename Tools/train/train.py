@@ -11,6 +11,8 @@ the same file. The step size falls along a cosine over --iterations, counted ove
 import argparse
 import math
 import multiprocessing
+import signal
+import sys
 import time
 from pathlib import Path
 
@@ -97,6 +99,8 @@ def main():
 
     queue = multiprocessing.Queue(16)
     multiprocessing.Process(target=samples, args=(options.pictures, options.seed + done, queue), daemon=True).start()
+    # After the start, so that it is ours alone: an ordinary exit ends the process that reads pictures as well.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     began = saved = told = time.monotonic()
     lost = 0.0
     counted = 0
