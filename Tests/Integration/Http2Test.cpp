@@ -92,7 +92,7 @@ TEST(Http2, aLargeAnswerComesBackWhole)
     ASSERT_TRUE(ended);
     EXPECT_EQ(outcome, QString::number(kAnswerBytes + 11));
     ASSERT_EQ(service.requests().size(), 1);
-    const HttpRequest &arrived = service.requests().first();
+    const HttpRequest arrived = service.requests().first();
     // The server in front says which protocol the client spoke.
     EXPECT_TRUE(arrived.header("Via").startsWith("2 ")) << arrived.header("Via").constData();
     EXPECT_EQ(arrived.header("Authorization"), "Bearer SECRET");
