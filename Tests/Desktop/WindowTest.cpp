@@ -21,6 +21,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace quorvane {
 
 namespace {
@@ -88,14 +90,58 @@ class WindowTest : public testing::Test
         ASSERT_TRUE(waitFor([&] {
             return session.connection().interface()->isServiceRegistered(QStringLiteral("org.a11y.Bus")).value();
         }));
+        ASSERT_NO_FATAL_FAILURE(prepareDisplay());
         program.emplace(QStringLiteral(QUORVANE_PROGRAM), QStringList(), environment, folder);
         ASSERT_TRUE(comes(kButton, QStringLiteral("Generate & Set Wallpaper"))) << program->errors().constData();
     }
+
+    /// What is to be there before the program, in the session's environment.
+    virtual void prepareDisplay() {}
 
     /// Waits for the element.
     [[nodiscard]] bool comes(const QString &role, const QString &name)
     {
         return waitFor([&] { return tree->find(role, name).has_value(); });
+    }
+
+    /// The button whose name fits, once it shows.
+    [[nodiscard]] std::optional<AccessibleElement> button(const std::function<bool(const QString &)> &fits)
+    {
+        std::optional<AccessibleElement> found;
+        const bool isFound = waitFor([&] {
+            for (const AccessibleElement &each : tree->elements()) {
+                if (each.role == kButton && each.has(AccessibleElement::Showing) && fits(each.name)) {
+                    found = each;
+                }
+            }
+            return found.has_value();
+        });
+        EXPECT_TRUE(isFound);
+        return found;
+    }
+    void press(const std::function<bool(const QString &)> &fits)
+    {
+        const auto found = button(fits);
+        ASSERT_TRUE(found && tree->press(*found));
+    }
+    /// Opens the album, and the picture in it.
+    void openPreview()
+    {
+        press([](const QString &name) { return name == QLatin1String("a lake, 1 picture"); });
+        // The tile of the picture is the one that is named after its prompt and its date.
+        press([](const QString &name) {
+            return name.startsWith(QLatin1String("a lake, ")) && name != QLatin1String("a lake, 1 picture");
+        });
+    }
+
+    void openSettings()
+    {
+        QDBusMessage open = QDBusMessage::createMethodCall(Control::busName(), Control::objectPath(),
+                                                           QStringLiteral("org.freedesktop.Application"),
+                                                           QStringLiteral("ActivateAction"));
+        open.setArguments({QStringLiteral("settings"), QVariantList(), QVariantMap()});
+        EXPECT_EQ(session.connection().call(open).type(), QDBusMessage::ReplyMessage);
+        ASSERT_TRUE(comes(QStringLiteral("text"), QStringLiteral("Gemini API Key")));
     }
 
     static void putPicture(const QString &prompt)
@@ -170,12 +216,7 @@ TEST_F(X11WindowTest, aStoredKeyIsToldToNobody)
 {
     Keychain::save(QStringLiteral("SECRET-KEY"), QStringLiteral("gemini"));
     start(server->clientEnvironment(), "xcb");
-    QDBusMessage open =
-        QDBusMessage::createMethodCall(Control::busName(), Control::objectPath(),
-                                       QStringLiteral("org.freedesktop.Application"), QStringLiteral("ActivateAction"));
-    open.setArguments({QStringLiteral("settings"), QVariantList(), QVariantMap()});
-    EXPECT_EQ(session.connection().call(open).type(), QDBusMessage::ReplyMessage);
-    ASSERT_TRUE(comes(QStringLiteral("text"), QStringLiteral("Gemini API Key")));
+    openSettings();
     EXPECT_TRUE(comes(QStringLiteral("text"), QStringLiteral("OpenAI API Key")));
     EXPECT_TRUE(comes(kButton, QStringLiteral("Update")));
     for (const AccessibleElement &each : tree->elements()) {
@@ -204,6 +245,135 @@ TEST_F(X11WindowTest, thePointerAndTheKeyboardReachTheControls)
     EXPECT_TRUE(comes(kButton, QStringLiteral("a lake, 1 picture")));
 }
 
+TEST_F(X11WindowTest, aScreenReaderPressesTheControls)
+{
+    start(server->clientEnvironment(), "xcb");
+    const auto isChecked = [&](const char *name) {
+        const auto toggle = tree->find(QStringLiteral("check box"), QLatin1String(name));
+        return toggle && toggle->has(AccessibleElement::Checked);
+    };
+    for (const char *name : {"4K resolution", "Auto-generate"}) {
+        ASSERT_FALSE(isChecked(name)) << name;
+        EXPECT_TRUE(tree->press(*tree->find(QStringLiteral("check box"), QLatin1String(name))));
+        EXPECT_TRUE(waitFor([&] { return isChecked(name); })) << name;
+    }
+    openPreview();
+    press([](const QString &name) { return name == QLatin1String("Unfavorite") || name == QLatin1String("Favorite"); });
+    press([](const QString &name) { return name == QLatin1String("Close"); });
+    EXPECT_TRUE(waitFor([&] { return !tree->find(kButton, QStringLiteral("Close")); }));
+    press([](const QString &name) { return name == QLatin1String("Albums"); });
+    press([](const QString &name) { return name.startsWith(QLatin1String("Favorites, 1")); });
+    press([](const QString &name) { return name == QLatin1String("Menu"); });
+    EXPECT_TRUE(comes(QStringLiteral("menu item"), QStringLiteral("Settings...")));
+}
+
+/// With what places and stacks the windows.
+class X11ViewerTest : public X11WindowTest
+{
+  protected:
+    void SetUp() override
+    {
+        const QString program = firstMissing({QStringLiteral("xfwm4"), QStringLiteral("xprop"), QStringLiteral("feh")});
+        if (!program.isEmpty()) {
+            GTEST_SKIP() << program.toStdString() << " is not installed";
+        }
+        X11WindowTest::SetUp();
+    }
+    void prepareDisplay() override
+    {
+        const QString folder = session.home().path();
+        manager.emplace(QStringLiteral("xfwm4"), QStringList{QStringLiteral("--compositor=off")}, session.environment(),
+                        folder);
+        ASSERT_TRUE(waitFor([&] {
+            return outputOf(QStringLiteral("xprop"), {QStringLiteral("-root"), QStringLiteral("_NET_SUPPORTED")},
+                            server->clientEnvironment())
+                .contains("_NET_WM_STATE_FULLSCREEN");
+        })) << manager->errors().constData();
+        // Another window, which takes the corner of the screen.
+        QImage green(200, 200, QImage::Format_RGB32);
+        green.fill(Qt::green);
+        const QString file = folder + QStringLiteral("/green.png");
+        ASSERT_TRUE(green.save(file));
+        stranger.emplace(QStringLiteral("feh"),
+                         QStringList{QStringLiteral("-x"), QStringLiteral("-g"), QStringLiteral("200x200+0+0"), file},
+                         session.environment(), folder);
+        ASSERT_TRUE(waitFor([&] { return isStrangerSeen(); })) << stranger->errors().constData();
+    }
+    [[nodiscard]] bool isStrangerSeen() const { return server->rootWindow().pixelColor(20, 20) == QColor(Qt::green); }
+
+    /// Opens the preview and clicks its button, once it has come to its place beside those that depend on the picture.
+    void openViewer()
+    {
+        openPreview();
+        ASSERT_TRUE(comes(kButton, QStringLiteral("Upscale to 4K")));
+        click(kButton, QStringLiteral("Full Screen"));
+        // The picture is square, so it leaves the sides of the screen black.
+        EXPECT_TRUE(waitFor([&] {
+            const QImage screen = server->rootWindow();
+            return screen.pixelColor(600, 5) == QColor(Qt::red) && screen.pixelColor(600, 795) == QColor(Qt::red) &&
+                   screen.pixelColor(20, 20) == QColor(Qt::black) && screen.pixelColor(1198, 798) == QColor(Qt::black);
+        }));
+    }
+    /// The viewer is gone, and the keyboard is the window's again: the next Escape is for its preview.
+    void expectWindowBack()
+    {
+        EXPECT_TRUE(waitFor([&] { return isStrangerSeen(); }));
+        EXPECT_TRUE(waitFor([&] { return activeTitle() == "Quorvane"; })) << activeTitle().constData();
+        EXPECT_TRUE(comes(kButton, QStringLiteral("Full Screen")));
+        act({QStringLiteral("key"), QStringLiteral("Escape")});
+        EXPECT_TRUE(waitFor([&] { return !tree->find(kButton, QStringLiteral("Full Screen")); }));
+    }
+    [[nodiscard]] QByteArray activeTitle() const
+    {
+        return outputOf(QStringLiteral("xdotool"), {QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")},
+                        server->clientEnvironment())
+            .trimmed();
+    }
+    /// Whether the pointer's picture has anything to see. The libraries are there wherever xfwm4 is.
+    [[nodiscard]] bool isPointerSeen() const
+    {
+        const QString script = QStringLiteral(R"(
+from ctypes import CDLL, POINTER, Structure, c_char_p, c_short, c_ulong, c_ushort, c_void_p
+class Picture(Structure):
+    _fields_ = [("x", c_short), ("y", c_short), ("width", c_ushort), ("height", c_ushort),
+                ("left", c_ushort), ("top", c_ushort), ("serial", c_ulong), ("pixels", POINTER(c_ulong))]
+x11, fixes = CDLL("libX11.so.6"), CDLL("libXfixes.so.3")
+x11.XOpenDisplay.restype = c_void_p
+fixes.XFixesGetCursorImage.restype = POINTER(Picture)
+fixes.XFixesGetCursorImage.argtypes = [c_void_p]
+display = x11.XOpenDisplay(c_char_p(None))
+picture = fixes.XFixesGetCursorImage(display).contents
+print(any(picture.pixels[i] for i in range(picture.width * picture.height)))
+)");
+        const QByteArray answer =
+            outputOf(QStringLiteral("python3"), {QStringLiteral("-c"), script}, server->clientEnvironment()).trimmed();
+        EXPECT_TRUE(answer == "True" || answer == "False") << answer.constData();
+        return answer == "True";
+    }
+
+    std::optional<OwnedProgram> manager;
+    std::optional<OwnedProgram> stranger;
+};
+
+TEST_F(X11ViewerTest, itCoversTheScreenAndEscapeGivesTheWindowBack)
+{
+    start(server->clientEnvironment(), "xcb");
+    openViewer();
+    EXPECT_TRUE(waitFor([&] { return activeTitle() == "Quorvane"; }));
+    act({QStringLiteral("key"), QStringLiteral("Escape")});
+    expectWindowBack();
+}
+
+TEST_F(X11ViewerTest, itHidesThePointerUntilAClickEndsIt)
+{
+    start(server->clientEnvironment(), "xcb");
+    openViewer();
+    EXPECT_TRUE(waitFor([&] { return !isPointerSeen(); }));
+    act({QStringLiteral("click"), QStringLiteral("1")});
+    EXPECT_TRUE(waitFor([&] { return isPointerSeen(); }));
+    expectWindowBack();
+}
+
 class SwayWindowTest : public WindowTest
 {
   protected:
@@ -218,9 +388,17 @@ class SwayWindowTest : public WindowTest
         ASSERT_TRUE(sway->isReady());
         putPicture(QStringLiteral("a lake"));
     }
-    void type(const QStringList &keys) const
+    /// Presses Escape until it has had its effect: the keyboard comes with each press, half a second before it, and
+    /// goes after it; a busy program that has not taken notice of it by then loses the press.
+    template <typename Condition> [[nodiscard]] bool escapeUntil(Condition condition) const
     {
-        EXPECT_FALSE(outputOf(QStringLiteral("wtype"), keys, sway->clientEnvironment()).isNull());
+        return waitFor([&] {
+            (void)outputOf(
+                QStringLiteral("wtype"),
+                {QStringLiteral("-s"), QStringLiteral("500"), QStringLiteral("-k"), QStringLiteral("Escape")},
+                sway->clientEnvironment());
+            return waitFor(condition, std::chrono::seconds(4));
+        });
     }
     [[nodiscard]] bool hasKeyboard() const
     {
@@ -241,29 +419,34 @@ TEST_F(SwayWindowTest, theWindowHasTheKeyboardAndThePreviewCanBeLeftByIt)
     start(sway->clientEnvironment(), "wayland");
     EXPECT_TRUE(waitFor([&] { return hasKeyboard(); }));
     const QColor other = colorAt("HEADLESS-2", {300, 200});
-    for (const char *name : {"a lake, 1 picture", ""}) {
-        // The tile of the picture is the one that is named after its prompt and its date.
-        const auto find = [&]() -> std::optional<AccessibleElement> {
-            for (const AccessibleElement &each : tree->elements()) {
-                const bool isIt = *name == '\0' ? each.name.startsWith(QLatin1String("a lake, ")) &&
-                                                      !each.name.endsWith(QLatin1String("pictures"))
-                                                : each.name == QLatin1String(name);
-                if (each.role == kButton && isIt && each.has(AccessibleElement::Showing)) {
-                    return each;
-                }
-            }
-            return std::nullopt;
-        };
-        ASSERT_TRUE(waitFor([&] { return find().has_value(); })) << name;
-        EXPECT_TRUE(tree->press(*find())) << name;
-    }
+    openPreview();
     // In the middle of what the sidebar leaves.
     const QPoint middle(640, 340);
     EXPECT_TRUE(waitFor([&] { return colorAt("HEADLESS-1", middle) == QColor(Qt::red); }));
     EXPECT_EQ(colorAt("HEADLESS-2", {300, 200}), other);
-    type({QStringLiteral("-k"), QStringLiteral("Escape")});
-    EXPECT_TRUE(waitFor([&] { return colorAt("HEADLESS-1", middle) != QColor(Qt::red); }));
+    EXPECT_TRUE(escapeUntil([&] { return colorAt("HEADLESS-1", middle) != QColor(Qt::red); }));
     EXPECT_TRUE(hasKeyboard());
+}
+
+TEST_F(SwayWindowTest, theViewerCoversItsScreenAndEscapeGivesTheWindowBack)
+{
+    start(sway->clientEnvironment(), "wayland");
+    openPreview();
+    const QPoint inPicture(500, 20);
+    ASSERT_TRUE(waitFor([&] { return colorAt("HEADLESS-1", inPicture) != QColor(Qt::red); }));
+    const QImage other = sway->screenshot(QStringLiteral("HEADLESS-2"));
+    press([](const QString &name) { return name == QLatin1String("Full Screen"); });
+    // The picture is square, so it leaves the sides of the screen black.
+    EXPECT_TRUE(waitFor([&] {
+        const QImage screen = sway->screenshot(QStringLiteral("HEADLESS-1"));
+        return screen.pixelColor(inPicture) == QColor(Qt::red) && screen.pixelColor(500, 680) == QColor(Qt::red) &&
+               screen.pixelColor(1, 1) == QColor(Qt::black) && screen.pixelColor(998, 698) == QColor(Qt::black);
+    }));
+    EXPECT_EQ(sway->screenshot(QStringLiteral("HEADLESS-2")), other);
+    EXPECT_TRUE(escapeUntil([&] { return colorAt("HEADLESS-1", inPicture) != QColor(Qt::red); }));
+    // The preview is still open, and the next Escape is for it.
+    EXPECT_TRUE(comes(kButton, QStringLiteral("Full Screen")));
+    EXPECT_TRUE(escapeUntil([&] { return !tree->find(kButton, QStringLiteral("Full Screen")); }));
 }
 
 } // namespace quorvane

@@ -87,15 +87,52 @@ TEST_F(PreviewView, theCloseButtonCloses)
     EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("preview")); }));
 }
 
-TEST_F(PreviewView, arrowsInTheEditorMoveItsCursorNotThePreview)
+TEST_F(PreviewView, itsKeysWorkWhateverHasTheFocus)
 {
     openFirst();
+    click(QStringLiteral("promptEditor"));
+    type(QStringLiteral("ab"));
+    QTest::keyClick(window, Qt::Key_Right);
+    EXPECT_TRUE(canGo("leftButton"));
+    QTest::keyClick(window, Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_FALSE(canGo("leftButton"));
+    // Other keys stay with the editor, and its cursor where it was.
+    type(QStringLiteral("c"));
+    EXPECT_EQ(manager->prompt(), QStringLiteral("abc"));
+    click(QStringLiteral("fourKToggle"));
+    QTest::keyClick(window, Qt::Key_Right);
+    EXPECT_TRUE(canGo("leftButton"));
+    click(QStringLiteral("promptEditor"));
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("preview")); }));
+    // The gallery's album is still open: the preview took that key alone.
+    EXPECT_TRUE(isSeen(QStringLiteral("albumsButton")));
+}
+
+TEST_F(PreviewView, withoutItTheEditorHasItsArrows)
+{
+    openFirst();
+    QTest::keyClick(window, Qt::Key_Escape);
+    ASSERT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("preview")); }));
     click(QStringLiteral("promptEditor"));
     type(QStringLiteral("ab"));
     QTest::keyClick(window, Qt::Key_Left);
     type(QStringLiteral("c"));
     EXPECT_EQ(manager->prompt(), QStringLiteral("acb"));
-    EXPECT_TRUE(isSeen(QStringLiteral("preview")));
+}
+
+TEST_F(PreviewView, aListThatHasDroppedDownKeepsItsKeys)
+{
+    openFirst();
+    manager->setAutoEnabled(true);
+    click(QStringLiteral("intervalPicker"));
+    const auto *list = find(QStringLiteral("intervalPicker"))->property("popup").value<QObject *>();
+    ASSERT_TRUE(waitFor([&] { return list->property("visible").toBool(); }));
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return !list->property("visible").toBool(); }));
+    EXPECT_TRUE(find(QStringLiteral("preview"))->isEnabled());
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_FALSE(find(QStringLiteral("preview"))->isEnabled());
 }
 
 TEST_F(PreviewView, itsContextMenuCopiesThePictureThatIsShown)

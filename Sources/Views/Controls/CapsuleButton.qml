@@ -19,6 +19,7 @@ Button {
     font.pixelSize: Theme.captionSize
     font.weight: Font.Medium
     Accessible.name: text
+    Accessible.onPressAction: if (enabled) clicked()
 
     contentItem: Row {
         spacing: 8

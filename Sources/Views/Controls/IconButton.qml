@@ -19,6 +19,7 @@ Button {
     focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : 0.3
     Accessible.name: tip
+    Accessible.onPressAction: if (enabled) clicked()
 
     contentItem: Item {
         Symbol {

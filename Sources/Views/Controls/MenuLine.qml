@@ -21,6 +21,7 @@ MenuItem {
     bottomPadding: 0
     font.pixelSize: Theme.bodySize
     Accessible.name: text
+    Accessible.onPressAction: if (enabled) clicked()
 
     contentItem: Text {
         text: line.text

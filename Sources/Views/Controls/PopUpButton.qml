@@ -12,6 +12,7 @@ ComboBox {
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
     font.pixelSize: Theme.bodySize
+    Accessible.onPressAction: popup.open()
 
     contentItem: Text {
         text: picker.displayText
@@ -47,6 +48,7 @@ ComboBox {
         leftPadding: 12
         highlighted: picker.highlightedIndex === index
         Accessible.name: modelData
+        Accessible.onPressAction: if (enabled) clicked()
 
         contentItem: Text {
             text: choice.modelData

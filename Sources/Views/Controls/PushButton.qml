@@ -24,6 +24,7 @@ Button {
     font.weight: prominent ? Font.DemiBold : Font.Normal
     Accessible.name: text === "" ? tip : text
     Accessible.description: tip
+    Accessible.onPressAction: if (enabled) clicked()
 
     contentItem: ButtonContent {
         text: button.text

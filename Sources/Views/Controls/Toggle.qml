@@ -12,6 +12,16 @@ Switch {
     focusPolicy: Qt.StrongFocus
     font.pixelSize: Theme.bodySize
     Accessible.name: text
+    Accessible.onPressAction: flip()
+    Accessible.onToggleAction: flip()
+
+    /// As a click does.
+    function flip() {
+        if (enabled) {
+            toggle.toggle();
+            toggled();
+        }
+    }
 
     indicator: Rectangle {
         x: toggle.mirrored ? 0 : toggle.width - width

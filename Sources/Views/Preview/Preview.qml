@@ -225,21 +225,10 @@ FocusScope {
         onActivated: menu.openFor(preview.model.previewURL, false, stage, Qt.point(stage.width / 2 - 80, 60))
     }
 
-    // The text editor keeps the arrows while it has the focus; everywhere else they belong to the preview.
-    Shortcut {
-        enabled: preview.model.isOpen
-        sequence: "Escape"
-        onActivated: preview.model.close()
-    }
-    Shortcut {
-        enabled: preview.model.isOpen
-        sequence: leftButton.mirrored ? "Right" : "Left"
-        onActivated: preview.model.goLeft()
-    }
-    Shortcut {
-        enabled: preview.model.isOpen
-        sequence: leftButton.mirrored ? "Left" : "Right"
-        onActivated: preview.model.goRight()
+    PreviewKeys {
+        model: preview.model
+        window: preview.Window.window
+        mirrored: leftButton.mirrored
     }
     Shortcut {
         enabled: preview.activeFocus

@@ -17,6 +17,7 @@ Button {
     Accessible.role: Accessible.PageTab
     Accessible.name: text
     Accessible.selected: checked
+    Accessible.onPressAction: if (enabled) clicked()
 
     contentItem: Column {
         spacing: 4

@@ -42,8 +42,8 @@ Window {
         cursorShape: Qt.BlankCursor
         onClicked: viewer.model.close()
     }
-    Shortcut {
-        sequence: "Escape"
-        onActivated: viewer.model.close()
+    Item {
+        focus: true
+        Keys.onEscapePressed: viewer.model.close()
     }
 }
