@@ -84,8 +84,10 @@ class Hyprpaper
             std::array<char, 1024> request{};
             const ssize_t count = ::read(client, request.data(), request.size());
             const QByteArray reply = answer(QByteArray(request.data(), std::max<ssize_t>(0, count)));
-            EXPECT_EQ(::send(client, reply.constData(), static_cast<std::size_t>(reply.size()), MSG_NOSIGNAL),
-                      reply.size());
+            // Who only looks whether somebody listens does not wait for the answer.
+            const ssize_t sent =
+                ::send(client, reply.constData(), static_cast<std::size_t>(reply.size()), MSG_NOSIGNAL);
+            EXPECT_TRUE(sent == reply.size() || count <= 0) << sent;
             ::close(client);
         }
     }

@@ -126,10 +126,11 @@ TEST_F(ShellNoticeTest, withoutADaemonOrWithASilentOneEverythingGoesOn)
     Daemon silent(session.connection());
     silent.answers = false;
     application->tell(kHalfHour);
-    ASSERT_TRUE(waitFor([&silent] { return silent.shown.size() == 1; }));
+    ASSERT_TRUE(waitFor([&silent] { return !silent.shown.isEmpty(); }));
     application->tell(kHalfHour);
-    ASSERT_TRUE(waitFor([&silent] { return silent.shown.size() == 2; }));
-    EXPECT_EQ(service.requests().size(), 3);
+    ASSERT_TRUE(waitFor([&silent] { return silent.shown.size() >= 2; }));
+    // The notice of the first may have found the daemon that came after its picture.
+    EXPECT_TRUE(waitFor([this] { return service.requests().size() == 3; }));
     EXPECT_EQ(command({QStringLiteral("quit")}).status, 0);
     EXPECT_EQ(application->waitForEnd(), 0) << application->errors().constData();
 }
