@@ -14,7 +14,7 @@ class PreviewKeys : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(PreviewModel *model MEMBER m_model REQUIRED)
+    Q_PROPERTY(quorvane::PreviewModel *model MEMBER m_model REQUIRED)
     Q_PROPERTY(QQuickWindow *window READ window WRITE setWindow NOTIFY windowChanged)
     Q_PROPERTY(bool mirrored MEMBER m_isMirrored)
 
