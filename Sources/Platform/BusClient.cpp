@@ -2,8 +2,8 @@
 
 #include <QCoreApplication>
 #include <QDBusError>
-#include <QFileInfo>
 
+#include <algorithm>
 #include <atomic>
 
 namespace quorvane {

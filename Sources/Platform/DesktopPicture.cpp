@@ -158,8 +158,9 @@ class DesktopPictureOfSession final : public DesktopPicture
     {
     }
 
-    [[nodiscard]] QString name() const override { return chosen().name(); }
-    [[nodiscard]] QString reason() const override { return chosen().reason(); }
+    // These two are asked on the main thread as well, while a worker may be choosing anew.
+    [[nodiscard]] QString name() const override { return told(&DesktopPicture::name); }
+    [[nodiscard]] QString reason() const override { return told(&DesktopPicture::reason); }
     [[nodiscard]] bool endsWithTheProgram() override { return chosen().endsWithTheProgram(); }
     [[nodiscard]] QList<Screen> screens() override
     {
@@ -180,6 +181,17 @@ class DesktopPictureOfSession final : public DesktopPicture
     }
 
   private:
+    [[nodiscard]] QString told(QString (DesktopPicture::*what)() const) const
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            if (m_chosen) {
+                return (m_chosen.get()->*what)();
+            }
+        }
+        return (chosen().*what)();
+    }
+
     [[nodiscard]] DesktopPicture &chosen() const
     {
         if (!m_chosen) {
@@ -206,7 +218,7 @@ class DesktopPictureOfSession final : public DesktopPicture
     }
 
     ProgramLife m_life;
-    mutable std::mutex m_mutex; ///< For stopAsking(), which comes from another thread.
+    mutable std::mutex m_mutex; ///< For what comes from another thread than the worker's.
     mutable std::unique_ptr<DesktopPicture> m_chosen;
     mutable DesktopWay m_way = DesktopWay::None;
     bool m_mayAsk = true;
