@@ -35,7 +35,9 @@ int main(int argc, char **argv)
                               .clock = clock.get(),
                               .powerEvents = powerEvents.get(),
                               .screens = screens.get()});
-    QObject::connect(&manager, &WallpaperManager::statusChanged, &manager, [&manager] {
+    QObject::connect(&manager, &WallpaperManager::statusChanged, &manager, [&] {
+        // The application does so when it ends; this program is killed, perhaps right after it spoke.
+        defaults.sync();
         std::puts(manager.status().toUtf8().constData());
         std::fflush(stdout);
     });
