@@ -2,6 +2,7 @@
 
 #include "Platform/DesktopPicturePortal.h"
 
+#include "BigDesktops.h"
 #include "DesktopSession.h"
 
 #include "Platform/BusClient.h"
@@ -54,14 +55,10 @@ class DesktopPicturePortalTest : public testing::Test
   protected:
     void SetUp() override
     {
-        const QString missing = missingPart();
-        if (!missing.isEmpty()) {
-            const std::string text = missing.toStdString() + " is not installed (scripts/install-packages desktops)";
-            if (DesktopSession::mustRun()) {
-                FAIL() << text;
-            }
-            GTEST_SKIP() << text;
+        if (!bigDesktopsAreWanted()) {
+            GTEST_SKIP() << kBigDesktopsText;
         }
+        ASSERT_EQ(missingPart(), QString()) << "is not installed (scripts/install-packages desktops)";
         qDBusRegisterMetaType<Permissions>();
         m_session = std::make_unique<DesktopSession>();
         ASSERT_TRUE(m_session->isReady());

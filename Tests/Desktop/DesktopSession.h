@@ -17,9 +17,6 @@ class DesktopSession
     /// The first of the programs, or of what the session itself needs, that is missing; empty when it can run.
     [[nodiscard]] static QString missing(const QStringList &programs);
 
-    /// Whether a test whose programs are missing must fail rather than be skipped.
-    [[nodiscard]] static bool mustRun() { return qgetenv("QUORVANE_TEST_DESKTOPS") == "all"; }
-
     DesktopSession();
     ~DesktopSession();
     DesktopSession(const DesktopSession &) = delete;

@@ -157,7 +157,7 @@ template <typename Kind> TestedDesktop tested(const RealDesktop::Plan &plan)
     for (const QStringList &command : plan.commands + plan.preparations) {
         programs.append(command.constFirst());
     }
-    return {plan.name, programs, [plan] { return std::make_unique<Kind>(plan); }};
+    return {plan.name, plan.isBig, programs, [plan] { return std::make_unique<Kind>(plan); }};
 }
 
 QStringList words(const char *command)
@@ -231,13 +231,19 @@ const QList<TestedDesktop> &testedDesktops()
                             text("xfce"),
                             text("org.xfce.xfdesktop"),
                             {words("xfwm4 --compositor=off"), words("xfdesktop --disable-wm-check")},
-                            {words("xfconf-query -c xfce4-desktop -np /desktop-icons/style -t int -s 0")}}),
+                            {words("xfconf-query -c xfce4-desktop -np /desktop-icons/style -t int -s 0")},
+                            RealDesktop::Plan::Crop::FromAll,
+                            RealDesktop::Plan::Ready::WithName,
+                            false}),
         tested<X11Desktop>({text("lxqt"),
                             text("LXQt"),
                             text("lxqt"),
                             text("org.pcmanfm.PCManFM"),
                             {words("xfwm4 --compositor=off"), words("pcmanfm-qt --desktop --profile=lxqt")},
-                            {}}),
+                            {},
+                            RealDesktop::Plan::Crop::FromAll,
+                            RealDesktop::Plan::Ready::WithName,
+                            false}),
         tested<X11Desktop>({text("mate"),
                             text("MATE"),
                             text("mate"),

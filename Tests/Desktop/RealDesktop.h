@@ -28,6 +28,7 @@ class RealDesktop
         /// Some have their name before they listen to changes of their settings, and announce what they draw to the X
         /// server once they do.
         enum class Ready { WithName, WhenAnnounced } ready = Ready::WithName;
+        bool isBig = true; ///< Only tested on demand.
     };
 
     RealDesktop(Plan plan, const QProcessEnvironment &variables);
@@ -75,6 +76,7 @@ class RealDesktop
 struct TestedDesktop
 {
     QString name;
+    bool isBig = true;
     QStringList programs; ///< All must be installed.
     std::function<std::unique_ptr<RealDesktop>()> make;
 

@@ -1,5 +1,6 @@
 // Every desktop that a person logs in to, as it is: with two screens of different size, judged by what they show.
 
+#include "BigDesktops.h"
 #include "RealDesktop.h"
 
 #include "Platform/FillCrop.h"
@@ -31,8 +32,11 @@ class SessionDesktopTest : public testing::TestWithParam<TestedDesktop>
   protected:
     void SetUp() override
     {
+        if (GetParam().isBig && !bigDesktopsAreWanted()) {
+            GTEST_SKIP() << kBigDesktopsText;
+        }
         const QString missing = GetParam().missing();
-        if (!missing.isEmpty() && qgetenv("QUORVANE_TEST_DESKTOPS") == "all") {
+        if (!missing.isEmpty() && bigDesktopsAreWanted()) {
             FAIL() << missing.toStdString() << " is not installed";
         } else if (!missing.isEmpty()) {
             GTEST_SKIP() << missing.toStdString() << " is not installed";
