@@ -1,6 +1,6 @@
 # The libraries that stand in for what the platform would give.
 
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network DBus Concurrent LinguistTools Qml Quick QuickControls2 Svg Test
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network DBus LinguistTools Qml Quick QuickControls2 Svg Test
              Widgets)
 find_package(QCoro6 0.8 REQUIRED COMPONENTS Core Network)
 find_package(Qt6Keychain REQUIRED)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Manager/Album.h"
+#include "Platform/Mailbox.h"
 #include "Platform/TaskScope.h"
 #include "Providers/ImageProvider.h"
 #include "Upscaling/LocalUpscaler.h"
@@ -202,7 +203,7 @@ class WallpaperManager : public QObject
     // --------------------------------------------------
 
     /// Whether the library's first reading has ended, which the constructor only begins.
-    [[nodiscard]] bool isHistoryRead() const { return !m_firstListing.isValid(); }
+    [[nodiscard]] bool isHistoryRead() const { return !m_firstListing.listing; }
 
     /// Paths, newest first, without the originals that an enlarged variant stands for. Waits for the first reading.
     [[nodiscard]] const QStringList &history() const { return listing().history; }
@@ -257,6 +258,11 @@ class WallpaperManager : public QObject
     {
         QStringList history;
         QSet<QString> favorites;
+    };
+    struct FirstListing
+    {
+        QFuture<void> reading;
+        std::shared_ptr<Listing> listing; ///< Whole once reading has ended.
     };
     [[nodiscard]] static Listing readLibrary();
     [[nodiscard]] const Listing &listing() const;
@@ -316,7 +322,7 @@ class WallpaperManager : public QObject
     bool m_nsfwEnabled = false;
     QString m_providerOverride;
     mutable Listing m_listing;
-    mutable QFuture<Listing> m_firstListing; ///< Invalid once its result is in m_listing, or has been overtaken.
+    mutable FirstListing m_firstListing; ///< Empty once it is in m_listing, or has been overtaken.
     bool m_autoEnabled = false;
     qint64 m_intervalMinutes = 0;
     QDateTime m_nextFireDate;
@@ -332,6 +338,7 @@ class WallpaperManager : public QObject
     bool m_missedChange = false; ///< The screens changed while the desktop was busy.
 
     quint64 m_nextOperation = 1;
+    Mailbox m_mailbox;           ///< From m_desktopThread.
     int m_historyVersion = 0;    ///< Counts changes made here while a listing may be under way.
     QThreadPool m_libraryThread; ///< One thread, so that library changes happen in the order they were asked for.
     QThreadPool m_desktopThread; ///< One thread, so that the last picture asked for is the one that stays.

@@ -77,8 +77,7 @@ void WallpaperManager::setupScreenObserver()
 void WallpaperManager::setupDesktop()
 {
     m_services.desktop->asking = [this](const QString &line) {
-        QMetaObject::invokeMethod(
-            this, [this, line] { report(line, false); }, Qt::QueuedConnection);
+        m_mailbox.post([this, line] { report(line, false); });
     };
     // What goes with every program that set it comes back in the same way as after a change of the screens.
     if (m_services.screens != nullptr && !m_currentWallpaperURL.isEmpty()) {

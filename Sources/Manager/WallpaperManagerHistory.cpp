@@ -19,14 +19,19 @@ WallpaperManager::Listing WallpaperManager::readLibrary()
 /// Only begins: a large library takes longer than a frame, and a program that starts has better things to do meanwhile.
 void WallpaperManager::beginHistory()
 {
-    m_firstListing = QtConcurrent::run(&m_libraryThread, &WallpaperManager::readLibrary);
+    auto listing = std::make_shared<Listing>();
+    auto read = [listing] {
+        *listing = readLibrary();
+        ThreadHandover::giving(listing.get());
+    };
+    m_firstListing = {runOnPool(&m_libraryThread, std::move(read)), listing};
     m_scope.start(readingHistoryFirst());
 }
 
 QCoro::Task<> WallpaperManager::readingHistoryFirst()
 {
-    QFuture<Listing> reading = m_firstListing;
-    co_await reading;
+    QFuture<void> reading = m_firstListing.reading;
+    co_await EndOf(std::move(reading));
     (void)listing();
     Q_EMIT historyChanged();
     Q_EMIT favoritesChanged();
@@ -34,8 +39,10 @@ QCoro::Task<> WallpaperManager::readingHistoryFirst()
 
 const WallpaperManager::Listing &WallpaperManager::listing() const
 {
-    if (m_firstListing.isValid()) {
-        m_listing = m_firstListing.result();
+    if (m_firstListing.listing) {
+        m_firstListing.reading.waitForFinished();
+        ThreadHandover::taking(m_firstListing.listing.get());
+        m_listing = std::move(*m_firstListing.listing);
         m_firstListing = {};
     }
     return m_listing;

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "Platform/ThreadHandover.h"
+#include "Platform/PoolTask.h"
 
 #include <QFutureWatcher>
-#include <QtConcurrentRun>
 
 #include <functional>
 #include <memory>
@@ -43,13 +42,11 @@ template <typename Result> class LatestReading
         m_isUnderWay = true;
         m_result = std::make_shared<Result>();
         auto body = [result = m_result, read = std::exchange(m_next, {})] {
-            ThreadHandover::taking(result.get());
             *result = read();
             ThreadHandover::giving(result.get());
         };
-        ThreadHandover::giving(m_result.get());
         // Not QFuture::then(), which calls at once where the other thread was quick.
-        m_watcher.setFuture(QtConcurrent::run(std::move(body)));
+        m_watcher.setFuture(runOnPool(QThreadPool::globalInstance(), std::move(body)));
     }
 
     void end()

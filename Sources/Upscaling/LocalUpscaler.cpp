@@ -1,6 +1,7 @@
 #include "Upscaling/LocalUpscaler.h"
 
 #include "Platform/BackgroundThread.h"
+#include "Platform/Mailbox.h"
 #include "Platform/Worker.h"
 #include "Providers/ProviderError.h"
 #include "Upscaling/FindCard.h"
@@ -93,10 +94,9 @@ QCoro::Task<UpscaledImage> localUpscaleImage(QByteArray encoded, std::stop_token
     // A pool of its own, because low priority cannot be taken back from a shared thread.
     QThreadPool ownThread;
     ownThread.setMaxThreadCount(1);
-    QObject here;
+    Mailbox here;
     auto tellHere = [&here, onProgress](UpscaleProgress progress) {
-        QMetaObject::invokeMethod(
-            &here, [onProgress, progress] { onProgress(progress); }, Qt::QueuedConnection);
+        here.post([onProgress, progress] { onProgress(progress); });
     };
     TileUpscaleOptions options{.threads = physicalCores(), .stop = std::move(stop)};
     if (onProgress) {

@@ -12,12 +12,12 @@
 #include "Support/WaitFor.h"
 
 #include <QMap>
-#include <QMutex>
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstring>
+#include <mutex>
 #include <thread>
 
 #include <poll.h>
@@ -64,12 +64,12 @@ class Hyprpaper
 
     [[nodiscard]] QStringList loaded() const
     {
-        const QMutexLocker lock(&m_mutex);
+        const std::lock_guard lock(m_mutex);
         return m_loaded;
     }
     [[nodiscard]] QMap<QString, QString> shown() const
     {
-        const QMutexLocker lock(&m_mutex);
+        const std::lock_guard lock(m_mutex);
         return m_shown;
     }
 
@@ -97,7 +97,7 @@ class Hyprpaper
         if (m_version == Version::Binary) {
             return QByteArray("\x01\x00\x02", 3);
         }
-        const QMutexLocker lock(&m_mutex);
+        const std::lock_guard lock(m_mutex);
         const QString value = QString::fromUtf8(request.mid(request.indexOf(' ') + 1)).trimmed();
         if (request == "listloaded" && m_version == Version::Listing) {
             return m_loaded.isEmpty() ? "no wallpapers loaded" : m_loaded.join(QLatin1Char('\n')).toUtf8();
@@ -127,7 +127,7 @@ class Hyprpaper
 
     Version m_version;
     int m_socket;
-    mutable QMutex m_mutex;
+    mutable std::mutex m_mutex;
     QStringList m_loaded;
     QMap<QString, QString> m_shown;
     std::jthread m_thread; ///< Last: it uses everything above.

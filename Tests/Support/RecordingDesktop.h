@@ -3,10 +3,10 @@
 #include "Platform/DesktopPicture.h"
 #include "Platform/SecretStore.h"
 
-#include <QMutex>
 #include <QStringList>
 
 #include <atomic>
+#include <mutex>
 
 namespace quorvane {
 
@@ -21,7 +21,7 @@ class RecordingDesktop final : public DesktopPicture
     [[nodiscard]] QList<Screen> screens() override { return attached; }
     [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> & /*screens*/) override
     {
-        const QMutexLocker lock(&m_mutex);
+        const std::lock_guard lock(m_mutex);
         m_shown.append(path);
         if (!question.isEmpty() && asking) {
             asking(question);
@@ -33,7 +33,7 @@ class RecordingDesktop final : public DesktopPicture
     /// The pictures that were asked for, in order.
     [[nodiscard]] QStringList shown() const
     {
-        const QMutexLocker lock(&m_mutex);
+        const std::lock_guard lock(m_mutex);
         return m_shown;
     }
 
@@ -44,7 +44,7 @@ class RecordingDesktop final : public DesktopPicture
     std::atomic<bool> mayAsk = true;
 
   private:
-    mutable QMutex m_mutex;
+    mutable std::mutex m_mutex;
     QStringList m_shown;
 };
 

@@ -1,10 +1,10 @@
 #include "demo-service/Connection.h"
 
+#include "Platform/PoolTask.h"
 #include "demo-service/PictureEncoding.h"
 
 #include <QSslSocket>
 #include <QTcpSocket>
-#include <QtConcurrentRun>
 
 #include <sys/socket.h>
 
@@ -42,7 +42,10 @@ Connection::Connection(QTcpSocket *socket, ServiceState &state, QThreadPool &poo
     connect(m_socket, &QTcpSocket::readyRead, this, &Connection::readRequest);
     connect(m_socket, &QTcpSocket::bytesWritten, this, &Connection::playOn);
     connect(&m_pause, &QTimer::timeout, this, &Connection::playOn);
-    connect(&m_painting, &QFutureWatcher<WireScript>::finished, this, [this] { play(m_painting.result()); });
+    connect(&m_painting, &QFutureWatcher<void>::finished, this, [this] {
+        ThreadHandover::taking(m_painted.get());
+        play(*m_painted);
+    });
 
     // What will happen is settled before anybody can see that a connection or request was counted.
     const Misbehaviour::Kind kind = m_state.misbehaviour().kind;
@@ -108,8 +111,13 @@ void Connection::answer(const HttpRequest &request, const Misbehaviour &misbehav
         play(*refusal);
         return;
     }
-    m_painting.setFuture(
-        QtConcurrent::run(&m_pool, pictureScript, misbehaviour, std::get<PictureOrder>(read), m_state.pictureMaker()));
+    m_painted = std::make_shared<WireScript>();
+    auto paint = [script = m_painted, misbehaviour, order = std::get<PictureOrder>(read),
+                  maker = m_state.pictureMaker()] {
+        *script = pictureScript(misbehaviour, order, maker);
+        ThreadHandover::giving(script.get());
+    };
+    m_painting.setFuture(runOnPool(&m_pool, std::move(paint)));
 }
 
 void Connection::play(const WireScript &script)

@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include <deque>
+#include <memory>
 
 class QTcpSocket;
 
@@ -49,7 +50,8 @@ class Connection : public QObject
     HttpRequestReader m_reader;
     std::deque<WireScript::Step> m_script;
     QTimer m_pause;
-    QFutureWatcher<WireScript> m_painting;
+    std::shared_ptr<WireScript> m_painted; ///< Filled when m_painting ends.
+    QFutureWatcher<void> m_painting;
     qsizetype m_written = 0; ///< Of the script's first step.
     bool m_answering = false;
     bool m_playing = false;

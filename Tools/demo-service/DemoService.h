@@ -5,15 +5,15 @@
 #include <QHostAddress>
 #include <QObject>
 #include <QSslConfiguration>
-#include <QThread>
 #include <QThreadPool>
 #include <QUrl>
 
+#include <functional>
+#include <future>
 #include <optional>
+#include <thread>
 
 namespace quorvane {
-
-class Listener;
 
 /// Where and how a DemoService listens.
 struct DemoServiceOptions
@@ -59,12 +59,15 @@ class DemoService : public QObject
     [[nodiscard]] int connections() const { return m_state.connections(); }
 
   private:
+    /// The life of the thread.
+    void serve(const DemoServiceOptions &options, std::promise<void> &listening);
+
     QString m_errorString;
     QUrl m_baseAddress;
     ServiceState m_state;
     QThreadPool m_pool;
-    QThread m_thread;
-    Listener *m_listener;
+    std::thread m_thread;
+    std::function<void()> m_end; ///< Asks the thread to end.
 };
 
 } // namespace quorvane

@@ -5,9 +5,9 @@
 #include "demo-service/WireScript.h"
 
 #include <QImage>
-#include <QMutex>
 
 #include <functional>
+#include <mutex>
 #include <optional>
 
 namespace quorvane {
@@ -31,7 +31,7 @@ class ServiceState
 
     void record(const HttpRequest &request)
     {
-        const QMutexLocker lock(&m_mutex);
+        const std::lock_guard lock(m_mutex);
         m_requests += request;
     }
     [[nodiscard]] QList<HttpRequest> requests() const { return get(m_requests); }
@@ -39,7 +39,7 @@ class ServiceState
 
     void countConnection()
     {
-        const QMutexLocker lock(&m_mutex);
+        const std::lock_guard lock(m_mutex);
         ++m_connections;
     }
     [[nodiscard]] int connections() const { return get(m_connections); }
@@ -47,16 +47,16 @@ class ServiceState
   private:
     template <typename Value> void set(Value &member, const Value &value)
     {
-        const QMutexLocker lock(&m_mutex);
+        const std::lock_guard lock(m_mutex);
         member = value;
     }
     template <typename Value> [[nodiscard]] Value get(const Value &member) const
     {
-        const QMutexLocker lock(&m_mutex);
+        const std::lock_guard lock(m_mutex);
         return member;
     }
 
-    mutable QMutex m_mutex;
+    mutable std::mutex m_mutex;
     Misbehaviour m_misbehaviour;
     Responder m_responder;
     PictureMaker m_pictureMaker;

@@ -60,6 +60,25 @@ TEST(Worker, runsElsewhereAndComesBackWithTheValue)
     EXPECT_NE(thread, QThread::currentThread());
 }
 
+TEST(Worker, evenWhatIsDoneAtOnceComesBackFromTheEventLoop)
+{
+    struct Caller
+    {
+        static QCoro::Task<> call(bool *isBack)
+        {
+            QFuture<void> done = runOnPool(QThreadPool::globalInstance(), [] {});
+            done.waitForFinished();
+            co_await EndOf(std::move(done));
+            *isBack = true;
+        }
+    };
+    TaskScope scope;
+    bool isBack = false;
+    scope.start(Caller::call(&isBack));
+    EXPECT_FALSE(isBack);
+    EXPECT_TRUE(waitFor([&] { return isBack; }));
+}
+
 TEST(Worker, anExceptionKeepsItsType)
 {
     TaskScope scope;
