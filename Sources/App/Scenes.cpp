@@ -117,6 +117,7 @@ void Scenes::collect()
         m_engine.reset();
         QPixmapCache::clear();
         returnIdleMemory();
+        returnIdlePages();
     }
 }
 

@@ -49,7 +49,12 @@ WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls u
     // When the operation, and whatever followed it, has let go of its pictures.
     m_tidying.setSingleShot(true);
     m_tidying.setInterval(std::chrono::seconds(2));
-    connect(&m_tidying, &QTimer::timeout, this, [] { returnIdleMemory(); });
+    connect(&m_tidying, &QTimer::timeout, this, [this] {
+        returnIdleMemory();
+        if (!m_scenes.isAnyVisible()) {
+            returnIdlePages();
+        }
+    });
 
     m_control.serve(m_workshop);
 }
