@@ -70,6 +70,8 @@ Item {
                 anchors.right: parent.right
                 height: parent.height
                 enabled: !previewModel.isOpen
+                // What nobody sees is not read out, either.
+                visible: !preview.coversGallery
                 model: galleryModel
                 actions: pictureActions
                 onPreviewRequested: url => previewModel.previewURL = url

@@ -21,6 +21,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 namespace quorvane {
@@ -124,6 +125,25 @@ class WindowTest : public testing::Test
         const auto found = button(fits);
         ASSERT_TRUE(found && tree->press(*found));
     }
+    /// Presses the element of that role and name, once it shows.
+    void press(const char *role, const char *name)
+    {
+        ASSERT_TRUE(comes(QLatin1String(role), QLatin1String(name))) << name;
+        EXPECT_TRUE(tree->press(*tree->find(QLatin1String(role), QLatin1String(name)))) << name;
+    }
+    /// Waits until the picker says that this is chosen.
+    [[nodiscard]] bool isChosen(const char *picker, const char *choice)
+    {
+        return waitFor([&] {
+            const auto found = tree->find(QStringLiteral("combo box"), QLatin1String(picker));
+            return found && found->description == QLatin1String(choice);
+        });
+    }
+    [[nodiscard]] bool isEnabled(const QString &name)
+    {
+        const auto found = tree->find(kButton, name);
+        return found && found->has(AccessibleElement::Enabled);
+    }
     /// Opens the album, and the picture in it.
     void openPreview()
     {
@@ -198,8 +218,11 @@ TEST_F(X11WindowTest, aScreenReaderFindsTheControlsByRoleNameAndState)
                                      {"check box", "4K resolution"},
                                      {"check box", "NSFW"},
                                      {"check box", "Auto-generate"},
+                                     {"label", "Missing Gemini API key"},
+                                     {"label", "Open Settings (⌘,)"},
+                                     {"label", "Gemini"},
                                      {"push button", "a lake, 1 picture"}}) {
-        EXPECT_TRUE(comes(QLatin1String(role), QLatin1String(name))) << role << ' ' << name;
+        EXPECT_TRUE(comes(QLatin1String(role), QString::fromUtf8(name))) << role << ' ' << name;
     }
     const auto prompt = tree->find(QStringLiteral("text"), QStringLiteral("Prompt"));
     ASSERT_TRUE(prompt.has_value());
@@ -265,6 +288,105 @@ TEST_F(X11WindowTest, aScreenReaderPressesTheControls)
     press([](const QString &name) { return name.startsWith(QLatin1String("Favorites, 1")); });
     press([](const QString &name) { return name == QLatin1String("Menu"); });
     EXPECT_TRUE(comes(QStringLiteral("menu item"), QStringLiteral("Settings...")));
+}
+
+TEST_F(X11WindowTest, aScreenReaderPressesMenuLinesTabsAndPickers)
+{
+    start(server->clientEnvironment(), "xcb");
+    press("push button", "Menu");
+    press("menu item", "Settings...");
+    EXPECT_TRUE(comes(QStringLiteral("text"), QStringLiteral("Gemini API Key")));
+    EXPECT_TRUE(waitFor([&] { return !tree->find(QStringLiteral("menu item"), QStringLiteral("Settings...")); }));
+    press("page tab", "Advanced");
+    EXPECT_TRUE(waitFor([&] { return !tree->find(QStringLiteral("text"), QStringLiteral("Gemini API Key")); }));
+    EXPECT_TRUE(isChosen("Provider", "Auto"));
+    press("combo box", "Provider");
+    press("list item", "OpenAI");
+    EXPECT_TRUE(isChosen("Provider", "OpenAI"));
+    press("page tab", "API Keys");
+    EXPECT_TRUE(comes(QStringLiteral("text"), QStringLiteral("Gemini API Key")));
+
+    press("check box", "Auto-generate");
+    press("combo box", "Every");
+    press("list item", "2 hours");
+    EXPECT_TRUE(isChosen("Every", "2 hours"));
+    press("push button", "Menu");
+    press("menu item", "Auto-Generate");
+    EXPECT_TRUE(waitFor([&] { return !tree->find(QStringLiteral("combo box"), QStringLiteral("Every")); }));
+}
+
+TEST_F(X11WindowTest, whatLiesUnderThePreviewIsNotReadOutAndNotPressed)
+{
+    start(server->clientEnvironment(), "xcb");
+    press("push button", "a lake, 1 picture");
+    const auto tile = button([](const QString &name) {
+        return name.startsWith(QLatin1String("a lake, ")) && name != QLatin1String("a lake, 1 picture");
+    });
+    ASSERT_TRUE(tile && tree->press(*tile));
+    EXPECT_TRUE(comes(kButton, QStringLiteral("Close")));
+    const auto count = [&](const QString &name) {
+        const QList<AccessibleElement> all = tree->elements();
+        return std::count_if(all.begin(), all.end(), [&](const AccessibleElement &each) {
+            return each.name == name && each.role == kButton && each.has(AccessibleElement::Showing);
+        });
+    };
+    EXPECT_TRUE(waitFor([&] { return count(QStringLiteral("Use Prompt")) == 1; }));
+    EXPECT_EQ(count(QStringLiteral("Albums")), 0);
+    EXPECT_EQ(count(tile->name), 0);
+    // A reader that still knows them gets nothing done by pressing.
+    press("push button", "Favorite");
+    EXPECT_TRUE(comes(kButton, QStringLiteral("Unfavorite")));
+    press("push button", "Close");
+    EXPECT_TRUE(waitFor([&] { return count(tile->name) == 1 && count(QStringLiteral("Use Prompt")) == 1; }));
+    EXPECT_EQ(count(QStringLiteral("Albums")), 1);
+}
+
+TEST_F(X11WindowTest, aDisabledButtonSaysSoAndIsNotPressed)
+{
+    start(server->clientEnvironment(), "xcb");
+    openSettings();
+    EXPECT_FALSE(isEnabled(QStringLiteral("Save")));
+    EXPECT_FALSE(isEnabled(QStringLiteral("Generate & Set Wallpaper")));
+    (void)tree->press(*tree->find(kButton, QStringLiteral("Save")));
+    EXPECT_TRUE(session.keyFile().isNull());
+    click(QStringLiteral("text"), QStringLiteral("Gemini API Key"));
+    act({QStringLiteral("type"), QStringLiteral("a-key")});
+    EXPECT_TRUE(waitFor([&] { return isEnabled(QStringLiteral("Save")); }));
+    press("push button", "Save");
+    EXPECT_TRUE(comes(kButton, QStringLiteral("Update")));
+    EXPECT_TRUE(session.keyFile().contains("a-key"));
+}
+
+TEST_F(X11WindowTest, aKeyThatIsTypedIsToldToNobodyEither)
+{
+    start(server->clientEnvironment(), "xcb");
+    OwnedProgram monitor(QStringLiteral("dbus-monitor"),
+                         {QStringLiteral("--address"), tree->addressOfEvents(),
+                          QStringLiteral("interface='org.a11y.atspi.Event.Object'")},
+                         session.environment(), session.home().path());
+    const auto saidUntil = [&](const char *last) {
+        QByteArray said;
+        for (QByteArray line = monitor.readLine(); !line.isEmpty(); line = monitor.readLine()) {
+            said += line + '\n';
+            if (line.contains(last)) {
+                return said;
+            }
+        }
+        ADD_FAILURE() << "nobody said " << last << ": " << said.constData();
+        return said;
+    };
+    click(QStringLiteral("text"), QStringLiteral("Prompt"));
+    (void)saidUntil("string \"focused\"");
+    openSettings();
+    click(QStringLiteral("text"), QStringLiteral("Gemini API Key"));
+    act({QStringLiteral("type"), QStringLiteral("ZZZZ")});
+    ASSERT_TRUE(waitFor([&] { return isEnabled(QStringLiteral("Save")); }));
+    for (const AccessibleElement &each : tree->elements()) {
+        EXPECT_FALSE((each.name + each.text + each.description).contains(QLatin1String("ZZ")))
+            << each.role.toStdString();
+    }
+    press("check box", "4K resolution");
+    EXPECT_FALSE(saidUntil("string \"checked\"").contains('Z'));
 }
 
 /// With what places and stacks the windows.

@@ -18,7 +18,7 @@ Item {
     objectName: "album " + albumId
     Accessible.role: Accessible.Button
     Accessible.name: qsTr("%1, %n pictures", "", count).arg(title)
-    Accessible.onPressAction: clicked()
+    Accessible.onPressAction: if (enabled) clicked()
     scale: hover.hovered ? 1.02 : 1
     Behavior on scale { NumberAnimation { duration: Theme.motion; easing.type: Easing.OutCubic } }
 

@@ -28,7 +28,7 @@ FocusScope {
     objectName: "tile " + url
     Accessible.role: Accessible.Button
     Accessible.name: prompt === "" ? timestamp : prompt + ", " + timestamp
-    Accessible.onPressAction: opened()
+    Accessible.onPressAction: if (enabled) opened()
 
     onHoveringChanged: rowAtTop = hover.point.position.y > picture.height / 2
 

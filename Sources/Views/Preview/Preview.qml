@@ -11,6 +11,9 @@ FocusScope {
 
     signal fullScreenRequested()
 
+    /// Whether nothing of the gallery is to be seen behind it.
+    readonly property bool coversGallery: model.isOpen && opacity === 1
+
     objectName: "preview"
     visible: opacity > 0
     enabled: model.isOpen
@@ -149,6 +152,8 @@ FocusScope {
             maximumLineCount: 2
             elide: Text.ElideRight
             textFormat: Text.PlainText
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
 
             HoverHandler {
                 id: promptHover

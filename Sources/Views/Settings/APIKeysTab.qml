@@ -78,6 +78,8 @@ Flickable {
                         color: Theme.green
                         font.pixelSize: Theme.captionSize
                         textFormat: Text.PlainText
+                        Accessible.role: Accessible.StaticText
+                        Accessible.name: text
                     }
                 }
                 Text {
@@ -87,6 +89,8 @@ Flickable {
                     font.pixelSize: Theme.captionSize
                     wrapMode: Text.Wrap
                     textFormat: Text.PlainText
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                 }
             }
         }

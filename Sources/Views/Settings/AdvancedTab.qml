@@ -38,6 +38,8 @@ Flickable {
                 font.pixelSize: Theme.captionSize
                 wrapMode: Text.Wrap
                 textFormat: Text.PlainText
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
             }
         }
         FormSection {
@@ -62,6 +64,8 @@ Flickable {
                     font.pixelSize: Theme.bodySize
                     wrapMode: Text.Wrap
                     textFormat: Text.PlainText
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                 }
             }
             PickerRow {
@@ -80,6 +84,8 @@ Flickable {
                 font.pixelSize: Theme.captionSize
                 wrapMode: Text.Wrap
                 textFormat: Text.PlainText
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
             }
         }
         FormSection {

@@ -34,6 +34,8 @@ Column {
                 font.pixelSize: Theme.captionSize
                 wrapMode: Text.Wrap
                 textFormat: Text.PlainText
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
             }
         }
     }
@@ -47,5 +49,7 @@ Column {
         color: Theme.secondaryText
         font.pixelSize: Theme.captionSize
         textFormat: Text.PlainText
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 }
