@@ -92,6 +92,9 @@ Item {
     FullScreenViewer {
         model: viewerModel
         screen: view.Window.window?.screen ?? null
+        // A window manager on X11 fills the screen on which it finds the window.
+        x: view.Screen.virtualX
+        y: view.Screen.virtualY
         onClosed: view.Window.window.requestActivate()
     }
 }

@@ -1,5 +1,5 @@
 // Another program, into whose window files are dropped: its title tells whether something is over it, and standard
-// output what was let go there.
+// output what was let go there. "DropReceiver panel" is a panel at the top of a right screen that begins at 1280.
 
 #include <QDropEvent>
 #include <QGuiApplication>
@@ -57,7 +57,13 @@ int main(int argc, char **argv)
     const QGuiApplication application(argc, argv);
     Receiver window;
     window.setFlags(Qt::FramelessWindowHint);
-    window.setGeometry(1000, 300, 180, 180);
+    if (QGuiApplication::arguments().contains(QStringLiteral("panel"))) {
+        constexpr int kDock = 4;
+        window.setProperty("_q_xcb_wm_window_type", kDock);
+        window.setGeometry(1280, 0, 800, 24);
+    } else {
+        window.setGeometry(1000, 300, 180, 180);
+    }
     window.setTitle(QStringLiteral("nothing is over it"));
     window.show();
     return QCoreApplication::exec();

@@ -10,6 +10,7 @@
 #include "Support/OwnedProgram.h"
 #include "Support/PrivateSway.h"
 #include "Support/PrivateXServer.h"
+#include "Support/PrivateXorg.h"
 #include "Support/WaitFor.h"
 
 #include <QBuffer>
@@ -190,9 +191,14 @@ class X11WindowTest : public WindowTest
         if (!reason.isEmpty()) {
             GTEST_SKIP() << reason.toStdString();
         }
-        server.emplace(QSize(1200, 800));
-        ASSERT_TRUE(server->isReady());
+        ASSERT_NO_FATAL_FAILURE(startServer());
         putPicture(QStringLiteral("a lake"));
+    }
+
+    virtual void startServer()
+    {
+        server = std::make_unique<PrivateXServer>(QSize(1200, 800));
+        ASSERT_TRUE(server->isReady());
     }
 
     /// What xdotool does with these arguments; it must end well.
@@ -209,7 +215,7 @@ class X11WindowTest : public WindowTest
              QStringLiteral("click"), QStringLiteral("1")});
     }
 
-    std::optional<PrivateXServer> server;
+    std::unique_ptr<PrivateXServer> server;
 };
 
 TEST_F(X11WindowTest, aScreenReaderFindsTheControlsByRoleNameAndState)
@@ -563,6 +569,59 @@ TEST_F(X11ViewerTest, itHidesThePointerUntilAClickEndsIt)
     expectWindowBack();
 }
 
+/// With two screens, and a panel at the top of the right one.
+class X11TwoScreensTest : public X11ViewerTest
+{
+  protected:
+    void SetUp() override
+    {
+        const QString program = PrivateXorg::missingProgram();
+        if (!program.isEmpty()) {
+            GTEST_SKIP() << program.toStdString() << " is not installed";
+        }
+        X11ViewerTest::SetUp();
+    }
+    void startServer() override
+    {
+        auto screens = std::make_unique<PrivateXorg>();
+        ASSERT_TRUE(screens->isReady());
+        ASSERT_EQ(screens->areas(), (QList<QRect>{{0, 0, 1280, 720}, {1280, 0, 800, 600}}));
+        server = std::move(screens);
+    }
+    void prepareDisplay() override
+    {
+        ASSERT_NO_FATAL_FAILURE(X11ViewerTest::prepareDisplay());
+        panel.emplace(QStringLiteral(DROP_RECEIVER), QStringList{QStringLiteral("panel")}, session.environment(),
+                      session.home().path());
+        ASSERT_TRUE(waitFor([&] { return isPanelSeen(); })) << panel->errors().constData();
+    }
+    [[nodiscard]] bool isPanelSeen() const { return server->rootWindow().pixelColor(kInPanel) == QColor(Qt::blue); }
+
+    static constexpr QPoint kInPanel{2070, 12};
+    std::optional<OwnedProgram> panel;
+};
+
+TEST_F(X11TwoScreensTest, theViewerComesOnTheWindowsScreenAboveItsPanel)
+{
+    ASSERT_NO_FATAL_FAILURE(start(server->clientEnvironment(), "xcb"));
+    openPreview();
+    act({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
+         QStringLiteral("^Quorvane$"), QStringLiteral("windowmove"), QStringLiteral("--sync"), QStringLiteral("1290"),
+         QStringLiteral("40")});
+    press("push button", "Full Screen");
+    // The picture is square, so it leaves the sides of its screen black.
+    EXPECT_TRUE(waitFor([&] {
+        const QImage screens = server->rootWindow();
+        return screens.pixelColor(1680, 5) == QColor(Qt::red) && screens.pixelColor(1680, 595) == QColor(Qt::red) &&
+               screens.pixelColor(1282, 598) == QColor(Qt::black) && screens.pixelColor(kInPanel) == QColor(Qt::black);
+    }));
+    EXPECT_TRUE(isStrangerSeen());
+    EXPECT_TRUE(waitFor([&] { return activeTitle() == "Quorvane"; }));
+    act({QStringLiteral("key"), QStringLiteral("Escape")});
+    EXPECT_TRUE(waitFor([&] { return isPanelSeen(); }));
+    EXPECT_TRUE(comes(kButton, QStringLiteral("Full Screen")));
+}
+
 class SwayWindowTest : public WindowTest
 {
   protected:
@@ -573,7 +632,9 @@ class SwayWindowTest : public WindowTest
         if (!reason.isEmpty()) {
             GTEST_SKIP() << reason.toStdString();
         }
-        sway.emplace(QList<QSize>{QSize(1000, 700), QSize(600, 400)});
+        // With a panel on every screen.
+        sway.emplace(QList<QSize>{QSize(1000, 700), QSize(600, 400)},
+                     "bar {\n position top\n colors {\n background #00ff00\n }\n}\n");
         ASSERT_TRUE(sway->isReady());
         putPicture(QStringLiteral("a lake"));
     }
@@ -621,6 +682,8 @@ TEST_F(SwayWindowTest, theViewerCoversItsScreenAndEscapeGivesTheWindowBack)
 {
     start(sway->clientEnvironment(), "wayland");
     openPreview();
+    const QPoint inPanel(998, 2);
+    EXPECT_TRUE(waitFor([&] { return colorAt("HEADLESS-1", inPanel) == QColor(Qt::green); }));
     const QPoint inPicture(500, 20);
     ASSERT_TRUE(waitFor([&] { return colorAt("HEADLESS-1", inPicture) != QColor(Qt::red); }));
     const QImage other = sway->screenshot(QStringLiteral("HEADLESS-2"));
@@ -629,7 +692,8 @@ TEST_F(SwayWindowTest, theViewerCoversItsScreenAndEscapeGivesTheWindowBack)
     EXPECT_TRUE(waitFor([&] {
         const QImage screen = sway->screenshot(QStringLiteral("HEADLESS-1"));
         return screen.pixelColor(inPicture) == QColor(Qt::red) && screen.pixelColor(500, 680) == QColor(Qt::red) &&
-               screen.pixelColor(1, 1) == QColor(Qt::black) && screen.pixelColor(998, 698) == QColor(Qt::black);
+               screen.pixelColor(1, 1) == QColor(Qt::black) && screen.pixelColor(998, 698) == QColor(Qt::black) &&
+               screen.pixelColor(inPanel) == QColor(Qt::black);
     }));
     EXPECT_EQ(sway->screenshot(QStringLiteral("HEADLESS-2")), other);
     EXPECT_TRUE(escapeUntil([&] { return colorAt("HEADLESS-1", inPicture) != QColor(Qt::red); }));
