@@ -136,7 +136,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 16
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width - 48
+        width: parent.width - 24
         spacing: 12
 
         Text {
@@ -176,6 +176,25 @@ FocusScope {
                 }
                 return sum;
             }
+
+            /// A flow begins every line at its side; these are to be in the middle.
+            function centerLines() {
+                const shown = [];
+                for (let index = 0; index < children.length; ++index) {
+                    if (children[index].visible) {
+                        shown.push(children[index]);
+                    }
+                }
+                for (const button of shown) {
+                    const line = shown.filter(other => other.y === button.y);
+                    const left = Math.min(...line.map(each => each.x));
+                    const right = Math.max(...line.map(each => each.x + each.width));
+                    const shift = Math.round((width - right - left) / 2);
+                    line.forEach(each => each.x += shift);
+                }
+            }
+
+            onPositioningComplete: centerLines()
 
             CapsuleButton {
                 objectName: "setButton"

@@ -84,6 +84,7 @@ Flickable {
                 }
                 Text {
                     width: parent.width
+                    horizontalAlignment: Text.AlignLeft
                     text: section.modelData.help
                     color: Theme.secondaryText
                     font.pixelSize: Theme.captionSize

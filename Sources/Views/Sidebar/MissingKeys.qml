@@ -29,6 +29,7 @@ Column {
             }
             Text {
                 width: parent.width - 22
+                horizontalAlignment: Text.AlignLeft
                 text: qsTr("Missing %1 API key").arg(line.modelData)
                 color: Theme.orange
                 font.pixelSize: Theme.captionSize
