@@ -21,7 +21,7 @@ class LeafInterface : public QAccessibleObject
     [[nodiscard]] QWindow *window() const override;
 
   protected:
-    [[nodiscard]] QQuickItem *item() const { return static_cast<QQuickItem *>(object()); }
+    [[nodiscard]] QQuickItem *item() const { return qobject_cast<QQuickItem *>(object()); }
 
     /// What QML attached to be told of the item; null where it attached nothing.
     [[nodiscard]] static QObject *attachedTo(const QQuickItem *item);
