@@ -70,6 +70,8 @@ Item {
                 anchors.right: parent.right
                 height: parent.height
                 enabled: !previewModel.isOpen
+                // What nobody sees is not read out, either.
+                visible: !preview.coversGallery
                 model: galleryModel
                 actions: pictureActions
                 onPreviewRequested: url => previewModel.previewURL = url
@@ -90,6 +92,9 @@ Item {
     FullScreenViewer {
         model: viewerModel
         screen: view.Window.window?.screen ?? null
+        // A window manager on X11 fills the screen on which it finds the window.
+        x: view.Screen.virtualX
+        y: view.Screen.virtualY
         onClosed: view.Window.window.requestActivate()
     }
 }

@@ -1,5 +1,6 @@
 #include "Views/Views.h"
 
+#include "Views/Controls/ControlAccessibility.h"
 #include "Views/Controls/SecureFieldAccessibility.h"
 #include "Views/Pictures/PictureProvider.h"
 #include "Views/Pictures/ShadowProvider.h"
@@ -17,6 +18,7 @@ void installViews(QQmlEngine *engine)
 {
     volatile auto types = &qml_register_types_Quorvane_Views;
     Q_UNUSED(types);
+    describeControls();
     protectSecureFields();
     engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine->addImageProvider(PictureProvider::kThumbnails, new PictureProvider(PictureProvider::Kind::Thumbnail));

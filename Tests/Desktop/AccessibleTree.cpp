@@ -43,9 +43,9 @@ bool AccessibleTree::connectToBus()
     const QDBusMessage ask =
         QDBusMessage::createMethodCall(QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
                                        QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress"));
-    const QString address = m_session.call(ask).arguments().value(0).toString();
-    const QString name = QStringLiteral("accessibility at ") + address;
-    if (address.isEmpty() || !QDBusConnection::connectToBus(address, name).isConnected()) {
+    m_address = m_session.call(ask).arguments().value(0).toString();
+    const QString name = QStringLiteral("accessibility at ") + m_address;
+    if (m_address.isEmpty() || !QDBusConnection::connectToBus(m_address, name).isConnected()) {
         return false;
     }
     m_name = name;
@@ -104,6 +104,18 @@ void AccessibleTree::collect(const QString &bus, const QString &path, int depth,
             collect(owner, object, depth + 1, found);
         }
     }
+}
+
+QString AccessibleTree::addressOfEvents()
+{
+    if (!connectToBus()) {
+        return {};
+    }
+    // Programs send what somebody listens to.
+    const QVariantList all{QStringLiteral("object:"), QStringList(), QString()};
+    (void)call(QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("/org/a11y/atspi/registry"),
+               "org.a11y.atspi.Registry", "RegisterEvent", all);
+    return m_address;
 }
 
 QList<AccessibleElement> AccessibleTree::elements()

@@ -42,6 +42,9 @@ class AccessibleTree
     AccessibleTree(const AccessibleTree &) = delete;
     AccessibleTree &operator=(const AccessibleTree &) = delete;
 
+    /// Where AT-SPI's bus is, all events of which are sent from now on; empty where it does not run.
+    [[nodiscard]] QString addressOfEvents();
+
     /// Everything that every program shows now.
     [[nodiscard]] QList<AccessibleElement> elements();
 
@@ -62,6 +65,7 @@ class AccessibleTree
     void collect(const QString &bus, const QString &path, int depth, QList<AccessibleElement> *found) const;
 
     QDBusConnection m_session;
+    QString m_address;
     QString m_name;
 };
 

@@ -10,6 +10,7 @@
 #include "Support/OwnedProgram.h"
 #include "Support/PrivateSway.h"
 #include "Support/PrivateXServer.h"
+#include "Support/PrivateXorg.h"
 #include "Support/WaitFor.h"
 
 #include <QBuffer>
@@ -18,9 +19,11 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QUrl>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 namespace quorvane {
@@ -124,6 +127,25 @@ class WindowTest : public testing::Test
         const auto found = button(fits);
         ASSERT_TRUE(found && tree->press(*found));
     }
+    /// Presses the element of that role and name, once it shows.
+    void press(const char *role, const char *name)
+    {
+        ASSERT_TRUE(comes(QLatin1String(role), QLatin1String(name))) << name;
+        EXPECT_TRUE(tree->press(*tree->find(QLatin1String(role), QLatin1String(name)))) << name;
+    }
+    /// Waits until the picker says that this is chosen.
+    [[nodiscard]] bool isChosen(const char *picker, const char *choice)
+    {
+        return waitFor([&] {
+            const auto found = tree->find(QStringLiteral("combo box"), QLatin1String(picker));
+            return found && found->description == QLatin1String(choice);
+        });
+    }
+    [[nodiscard]] bool isEnabled(const QString &name)
+    {
+        const auto found = tree->find(kButton, name);
+        return found && found->has(AccessibleElement::Enabled);
+    }
     /// Opens the album, and the picture in it.
     void openPreview()
     {
@@ -169,9 +191,14 @@ class X11WindowTest : public WindowTest
         if (!reason.isEmpty()) {
             GTEST_SKIP() << reason.toStdString();
         }
-        server.emplace(QSize(1200, 800));
-        ASSERT_TRUE(server->isReady());
+        ASSERT_NO_FATAL_FAILURE(startServer());
         putPicture(QStringLiteral("a lake"));
+    }
+
+    virtual void startServer()
+    {
+        server = std::make_unique<PrivateXServer>(QSize(1200, 800));
+        ASSERT_TRUE(server->isReady());
     }
 
     /// What xdotool does with these arguments; it must end well.
@@ -188,7 +215,7 @@ class X11WindowTest : public WindowTest
              QStringLiteral("click"), QStringLiteral("1")});
     }
 
-    std::optional<PrivateXServer> server;
+    std::unique_ptr<PrivateXServer> server;
 };
 
 TEST_F(X11WindowTest, aScreenReaderFindsTheControlsByRoleNameAndState)
@@ -198,8 +225,11 @@ TEST_F(X11WindowTest, aScreenReaderFindsTheControlsByRoleNameAndState)
                                      {"check box", "4K resolution"},
                                      {"check box", "NSFW"},
                                      {"check box", "Auto-generate"},
+                                     {"label", "Missing Gemini API key"},
+                                     {"label", "Open Settings (⌘,)"},
+                                     {"label", "Gemini"},
                                      {"push button", "a lake, 1 picture"}}) {
-        EXPECT_TRUE(comes(QLatin1String(role), QLatin1String(name))) << role << ' ' << name;
+        EXPECT_TRUE(comes(QLatin1String(role), QString::fromUtf8(name))) << role << ' ' << name;
     }
     const auto prompt = tree->find(QStringLiteral("text"), QStringLiteral("Prompt"));
     ASSERT_TRUE(prompt.has_value());
@@ -265,6 +295,171 @@ TEST_F(X11WindowTest, aScreenReaderPressesTheControls)
     press([](const QString &name) { return name.startsWith(QLatin1String("Favorites, 1")); });
     press([](const QString &name) { return name == QLatin1String("Menu"); });
     EXPECT_TRUE(comes(QStringLiteral("menu item"), QStringLiteral("Settings...")));
+}
+
+TEST_F(X11WindowTest, aScreenReaderPressesMenuLinesTabsAndPickers)
+{
+    start(server->clientEnvironment(), "xcb");
+    press("push button", "Menu");
+    press("menu item", "Settings...");
+    EXPECT_TRUE(comes(QStringLiteral("text"), QStringLiteral("Gemini API Key")));
+    EXPECT_TRUE(waitFor([&] { return !tree->find(QStringLiteral("menu item"), QStringLiteral("Settings...")); }));
+    press("page tab", "Advanced");
+    EXPECT_TRUE(waitFor([&] { return !tree->find(QStringLiteral("text"), QStringLiteral("Gemini API Key")); }));
+    EXPECT_TRUE(isChosen("Provider", "Auto"));
+    press("combo box", "Provider");
+    press("list item", "OpenAI");
+    EXPECT_TRUE(isChosen("Provider", "OpenAI"));
+    press("page tab", "API Keys");
+    EXPECT_TRUE(comes(QStringLiteral("text"), QStringLiteral("Gemini API Key")));
+
+    press("check box", "Auto-generate");
+    press("combo box", "Every");
+    press("list item", "2 hours");
+    EXPECT_TRUE(isChosen("Every", "2 hours"));
+    press("push button", "Menu");
+    press("menu item", "Auto-Generate");
+    EXPECT_TRUE(waitFor([&] { return !tree->find(QStringLiteral("combo box"), QStringLiteral("Every")); }));
+}
+
+TEST_F(X11WindowTest, whatLiesUnderThePreviewIsNotReadOutAndNotPressed)
+{
+    start(server->clientEnvironment(), "xcb");
+    press("push button", "a lake, 1 picture");
+    const auto tile = button([](const QString &name) {
+        return name.startsWith(QLatin1String("a lake, ")) && name != QLatin1String("a lake, 1 picture");
+    });
+    ASSERT_TRUE(tile && tree->press(*tile));
+    EXPECT_TRUE(comes(kButton, QStringLiteral("Close")));
+    const auto count = [&](const QString &name) {
+        const QList<AccessibleElement> all = tree->elements();
+        return std::count_if(all.begin(), all.end(), [&](const AccessibleElement &each) {
+            return each.name == name && each.role == kButton && each.has(AccessibleElement::Showing);
+        });
+    };
+    EXPECT_TRUE(waitFor([&] { return count(QStringLiteral("Use Prompt")) == 1; }));
+    EXPECT_EQ(count(QStringLiteral("Albums")), 0);
+    EXPECT_EQ(count(tile->name), 0);
+    // A reader that still knows them gets nothing done by pressing.
+    press("push button", "Favorite");
+    EXPECT_TRUE(comes(kButton, QStringLiteral("Unfavorite")));
+    press("push button", "Close");
+    EXPECT_TRUE(waitFor([&] { return count(tile->name) == 1 && count(QStringLiteral("Use Prompt")) == 1; }));
+    EXPECT_EQ(count(QStringLiteral("Albums")), 1);
+}
+
+TEST_F(X11WindowTest, aDisabledButtonSaysSoAndIsNotPressed)
+{
+    start(server->clientEnvironment(), "xcb");
+    openSettings();
+    EXPECT_FALSE(isEnabled(QStringLiteral("Save")));
+    EXPECT_FALSE(isEnabled(QStringLiteral("Generate & Set Wallpaper")));
+    (void)tree->press(*tree->find(kButton, QStringLiteral("Save")));
+    EXPECT_TRUE(session.keyFile().isNull());
+    click(QStringLiteral("text"), QStringLiteral("Gemini API Key"));
+    act({QStringLiteral("type"), QStringLiteral("a-key")});
+    EXPECT_TRUE(waitFor([&] { return isEnabled(QStringLiteral("Save")); }));
+    press("push button", "Save");
+    EXPECT_TRUE(comes(kButton, QStringLiteral("Update")));
+    EXPECT_TRUE(session.keyFile().contains("a-key"));
+}
+
+TEST_F(X11WindowTest, aKeyThatIsTypedIsToldToNobodyEither)
+{
+    start(server->clientEnvironment(), "xcb");
+    OwnedProgram monitor(QStringLiteral("dbus-monitor"),
+                         {QStringLiteral("--address"), tree->addressOfEvents(),
+                          QStringLiteral("interface='org.a11y.atspi.Event.Object'")},
+                         session.environment(), session.home().path());
+    const auto saidUntil = [&](const char *last) {
+        QByteArray said;
+        for (QByteArray line = monitor.readLine(); !line.isEmpty(); line = monitor.readLine()) {
+            said += line + '\n';
+            if (line.contains(last)) {
+                return said;
+            }
+        }
+        ADD_FAILURE() << "nobody said " << last << ": " << said.constData();
+        return said;
+    };
+    click(QStringLiteral("text"), QStringLiteral("Prompt"));
+    (void)saidUntil("string \"focused\"");
+    openSettings();
+    click(QStringLiteral("text"), QStringLiteral("Gemini API Key"));
+    act({QStringLiteral("type"), QStringLiteral("ZZZZ")});
+    ASSERT_TRUE(waitFor([&] { return isEnabled(QStringLiteral("Save")); }));
+    for (const AccessibleElement &each : tree->elements()) {
+        EXPECT_FALSE((each.name + each.text + each.description).contains(QLatin1String("ZZ")))
+            << each.role.toStdString();
+    }
+    press("check box", "4K resolution");
+    EXPECT_FALSE(saidUntil("string \"checked\"").contains('Z'));
+}
+
+/// With another program beside, which takes what is dropped into its window.
+class X11DropTest : public X11WindowTest
+{
+  protected:
+    void prepareDisplay() override
+    {
+        receiver.emplace(QStringLiteral(DROP_RECEIVER), QStringList(), session.environment(), session.home().path());
+        ASSERT_TRUE(waitFor([&] { return server->rootWindow().pixelColor(kTarget) == QColor(Qt::blue); }))
+            << receiver->errors().constData();
+    }
+    void moveTo(QPoint place) const
+    {
+        act({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
+    }
+    /// Takes what is at a place and lets it go over the other program; what that was given.
+    [[nodiscard]] QByteArray dropped(QPoint from)
+    {
+        moveTo(from);
+        act({QStringLiteral("mousedown"), QStringLiteral("1")});
+        // It is carried once the pointer has gone some way, and is over the other program with the first move there.
+        moveTo(from + QPoint(20, 5));
+        moveTo(from + QPoint(40, 10));
+        int step = 0;
+        EXPECT_TRUE(waitFor([&] {
+            moveTo(kTarget + QPoint(++step % 20, 0));
+            return !outputOf(
+                        QStringLiteral("xdotool"),
+                        {QStringLiteral("search"), QStringLiteral("--name"), QStringLiteral("something is over it")},
+                        server->clientEnvironment())
+                        .isEmpty();
+        }));
+        act({QStringLiteral("mouseup"), QStringLiteral("1")});
+        return receiver->readLine().trimmed();
+    }
+    [[nodiscard]] static QByteArray copyOfPicture()
+    {
+        return "copy " + QUrl::fromLocalFile(ImageStore::allImages().value(0)).toEncoded();
+    }
+
+    static constexpr QPoint kTarget{1080, 400};
+    std::optional<OwnedProgram> receiver;
+};
+
+TEST_F(X11DropTest, aTileGivesItsFileToTheProgramItIsDroppedOn)
+{
+    start(server->clientEnvironment(), "xcb");
+    press("push button", "a lake, 1 picture");
+    const auto tile = button([](const QString &name) {
+        return name.startsWith(QLatin1String("a lake, ")) && name != QLatin1String("a lake, 1 picture");
+    });
+    ASSERT_TRUE(tile.has_value());
+    EXPECT_EQ(dropped(tree->areaOf(*tile).topLeft() + QPoint(60, 80)), copyOfPicture());
+    // It was a drag and no click, and the next one works as well.
+    EXPECT_FALSE(tree->find(kButton, QStringLiteral("Close")));
+    EXPECT_EQ(dropped(tree->areaOf(*tile).topLeft() + QPoint(60, 80)), copyOfPicture());
+}
+
+TEST_F(X11DropTest, thePreviewGivesItsFileToTheProgramItIsDroppedOn)
+{
+    start(server->clientEnvironment(), "xcb");
+    openPreview();
+    ASSERT_TRUE(waitFor([&] { return server->rootWindow().pixelColor(620, 300) == QColor(Qt::red); }));
+    EXPECT_EQ(dropped({620, 300}), copyOfPicture());
+    EXPECT_TRUE(comes(kButton, QStringLiteral("Close")));
 }
 
 /// With what places and stacks the windows.
@@ -374,6 +569,59 @@ TEST_F(X11ViewerTest, itHidesThePointerUntilAClickEndsIt)
     expectWindowBack();
 }
 
+/// With two screens, and a panel at the top of the right one.
+class X11TwoScreensTest : public X11ViewerTest
+{
+  protected:
+    void SetUp() override
+    {
+        const QString program = PrivateXorg::missingProgram();
+        if (!program.isEmpty()) {
+            GTEST_SKIP() << program.toStdString() << " is not installed";
+        }
+        X11ViewerTest::SetUp();
+    }
+    void startServer() override
+    {
+        auto screens = std::make_unique<PrivateXorg>();
+        ASSERT_TRUE(screens->isReady());
+        ASSERT_EQ(screens->areas(), (QList<QRect>{{0, 0, 1280, 720}, {1280, 0, 800, 600}}));
+        server = std::move(screens);
+    }
+    void prepareDisplay() override
+    {
+        ASSERT_NO_FATAL_FAILURE(X11ViewerTest::prepareDisplay());
+        panel.emplace(QStringLiteral(DROP_RECEIVER), QStringList{QStringLiteral("panel")}, session.environment(),
+                      session.home().path());
+        ASSERT_TRUE(waitFor([&] { return isPanelSeen(); })) << panel->errors().constData();
+    }
+    [[nodiscard]] bool isPanelSeen() const { return server->rootWindow().pixelColor(kInPanel) == QColor(Qt::blue); }
+
+    static constexpr QPoint kInPanel{2070, 12};
+    std::optional<OwnedProgram> panel;
+};
+
+TEST_F(X11TwoScreensTest, theViewerComesOnTheWindowsScreenAboveItsPanel)
+{
+    ASSERT_NO_FATAL_FAILURE(start(server->clientEnvironment(), "xcb"));
+    openPreview();
+    act({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
+         QStringLiteral("^Quorvane$"), QStringLiteral("windowmove"), QStringLiteral("--sync"), QStringLiteral("1290"),
+         QStringLiteral("40")});
+    press("push button", "Full Screen");
+    // The picture is square, so it leaves the sides of its screen black.
+    EXPECT_TRUE(waitFor([&] {
+        const QImage screens = server->rootWindow();
+        return screens.pixelColor(1680, 5) == QColor(Qt::red) && screens.pixelColor(1680, 595) == QColor(Qt::red) &&
+               screens.pixelColor(1282, 598) == QColor(Qt::black) && screens.pixelColor(kInPanel) == QColor(Qt::black);
+    }));
+    EXPECT_TRUE(isStrangerSeen());
+    EXPECT_TRUE(waitFor([&] { return activeTitle() == "Quorvane"; }));
+    act({QStringLiteral("key"), QStringLiteral("Escape")});
+    EXPECT_TRUE(waitFor([&] { return isPanelSeen(); }));
+    EXPECT_TRUE(comes(kButton, QStringLiteral("Full Screen")));
+}
+
 class SwayWindowTest : public WindowTest
 {
   protected:
@@ -384,7 +632,9 @@ class SwayWindowTest : public WindowTest
         if (!reason.isEmpty()) {
             GTEST_SKIP() << reason.toStdString();
         }
-        sway.emplace(QList<QSize>{QSize(1000, 700), QSize(600, 400)});
+        // With a panel on every screen.
+        sway.emplace(QList<QSize>{QSize(1000, 700), QSize(600, 400)},
+                     "bar {\n position top\n colors {\n background #00ff00\n }\n}\n");
         ASSERT_TRUE(sway->isReady());
         putPicture(QStringLiteral("a lake"));
     }
@@ -432,6 +682,8 @@ TEST_F(SwayWindowTest, theViewerCoversItsScreenAndEscapeGivesTheWindowBack)
 {
     start(sway->clientEnvironment(), "wayland");
     openPreview();
+    const QPoint inPanel(998, 2);
+    EXPECT_TRUE(waitFor([&] { return colorAt("HEADLESS-1", inPanel) == QColor(Qt::green); }));
     const QPoint inPicture(500, 20);
     ASSERT_TRUE(waitFor([&] { return colorAt("HEADLESS-1", inPicture) != QColor(Qt::red); }));
     const QImage other = sway->screenshot(QStringLiteral("HEADLESS-2"));
@@ -440,7 +692,8 @@ TEST_F(SwayWindowTest, theViewerCoversItsScreenAndEscapeGivesTheWindowBack)
     EXPECT_TRUE(waitFor([&] {
         const QImage screen = sway->screenshot(QStringLiteral("HEADLESS-1"));
         return screen.pixelColor(inPicture) == QColor(Qt::red) && screen.pixelColor(500, 680) == QColor(Qt::red) &&
-               screen.pixelColor(1, 1) == QColor(Qt::black) && screen.pixelColor(998, 698) == QColor(Qt::black);
+               screen.pixelColor(1, 1) == QColor(Qt::black) && screen.pixelColor(998, 698) == QColor(Qt::black) &&
+               screen.pixelColor(inPanel) == QColor(Qt::black);
     }));
     EXPECT_EQ(sway->screenshot(QStringLiteral("HEADLESS-2")), other);
     EXPECT_TRUE(escapeUntil([&] { return colorAt("HEADLESS-1", inPicture) != QColor(Qt::red); }));

@@ -4,6 +4,9 @@
 #include <QClipboard>
 #include <QMimeData>
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace quorvane {
 
 class PreviewView : public ViewTest
@@ -150,6 +153,33 @@ TEST_F(PreviewView, itsContextMenuCopiesThePictureThatIsShown)
     QTest::keyClick(window, Qt::Key_Escape);
     EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("menuCopy")); }));
     EXPECT_TRUE(isSeen(QStringLiteral("preview")));
+}
+
+TEST_F(PreviewView, buttonsThatDoNotFitOnOneLineAreInTheMiddleOfTheNext)
+{
+    openFirst();
+    window->setWidth(760);
+    const auto y = [&](const char *name) { return middleOf(find(QLatin1String(name))).y(); };
+    ASSERT_TRUE(waitFor([&] { return y("fullScreenButton") > y("setButton"); }));
+    // The gallery's middle, beside 280 points of sidebar.
+    constexpr int kMiddle = 280 + (760 - 280) / 2;
+    const auto middleOfLine = [&](int line) {
+        int left = 760;
+        int right = 0;
+        for (const char *name :
+             {"setButton", "favoriteButton", "previewUsePromptButton", "upscaleButton", "fullScreenButton"}) {
+            const QQuickItem *button = find(QLatin1String(name));
+            if (button->isVisible() && y(name) == line) {
+                left = std::min(left, int(button->mapToScene({0, 0}).x()));
+                right = std::max(right, int(button->mapToScene({button->width(), 0}).x()));
+            }
+        }
+        return (left + right) / 2;
+    };
+    for (const char *line : {"setButton", "fullScreenButton"}) {
+        EXPECT_TRUE(waitFor([&] { return std::abs(middleOfLine(y(line)) - kMiddle) <= 5; }))
+            << line << ' ' << middleOfLine(y(line));
+    }
 }
 
 } // namespace quorvane

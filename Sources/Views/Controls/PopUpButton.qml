@@ -12,7 +12,9 @@ ComboBox {
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
     font.pixelSize: Theme.bodySize
-    Accessible.onPressAction: popup.open()
+    // Its name is the label beside it, and the bus has no value of a picker.
+    Accessible.description: displayText
+    Accessible.onPressAction: if (enabled) popup.open()
 
     contentItem: Text {
         text: picker.displayText

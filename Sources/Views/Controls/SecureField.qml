@@ -9,6 +9,7 @@ TextField {
     implicitHeight: 32
     leftPadding: 12
     rightPadding: 12
+    horizontalAlignment: TextInput.AlignLeft
     echoMode: TextInput.Password
     inputMethodHints: Qt.ImhHiddenText | Qt.ImhSensitiveData | Qt.ImhNoPredictiveText
     selectByMouse: true

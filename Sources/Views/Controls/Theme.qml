@@ -32,7 +32,7 @@ QtObject {
     readonly property real shadow: dark ? 0.42 : 0.16
 
     // On pictures and on the dark backdrop, whatever the theme.
-    readonly property color backdrop: "#f2101014"
+    readonly property color backdrop: "#101014"
     readonly property color glass: "#b31a1a20"
     readonly property color glassHovered: "#d933333c"
     readonly property color glassRed: "#ff8a8e"

@@ -18,7 +18,7 @@ Item {
     objectName: "album " + albumId
     Accessible.role: Accessible.Button
     Accessible.name: qsTr("%1, %n pictures", "", count).arg(title)
-    Accessible.onPressAction: clicked()
+    Accessible.onPressAction: if (enabled) clicked()
     scale: hover.hovered ? 1.02 : 1
     Behavior on scale { NumberAnimation { duration: Theme.motion; easing.type: Easing.OutCubic } }
 
@@ -37,11 +37,11 @@ Item {
 
         Rectangle {
             anchors.fill: parent
-            anchors.margins: -3
+            // Inside, because the grid cuts off what lies beside its tiles.
             visible: tile.selected
-            radius: 13
+            radius: 10
             color: "transparent"
-            border.width: 2
+            border.width: 3
             border.color: Theme.accent
         }
     }

@@ -20,6 +20,8 @@ Column {
         font.pixelSize: Theme.titleSize
         font.weight: Font.DemiBold
         textFormat: Text.PlainText
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
     Text {
         anchors.horizontalCenter: parent.horizontalCenter
@@ -29,5 +31,7 @@ Column {
         lineHeight: 1.2
         horizontalAlignment: Text.AlignHCenter
         textFormat: Text.PlainText
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 }

@@ -28,7 +28,7 @@ FocusScope {
     objectName: "tile " + url
     Accessible.role: Accessible.Button
     Accessible.name: prompt === "" ? timestamp : prompt + ", " + timestamp
-    Accessible.onPressAction: opened()
+    Accessible.onPressAction: if (enabled) opened()
 
     onHoveringChanged: rowAtTop = hover.point.position.y > picture.height / 2
 
@@ -56,11 +56,11 @@ FocusScope {
 
         Rectangle {
             anchors.fill: parent
-            anchors.margins: -3
+            // Inside, because the grid cuts off what lies beside its tiles.
             visible: tile.selected
-            radius: 13
+            radius: 10
             color: "transparent"
-            border.width: 2
+            border.width: 3
             border.color: Theme.accent
         }
         Rectangle {

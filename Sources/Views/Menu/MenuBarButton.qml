@@ -14,7 +14,7 @@ PushButton {
     visible: model.isNeeded
     symbol: "ellipsis"
     text: qsTr("Menu")
-    tip: button.model.stateLine
+    tip: menu.visible ? "" : button.model.stateLine
     onClicked: menu.popup(button, 0, -menu.height - 6)
 
     MenuPanel {

@@ -11,6 +11,9 @@ FocusScope {
 
     signal fullScreenRequested()
 
+    /// Whether nothing of the gallery is to be seen behind it.
+    readonly property bool coversGallery: model.isOpen && opacity === 1
+
     objectName: "preview"
     visible: opacity > 0
     enabled: model.isOpen
@@ -133,7 +136,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 16
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width - 48
+        width: parent.width - 24
         spacing: 12
 
         Text {
@@ -149,6 +152,8 @@ FocusScope {
             maximumLineCount: 2
             elide: Text.ElideRight
             textFormat: Text.PlainText
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
 
             HoverHandler {
                 id: promptHover
@@ -171,6 +176,25 @@ FocusScope {
                 }
                 return sum;
             }
+
+            /// A flow begins every line at its side; these are to be in the middle.
+            function centerLines() {
+                const shown = [];
+                for (let index = 0; index < children.length; ++index) {
+                    if (children[index].visible) {
+                        shown.push(children[index]);
+                    }
+                }
+                for (const button of shown) {
+                    const line = shown.filter(other => other.y === button.y);
+                    const left = Math.min(...line.map(each => each.x));
+                    const right = Math.max(...line.map(each => each.x + each.width));
+                    const shift = Math.round((width - right - left) / 2);
+                    line.forEach(each => each.x += shift);
+                }
+            }
+
+            onPositioningComplete: centerLines()
 
             CapsuleButton {
                 objectName: "setButton"

@@ -33,6 +33,8 @@ Rectangle {
                 font.pixelSize: Theme.bodySize
                 font.weight: Font.Medium
                 textFormat: Text.PlainText
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
             }
         }
         Rectangle {
@@ -58,6 +60,8 @@ Rectangle {
             color: Theme.overPictureSecondary
             font.pixelSize: Theme.captionSize
             textFormat: Text.PlainText
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
     }
 }

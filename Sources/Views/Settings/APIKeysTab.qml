@@ -78,15 +78,20 @@ Flickable {
                         color: Theme.green
                         font.pixelSize: Theme.captionSize
                         textFormat: Text.PlainText
+                        Accessible.role: Accessible.StaticText
+                        Accessible.name: text
                     }
                 }
                 Text {
                     width: parent.width
+                    horizontalAlignment: Text.AlignLeft
                     text: section.modelData.help
                     color: Theme.secondaryText
                     font.pixelSize: Theme.captionSize
                     wrapMode: Text.Wrap
                     textFormat: Text.PlainText
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                 }
             }
         }

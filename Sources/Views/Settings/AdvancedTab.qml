@@ -33,11 +33,14 @@ Flickable {
             }
             Text {
                 width: parent.width
+                horizontalAlignment: Text.AlignLeft
                 text: qsTr("Auto selects Gemini by default, Grok when NSFW is on.\nPick a specific provider to use it for every generation.")
                 color: Theme.secondaryText
                 font.pixelSize: Theme.captionSize
                 wrapMode: Text.Wrap
                 textFormat: Text.PlainText
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
             }
         }
         FormSection {
@@ -57,11 +60,14 @@ Flickable {
                 Text {
                     objectName: "nativeNote"
                     width: parent.width - 24
+                    horizontalAlignment: Text.AlignLeft
                     text: tab.model.native4KNote
                     color: Theme.secondaryText
                     font.pixelSize: Theme.bodySize
                     wrapMode: Text.Wrap
                     textFormat: Text.PlainText
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                 }
             }
             PickerRow {
@@ -75,11 +81,14 @@ Flickable {
             Text {
                 visible: tab.model.native4KNote === ""
                 width: parent.width
+                horizontalAlignment: Text.AlignLeft
                 text: qsTr("Gemini uses the API (requires key). Local runs RealESRGAN on-device (offline, no API key needed).")
                 color: Theme.secondaryText
                 font.pixelSize: Theme.captionSize
                 wrapMode: Text.Wrap
                 textFormat: Text.PlainText
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
             }
         }
         FormSection {

@@ -2,7 +2,8 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Quorvane.Views
 
-Button {
+/// One of the tabs of a window.
+TabButton {
     id: button
 
     required property string symbol
@@ -14,7 +15,6 @@ Button {
     focusPolicy: Qt.StrongFocus
     font.pixelSize: 11
     font.weight: Font.Medium
-    Accessible.role: Accessible.PageTab
     Accessible.name: text
     Accessible.selected: checked
     Accessible.onPressAction: if (enabled) clicked()

@@ -29,11 +29,14 @@ Column {
             }
             Text {
                 width: parent.width - 22
+                horizontalAlignment: Text.AlignLeft
                 text: qsTr("Missing %1 API key").arg(line.modelData)
                 color: Theme.orange
                 font.pixelSize: Theme.captionSize
                 wrapMode: Text.Wrap
                 textFormat: Text.PlainText
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
             }
         }
     }
@@ -47,5 +50,7 @@ Column {
         color: Theme.secondaryText
         font.pixelSize: Theme.captionSize
         textFormat: Text.PlainText
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 }

@@ -63,6 +63,8 @@ Column {
             color: Theme.secondaryText
             font.pixelSize: Theme.captionSize
             textFormat: Text.PlainText
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
     }
 }

@@ -83,6 +83,8 @@ FocusScope {
                         color: Theme.secondaryText
                         font.pixelSize: Theme.captionSize
                         textFormat: Text.PlainText
+                        Accessible.role: Accessible.StaticText
+                        Accessible.name: text
                     }
                     Text {
                         objectName: "upscaleHint"
@@ -91,6 +93,8 @@ FocusScope {
                         color: Theme.secondaryText
                         font.pixelSize: Theme.captionSize
                         textFormat: Text.PlainText
+                        Accessible.role: Accessible.StaticText
+                        Accessible.name: text
                     }
                 }
             }

@@ -23,6 +23,7 @@ Column {
         Text {
             objectName: "status"
             width: parent.width - 22
+            horizontalAlignment: Text.AlignLeft
             text: line.model.status
             color: Theme.text
             font.pixelSize: Theme.captionSize
@@ -45,5 +46,7 @@ Column {
         color: Theme.secondaryText
         font.pixelSize: Theme.captionSize
         textFormat: Text.PlainText
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 }
