@@ -107,7 +107,8 @@ bool SwaySocket::sendAll(const QByteArray &bytes)
         if (count > 0) {
             done += count;
         } else if (errno != EAGAIN && errno != EINTR) {
-            fail(Tr::tr("sway ended the connection: %1").arg(systemError()));
+            const QString reason = systemError();
+            fail(Tr::tr("sway ended the connection: %1").arg(reason));
             return false;
         }
     }
