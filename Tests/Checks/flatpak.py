@@ -1,5 +1,5 @@
-"""Holds the Flatpak manifest against the rest of the program: one id everywhere, no more rights than those listed here, and
-every library by the sum of its sources.
+"""Holds the Flatpak manifest against the rest of the program: one id everywhere, no more rights than those listed here,
+and every library by the sum of its sources.
 
 flatpak.py MANIFEST DESKTOP-FOLDER. Exit status: 0 all well, 1 something differs, 77 PyYAML is not installed.
 """
