@@ -165,6 +165,13 @@ template <typename Kind> TestedDesktop tested(const RealDesktop::Plan &plan)
     return {plan.name, programs, [plan] { return std::make_unique<Kind>(plan); }};
 }
 
+/// In no folder of programs since Debian 13.
+QString mateSettingsDaemon()
+{
+    const QString name = QStringLiteral("mate-settings-daemon");
+    return firstMissing({name}).isEmpty() ? name : QStringLiteral("/usr/libexec/") + name;
+}
+
 QStringList words(const char *command)
 {
     return QString::fromLatin1(command).split(QLatin1Char(' '));
@@ -259,7 +266,7 @@ const QList<TestedDesktop> &testedDesktops()
                             text("MATE"),
                             text("mate"),
                             text("org.mate.SettingsDaemon"),
-                            {words("mate-settings-daemon")},
+                            {{mateSettingsDaemon()}},
                             {setting("org.mate.background", "show-desktop-icons", "false"),
                              // It would lay the screens out at the same time as the test does.
                              setting("org.mate.SettingsDaemon.plugins.xrandr", "active", "false")},
