@@ -36,8 +36,8 @@ QString systemError()
 
 SwaySocket::SwaySocket(const QString &path, QDeadlineTimer deadline)
     : m_deadline(deadline)
+    , m_descriptor(connectUnixSocket(path, deadline))
 {
-    m_descriptor = connectUnixSocket(path, m_deadline);
     if (m_descriptor < 0) {
         const QString reason = systemError();
         fail(Tr::tr("sway cannot be reached: %1").arg(reason));
