@@ -57,7 +57,8 @@ std::optional<QString> show(DesktopBus &bus, const QString &path, const QList<Sc
     }
     // There is nothing before the desktop's first start has come that far; any other failure comes up again below.
     const QVariantMap now = backdrops(bus).value_or(QVariantMap());
-    const QVariantMap wanted = DesktopPictureXfce::propertiesFor(path, screens, workspaceCount(bus), now);
+    const int workspaces = workspaceCount(bus);
+    const QVariantMap wanted = DesktopPictureXfce::propertiesFor(path, screens, workspaces, now);
     for (auto property = wanted.begin(); property != wanted.end(); ++property) {
         const QVariant value = QVariant::fromValue(QDBusVariant(property.value()));
         if (stop.stop_requested() ||
@@ -70,8 +71,11 @@ std::optional<QString> show(DesktopBus &bus, const QString &path, const QList<Sc
     if (!kept) {
         return bus.error();
     }
+    // At its first start XFCE takes away what older versions have left.
+    const QVariantMap needed = DesktopPictureXfce::propertiesFor(path, screens, workspaces, {});
     for (auto property = wanted.begin(); property != wanted.end(); ++property) {
-        if (kept->value(property.key()) != property.value()) {
+        const bool mayBeGone = !needed.contains(property.key());
+        if (kept->value(property.key(), mayBeGone ? property.value() : QVariant()) != property.value()) {
             return Tr::tr("XFCE did not keep the setting \"%1\"").arg(property.key());
         }
     }
@@ -91,7 +95,6 @@ DesktopPictureXfce::DesktopPictureXfce(QString busAddress, std::function<QList<S
 
 std::optional<QString> DesktopPictureXfce::setPicture(const QString &path, const QList<Screen> &screens)
 {
-    // XFCE watches the file, so the same path with a new picture needs no copy.
     const HandedPicture handed = handedPicture(path, [](const QString &) { return true; });
     if (!handed.error.isEmpty()) {
         return handed.error;
@@ -127,7 +130,9 @@ QVariantMap DesktopPictureXfce::propertiesFor(const QString &path, const QList<S
     QVariantMap wanted;
     for (const QString &place : std::as_const(places)) {
         wanted.insert(place + QLatin1Char('/') + kStyle, kZoomed); // Set before the picture, as the map's order is.
-        wanted.insert(place + pictureEnding, path);
+        // XFCE 4.18 watches the file, 4.20 only the setting. Two slashes at the beginning mean what one does.
+        const QString key = place + pictureEnding;
+        wanted.insert(key, now.value(key) == path ? QLatin1Char('/') + path : path);
     }
     return wanted;
 }

@@ -23,7 +23,7 @@ class DesktopPictureXfce : public DesktopPicture
 
     /// What must be set so that path fills every screen, given everything that is set below "/backdrop" now. workspaces
     /// is how many the window manager has. Names change with XFCE's versions, so what is there counts besides what
-    /// should be.
+    /// should be. A picture that is set already is written in another way, so that it is read anew.
     [[nodiscard]] static QVariantMap propertiesFor(const QString &path, const QList<Screen> &screens, int workspaces,
                                                    const QVariantMap &now);
 

@@ -36,8 +36,8 @@ QString systemError()
 
 SwaySocket::SwaySocket(const QString &path, QDeadlineTimer deadline)
     : m_deadline(deadline)
+    , m_descriptor(connectUnixSocket(path, deadline))
 {
-    m_descriptor = connectUnixSocket(path, m_deadline);
     if (m_descriptor < 0) {
         const QString reason = systemError();
         fail(Tr::tr("sway cannot be reached: %1").arg(reason));
@@ -107,7 +107,8 @@ bool SwaySocket::sendAll(const QByteArray &bytes)
         if (count > 0) {
             done += count;
         } else if (errno != EAGAIN && errno != EINTR) {
-            fail(Tr::tr("sway ended the connection: %1").arg(systemError()));
+            const QString reason = systemError();
+            fail(Tr::tr("sway ended the connection: %1").arg(reason));
             return false;
         }
     }

@@ -40,7 +40,7 @@ class SwaySocket
     void fail(const QString &error);
 
     QDeadlineTimer m_deadline;
-    int m_descriptor = -1;
+    int m_descriptor;
     QString m_error;
 };
 

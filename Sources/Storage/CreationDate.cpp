@@ -11,7 +11,7 @@ namespace quorvane {
 
 QDateTime CreationDate::toDateTime() const
 {
-    return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC).addMSecs(nanoseconds / 1'000'000);
+    return QDateTime::fromSecsSinceEpoch(seconds).toUTC().addMSecs(nanoseconds / 1'000'000);
 }
 
 std::optional<CreationDate> creationDate(const QString &path)

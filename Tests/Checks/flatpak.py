@@ -1,4 +1,5 @@
-"""Holds the Flatpak manifest against the rest of the program: one id everywhere, no more rights than those listed here.
+"""Holds the Flatpak manifest against the rest of the program: one id everywhere, no more rights than those listed here,
+and every library by the sum of its sources.
 
 flatpak.py MANIFEST DESKTOP-FOLDER. Exit status: 0 all well, 1 something differs, 77 PyYAML is not installed.
 """
@@ -39,6 +40,10 @@ def findings(manifest, desktop_folder, file_name):
     for module in modules:
         if not module.get("name") or not module.get("buildsystem") or not module.get("sources"):
             yield f"the module {module.get('name')} has no name, build system or sources"
+        for source in module.get("sources", []):
+            # A tag can be moved, and a file replaced.
+            if source.get("url") and not source.get("sha256") and not source.get("commit"):
+                yield f"{source['url']} is named without its sum or commit"
     if not modules or modules[-1].get("name") != manifest.get("command"):
         yield "the program is not the last module"
 

@@ -64,7 +64,8 @@ class RealDesktop
     [[nodiscard]] virtual QString platform() const = 0;
 
   protected:
-    [[nodiscard]] QStringList namesOnBus() const;
+    /// Waits until somebody on the bus has the name.
+    [[nodiscard]] bool waitForName(const QString &name) const;
 
   private:
     Plan m_plan;

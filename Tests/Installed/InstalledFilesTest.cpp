@@ -47,9 +47,11 @@ TEST_F(InstalledFilesTest, everyFileHasTheSameId)
 TEST_F(InstalledFilesTest, theMetainfoIsValid)
 {
     SKIP_WITHOUT("appstreamcli");
+    // Before version 1.0 it does not know the element for the developer; scripts/lint is stricter where it can be.
     const CommandRun judged =
         runOther(QStringLiteral("appstreamcli"),
                  {QStringLiteral("validate"), QStringLiteral("--strict"), QStringLiteral("--no-net"),
+                  QStringLiteral("--override"), QStringLiteral("unknown-tag=pedantic"),
                   installed(QStringLiteral("share/metainfo/app.quorvane.Quorvane.metainfo.xml"))});
     EXPECT_EQ(judged.status, 0) << judged.output.constData() << judged.errors.constData();
 }

@@ -34,6 +34,18 @@ TEST(DesktopPictureXfce, everyWorkspaceOfEveryScreenAndWhateverIsThereAlreadyGet
     EXPECT_EQ(styles, places);
 }
 
+TEST(DesktopPictureXfce, thePathThatIsSetAlreadyBecomesAnotherTextForTheSameFile)
+{
+    const QList<Screen> screens{{QStringLiteral("DP-1"), QSize(1, 1)}};
+    const QString path = QStringLiteral("/p.png");
+    const QString key = QStringLiteral("/backdrop/screen0/monitorDP-1/workspace0/last-image");
+    const QVariantMap first = DesktopPictureXfce::propertiesFor(path, screens, 1, {});
+    EXPECT_EQ(first.value(key).toString(), path);
+    const QVariantMap second = DesktopPictureXfce::propertiesFor(path, screens, 1, first);
+    EXPECT_EQ(second.value(key).toString(), QStringLiteral("//p.png"));
+    EXPECT_EQ(DesktopPictureXfce::propertiesFor(path, screens, 1, second).value(key).toString(), path);
+}
+
 TEST(DesktopPictureXfce, thereIsOneWorkspaceAtLeast)
 {
     const QList<Screen> screens{{QStringLiteral("DP-1"), QSize(1, 1)}};

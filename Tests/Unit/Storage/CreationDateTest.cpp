@@ -2,6 +2,8 @@
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
 
+#include <QTimeZone>
+
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
@@ -83,8 +85,9 @@ TEST(CreationDate, sortsNewestFirstUndatedLastAndKeepsTheOrderOfEqualOnes)
 TEST(CreationDate, reachesBeyondTheYearsThatNanosecondsInSixtyFourBitsCover)
 {
     EXPECT_EQ((CreationDate{253402300799, 999'999'999}).toDateTime(),
-              QDateTime({9999, 12, 31}, {23, 59, 59, 999}, Qt::UTC));
-    EXPECT_EQ((CreationDate{-1, 500'000'000}).toDateTime(), QDateTime({1969, 12, 31}, {23, 59, 59, 500}, Qt::UTC));
+              QDateTime({9999, 12, 31}, {23, 59, 59, 999}, QTimeZone::utc()));
+    EXPECT_EQ((CreationDate{-1, 500'000'000}).toDateTime(),
+              QDateTime({1969, 12, 31}, {23, 59, 59, 500}, QTimeZone::utc()));
 }
 
 } // namespace quorvane
