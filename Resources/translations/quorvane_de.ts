@@ -905,6 +905,10 @@ mit den Bedienelementen in der Seitenleiste.</translation>
         <source>the application runs already and does not answer</source>
         <translation>das Programm läuft bereits und antwortet nicht</translation>
     </message>
+    <message>
+        <source>the application runs already and can be told nothing without a session bus</source>
+        <translation>die Anwendung läuft schon, und ohne Sitzungsbus kann ihr nichts mitgeteilt werden</translation>
+    </message>
 </context>
 <context>
     <name>ProgressText</name>

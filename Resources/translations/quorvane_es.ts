@@ -904,6 +904,10 @@ con los controles de la barra lateral.</translation>
         <source>the application runs already and does not answer</source>
         <translation>la aplicación ya se está ejecutando y no responde</translation>
     </message>
+    <message>
+        <source>the application runs already and can be told nothing without a session bus</source>
+        <translation>la aplicación ya está en marcha y sin bus de sesión no se le puede comunicar nada</translation>
+    </message>
 </context>
 <context>
     <name>ProgressText</name>

@@ -906,6 +906,10 @@ avec les commandes du panneau latéral.</translation>
         <source>the application runs already and does not answer</source>
         <translation>l’application est déjà lancée et ne répond pas</translation>
     </message>
+    <message>
+        <source>the application runs already and can be told nothing without a session bus</source>
+        <translation>l’application est déjà lancée et, sans bus de session, rien ne peut lui être transmis</translation>
+    </message>
 </context>
 <context>
     <name>ProgressText</name>

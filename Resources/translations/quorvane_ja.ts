@@ -901,6 +901,10 @@ using the sidebar controls.</source>
         <source>the application runs already and does not answer</source>
         <translation>アプリケーションはすでに実行中ですが、応答しません</translation>
     </message>
+    <message>
+        <source>the application runs already and can be told nothing without a session bus</source>
+        <translation>アプリケーションはすでに動作していますが、セッションバスがないため何も伝えられません</translation>
+    </message>
 </context>
 <context>
     <name>ProgressText</name>

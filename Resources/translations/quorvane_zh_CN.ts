@@ -901,6 +901,10 @@ using the sidebar controls.</source>
         <source>the application runs already and does not answer</source>
         <translation>应用程序已在运行，但没有应答</translation>
     </message>
+    <message>
+        <source>the application runs already and can be told nothing without a session bus</source>
+        <translation>应用程序已在运行，但没有会话总线，无法向其传达任何内容</translation>
+    </message>
 </context>
 <context>
     <name>ProgressText</name>

@@ -121,7 +121,11 @@ int runApplication(const CommandLine &line, const SceneUrls &urls)
     InstanceLock lock;
     const Role role = takeRole(control, lock, line);
     if (role != Role::Application) {
-        return role == Role::Done ? kDone : fail(Tr::tr("the application runs already and does not answer"));
+        return role == Role::Done
+                   ? kDone
+                   : fail(line.action && !bus.isConnected()
+                              ? Tr::tr("the application runs already and can be told nothing without a session bus")
+                              : Tr::tr("the application runs already and does not answer"));
     }
     WallpaperApp app(bus, control, urls);
     QObject::connect(&lock, &InstanceLock::activated, &app, &WallpaperApp::openMain);

@@ -82,6 +82,10 @@ TEST_F(ShellInstanceTest, withoutABusALockKeepsItOne)
     // Commands do their work themselves.
     EXPECT_EQ(command({QStringLiteral("settings"), QStringLiteral("intervalMinutes"), QStringLiteral("5")}).status, 0);
     EXPECT_EQ(command({QStringLiteral("quit")}).status, 1);
+    const auto action = start({QStringLiteral("--action"), QStringLiteral("settings")});
+    EXPECT_EQ(action->waitForEnd(), 1);
+    EXPECT_EQ(action->errors(),
+              "quorvane: the application runs already and can be told nothing without a session bus\n");
     first->signal(SIGTERM);
     EXPECT_EQ(first->waitForEnd(), 0);
 }
