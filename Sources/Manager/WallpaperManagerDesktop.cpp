@@ -76,9 +76,7 @@ void WallpaperManager::setupScreenObserver()
 
 void WallpaperManager::setupDesktop()
 {
-    m_services.desktop->asking = [this](const QString &line) {
-        m_mailbox.post([this, line] { report(line, false); });
-    };
+    m_services.desktop->asking = [this](const QString &line) { m_mailbox.post([this, line] { report(line, false); }); };
     // What goes with every program that set it comes back in the same way as after a change of the screens.
     if (m_services.screens != nullptr && !m_currentWallpaperURL.isEmpty()) {
         m_scope.start(renewingWallpaper());
