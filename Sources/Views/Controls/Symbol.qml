@@ -9,7 +9,11 @@ Image {
     /// Whether it points to where the text goes or comes from.
     readonly property bool isDirected: name === "chevron.left" || name === "chevron.right" || name === "arrow.uturn.left"
 
-    source: name === "" ? "" : "image://symbol/" + name + "/" + color
+    /// A function without types is not compiled to C++, which is the point: Qt 6.4's compiled code makes a text of a color
+    /// without holding it, and crashes when the garbage collector comes by at that moment.
+    function address(tint) { return "image://symbol/" + name + "/" + tint; }
+
+    source: name === "" ? "" : address(color)
     sourceSize.width: size
     sourceSize.height: size
     width: size
