@@ -80,8 +80,11 @@ Item {
         font.pixelSize: Theme.captionSize
         textFormat: Text.PlainText
     }
-    Tip {
-        text: tile.title
-        visible: hover.hovered && caption.truncated
+    Loader {
+        active: hover.hovered && caption.truncated
+        sourceComponent: Tip {
+            text: tile.title
+            visible: true
+        }
     }
 }

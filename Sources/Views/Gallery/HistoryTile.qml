@@ -63,22 +63,24 @@ FocusScope {
             border.width: 3
             border.color: Theme.accent
         }
-        Rectangle {
+        Loader {
             anchors.fill: parent
-            visible: tile.isUpscaling
-            radius: 10
-            color: "#99101014"
+            active: tile.isUpscaling
+            sourceComponent: Rectangle {
+                radius: 10
+                color: "#99101014"
 
-            Row {
-                anchors.centerIn: parent
-                spacing: 8
+                Row {
+                    anchors.centerIn: parent
+                    spacing: 8
 
-                Spinner { color: Theme.overPicture }
-                Text {
-                    text: qsTr("Upscaling to 4K...")
-                    color: Theme.overPicture
-                    font.pixelSize: Theme.captionSize
-                    textFormat: Text.PlainText
+                    Spinner { color: Theme.overPicture }
+                    Text {
+                        text: qsTr("Upscaling to 4K...")
+                        color: Theme.overPicture
+                        font.pixelSize: Theme.captionSize
+                        textFormat: Text.PlainText
+                    }
                 }
             }
         }
@@ -97,41 +99,46 @@ FocusScope {
         url: tile.url
         shown: picture
     }
-    IconButton {
-        objectName: "star"
+    // Buttons take longer to make than all the rest of the tile, and few tiles ever show them.
+    Loader {
         anchors.right: picture.right
         anchors.top: picture.top
         anchors.margins: 8
-        size: 28
-        visible: tile.hovering || tile.isFavorite
-        focusPolicy: Qt.NoFocus
-        symbol: tile.isFavorite ? "star.fill" : "star"
-        symbolColor: tile.isFavorite ? Theme.yellow : Theme.overPicture
-        tip: tile.isFavorite ? qsTr("Unfavorite") : qsTr("Favorite")
-        onClicked: tile.favoriteToggled()
+        active: tile.hovering || tile.isFavorite
+        sourceComponent: IconButton {
+            objectName: "star"
+            size: 28
+            focusPolicy: Qt.NoFocus
+            symbol: tile.isFavorite ? "star.fill" : "star"
+            symbolColor: tile.isFavorite ? Theme.yellow : Theme.overPicture
+            tip: tile.isFavorite ? qsTr("Unfavorite") : qsTr("Favorite")
+            onClicked: tile.favoriteToggled()
+        }
     }
-    Row {
+    Loader {
         anchors.left: parent.left
         anchors.leftMargin: 8
         y: tile.rowAtTop ? 8 : picture.height - height - 8
-        spacing: 8
-        visible: tile.hovering
+        active: tile.hovering
+        sourceComponent: Row {
+            spacing: 8
 
-        CapsuleButton {
-            objectName: "apply"
-            focusPolicy: Qt.NoFocus
-            height: 28
-            text: qsTr("Apply")
-            onClicked: tile.applied()
-        }
-        IconButton {
-            objectName: "trash"
-            size: 28
-            focusPolicy: Qt.NoFocus
-            symbol: "trash"
-            symbolColor: Theme.glassRed
-            tip: qsTr("Delete for good, together with its 4K partner")
-            onClicked: tile.deleted()
+            CapsuleButton {
+                objectName: "apply"
+                focusPolicy: Qt.NoFocus
+                height: 28
+                text: qsTr("Apply")
+                onClicked: tile.applied()
+            }
+            IconButton {
+                objectName: "trash"
+                size: 28
+                focusPolicy: Qt.NoFocus
+                symbol: "trash"
+                symbolColor: Theme.glassRed
+                tip: qsTr("Delete for good, together with its 4K partner")
+                onClicked: tile.deleted()
+            }
         }
     }
     Text {
@@ -150,9 +157,12 @@ FocusScope {
         HoverHandler {
             id: captionHover
         }
-        Tip {
-            text: tile.prompt
-            visible: captionHover.hovered && tile.prompt !== ""
+        Loader {
+            active: captionHover.hovered && tile.prompt !== ""
+            sourceComponent: Tip {
+                text: tile.prompt
+                visible: true
+            }
         }
     }
     Text {
