@@ -3,13 +3,13 @@
 #include "Views/Pictures/PictureDecoding.h"
 #include "Views/Pictures/PictureUrl.h"
 
-#include <QMutex>
 #include <QQuickTextureFactory>
 #include <QThread>
 
 #include <algorithm>
 #include <functional>
 #include <memory>
+#include <mutex>
 
 namespace quorvane {
 
@@ -18,7 +18,7 @@ namespace {
 /// What the worker and the response share: either may go first.
 struct Order
 {
-    QMutex mutex;
+    std::mutex mutex;
     QObject *response = nullptr; ///< Null once the response is gone.
     QImage image;
     std::atomic<bool> isCancelled = false;
@@ -34,13 +34,13 @@ class PictureResponse final : public QQuickImageResponse
     }
     ~PictureResponse() override
     {
-        const QMutexLocker lock(&m_order->mutex);
+        const std::lock_guard lock(m_order->mutex);
         m_order->response = nullptr;
     }
 
     [[nodiscard]] QQuickTextureFactory *textureFactory() const override
     {
-        const QMutexLocker lock(&m_order->mutex);
+        const std::lock_guard lock(m_order->mutex);
         return QQuickTextureFactory::textureFactoryForImage(m_order->image);
     }
     void cancel() override { m_order->isCancelled = true; }
@@ -57,7 +57,7 @@ void carryOut(const std::shared_ptr<Order> &order, const std::function<QImage()>
         image = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);
     }
-    const QMutexLocker lock(&order->mutex);
+    const std::lock_guard lock(order->mutex);
     order->image = image;
     if (order->response != nullptr) {
         QMetaObject::invokeMethod(order->response, "finished", Qt::QueuedConnection);

@@ -61,7 +61,7 @@ QImage ThumbnailCache::thumbnail(const QString &path)
         return {};
     }
     {
-        const QMutexLocker lock(&m_mutex);
+        const std::lock_guard lock(m_mutex);
         if (const QImage *kept = m_memory.object(*file)) {
             return *kept;
         }
@@ -81,13 +81,13 @@ QImage ThumbnailCache::thumbnail(const QString &path)
 
 void ThumbnailCache::remember(const QString &key, const QImage &image)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
     m_memory.insert(key, new QImage(image), image.sizeInBytes());
 }
 
 qsizetype ThumbnailCache::bytesInMemory() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
     return m_memory.totalCost();
 }
 

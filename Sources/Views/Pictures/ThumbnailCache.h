@@ -2,9 +2,9 @@
 
 #include <QCache>
 #include <QImage>
-#include <QMutex>
 #include <QString>
 
+#include <mutex>
 #include <optional>
 
 namespace quorvane {
@@ -32,7 +32,7 @@ class ThumbnailCache
   private:
     void remember(const QString &key, const QImage &image);
 
-    mutable QMutex m_mutex;
+    mutable std::mutex m_mutex;
     QCache<QString, QImage> m_memory;
 };
 
