@@ -92,9 +92,11 @@ Item {
     FullScreenViewer {
         model: viewerModel
         screen: view.Window.window?.screen ?? null
-        // A window manager on X11 fills the screen on which it finds the window.
+        // A window manager on X11 fills the screen on which it finds the window, and Qt itself goes by the middle of it.
         x: view.Screen.virtualX
         y: view.Screen.virtualY
+        width: view.Screen.width
+        height: view.Screen.height
         onClosed: view.Window.window.requestActivate()
     }
 }

@@ -702,4 +702,23 @@ TEST_F(SwayWindowTest, theViewerCoversItsScreenAndEscapeGivesTheWindowBack)
     EXPECT_TRUE(escapeUntil([&] { return !tree->find(kButton, QStringLiteral("Full Screen")); }));
 }
 
+TEST_F(SwayWindowTest, theViewerFollowsTheWindowToAnotherScreen)
+{
+    start(sway->clientEnvironment(), "wayland");
+    openPreview();
+    const QColor empty = colorAt("HEADLESS-2", QPoint(300, 200));
+    (void)outputOf(QStringLiteral("swaymsg"),
+                   {QStringLiteral("[title=\".*\"] move container to output HEADLESS-2, focus")},
+                   sway->clientEnvironment());
+    ASSERT_TRUE(waitFor([&] { return colorAt("HEADLESS-2", QPoint(300, 200)) != empty; }));
+    const QImage other = sway->screenshot(QStringLiteral("HEADLESS-1"));
+    press([](const QString &name) { return name == QLatin1String("Full Screen"); });
+    EXPECT_TRUE(waitFor([&] {
+        const QImage screen = sway->screenshot(QStringLiteral("HEADLESS-2"));
+        return screen.pixelColor(300, 20) == QColor(Qt::red) && screen.pixelColor(300, 380) == QColor(Qt::red) &&
+               screen.pixelColor(1, 1) == QColor(Qt::black) && screen.pixelColor(598, 398) == QColor(Qt::black);
+    }));
+    EXPECT_EQ(sway->screenshot(QStringLiteral("HEADLESS-1")), other);
+}
+
 } // namespace quorvane
