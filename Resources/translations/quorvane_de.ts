@@ -1230,6 +1230,14 @@ mit den Bedienelementen in der Seitenleiste.</translation>
         <source>tiles of any size</source>
         <translation>Kacheln beliebiger Größe</translation>
     </message>
+    <message>
+        <source>it keeps weights in other files</source>
+        <translation>es hält Gewichte in anderen Dateien</translation>
+    </message>
+    <message>
+        <source>one file with everything in it</source>
+        <translation>eine Datei, die alles enthält</translation>
+    </message>
 </context>
 <context>
     <name>SwaySocket</name>

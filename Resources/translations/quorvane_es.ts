@@ -1229,6 +1229,14 @@ con los controles de la barra lateral.</translation>
         <source>tiles of any size</source>
         <translation>teselas de cualquier tamaño</translation>
     </message>
+    <message>
+        <source>it keeps weights in other files</source>
+        <translation>guarda pesos en otros archivos</translation>
+    </message>
+    <message>
+        <source>one file with everything in it</source>
+        <translation>un único archivo que lo contenga todo</translation>
+    </message>
 </context>
 <context>
     <name>SwaySocket</name>

@@ -1231,6 +1231,14 @@ avec les commandes du panneau latéral.</translation>
         <source>tiles of any size</source>
         <translation>tuiles de toute taille</translation>
     </message>
+    <message>
+        <source>it keeps weights in other files</source>
+        <translation>il garde des poids dans d’autres fichiers</translation>
+    </message>
+    <message>
+        <source>one file with everything in it</source>
+        <translation>un seul fichier qui contient tout</translation>
+    </message>
 </context>
 <context>
     <name>SwaySocket</name>

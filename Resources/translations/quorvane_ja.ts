@@ -1222,6 +1222,14 @@ using the sidebar controls.</source>
         <source>tiles of any size</source>
         <translation>任意の大きさのタイル</translation>
     </message>
+    <message>
+        <source>it keeps weights in other files</source>
+        <translation>重みが別のファイルにあります</translation>
+    </message>
+    <message>
+        <source>one file with everything in it</source>
+        <translation>すべてを含む一つのファイル</translation>
+    </message>
 </context>
 <context>
     <name>SwaySocket</name>

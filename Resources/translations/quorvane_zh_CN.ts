@@ -1222,6 +1222,14 @@ using the sidebar controls.</source>
         <source>tiles of any size</source>
         <translation>任意大小的图块</translation>
     </message>
+    <message>
+        <source>it keeps weights in other files</source>
+        <translation>它将权重保存在其他文件中</translation>
+    </message>
+    <message>
+        <source>one file with everything in it</source>
+        <translation>一个包含全部内容的文件</translation>
+    </message>
 </context>
 <context>
     <name>SwaySocket</name>

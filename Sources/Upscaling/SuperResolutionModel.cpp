@@ -103,6 +103,12 @@ QByteArray contentOf(const QString &path)
         refuse(Tr::tr("its file has %1 bytes").arg(file.size()),
                Tr::tr("an ONNX file of at most %1").arg(kLargestFile));
     }
+    // Weights in other files are named by entries with this key; some versions of the engine would read any file so
+    // named.
+    static const QByteArray kOtherFile("\x0a\x08location");
+    if (content.contains(kOtherFile)) {
+        refuse(Tr::tr("it keeps weights in other files"), Tr::tr("one file with everything in it"));
+    }
     return content;
 }
 
@@ -171,8 +177,6 @@ Ort::SessionOptions optionsFor(int threads, const QString &provider)
     options.AddConfigEntry(kOrtSessionOptionsConfigUseEnvAllocators, "1");
     options.DisableMemPattern(); // One block for everything would hold what is needed one after another.
     options.AddConfigEntry(kOrtSessionOptionsConfigLoadModelFormat, "ONNX");
-    // Weights in other files are looked for below a folder that cannot be there.
-    options.AddConfigEntry(kOrtSessionOptionsModelExternalInitializersFileFolderPath, "/dev/null/none");
     // Waiting threads sleep instead of turning in circles: the desktop needs the cores.
     options.AddConfigEntry(kOrtSessionOptionsConfigAllowIntraOpSpinning, "0");
     prefer(provider, options);

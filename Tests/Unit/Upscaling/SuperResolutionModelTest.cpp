@@ -101,8 +101,10 @@ TEST(SuperResolutionModel, aFileThatReadsOtherFilesIsRefused)
         ASSERT_TRUE(weights.open(QIODevice::WriteOnly));
         weights.write(QByteArray(36, '\0'));
     }
-    EXPECT_NE(text(loadError(userModelPath())), "");
-    EXPECT_NE(text(loadError(modelFile("foreign-weights"))), "");
+    const std::string refusal = "The model does not fit: it keeps weights in other files; needed is one file with "
+                                "everything in it";
+    EXPECT_EQ(text(loadError(userModelPath())), refusal);
+    EXPECT_EQ(text(loadError(modelFile("foreign-weights"))), refusal);
     QDir::setCurrent(before);
 }
 
