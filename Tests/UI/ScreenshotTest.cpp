@@ -3,10 +3,12 @@
 // QUORVANE_UPDATE_PICTURES=1 the small ones in Tests/Data/windows are made anew.
 
 #include "Manager/SettingsKeys.h"
+#include "Platform/Worker.h"
 #include "Support/SpokenLanguage.h"
 #include "UI/ViewFixture.h"
 
 #include <QFontInfo>
+#include <QPromise>
 
 namespace quorvane {
 
@@ -134,6 +136,16 @@ class Screenshot : public ViewTest
 
     void takeAll(const QString &theme)
     {
+        QPromise<void> ends;
+        ends.start();
+        localUpscale = [&ends](QByteArray image, std::stop_token,
+                               std::function<void(UpscaleProgress)> progress) -> QCoro::Task<UpscaledImage> {
+            progress({3, 12, std::chrono::seconds(90)});
+            QFuture<void> end = ends.future();
+            co_await EndOf(std::move(end));
+            co_return UpscaledImage{image, QStringLiteral("png")};
+        };
+        store(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
         start();
         manager->toggleFavorite(manager->history().value(1));
         manager->toggleFavorite(manager->history().value(4));
@@ -152,7 +164,8 @@ class Screenshot : public ViewTest
         hover(middleOf(find(QStringLiteral("imageGrid"))) - QPoint(150, 150));
         settle();
         take(theme + QStringLiteral("-album"));
-        const QString path = manager->history().first();
+        // One that is not enlarged yet, although this may be the second round.
+        const QString path = manager->history().at(2);
         ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("tile ") + path); }));
         QTest::mouseClick(window, Qt::RightButton, {}, middleOf(find(QStringLiteral("tile ") + path)));
         settle();
@@ -161,6 +174,17 @@ class Screenshot : public ViewTest
         click(QStringLiteral("tile ") + path);
         settle();
         take(theme + QStringLiteral("-preview"));
+        click(QStringLiteral("upscaleButton"));
+        settle();
+        take(theme + QStringLiteral("-preview-upscaling"));
+        QTest::keyClick(window, Qt::Key_Escape);
+        settle();
+        take(theme + QStringLiteral("-album-upscaling"));
+        click(QStringLiteral("tile ") + path);
+        ends.finish();
+        manager->waitUntilIdle();
+        settle();
+        take(theme + QStringLiteral("-preview-upscaled"));
         QTest::keyClick(window, Qt::Key_Escape);
         open(QStringLiteral("SettingsWindow"));
         settle();
