@@ -64,6 +64,9 @@ TEST_F(ShellMenuTest, generateNowWorksOnceThereIsAPromptAndAKey)
     }));
     EXPECT_EQ(service.requests().size(), 1);
     EXPECT_TRUE(QFile::exists(property(QStringLiteral("CurrentWallpaper")).toString()));
+    EXPECT_TRUE(menuProperty(MenuItem::GenerateNow, kEnabled).toBool());
+    ASSERT_EQ(command({QStringLiteral("settings"), QStringLiteral("lastPrompt"), QString()}).status, 0);
+    EXPECT_FALSE(menuProperty(MenuItem::GenerateNow, kEnabled).toBool());
 }
 
 TEST_F(ShellMenuTest, openWindowTwiceOpensOneAndTheQuitCommandOnlyClosesIt)

@@ -555,7 +555,9 @@ TEST_F(X11ViewerTest, itCoversTheScreenAndEscapeGivesTheWindowBack)
     start(server->clientEnvironment(), "xcb");
     openViewer();
     EXPECT_TRUE(waitFor([&] { return activeTitle() == "Quorvane"; }));
+    EXPECT_TRUE(waitFor([&] { return !isPointerSeen(); }));
     act({QStringLiteral("key"), QStringLiteral("Escape")});
+    EXPECT_TRUE(waitFor([&] { return isPointerSeen(); }));
     expectWindowBack();
 }
 

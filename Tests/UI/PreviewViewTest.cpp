@@ -28,6 +28,25 @@ class PreviewView : public ViewTest
     [[nodiscard]] bool canGo(const char *side) const { return find(QLatin1String(side))->isEnabled(); }
 };
 
+TEST_F(PreviewView, itStepsThroughTheAlbumAndNothingElse)
+{
+    (void)putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
+    const QString hill = putPainting(QStringLiteral("two.png"), QStringLiteral("a hill"));
+    (void)putPainting(QStringLiteral("three.png"), QStringLiteral("a sea"));
+    start();
+    open();
+    click(QStringLiteral("album a hill"));
+    click(QStringLiteral("tile ") + hill);
+    ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("preview")); }));
+    EXPECT_FALSE(canGo("leftButton"));
+    EXPECT_FALSE(canGo("rightButton"));
+    QTest::keyClick(window, Qt::Key_Right);
+    QTest::keyClick(window, Qt::Key_Left);
+    click(QStringLiteral("setButton"));
+    manager->waitUntilIdle();
+    EXPECT_EQ(desktop.shown(), QStringList{hill});
+}
+
 TEST_F(PreviewView, arrowsStepThroughTheListAndStopAtItsEnds)
 {
     openFirst();

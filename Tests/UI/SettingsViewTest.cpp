@@ -33,7 +33,10 @@ TEST_F(SettingsView, aKeyIsSavedUpdatedAndRemovedWithoutTouchingTheOthers)
     click(QStringLiteral("geminiField"));
     type(QStringLiteral("KEY"));
     EXPECT_EQ(label("geminiSave"), QStringLiteral("Save"));
+    EXPECT_FALSE(isSeen(QStringLiteral("geminiSaved")));
     click(QStringLiteral("geminiSave"));
+    EXPECT_TRUE(isSeen(QStringLiteral("geminiSaved")));
+    EXPECT_EQ(label("geminiSaved"), QStringLiteral("Saved in Keychain"));
     EXPECT_EQ(Keychain::load(QStringLiteral("gemini")), QStringLiteral("KEY"));
     EXPECT_EQ(label("geminiSave"), QStringLiteral("Update"));
     click(QStringLiteral("geminiTrash"));
@@ -41,6 +44,9 @@ TEST_F(SettingsView, aKeyIsSavedUpdatedAndRemovedWithoutTouchingTheOthers)
     EXPECT_EQ(Keychain::load(QStringLiteral("openai")), QStringLiteral("OTHER"));
     EXPECT_EQ(label("geminiField"), QString());
     EXPECT_EQ(label("geminiSave"), QStringLiteral("Save"));
+    EXPECT_FALSE(isSeen(QStringLiteral("geminiSaved")));
+    EXPECT_FALSE(isSeen(QStringLiteral("geminiTrash")));
+    EXPECT_FALSE(find(QStringLiteral("geminiSave"))->isEnabled());
 }
 
 TEST_F(SettingsView, returnStoresTheKeyAndLeavesTheRowAsItWas)
@@ -83,6 +89,14 @@ TEST_F(SettingsView, theUpscaleMethodGivesWayToANoteWhereTheServiceMakes4KItself
     manager->setProviderOverride(QStringLiteral("grok"));
     EXPECT_FALSE(isSeen(QStringLiteral("nativeNote")));
     EXPECT_TRUE(isSeen(QStringLiteral("upscaleMethodRow")));
+}
+
+TEST_F(SettingsView, aStoredModelThatIsNoLongerOfferedShowsAsTheFirst)
+{
+    store(QStringLiteral("selectedModel_openai"), QStringLiteral("gone"));
+    openSettings();
+    click(QStringLiteral("advancedTab"));
+    EXPECT_EQ(find(QStringLiteral("openaiModelRow"))->property("chosen"), 0);
 }
 
 } // namespace quorvane

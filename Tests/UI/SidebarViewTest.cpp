@@ -16,6 +16,10 @@ class SidebarView : public ViewTest
         start();
         ASSERT_NE(open(), nullptr);
     }
+    [[nodiscard]] QColor symbolColor() const
+    {
+        return find(QStringLiteral("statusSymbol"))->property("color").value<QColor>();
+    }
 };
 
 TEST_F(SidebarView, whatIsTypedBecomesThePromptAndEnablesTheButton)
@@ -43,7 +47,56 @@ TEST_F(SidebarView, theButtonMakesAPictureAndTheStatusSaysSo)
     EXPECT_TRUE(isSeen(QStringLiteral("status")));
     EXPECT_EQ(textOf(find(QStringLiteral("status"))), QStringLiteral("Wallpaper set!"));
     EXPECT_EQ(find(QStringLiteral("statusSymbol"))->property("name"), QStringLiteral("checkmark.circle.fill"));
+    EXPECT_GT(symbolColor().green(), symbolColor().red());
     EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("album a lake")); }));
+}
+
+TEST_F(SidebarView, aFailureLeavesARedTriangleWithWhatWentWrong)
+{
+    openWith({QStringLiteral("gemini")});
+    service.setMisbehaviour(Misbehaviour(Misbehaviour::Kind::ErrorObject));
+    click(QStringLiteral("promptEditor"));
+    type(QStringLiteral("a lake"));
+    click(QStringLiteral("generateButton"));
+    manager->waitUntilIdle();
+    EXPECT_TRUE(manager->isError());
+    EXPECT_NE(manager->status(), QString());
+    EXPECT_EQ(textOf(find(QStringLiteral("status"))), manager->status());
+    EXPECT_EQ(find(QStringLiteral("statusSymbol"))->property("name"), QStringLiteral("exclamationmark.triangle.fill"));
+    EXPECT_GT(symbolColor().red(), symbolColor().green());
+}
+
+TEST_F(SidebarView, anEmptiedPromptDisablesTheButtonAndTheMenusLine)
+{
+    openWith({QStringLiteral("gemini")});
+    window->setProperty("trayShown", false);
+    const auto menuLine = [this] {
+        click(QStringLiteral("menuButton"));
+        EXPECT_TRUE(waitFor([&] { return isReachable(QStringLiteral("menuAuto")); }));
+        const bool isEnabled = find(QStringLiteral("menuGenerate"))->isEnabled();
+        QTest::keyClick(window, Qt::Key_Escape);
+        EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("menuAuto")); }));
+        return isEnabled;
+    };
+    click(QStringLiteral("promptEditor"));
+    type(QStringLiteral("a"));
+    EXPECT_TRUE(waitFor([&] { return find(QStringLiteral("generateButton"))->isEnabled(); }));
+    EXPECT_TRUE(menuLine());
+    click(QStringLiteral("promptEditor"));
+    QTest::keyClick(window, Qt::Key_Backspace);
+    EXPECT_EQ(manager->prompt(), QString());
+    EXPECT_FALSE(find(QStringLiteral("generateButton"))->isEnabled());
+    EXPECT_FALSE(menuLine());
+}
+
+TEST_F(SidebarView, theHintTellsWhatEnlargesWhereTheServiceDoesNot)
+{
+    openWith({QStringLiteral("gemini"), QStringLiteral("grok")});
+    manager->setFourKEnabled(true);
+    EXPECT_FALSE(isSeen(QStringLiteral("upscaleHint")));
+    manager->setProviderOverride(QStringLiteral("grok"));
+    EXPECT_EQ(textOf(find(QStringLiteral("upscaleHint"))), QStringLiteral("+ Gemini 4K"));
+    EXPECT_TRUE(isSeen(QStringLiteral("upscaleHint")));
 }
 
 TEST_F(SidebarView, controlAndEnterGenerateFromTheEditor)

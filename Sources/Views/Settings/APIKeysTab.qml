@@ -74,6 +74,7 @@ Flickable {
                         color: Theme.green
                     }
                     Text {
+                        objectName: section.modelData.providerId + "Saved"
                         text: qsTr("Saved in Keychain")
                         color: Theme.green
                         font.pixelSize: Theme.captionSize

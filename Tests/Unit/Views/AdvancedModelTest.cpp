@@ -25,6 +25,8 @@ TEST_F(AdvancedModelTest, anUnknownModelShowsTheFirstAndIsNotOverwritten)
 {
     store(SettingsKeys::selectedModel(QStringLiteral("openai")), QStringLiteral("gone"));
     attach().loadModels();
+    EXPECT_EQ(picker(0)->label, QStringLiteral("Gemini Model"));
+    EXPECT_EQ(picker(1)->label, QStringLiteral("Grok Model"));
     EXPECT_EQ(picker(2)->label, QStringLiteral("OpenAI Model"));
     EXPECT_EQ(picker(2)->index(), 0);
     EXPECT_EQ(defaults->text(SettingsKeys::selectedModel(QStringLiteral("openai"))), QStringLiteral("gone"));
