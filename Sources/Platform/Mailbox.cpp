@@ -46,10 +46,11 @@ void Mailbox::post(std::function<void()> call)
 bool Mailbox::event(QEvent *event)
 {
     ThreadHandover::taking(event);
-    if (event->type() != kLetter) {
+    auto *letter = dynamic_cast<Letter *>(event);
+    if (letter == nullptr) {
         return QObject::event(event);
     }
-    static_cast<Letter *>(event)->open();
+    letter->open();
     return true;
 }
 

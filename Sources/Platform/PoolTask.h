@@ -29,7 +29,7 @@ template <typename Work> class PoolTask final : public QRunnable
     void run() override
     {
         ThreadHandover::taking(this);
-        (*m_work)();
+        (*m_work)();    // NOLINT(bugprone-unchecked-optional-access): a pool runs a task once.
         m_work.reset(); // What it holds goes on this thread, before the other one is told.
         m_promise.finish();
     }

@@ -23,6 +23,7 @@ class EndOf
     {
     }
 
+    // NOLINTBEGIN(readability-identifier-naming): the language's names.
     [[nodiscard]] static constexpr bool await_ready() noexcept { return false; }
     void await_suspend(std::coroutine_handle<> waiting)
     {
@@ -34,6 +35,7 @@ class EndOf
         watcher.release()->setFuture(m_future);
     }
     static constexpr void await_resume() noexcept {}
+    // NOLINTEND(readability-identifier-naming)
 
   private:
     QFuture<void> m_future;

@@ -14,8 +14,8 @@ namespace quorvane {
 
 namespace {
 
-constexpr qsizetype kPortion = 256 * 1024;
-constexpr qint64 kLargestBacklog = 1024 * 1024;
+constexpr qsizetype kPortion = qsizetype(256) * 1024;
+constexpr qint64 kLargestBacklog = qint64(1024) * 1024;
 
 /// Makes the picture and puts it into an answer; takes seconds, so it runs on the pool.
 WireScript pictureScript(const Misbehaviour &misbehaviour, const PictureOrder &order,
