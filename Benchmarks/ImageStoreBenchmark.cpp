@@ -1,8 +1,8 @@
 #include "Manager/WallpaperManager.h"
-#include "Platform/DesktopPicture.h"
-#include "Platform/HttpClient.h"
-#include "Platform/SecretStore.h"
-#include "Platform/UserDefaults.h"
+#include "Platform/Desktops/Choice/DesktopPictureOfSession.h"
+#include "Platform/Network/HttpClient.h"
+#include "Platform/Secrets/SecretStore.h"
+#include "Platform/Files/UserDefaults.h"
 #include "Storage/ImageStore.h"
 #include "Storage/SideFile.h"
 

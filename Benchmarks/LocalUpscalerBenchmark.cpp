@@ -1,8 +1,8 @@
-#include "Platform/BackgroundThread.h"
-#include "Upscaling/ImageDecoding.h"
+#include "Platform/Threads/BackgroundThread.h"
+#include "Upscaling/Image/ImageDecoding.h"
 #include "Upscaling/LocalUpscaler.h"
-#include "Upscaling/SuperResolutionModel.h"
-#include "Upscaling/TilePixels.h"
+#include "Upscaling/Network/SuperResolutionModel.h"
+#include "Upscaling/Image/TilePixels.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -2,7 +2,7 @@
 // Quick window of the same size: in the same session, one after the other. The session is a headless sway with a bus
 // of its own; a window counts as shown when sway has its first frame.
 
-#include "Platform/GraphicsProcessor.h"
+#include "Platform/System/GraphicsProcessor.h"
 #include "Support/PrivateSway.h"
 #include "Support/ProcessMemory.h"
 #include "Support/WaitFor.h"

@@ -5,7 +5,7 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network DBus LinguistTools Qml
 find_package(QCoro6 0.8 REQUIRED COMPONENTS Core Network)
 find_package(Qt6Keychain REQUIRED)
 find_package(PkgConfig REQUIRED)
-pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb xcb-randr xcb-image)
+pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb xcb-randr)
 pkg_check_modules(wayland REQUIRED IMPORTED_TARGET wayland-client)
 find_program(WAYLAND_SCANNER wayland-scanner REQUIRED)
 pkg_check_modules(gio REQUIRED IMPORTED_TARGET gio-2.0)

@@ -528,7 +528,7 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
-    <name>EngineMemory</name>
+    <name>BoundedAllocator</name>
     <message>
         <source>The model needs more than %1 MB of memory</source>
         <translation>Das Modell braucht mehr als %1 MB Speicher</translation>

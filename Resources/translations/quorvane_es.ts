@@ -527,7 +527,7 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
-    <name>EngineMemory</name>
+    <name>BoundedAllocator</name>
     <message>
         <source>The model needs more than %1 MB of memory</source>
         <translation>El modelo necesita más de %1 MB de memoria</translation>

@@ -529,7 +529,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
-    <name>EngineMemory</name>
+    <name>BoundedAllocator</name>
     <message>
         <source>The model needs more than %1 MB of memory</source>
         <translation>Le modèle a besoin de plus de %1 Mo de mémoire</translation>

@@ -525,7 +525,7 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
-    <name>EngineMemory</name>
+    <name>BoundedAllocator</name>
     <message>
         <source>The model needs more than %1 MB of memory</source>
         <translation>モデルには%1 MBを超えるメモリが必要です</translation>

@@ -525,7 +525,7 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
-    <name>EngineMemory</name>
+    <name>BoundedAllocator</name>
     <message>
         <source>The model needs more than %1 MB of memory</source>
         <translation>模型需要超过 %1 MB 内存</translation>

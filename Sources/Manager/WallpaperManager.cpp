@@ -3,12 +3,12 @@
 #include "Manager/WallpaperManager.h"
 
 #include "Manager/SettingsKeys.h"
-#include "Platform/Clock.h"
-#include "Platform/DesktopPicture.h"
-#include "Platform/HttpClient.h"
-#include "Platform/SecretStore.h"
-#include "Platform/UserDefaults.h"
-#include "Platform/Worker.h"
+#include "Platform/System/Clock.h"
+#include "Platform/Desktops/DesktopPicture.h"
+#include "Platform/Network/HttpClient.h"
+#include "Platform/Secrets/SecretStore.h"
+#include "Platform/Files/UserDefaults.h"
+#include "Platform/Threads/Worker.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Manager/Album.h"
-#include "Platform/Mailbox.h"
-#include "Platform/TaskScope.h"
+#include "Platform/Threads/Mailbox.h"
+#include "Platform/Threads/TaskScope.h"
 #include "Providers/ImageProvider.h"
 #include "Upscaling/LocalUpscaler.h"
 

@@ -2,9 +2,9 @@
 // thread of its own, and the status follows when it has answered.
 
 #include "Manager/WallpaperManager.h"
-#include "Platform/DesktopPicture.h"
-#include "Platform/Screens.h"
-#include "Platform/Worker.h"
+#include "Platform/Desktops/DesktopPicture.h"
+#include "Platform/System/Screens.h"
+#include "Platform/Threads/Worker.h"
 
 #include <QFileInfo>
 

@@ -2,7 +2,7 @@
 
 #include "Manager/FileNames.h"
 #include "Manager/WallpaperManager.h"
-#include "Platform/Worker.h"
+#include "Platform/Threads/Worker.h"
 #include "Providers/ServiceRequest.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"

@@ -1,7 +1,7 @@
 // The library as the gallery shows it.
 
 #include "Manager/WallpaperManager.h"
-#include "Platform/Worker.h"
+#include "Platform/Threads/Worker.h"
 #include "Storage/CreationDate.h"
 #include "Storage/ImageStore.h"
 #include "Storage/SideFile.h"

@@ -1,7 +1,7 @@
 // A 4K copy of a picture that is in the library already.
 
 #include "Manager/WallpaperManager.h"
-#include "Platform/Worker.h"
+#include "Platform/Threads/Worker.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
 #include "Storage/SideFile.h"

@@ -1,6 +1,6 @@
 #include "Providers/ServiceRequest.h"
 
-#include "Platform/Worker.h"
+#include "Platform/Threads/Worker.h"
 #include "Providers/AnswerDocument.h"
 #include "Providers/Base64.h"
 #include "Providers/ProviderError.h"

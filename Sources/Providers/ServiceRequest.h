@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/HttpClient.h"
+#include "Platform/Network/HttpClient.h"
 #include "Providers/ImageProvider.h"
 
 #include <QCoreApplication>

@@ -1,8 +1,8 @@
 #include "Storage/ImageStore.h"
 
-#include "Platform/AtomicFile.h"
-#include "Platform/FolderLock.h"
-#include "Platform/Paths.h"
+#include "Platform/Files/AtomicFile.h"
+#include "Platform/Files/FolderLock.h"
+#include "Platform/Files/Paths.h"
 #include "Storage/CreationDate.h"
 #include "Storage/SideFile.h"
 

@@ -1,6 +1,6 @@
 #include "Storage/LegacyKeys.h"
 
-#include "Platform/SecretStore.h"
+#include "Platform/Secrets/SecretStore.h"
 #include "Storage/Keychain.h"
 
 #include <QStringDecoder>

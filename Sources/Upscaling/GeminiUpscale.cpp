@@ -1,6 +1,6 @@
 #include "Upscaling/GeminiUpscale.h"
 
-#include "Platform/Worker.h"
+#include "Platform/Threads/Worker.h"
 
 #include <QCoreApplication>
 #include <QJsonArray>

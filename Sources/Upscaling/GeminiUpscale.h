@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Providers/ServiceRequest.h"
-#include "Upscaling/UpscaledImage.h"
+#include "Upscaling/Image/UpscaledImage.h"
 
 namespace quorvane {
 

@@ -1,17 +1,17 @@
 #include "Upscaling/LocalUpscaler.h"
 
-#include "Platform/BackgroundThread.h"
-#include "Platform/Mailbox.h"
-#include "Platform/Worker.h"
+#include "Platform/Threads/BackgroundThread.h"
+#include "Platform/Threads/Mailbox.h"
+#include "Platform/Threads/Worker.h"
 #include "Providers/ProviderError.h"
-#include "Upscaling/FindCard.h"
-#include "Upscaling/ImageDecoding.h"
-#include "Upscaling/ModelFiles.h"
-#include "Upscaling/SuperResolutionModel.h"
-#include "Upscaling/TileGrid.h"
-#include "Upscaling/TilePixels.h"
-#include "Upscaling/UpscaleErrors.h"
-#include "Upscaling/UpscaledCanvas.h"
+#include "Upscaling/Gpu/FindGpu.h"
+#include "Upscaling/Image/ImageDecoding.h"
+#include "Upscaling/Network/ModelFiles.h"
+#include "Upscaling/Network/SuperResolutionModel.h"
+#include "Upscaling/Image/TileGrid.h"
+#include "Upscaling/Image/TilePixels.h"
+#include "Upscaling/Image/UpscaleErrors.h"
+#include "Upscaling/Image/UpscaledCanvas.h"
 
 #include <QColorSpace>
 #include <QCoreApplication>
@@ -44,7 +44,7 @@ QImage cropTile(const QImage &image, const TileGrid &grid, int tx, int ty)
     return padImageToTile(part, TileGrid::kTileEdge, TileGrid::kTileEdge);
 }
 
-QImage onProcessor(const QImage &tile, int tilesLeft, SuperResolutionModel &model, GraphicsCard &card,
+QImage onProcessor(const QImage &tile, int tilesLeft, SuperResolutionModel &model, Gpu &card,
                    const std::stop_token &stop)
 {
     QElapsedTimer timer;
@@ -109,7 +109,7 @@ QCoro::Task<UpscaledImage> localUpscaleImage(QByteArray encoded, std::stop_token
         if (image.isNull()) {
             throw ProviderError::invalidResponse(Tr::tr("Failed to decode image for upscaling"));
         }
-        options.card = findCard();
+        options.card = findGpu();
         return tileUpscaleImage(image, options);
     };
     QByteArray png = co_await onWorker(&ownThread, std::move(work));
@@ -123,17 +123,17 @@ QByteArray tileUpscaleImage(const QImage &image, const TileUpscaleOptions &optio
         throw missingModel();
     }
     SuperResolutionModel model(*path, options.threads);
-    GraphicsCard card(options.card, *path, options.stop);
+    Gpu card(options.card, *path, options.stop);
     return tileUpscaleWithModel(image, model, card, options);
 }
 
 QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model, const TileUpscaleOptions &options)
 {
-    GraphicsCard none({}, {}, {});
+    Gpu none({}, {}, {});
     return tileUpscaleWithModel(image, model, none, options);
 }
 
-QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model, GraphicsCard &card,
+QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model, Gpu &card,
                                 const TileUpscaleOptions &options)
 {
     const TileGrid grid(image.size());

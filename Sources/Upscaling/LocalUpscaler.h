@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Upscaling/GraphicsCard.h"
-#include "Upscaling/UpscaledImage.h"
+#include "Upscaling/Gpu/Gpu.h"
+#include "Upscaling/Image/UpscaledImage.h"
 
 #include <QCoroTask>
 #include <QImage>
@@ -43,7 +43,7 @@ struct TileUpscaleOptions
     int threads = 1;
     std::stop_token stop = {};
     std::function<void(UpscaleProgress)> onProgress = {}; ///< Called on the thread that upscales.
-    std::optional<CardProgram> card = {};                 ///< To be tried beside the processor.
+    std::optional<GpuProgram> card = {};                 ///< To be tried beside the processor.
 };
 
 /// Finds and loads the network, then as tileUpscaleWithModel(). Nothing is kept between calls.
@@ -52,7 +52,7 @@ struct TileUpscaleOptions
 /// image as decodeImage() gives it to a PNG, tile by tile in reading order. The canvas is written while it grows, so
 /// memory follows the row of tiles and not the picture. options.threads and options.card are the others' matter; the
 /// one without a card computes on the processor alone.
-[[nodiscard]] QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model, GraphicsCard &card,
+[[nodiscard]] QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model, Gpu &card,
                                               const TileUpscaleOptions &options);
 [[nodiscard]] QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model,
                                               const TileUpscaleOptions &options);

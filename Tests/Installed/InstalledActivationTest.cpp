@@ -2,7 +2,7 @@
 
 #include "InstalledTree.h"
 
-#include "App/ControlCalls.h"
+#include "App/Control/ControlCalls.h"
 #include "Support/Files.h"
 #include "Support/PrivateXServer.h"
 #include "Support/WaitFor.h"

@@ -2,7 +2,7 @@
 
 #include "InstalledTree.h"
 
-#include "App/CommandLine.h"
+#include "App/Command/CommandLine.h"
 #include "Support/Files.h"
 
 #include <QImageReader>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Desktop/KeyringSession.h"
+#include "Desktop/Keyring/KeyringSession.h"
 #include "Support/CommandRun.h"
 
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 // HTTP/2 as services speak it: a real HTTP/2 server in front of the demonstration service.
 
-#include "Platform/HttpClient.h"
-#include "Platform/TaskScope.h"
+#include "Platform/Network/HttpClient.h"
+#include "Platform/Threads/TaskScope.h"
 #include "Support/OwnedProgram.h"
 #include "Support/TestCertificates.h"
 #include "Support/WaitFor.h"

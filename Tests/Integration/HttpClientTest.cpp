@@ -1,7 +1,7 @@
 // Our HTTP client against a server of our own on loopback that behaves badly in every way it knows.
 
-#include "Platform/HttpClient.h"
-#include "Platform/TaskScope.h"
+#include "Platform/Network/HttpClient.h"
+#include "Platform/Threads/TaskScope.h"
 #include "Support/TestCertificates.h"
 #include "Support/WaitFor.h"
 #include "demo-service/DemoService.h"

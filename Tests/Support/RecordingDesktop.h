@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/DesktopPicture.h"
-#include "Platform/SecretStore.h"
+#include "Platform/Desktops/DesktopPicture.h"
+#include "Platform/Secrets/SecretStore.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/Translations.h"
+#include "App/Application/Translations.h"
 
 #include <QCoreApplication>
 #include <QTranslator>

@@ -3,7 +3,7 @@
 // QUORVANE_UPDATE_PICTURES=1 the small ones in Tests/Data/windows are made anew.
 
 #include "Manager/SettingsKeys.h"
-#include "Platform/Worker.h"
+#include "Platform/Threads/Worker.h"
 #include "Support/SpokenLanguage.h"
 #include "UI/ViewFixture.h"
 

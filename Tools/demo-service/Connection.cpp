@@ -1,6 +1,6 @@
 #include "demo-service/Connection.h"
 
-#include "Platform/PoolTask.h"
+#include "Platform/Threads/PoolTask.h"
 #include "demo-service/PictureEncoding.h"
 
 #include <QSslSocket>

@@ -1,6 +1,6 @@
 #include "demo-service/DemoService.h"
 
-#include "Platform/Mailbox.h"
+#include "Platform/Threads/Mailbox.h"
 #include "demo-service/Listener.h"
 #include "demo-service/Painter/Painter.h"
 

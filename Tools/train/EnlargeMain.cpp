@@ -2,8 +2,8 @@
 // Prints the seconds a tile took. The evaluation of a network calls this.
 
 #include "Upscaling/LocalUpscaler.h"
-#include "Upscaling/SuperResolutionModel.h"
-#include "Upscaling/TileGrid.h"
+#include "Upscaling/Network/SuperResolutionModel.h"
+#include "Upscaling/Image/TileGrid.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

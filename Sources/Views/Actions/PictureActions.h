@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/FileManager.h"
+#include "Platform/System/FileManager.h"
 
 #include <QObject>
 #include <QtQml/qqml.h>

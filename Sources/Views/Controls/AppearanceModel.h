@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/SystemAppearance.h"
+#include "Platform/System/SystemAppearance.h"
 
 #include <QObject>
 #include <QtQml/qqml.h>

@@ -97,7 +97,7 @@ FocusScope {
         }
     }
 
-    TileGrid {
+    PictureGrid {
         id: albums
         objectName: "albumGrid"
         anchors.top: header.bottom
@@ -121,7 +121,7 @@ FocusScope {
             onClicked: gallery.openAlbum(albumId)
         }
     }
-    TileGrid {
+    PictureGrid {
         id: images
         objectName: "imageGrid"
         anchors.top: header.bottom

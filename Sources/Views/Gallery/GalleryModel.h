@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Manager/LibraryWatcher.h"
-#include "Platform/LatestReading.h"
+#include "Platform/Threads/LatestReading.h"
 #include "Views/Gallery/AlbumListModel.h"
 #include "Views/Gallery/ImageListModel.h"
 #include "Views/ViewModel.h"

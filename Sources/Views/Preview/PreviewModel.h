@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Manager/ImageRecords.h"
-#include "Platform/LatestReading.h"
+#include "Platform/Threads/LatestReading.h"
 #include "Views/ViewModel.h"
 
 namespace quorvane {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/LatestReading.h"
+#include "Platform/Threads/LatestReading.h"
 #include "Views/ViewModel.h"
 
 namespace quorvane {

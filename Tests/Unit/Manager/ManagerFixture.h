@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Manager/WallpaperManager.h"
-#include "Platform/HttpClient.h"
-#include "Platform/PowerEvents.h"
-#include "Platform/Screens.h"
-#include "Platform/UserDefaults.h"
+#include "Platform/Network/HttpClient.h"
+#include "Platform/System/PowerEvents.h"
+#include "Platform/System/Screens.h"
+#include "Platform/Files/UserDefaults.h"
 #include "Providers/ProviderError.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"

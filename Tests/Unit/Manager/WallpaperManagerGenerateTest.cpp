@@ -1,5 +1,5 @@
 #include "Manager/SettingsKeys.h"
-#include "Platform/Worker.h"
+#include "Platform/Threads/Worker.h"
 #include "Support/WaitFor.h"
 #include "Unit/Manager/ManagerFixture.h"
 

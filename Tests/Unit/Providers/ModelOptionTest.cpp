@@ -1,4 +1,4 @@
-#include "Platform/HttpClient.h"
+#include "Platform/Network/HttpClient.h"
 #include "Providers/ImageProvider.h"
 
 #include <QSet>

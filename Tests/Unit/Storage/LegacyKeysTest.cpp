@@ -1,4 +1,4 @@
-#include "Platform/SecretStore.h"
+#include "Platform/Secrets/SecretStore.h"
 #include "Storage/Keychain.h"
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"

@@ -1,8 +1,8 @@
-#include "Platform/BackgroundThread.h"
+#include "Platform/Threads/BackgroundThread.h"
 #include "Unit/Upscaling/UpscalingTestSupport.h"
-#include "Upscaling/ImageDecoding.h"
+#include "Upscaling/Image/ImageDecoding.h"
 #include "Upscaling/LocalUpscaler.h"
-#include "Upscaling/ModelFiles.h"
+#include "Upscaling/Network/ModelFiles.h"
 
 #include <QDirIterator>
 #include <QFile>

@@ -1,10 +1,10 @@
 #include "Upscaling/LocalUpscaler.h"
 #include "Providers/ProviderError.h"
 #include "Unit/Upscaling/UpscalingTestSupport.h"
-#include "Upscaling/ImageDecoding.h"
-#include "Upscaling/SuperResolutionModel.h"
-#include "Upscaling/TileGrid.h"
-#include "Upscaling/UpscaleErrors.h"
+#include "Upscaling/Image/ImageDecoding.h"
+#include "Upscaling/Network/SuperResolutionModel.h"
+#include "Upscaling/Image/TileGrid.h"
+#include "Upscaling/Image/UpscaleErrors.h"
 
 #include <QColorSpace>
 

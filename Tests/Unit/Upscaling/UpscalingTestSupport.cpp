@@ -1,9 +1,9 @@
 #include "Unit/Upscaling/UpscalingTestSupport.h"
 
-#include "Platform/TaskScope.h"
+#include "Platform/Threads/TaskScope.h"
 #include "Support/WaitFor.h"
-#include "Upscaling/ImageDecoding.h"
-#include "Upscaling/ModelFiles.h"
+#include "Upscaling/Image/ImageDecoding.h"
+#include "Upscaling/Network/ModelFiles.h"
 
 #include <QBuffer>
 #include <QDir>

@@ -1,0 +1,189 @@
+#include "App/Application/Commands.h"
+
+#include "App/Command/CommandRunner.h"
+#include "App/Command/Console.h"
+#include "App/Control/Forwarding.h"
+#include "App/Command/Reports.h"
+#include "App/Command/Services.h"
+#include "Upscaling/Network/ModelFiles.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <optional>
+
+namespace quorvane {
+
+namespace {
+
+using Verb = CommandLine::Verb;
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(Commands)
+};
+
+int fail(const QString &problem, int status = kFailed)
+{
+    Console::printError(QStringLiteral("quorvane: ") + problem);
+    return status;
+}
+
+void printSettings(const QJsonObject &values, const CommandLine &line)
+{
+    if (line.arguments.isEmpty()) {
+        for (auto each = values.begin(); each != values.end(); ++each) {
+            Console::print(each.key() + QStringLiteral(" = ") + each.value().toVariant().toString());
+        }
+    } else if (line.arguments.size() == 1 && !line.unset) {
+        Console::print(values.value(line.arguments.first()).toVariant().toString());
+    }
+}
+
+/// The value of an outcome for people.
+void printText(const CommandLine &line, const QJsonValue &value)
+{
+    switch (line.verb) {
+    case Verb::Generate:
+    case Verb::Upscale:
+    case Verb::Set:
+        Console::print(value[QLatin1String("status")].toString());
+        return;
+    case Verb::Status:
+        Console::print(Reports::statusText(value.toObject()));
+        return;
+    case Verb::History:
+        Console::print(Reports::historyText(value.toArray()));
+        return;
+    case Verb::Albums:
+        Console::print(Reports::albumsText(value.toArray()));
+        return;
+    case Verb::Settings:
+        printSettings(value.toObject(), line);
+        return;
+    case Verb::Key:
+        if (line.arguments.first() == QLatin1String("list")) {
+            const QJsonArray ids = value.toArray();
+            for (const QJsonValue &id : ids) {
+                Console::print(id.toString());
+            }
+        }
+        return;
+    case Verb::Model:
+        Console::print(value[QLatin1String("file")].toString());
+        Console::print(value[QLatin1String("description")].toString());
+        return;
+    default:
+        return;
+    }
+}
+
+int finish(const CommandLine &line, const CommandOutcome &outcome)
+{
+    if (!outcome.problem.isEmpty()) {
+        return fail(outcome.problem, outcome.status);
+    }
+    line.json ? Console::printJson(outcome.value) : printText(line, outcome.value);
+    return outcome.status;
+}
+
+/// Shows on standard error what the manager says while an operation runs.
+void follow(WallpaperManager &manager)
+{
+    QObject::connect(&manager, &WallpaperManager::statusChanged, &manager, [&manager] {
+        if (!manager.status().isEmpty()) {
+            Console::printError(manager.status());
+        }
+    });
+    QObject::connect(&manager, &WallpaperManager::progressChanged, &manager, [&manager] {
+        if (manager.progress()) {
+            Console::printProgress(Reports::progressLine(*manager.progress()));
+        }
+    });
+}
+
+CommandOutcome runHere(const CommandLine &line)
+{
+    if (line.verb == Verb::Key) {
+        return CommandRunner::changeKeys(line);
+    }
+    Services services(Services::Life::OneCommand);
+    follow(services.manager);
+    std::optional<CommandOutcome> outcome;
+    CommandRunner::start(services, line, [&outcome](const CommandOutcome &ended) { outcome = ended; });
+    services.manager.waitUntilIdle();
+    return outcome.value();
+}
+
+int runModel(const CommandLine &line)
+{
+    const CommandOutcome outcome = CommandRunner::useModel(line);
+    if (outcome.problem.isEmpty() && outcome.value[QLatin1String("file")].isNull() && !line.json) {
+        return fail(missingModel().errorDescription());
+    }
+    return finish(line, outcome);
+}
+
+/// Makes the arguments mean the same in another process: reads the key that is to be set, and makes files absolute.
+/// What is wrong with them, for the user.
+std::optional<QString> prepare(CommandLine &line)
+{
+    switch (line.verb) {
+    case Verb::Key:
+        if (line.arguments.first() == QLatin1String("set")) {
+            const auto key = Console::readSecret(Tr::tr("API key for %1: ").arg(line.arguments.at(1)));
+            if (!key) {
+                return Tr::tr("standard input holds no key");
+            }
+            line.secret = *key;
+        }
+        return std::nullopt;
+    case Verb::Upscale:
+    case Verb::Set:
+    case Verb::Favorite:
+    case Verb::Delete: {
+        const QString file = CommandRunner::fileOf(line);
+        if (file.isEmpty()) {
+            return CommandRunner::noSuchFile(line);
+        }
+        line.arguments = {file};
+        return std::nullopt;
+    }
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+int runCommand(CommandLine line)
+{
+    switch (line.verb) {
+    case Verb::Help:
+        Console::print(helpText().trimmed());
+        return kDone;
+    case Verb::Version:
+        Console::print(QStringLiteral("quorvane ") + QCoreApplication::applicationVersion());
+        return kDone;
+    case Verb::Autostart:
+        return finish(line, CommandRunner::switchAutostart(line));
+    case Verb::Model:
+        return runModel(line);
+    default:
+        break;
+    }
+    if (const std::optional<QString> problem = prepare(line)) {
+        return fail(*problem);
+    }
+    if (const std::optional<CommandOutcome> forwarded = forward(line)) {
+        return finish(line, *forwarded);
+    }
+    if (line.verb == Verb::Quit) {
+        return fail(Tr::tr("the application is not running"));
+    }
+    return finish(line, runHere(line));
+}
+
+} // namespace quorvane

@@ -1,0 +1,186 @@
+#include "App/Application/Program.h"
+
+#include "App/Command/CommandLine.h"
+#include "App/Application/Commands.h"
+#include "App/Command/Console.h"
+#include "App/Control/ControlCalls.h"
+#include "App/Control/ControlService.h"
+#include "App/Control/InstanceLock.h"
+#include "App/Application/Translations.h"
+#include "App/Application/WallpaperApp.h"
+#include "Platform/System/GraphicsProcessor.h"
+#include "Platform/Bus/SessionBus.h"
+
+#include <QApplication>
+#include <QNetworkProxyFactory>
+#include <QQuickWindow>
+
+#include <cstdlib>
+#include <memory>
+
+#include <unistd.h>
+
+namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(Program)
+};
+
+int fail(const QString &problem, int status = kFailed)
+{
+    Console::printError(QStringLiteral("quorvane: ") + problem);
+    return status;
+}
+
+enum class Role { Application, Done, Failed };
+
+/// Asks the application that runs for what the command line asks for.
+bool handOver(ControlService &control, ControlService::Claim claim, const CommandLine &line)
+{
+    if (line.action) {
+        return claim == ControlService::Claim::Taken && control.actOther(*line.action);
+    }
+    return line.hidden ||
+           (claim == ControlService::Claim::Taken ? control.activateOther() : InstanceLock::activateOther());
+}
+
+/// Becomes the application, or hands over to the one that runs.
+Role takeRole(ControlService &control, InstanceLock &lock, const CommandLine &line)
+{
+    // The other one may be ending while it is asked, so the name may be free at the next look.
+    constexpr int kTries = 3;
+    for (int attempt = 0; attempt < kTries; ++attempt) {
+        const ControlService::Claim claim = control.claim();
+        if (claim == ControlService::Claim::Owned || (claim == ControlService::Claim::NoBus && lock.take())) {
+            return Role::Application;
+        }
+        if (handOver(control, claim, line)) {
+            return Role::Done;
+        }
+    }
+    return Role::Failed;
+}
+
+bool hasDisplay()
+{
+    return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qEnvironmentVariableIsSet("DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+/// Where nothing draws but the processor, Qt's own drawing is the better one: an OpenGL made of software takes a
+/// hundred megabytes, and keeps them when the windows are closed.
+void chooseDrawing()
+{
+    if (!hasGraphicsProcessor() && !qEnvironmentVariableIsSet("QT_QUICK_BACKEND") &&
+        !qEnvironmentVariableIsSet("QSG_RHI_BACKEND")) {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+        qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none"); // The usual one loads OpenGL in any case.
+    }
+}
+
+/// Widgets are for the tray of X11 (EmbeddedTray) only; elsewhere they would cost memory all day.
+std::unique_ptr<QGuiApplication> makeApplication(int &argc, char **argv)
+{
+    const bool mayBeX11 = qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (mayBeX11) {
+        return std::make_unique<QApplication>(argc, argv);
+    }
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
+/// Where nothing can be shown, the application that runs elsewhere in the session can still be asked to show itself.
+int runWithoutDisplay(CommandLine line)
+{
+    SessionBus bus;
+    ControlService control(bus);
+    const auto claim = bus.isConnected() ? ControlService::Claim::Taken : ControlService::Claim::NoBus;
+    line.hidden = false; // There is nothing else that this start could do.
+    if (handOver(control, claim, line)) {
+        return kDone;
+    }
+    return fail(Tr::tr("there is no display; see quorvane --help for what needs none"));
+}
+
+/// Where the display goes away, Qt ends the process by exit() from within the event loop. The destructors of static
+/// objects would then wait for threads that are at work; files are always whole, so there is nothing to wait for.
+void endAtOnceWithTheDisplay()
+{
+    if (QCoreApplication::instance() != nullptr) {
+        ::_exit(kFailed);
+    }
+}
+
+int runApplication(const CommandLine &line, const SceneUrls &urls)
+{
+    (void)std::atexit(endAtOnceWithTheDisplay);
+    SessionBus bus;
+    ControlService control(bus);
+    InstanceLock lock;
+    const Role role = takeRole(control, lock, line);
+    if (role != Role::Application) {
+        return role == Role::Done
+                   ? kDone
+                   : fail(line.action && !bus.isConnected()
+                              ? Tr::tr("the application runs already and can be told nothing without a session bus")
+                              : Tr::tr("the application runs already and does not answer"));
+    }
+    WallpaperApp app(bus, control, urls);
+    QObject::connect(&lock, &InstanceLock::activated, &app, &WallpaperApp::openMain);
+    const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    if (line.action) {
+        QMetaObject::invokeMethod(
+            &app, [&control, &line, token] { control.act(*line.action, token); }, Qt::QueuedConnection);
+    } else if (!line.hidden) {
+        QMetaObject::invokeMethod(
+            &app, [&app, token] { app.openMain(token); }, Qt::QueuedConnection);
+    }
+    return QCoreApplication::exec();
+}
+
+using Parsed = std::variant<CommandLine, QString>;
+
+bool isForWindows(const Parsed &parsed)
+{
+    const auto *line = std::get_if<CommandLine>(&parsed);
+    return line != nullptr && line->verb == CommandLine::Verb::Start && hasDisplay();
+}
+
+int runWithoutWindows(const Parsed &parsed)
+{
+    if (const auto *problem = std::get_if<QString>(&parsed)) {
+        return fail(*problem, kWrongCommandLine);
+    }
+    const auto &line = std::get<CommandLine>(parsed);
+    return line.verb == CommandLine::Verb::Start ? runWithoutDisplay(line) : runCommand(line);
+}
+
+} // namespace
+
+int runProgram(int argc, char **argv, const SceneUrls &urls)
+{
+    QCoreApplication::setApplicationName(QStringLiteral("Quorvane"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
+    QStringList arguments;
+    for (int index = 1; index < argc; ++index) {
+        arguments.append(QString::fromLocal8Bit(argv[index]));
+    }
+    const QStringList languages = wantedLanguages();
+    QNetworkProxyFactory::setUseSystemConfiguration(true);
+    if (!isForWindows(parseCommandLine(arguments))) {
+        QCoreApplication application(argc, argv);
+        installTranslations(application, languages);
+        return runWithoutWindows(parseCommandLine(arguments));
+    }
+    chooseDrawing();
+    const std::unique_ptr<QGuiApplication> application = makeApplication(argc, argv);
+    installTranslations(*application, languages);
+    QGuiApplication::setLayoutDirection(directionFor(languages));
+    QGuiApplication::setDesktopFileName(Control::busName());
+    const auto line = std::get<CommandLine>(parseCommandLine(arguments));
+    return runApplication(line, urls);
+}
+
+} // namespace quorvane

@@ -1,0 +1,140 @@
+#include "App/Application/Scenes.h"
+
+#include "Manager/WallpaperManager.h"
+#include "Platform/System/IdleMemory.h"
+
+#include <QGuiApplication>
+#include <QPixmapCache>
+#include <QQmlComponent>
+
+namespace quorvane {
+
+Scenes::Scenes(WallpaperManager &manager, SceneUrls urls, QObject *parent)
+    : QObject(parent)
+    , m_manager(manager)
+    , m_urls(std::move(urls))
+{
+}
+
+Scenes::~Scenes()
+{
+    // The windows before the engine that made them.
+    delete m_main;
+    delete m_settings;
+}
+
+void Scenes::openMain(const QString &token)
+{
+    open(m_main, m_urls.main, token);
+}
+
+void Scenes::openSettings(const QString &token)
+{
+    open(m_settings, m_urls.settings, token);
+}
+
+void Scenes::open(QPointer<QQuickWindow> &window, const QUrl &url, const QString &token)
+{
+    if (window.isNull()) {
+        window = make(url);
+        if (window.isNull()) {
+            collect();
+            return;
+        }
+        // A window that was closed is gone, not hidden; not at once, because it may be in the middle of an event.
+        connect(window, &QWindow::visibleChanged, this, &Scenes::collect, Qt::QueuedConnection);
+        if (window->metaObject()->indexOfSignal("settingsRequested()") >= 0) {
+            connect(window, SIGNAL(settingsRequested()), this, SLOT(openSettings()));
+        }
+        if (window->metaObject()->indexOfSignal("quitRequested()") >= 0) {
+            // Not from within the window that is about to go.
+            connect(window, SIGNAL(quitRequested()), this, SIGNAL(quitRequested()), Qt::QueuedConnection);
+        }
+        tellTray();
+    }
+    if (!token.isEmpty()) {
+        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8()); // Read and removed by Qt at requestActivate().
+    }
+    if (window->windowStates().testFlag(Qt::WindowMinimized)) {
+        window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
+    }
+    window->show();
+    window->raise();
+    window->requestActivate();
+}
+
+QQuickWindow *Scenes::make(const QUrl &url)
+{
+    if (!m_engine) {
+        m_engine = std::make_unique<QQmlEngine>();
+        m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+        if (m_urls.install) {
+            m_urls.install(m_engine.get());
+        }
+    }
+    QQmlComponent component(m_engine.get(), url);
+    QObject *object = nullptr;
+    if (component.isReady()) { // Qt 6.4 crashes on one that is not.
+        const QVariantMap properties{{QStringLiteral("manager"), QVariant::fromValue(&m_manager)}};
+        object = component.createWithInitialProperties(properties);
+    }
+    auto *window = qobject_cast<QQuickWindow *>(object);
+    if (window == nullptr) {
+        delete object;
+        const QString reason = component.isError() ? component.errorString().trimmed() : tr("it is no window");
+        Q_EMIT failed(tr("%1 cannot be opened: %2").arg(url.toString(), reason));
+    }
+    return window;
+}
+
+void Scenes::setTrayShown(bool isShown)
+{
+    m_isTrayShown = isShown;
+    tellTray();
+}
+
+void Scenes::tellTray()
+{
+    if (!m_main.isNull() && m_main->metaObject()->indexOfProperty("trayShown") >= 0) {
+        m_main->setProperty("trayShown", m_isTrayShown);
+    }
+}
+
+bool Scenes::isAnyVisible() const
+{
+    const auto isVisible = [](const QPointer<QQuickWindow> &window) { return !window.isNull() && window->isVisible(); };
+    return isVisible(m_main) || isVisible(m_settings);
+}
+
+void Scenes::collect()
+{
+    for (QPointer<QQuickWindow> *window : {&m_main, &m_settings}) {
+        if (!window->isNull() && !(*window)->isVisible()) {
+            delete *window;
+        }
+    }
+    if (m_engine && m_main.isNull() && m_settings.isNull()) {
+        m_engine.reset();
+        QPixmapCache::clear();
+        returnIdleMemory();
+        returnIdlePages();
+    }
+}
+
+std::vector<ApplicationWindow> Scenes::windows()
+{
+    std::vector<ApplicationWindow> found;
+    const QWindowList all = QGuiApplication::topLevelWindows();
+    for (QWindow *window : all) {
+        const bool isManaged = !window->flags().testFlag(Qt::BypassWindowManagerHint); // An icon in a tray is not.
+        const bool canBecomeMain = isManaged && (window->type() == Qt::Window || window->type() == Qt::Dialog);
+        found.push_back({canBecomeMain, window->isVisible(), [closing = QPointer<QWindow>(window)] {
+                             if (!closing.isNull()) {
+                                 closing->close();
+                             }
+                         }});
+    }
+    return found;
+}
+
+} // namespace quorvane

@@ -1,0 +1,109 @@
+#include "App/Tray/Notifications.h"
+
+#include "Platform/Pictures/PictureFile.h"
+#include "Platform/Bus/SessionBus.h"
+#include "Platform/Threads/Worker.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QVariantMap>
+
+namespace quorvane {
+
+/// (iiibiiay): width, height, bytes in a row, whether there is transparency, bits of a sample, samples of a pixel, and
+/// the pixels from top left.
+struct DBusPicture
+{
+    QImage image; ///< RGBA8888
+};
+
+static QDBusArgument &operator<<(QDBusArgument &argument, const DBusPicture &picture)
+{
+    constexpr int kBits = 8;
+    constexpr int kSamples = 4;
+    const QImage &image = picture.image;
+    const QByteArray pixels(reinterpret_cast<const char *>(image.constBits()), image.sizeInBytes());
+    argument.beginStructure();
+    argument << image.width() << image.height() << static_cast<int>(image.bytesPerLine()) << true << kBits << kSamples
+             << pixels;
+    argument.endStructure();
+    return argument;
+}
+
+static const QDBusArgument &operator>>(const QDBusArgument &argument, DBusPicture & /*picture*/)
+{
+    return argument; // Only ever sent.
+}
+
+namespace {
+
+constexpr uchar kLowUrgency = 0;
+constexpr int kDaemonDecidesHowLong = -1;
+constexpr QSize kThumbnail(192, 192); // Daemons show less.
+
+} // namespace
+
+} // namespace quorvane
+
+Q_DECLARE_METATYPE(quorvane::DBusPicture)
+
+namespace quorvane {
+
+Notifications::Notifications(SessionBus &bus, QObject *parent)
+    : QObject(parent)
+    , m_bus(bus)
+{
+    qDBusRegisterMetaType<DBusPicture>();
+    connect(&m_bus, &SessionBus::disconnected, this, [this] { m_last = 0; });
+}
+
+void Notifications::show(const Notice &notice)
+{
+    ++m_asked;
+    if (notice.picture.isEmpty()) {
+        send(notice, {});
+    } else {
+        m_scope.start(showing(notice, m_asked));
+    }
+}
+
+QCoro::Task<> Notifications::showing(Notice notice, quint64 number)
+{
+    auto decode = [path = notice.picture] {
+        return readPicture(path, kThumbnail).image.convertToFormat(QImage::Format_RGBA8888);
+    };
+    const QImage thumbnail = co_await onWorker(std::move(decode));
+    if (number == m_asked) { // Else there is news already.
+        send(notice, thumbnail);
+    }
+}
+
+void Notifications::send(const Notice &notice, const QImage &thumbnail)
+{
+    if (!m_bus.isConnected()) {
+        return;
+    }
+    QVariantMap hints{{QStringLiteral("urgency"), QVariant::fromValue(kLowUrgency)},
+                      {QStringLiteral("desktop-entry"), QStringLiteral("app.quorvane.Quorvane")},
+                      {QStringLiteral("suppress-sound"), true}};
+    if (!thumbnail.isNull()) {
+        hints.insert(QStringLiteral("image-data"), QVariant::fromValue(DBusPicture{thumbnail}));
+    }
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("/org/freedesktop/Notifications"),
+        QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
+    // The text may be read as markup.
+    call.setArguments({QStringLiteral("Quorvane"), m_last, QStringLiteral("app.quorvane.Quorvane"), notice.title,
+                       notice.text.toHtmlEscaped(), QStringList(), hints, kDaemonDecidesHowLong});
+    auto *watcher = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        const QDBusPendingReply<quint32> reply = *watcher;
+        m_last = reply.isValid() ? reply.value() : 0;
+        watcher->deleteLater();
+    });
+}
+
+} // namespace quorvane

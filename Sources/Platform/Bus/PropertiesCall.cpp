@@ -1,0 +1,46 @@
+#include "Platform/Bus/PropertiesCall.h"
+
+#include <QDBusError>
+#include <QDBusVariant>
+#include <QStringList>
+
+namespace quorvane {
+
+namespace {
+
+QString propertiesInterface()
+{
+    return QStringLiteral("org.freedesktop.DBus.Properties");
+}
+
+} // namespace
+
+std::optional<QDBusMessage> propertiesReply(const QDBusMessage &message, const QString &interface,
+                                            const QVariantMap &properties)
+{
+    if (message.interface() != propertiesInterface()) {
+        return std::nullopt;
+    }
+    const QVariantList arguments = message.arguments();
+    const bool isOurs = arguments.value(0).toString() == interface;
+    if (message.member() == QLatin1String("GetAll")) {
+        return message.createReply(isOurs ? properties : QVariantMap());
+    }
+    const QString name = arguments.value(1).toString();
+    if (message.member() == QLatin1String("Get") && isOurs && properties.contains(name)) {
+        return message.createReply(QVariant::fromValue(QDBusVariant(properties.value(name))));
+    }
+    if (message.member() == QLatin1String("Set")) {
+        return message.createErrorReply(QDBusError::PropertyReadOnly, name);
+    }
+    return message.createErrorReply(QDBusError::UnknownProperty, name);
+}
+
+QDBusMessage propertiesChanged(const QString &path, const QString &interface, const QVariantMap &changed)
+{
+    QDBusMessage signal = QDBusMessage::createSignal(path, propertiesInterface(), QStringLiteral("PropertiesChanged"));
+    signal.setArguments({interface, changed, QStringList()});
+    return signal;
+}
+
+} // namespace quorvane

@@ -1,0 +1,214 @@
+#include "Platform/Desktops/Choice/DesktopChoice.h"
+
+#include "Platform/Desktops/SessionDesktops.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopChoice)
+};
+
+struct KnownName
+{
+    QLatin1String name;
+    DesktopBackend way = DesktopBackend::None;
+};
+
+constexpr std::array kKnownNames{
+    KnownName{QLatin1String("gnome"), DesktopBackend::Gnome},
+    KnownName{QLatin1String("plasma"), DesktopBackend::Plasma},
+    KnownName{QLatin1String("xfce"), DesktopBackend::Xfce},
+    KnownName{QLatin1String("mate"), DesktopBackend::Mate},
+    KnownName{QLatin1String("cinnamon"), DesktopBackend::Cinnamon},
+    KnownName{QLatin1String("lxqt"), DesktopBackend::Lxqt},
+    KnownName{QLatin1String("sway"), DesktopBackend::Sway},
+    KnownName{QLatin1String("hyprland"), DesktopBackend::Hyprland},
+    KnownName{QLatin1String("layer-shell"), DesktopBackend::LayerShell},
+    KnownName{QLatin1String("x11"), DesktopBackend::X11},
+    KnownName{QLatin1String("portal"), DesktopBackend::Portal},
+    KnownName{QLatin1String("command"), DesktopBackend::Command},
+};
+
+/// Entries of XDG_CURRENT_DESKTOP whose desktops cover the X11 root window with a window of their own, and that there
+/// is no way to yet.
+constexpr std::array kPaintersOverRoot{
+    QLatin1String("LXDE"),
+    QLatin1String("Deepin"),
+    QLatin1String("DDE"),
+    QLatin1String("COSMIC"),
+};
+
+/// What keeps a way that was asked for by name from working; empty where nothing does.
+QString obstacle(DesktopBackend way, const DesktopFacts &facts)
+{
+    switch (way) {
+    case DesktopBackend::Hyprland:
+        return facts.hasHyprland ? QString() : Tr::tr("HYPRLAND_INSTANCE_SIGNATURE is not set");
+    case DesktopBackend::LayerShell:
+        if (!facts.hasWayland) {
+            return Tr::tr("WAYLAND_DISPLAY is not set");
+        }
+        return facts.hasLayerShell ? QString() : Tr::tr("the compositor does not offer zwlr_layer_shell_v1");
+    case DesktopBackend::Portal:
+        return facts.portalAnswers ? QString() : Tr::tr("no portal of this session sets wallpapers");
+    default:
+        return {};
+    }
+}
+
+/// What is missing for the desktop to take a picture; empty when it is there.
+QString whatIsMissing(const SessionDesktop &desktop, const DesktopFacts &facts)
+{
+    if (!desktop.settings.schema.isEmpty() && !facts.schemas.contains(desktop.settings.schema)) {
+        return Tr::tr("its settings \"%1\" are not installed").arg(desktop.settings.schema);
+    }
+    if (desktop.displays == SessionDesktop::Displays::OnlyX11 && !facts.hasX11) {
+        return Tr::tr("DISPLAY is not set");
+    }
+    const bool isThere = std::any_of(desktop.painters.begin(), desktop.painters.end(),
+                                     [&](const QString &painter) { return facts.busNames.contains(painter); });
+    return isThere ? QString() : Tr::tr("%1 is not on the session bus").arg(desktop.painters.join(Tr::tr(" or ")));
+}
+
+/// Whether only what is there already shall be chosen.
+enum class Confirmed { Yes, No };
+
+std::optional<DesktopChoice> namedDesktop(const DesktopFacts &facts, Confirmed confirmed)
+{
+    for (const SessionDesktop &desktop : sessionDesktops()) {
+        const QString entry = namingEntry(desktop, facts.currentDesktops);
+        const bool canBeHere = desktop.displays == SessionDesktop::Displays::Any || !facts.hasWayland;
+        if (entry.isEmpty() || !canBeHere) {
+            continue;
+        }
+        const QString missing = whatIsMissing(desktop, facts);
+        if (missing.isEmpty()) {
+            return DesktopChoice{desktop.way,
+                                 Tr::tr("XDG_CURRENT_DESKTOP names \"%1\", and it draws the background").arg(entry)};
+        }
+        if (confirmed == Confirmed::No) {
+            return DesktopChoice{desktop.way, Tr::tr("XDG_CURRENT_DESKTOP names \"%1\", but %2").arg(entry, missing)};
+        }
+    }
+    return std::nullopt;
+}
+
+/// The ways that the session itself shows to be there, the first that fits.
+std::optional<DesktopChoice> runningDesktop(const DesktopFacts &facts)
+{
+    if (facts.isSandboxed && facts.portalAnswers) {
+        return DesktopChoice{DesktopBackend::Portal, Tr::tr("this is a sandbox, and its portal sets wallpapers")};
+    }
+    if (auto named = namedDesktop(facts, Confirmed::Yes)) {
+        return named;
+    }
+    if (facts.swayAnswers) {
+        return DesktopChoice{DesktopBackend::Sway, Tr::tr("sway answers on SWAYSOCK")};
+    }
+    if (facts.hyprlandAnswers) {
+        return DesktopChoice{DesktopBackend::Hyprland, Tr::tr("Hyprland answers on its socket")};
+    }
+    // Before anything else: what else could be set would lie behind the desktop as soon as that runs.
+    if (auto named = namedDesktop(facts, Confirmed::No)) {
+        return named;
+    }
+    if (facts.hasLayerShell) {
+        return DesktopChoice{DesktopBackend::LayerShell, Tr::tr("the compositor offers zwlr_layer_shell_v1; "
+                                                            "the picture is shown while the application runs")};
+    }
+    return std::nullopt;
+}
+
+DesktopChoice wantedDesktop(const DesktopFacts &facts)
+{
+    const auto *const known = std::find_if(kKnownNames.begin(), kKnownNames.end(),
+                                           [&](const KnownName &entry) { return entry.name == facts.wanted; });
+    if (known == kKnownNames.end()) {
+        QStringList names;
+        for (const KnownName &entry : kKnownNames) {
+            names.append(entry.name);
+        }
+        return {DesktopBackend::None, Tr::tr("QUORVANE_DESKTOP is \"%1\", which is none of %2")
+                                      .arg(facts.wanted, names.join(QLatin1String(", ")))};
+    }
+    if (known->way == DesktopBackend::Command && facts.command.isEmpty()) {
+        return {DesktopBackend::None,
+                Tr::tr("QUORVANE_DESKTOP is \"%1\", but QUORVANE_WALLPAPER_COMMAND is not set").arg(facts.wanted)};
+    }
+    if (known->way == DesktopBackend::Sway && !facts.hasSwaySocket) {
+        return {DesktopBackend::Sway, Tr::tr("QUORVANE_DESKTOP is \"%1\", but SWAYSOCK is not set").arg(facts.wanted)};
+    }
+    if (known->way == DesktopBackend::X11 && !facts.hasX11) {
+        return {DesktopBackend::X11, Tr::tr("QUORVANE_DESKTOP is \"%1\", but DISPLAY is not set").arg(facts.wanted)};
+    }
+    const SessionDesktop *desktop = sessionDesktop(known->way, facts.currentDesktops);
+    const QString problem = desktop != nullptr ? whatIsMissing(*desktop, facts) : obstacle(known->way, facts);
+    return {known->way, problem.isEmpty() ? Tr::tr("QUORVANE_DESKTOP is \"%1\"").arg(facts.wanted)
+                                          : Tr::tr("QUORVANE_DESKTOP is \"%1\", but %2").arg(facts.wanted, problem)};
+}
+
+QString painterOverRoot(const QStringList &currentDesktops)
+{
+    for (const QString &entry : currentDesktops) {
+        for (const QLatin1String painter : kPaintersOverRoot) {
+            if (entry.compare(painter, Qt::CaseInsensitive) == 0) {
+                return entry;
+            }
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+QString nameOf(DesktopBackend way)
+{
+    const auto *const known = std::find_if(kKnownNames.begin(), kKnownNames.end(), [&](const KnownName &entry) {
+        return entry.way == way && way != DesktopBackend::None;
+    });
+    return known == kKnownNames.end() ? QString() : QString(known->name);
+}
+
+DesktopChoice chooseDesktop(const DesktopFacts &facts)
+{
+    if (!facts.wanted.isEmpty()) {
+        return wantedDesktop(facts);
+    }
+    if (!facts.command.isEmpty()) {
+        return {DesktopBackend::Command, Tr::tr("QUORVANE_WALLPAPER_COMMAND is set")};
+    }
+    if (std::optional<DesktopChoice> running = runningDesktop(facts)) {
+        return *running;
+    }
+    const QString painter = painterOverRoot(facts.currentDesktops);
+    if (facts.hasX11 && !facts.hasWayland && painter.isEmpty()) {
+        return {DesktopBackend::X11, Tr::tr("DISPLAY is set and no desktop paints over the X11 root window")};
+    }
+    if (facts.portalAnswers) {
+        return {DesktopBackend::Portal, Tr::tr("nothing else is known here, and the session's portal sets wallpapers")};
+    }
+    if (facts.hasWayland) {
+        return {DesktopBackend::None, Tr::tr("this Wayland desktop is not supported yet; "
+                                         "QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture")};
+    }
+    if (facts.hasX11) {
+        return {DesktopBackend::None, Tr::tr("XDG_CURRENT_DESKTOP names \"%1\", which is not supported yet; "
+                                         "QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture")
+                                      .arg(painter)};
+    }
+    if (facts.hasSwaySocket) {
+        return {DesktopBackend::None, Tr::tr("SWAYSOCK is set, but nobody answers on it")};
+    }
+    return {DesktopBackend::None, Tr::tr("neither SWAYSOCK nor DISPLAY is set")};
+}
+
+} // namespace quorvane

@@ -1,0 +1,167 @@
+// Of the ways to lay out one picture, version 1.2 knows over the bus only those that do not fill each screen with it,
+// and it keeps what it once read under a name. A picture of the exact size of all screens, under a new name each time,
+// suits every version.
+
+#include "Platform/Desktops/DesktopPictureLxqt.h"
+
+#include "Platform/Bus/DesktopBus.h"
+#include "Platform/Desktops/DesktopPictureX11.h"
+#include "Platform/Pictures/FillCrop.h"
+#include "Platform/Pictures/HandedPicture.h"
+#include "Platform/Pictures/PictureCopy.h"
+#include "Platform/Pictures/PictureFile.h"
+#include "Platform/Desktops/SessionDesktops.h"
+#include "Platform/Threads/TimeLimit.h"
+#include "Platform/X11/X11Connection.h"
+
+#include <QCoreApplication>
+#include <QDBusVariant>
+#include <QPainter>
+#include <QSettings>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPictureLxqt)
+};
+
+const QString kName = QStringLiteral("org.pcmanfm.PCManFM");
+const QString kPath = QStringLiteral("/Application");
+const QString kInterface = QStringLiteral("org.pcmanfm.Application");
+
+/// How the picture must be made, or why there is no use in making one.
+struct Layout
+{
+    QList<QRect> areas;
+    std::optional<QString> failure;
+};
+
+/// Whether LXQt lays the picture out on each screen by itself, a choice of the user's.
+bool isLaidOutPerScreen()
+{
+    const QString file = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                         QStringLiteral("/pcmanfm-qt/lxqt/settings.conf");
+    return QSettings(file, QSettings::IniFormat).value(QStringLiteral("Desktop/PerScreenWallpaper")).toBool();
+}
+
+std::optional<QString> painterFailure(DesktopBus &bus)
+{
+    const SessionDesktop &lxqt = *sessionDesktop(DesktopBackend::Lxqt, {});
+    if (auto failure = bus.failureToFind(lxqt.painters, lxqt.title)) {
+        return failure;
+    }
+    // The same program may run for its folder windows alone.
+    const auto answer = bus.call(kName, kPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
+                                 {kInterface, QStringLiteral("desktopManagerEnabled")});
+    if (!answer) {
+        return bus.error();
+    }
+    return qvariant_cast<QDBusVariant>(answer->value(0)).variant().toBool()
+               ? std::nullopt
+               : std::optional(Tr::tr("LXQt's file manager is told not to draw the desktop"));
+}
+
+Layout layoutOf(const QString &busAddress, const QByteArray &display, const QDeadlineTimer &deadline)
+{
+    DesktopBus bus(busAddress, deadline);
+    if (auto failure = painterFailure(bus)) {
+        return {{}, failure};
+    }
+    const X11Connection x(display);
+    if (!x.isUsable()) {
+        return {{}, Tr::tr("The X server cannot be reached")};
+    }
+    QList<QRect> areas;
+    const QList<X11Connection::Monitor> monitors = x.monitors();
+    for (const X11Connection::Monitor &monitor : monitors) {
+        areas.append(monitor.area);
+    }
+    if (isLaidOutPerScreen() && !areas.isEmpty()) {
+        // It stretches the picture to each screen, so it can fill them only where all have the same shape.
+        const bool sameSize = std::all_of(areas.begin(), areas.end(),
+                                          [&](const QRect &area) { return area.size() == areas.constFirst().size(); });
+        if (!sameSize) {
+            return {{}, Tr::tr("LXQt is set to one wallpaper for each monitor, which would distort the picture")};
+        }
+        areas = {areas.constFirst()};
+    }
+    return {areas, std::nullopt};
+}
+
+} // namespace
+
+DesktopPictureLxqt::DesktopPictureLxqt(QString busAddress, QByteArray display, QString reason,
+                                       std::chrono::milliseconds limit)
+    : m_busAddress(std::move(busAddress))
+    , m_display(std::move(display))
+    , m_reason(std::move(reason))
+    , m_limit(limit)
+{
+}
+
+QList<Screen> DesktopPictureLxqt::screens()
+{
+    return DesktopPictureX11(m_display, QString(), m_limit).screens();
+}
+
+std::optional<QString> DesktopPictureLxqt::setPicture(const QString &path, const QList<Screen> & /*screens*/)
+{
+    const QDeadlineTimer asking(m_limit);
+    const auto layout = withinLimit(m_limit, [=, address = m_busAddress, display = m_display](const std::stop_token &) {
+        return layoutOf(address, display, asking);
+    });
+    if (!layout || layout->failure) {
+        return layout ? layout->failure : Tr::tr("LXQt does not answer");
+    }
+    const std::chrono::milliseconds left(asking.remainingTime()); // The time to decode is nobody's but ours.
+
+    const PictureFile file = readPicture(path);
+    if (!file.error.isEmpty()) {
+        return file.error;
+    }
+    const HandedPicture handed = handedPicture(composed(file.image, layout->areas));
+    if (!handed.error.isEmpty()) {
+        return handed.error;
+    }
+    const QDeadlineTimer showing(left);
+    const auto failure =
+        withinLimit(left, [=, address = m_busAddress](const std::stop_token &stop) -> std::optional<QString> {
+            DesktopBus bus(address, showing);
+            const bool isShown =
+                !stop.stop_requested() && bus.call(kName, kPath, kInterface, QStringLiteral("setWallpaper"),
+                                                   {handed.path, QStringLiteral("stretch")});
+            return isShown ? std::nullopt : std::optional(bus.error());
+        });
+    if (!failure || *failure) {
+        return failure ? *failure : Tr::tr("LXQt does not answer");
+    }
+    PictureCopy::removeAllBut(handed.path);
+    return std::nullopt;
+}
+
+QImage DesktopPictureLxqt::composed(const QImage &source, const QList<QRect> &areas)
+{
+    QRect everything;
+    for (const QRect &area : areas) {
+        everything |= area;
+    }
+    QImage result(everything.size(), QImage::Format_RGB32);
+    if (result.isNull()) {
+        return result;
+    }
+    result.fill(Qt::black);
+    QPainter painter(&result);
+    for (const QRect &area : areas) {
+        painter.drawImage(area.topLeft() - everything.topLeft(), filledPicture(source, area.size()));
+    }
+    return result;
+}
+
+} // namespace quorvane

@@ -1,0 +1,144 @@
+#include "Platform/Desktops/DesktopPicturePlasma.h"
+
+#include "Platform/Bus/BusClient.h"
+#include "Platform/Pictures/PictureCopy.h"
+#include "Platform/Desktops/Protocols/PlasmaScript.h"
+#include "Platform/Threads/TimeLimit.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <memory>
+#include <thread>
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPicturePlasma)
+};
+
+const QString kShell = QStringLiteral("org.kde.plasmashell");
+
+/// How long a new screen's desktop is waited for. Mirrored screens never get one each, so it is not the whole limit.
+constexpr std::chrono::milliseconds kNewScreenLimit{2000};
+constexpr std::chrono::milliseconds kLookInterval{100};
+
+using Report = PlasmaScript::Report;
+
+/// A report, or what failed in Plasma's own words.
+struct Answer
+{
+    Report report;
+    QString error;
+};
+
+Answer evaluate(BusClient &client, const QString &script, QDeadlineTimer deadline)
+{
+    if (!client.bus().isConnected()) {
+        return {{}, Tr::tr("The session bus cannot be reached")};
+    }
+    // Asked first, because a call to a name that nobody owns could start another Plasma.
+    if (!client.isOwned(kShell, deadline)) {
+        return {{}, Tr::tr("Plasma's desktop does not run (org.kde.plasmashell is not on the session bus)")};
+    }
+    const BusClient::Answer answer = client.call(QDBusMessage::createMethodCall(kShell, QStringLiteral("/PlasmaShell"),
+                                                                                QStringLiteral("org.kde.PlasmaShell"),
+                                                                                QStringLiteral("evaluateScript")),
+                                                 {script}, deadline);
+    if (!answer.error.isEmpty()) {
+        return {{}, Tr::tr("Plasma: %1").arg(answer.error)};
+    }
+    const QString printed = answer.arguments.value(0).toString();
+    const std::optional<Report> report = PlasmaScript::reportOf(printed);
+    return report ? Answer{*report, {}} : Answer{{}, Tr::tr("Plasma answered: %1").arg(printed.trimmed())};
+}
+
+/// The report after the last try; its error is also the verdict's.
+Answer setEverywhere(const QString &busAddress, const QString &url, qsizetype screens, const std::stop_token &stop,
+                     QDeadlineTimer deadline)
+{
+    BusClient client(busAddress);
+    const QDeadlineTimer newScreens(kNewScreenLimit);
+    while (true) {
+        if (stop.stop_requested()) {
+            return {{}, QString()};
+        }
+        Answer answer = evaluate(client, PlasmaScript::setting(url), deadline);
+        if (!answer.error.isEmpty() || answer.report.visible() >= screens || newScreens.hasExpired() ||
+            deadline.hasExpired()) {
+            if (answer.error.isEmpty()) {
+                answer.error = answer.report.whyNotEverywhere(url);
+            }
+            return answer;
+        }
+        std::this_thread::sleep_for(kLookInterval);
+    }
+}
+
+QString silence()
+{
+    return Tr::tr("Plasma does not answer");
+}
+
+} // namespace
+
+DesktopPicturePlasma::DesktopPicturePlasma(QString busAddress, SessionDisplay display, QString reason,
+                                           std::chrono::milliseconds limit)
+    : m_busAddress(std::move(busAddress))
+    , m_display(std::move(display))
+    , m_reason(std::move(reason))
+    , m_limit(limit)
+{
+}
+
+QList<Screen> DesktopPicturePlasma::screens()
+{
+    return m_display.screens(m_limit);
+}
+
+std::optional<QString> DesktopPicturePlasma::setPicture(const QString &path, const QList<Screen> &screens)
+{
+    const QDeadlineTimer deadline(m_limit);
+    const auto shown = withinLimit(m_limit, [address = m_busAddress, deadline](const std::stop_token &) {
+        BusClient client(address);
+        return evaluate(client, PlasmaScript::reading(), deadline);
+    });
+    if (!shown || !shown->error.isEmpty()) {
+        return shown ? shown->error : silence();
+    }
+    // Decoding and copying do not count: they are not Plasma's time.
+    const std::chrono::milliseconds left(std::max<qint64>(1, deadline.remainingTime()));
+    const PictureHandover::Handed handed = m_handover.handOver(path, {.loaded = shown->report.files()});
+    if (!handed.error.isEmpty()) {
+        return handed.error;
+    }
+    const auto result = withinLimit(left, [address = m_busAddress, url = PlasmaScript::urlOf(handed.path),
+                                           count = screens.size(), left](const std::stop_token &stop) {
+        return setEverywhere(address, url, count, stop, QDeadlineTimer(left));
+    });
+    if (!result) {
+        return silence(); // It may still be done later, so what was handed stays.
+    }
+    const QStringList stored = result->report.files();
+    if (!result->error.isEmpty()) {
+        if (!stored.contains(handed.path)) {
+            m_handover.failed(handed);
+        }
+        return result->error;
+    }
+    m_handover.succeeded(path, handed);
+    // The desktop of another activity, or of a screen that is away, may still have an older copy.
+    const bool isNeeded = std::any_of(stored.begin(), stored.end(), [&](const QString &file) {
+        return file != handed.path && PictureCopy::isOurs(file);
+    });
+    if (!isNeeded) {
+        PictureCopy::removeAllBut(handed.path);
+    }
+    return std::nullopt;
+}
+
+} // namespace quorvane

@@ -1,0 +1,105 @@
+#include "Platform/Desktops/DesktopPicturePortal.h"
+
+#include "Platform/Bus/BusClient.h"
+#include "Platform/Pictures/PictureFile.h"
+#include "Platform/Bus/PortalRequest.h"
+#include "Platform/Threads/TimeLimit.h"
+
+#include <QCoreApplication>
+#include <QDBusUnixFileDescriptor>
+#include <QDBusVariant>
+#include <QFile>
+
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPicturePortal)
+};
+
+/// Enough to know that a picture decodes to its end.
+constexpr QSize kCheckSize(256, 256);
+
+const QString kPortal = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString kObject = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString kInterface = QStringLiteral("org.freedesktop.portal.Wallpaper");
+
+/// How many of the portal's answers mean what.
+constexpr uint kDone = 0;
+constexpr uint kRefusedByUser = 1;
+
+} // namespace
+
+DesktopPicturePortal::DesktopPicturePortal(QString busAddress, SessionDisplay display, QString reason,
+                                           std::chrono::milliseconds limit)
+    : m_busAddress(std::move(busAddress))
+    , m_display(std::move(display))
+    , m_reason(std::move(reason))
+    , m_limit(limit)
+{
+}
+
+bool DesktopPicturePortal::answers(const QString &busAddress, std::chrono::milliseconds limit)
+{
+    if (busAddress.isEmpty()) {
+        return false;
+    }
+    const auto has = withinLimit(limit, [busAddress, limit](const std::stop_token &) {
+        BusClient client(busAddress);
+        const QDBusMessage question = QDBusMessage::createMethodCall(
+            kPortal, kObject, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+        return client.call(question, {kInterface, QStringLiteral("version")}, QDeadlineTimer(limit)).error.isEmpty();
+    });
+    return has.value_or(false);
+}
+
+QList<Screen> DesktopPicturePortal::screens()
+{
+    return m_display.screens(m_limit);
+}
+
+std::optional<QString> DesktopPicturePortal::setPicture(const QString &path, const QList<Screen> & /*screens*/)
+{
+    const PictureFile checked = readPicture(path, kCheckSize);
+    if (!checked.error.isEmpty()) {
+        return checked.error;
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return Tr::tr("The picture cannot be read: %1").arg(file.errorString());
+    }
+    // Connecting has no limit of its own, and this thread has to wait for the user below.
+    auto connected = withinLimit(
+        m_limit, [address = m_busAddress](const std::stop_token &) { return std::make_shared<BusClient>(address); });
+    if (!connected) {
+        return Tr::tr("The session bus does not answer");
+    }
+    BusClient &client = **connected;
+    PortalRequest request(client);
+    const QVariantMap options{{QStringLiteral("handle_token"), request.token()},
+                              {QStringLiteral("show-preview"), false},
+                              {QStringLiteral("set-on"), QStringLiteral("background")}};
+    const QDBusMessage question =
+        QDBusMessage::createMethodCall(kPortal, kObject, kInterface, QStringLiteral("SetWallpaperFile"));
+    const QVariantList arguments{QString(), QVariant::fromValue(QDBusUnixFileDescriptor(file.handle())), options};
+    const auto isAsking = [this] {
+        if (asking) {
+            asking(Tr::tr("Waiting for your answer to the desktop's question about the background"));
+        }
+    };
+    const PortalRequest::Outcome outcome = request.ask(question, arguments, m_limit, isAsking, m_stop.get_token());
+    if (!outcome.response) {
+        return outcome.error;
+    }
+    if (*outcome.response == kDone) {
+        return std::nullopt;
+    }
+    return *outcome.response == kRefusedByUser ? Tr::tr("You did not allow it to set the background")
+                                               : Tr::tr("The desktop's portal refused the picture");
+}
+
+} // namespace quorvane

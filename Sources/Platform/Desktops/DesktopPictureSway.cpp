@@ -1,0 +1,148 @@
+#include "Platform/Desktops/DesktopPictureSway.h"
+
+#include "Platform/Pictures/HandedPicture.h"
+#include "Platform/Pictures/PictureCopy.h"
+#include "Platform/Desktops/Protocols/SwaySocket.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPictureSway)
+};
+
+bool contains(const QList<Screen> &screens, const QString &name)
+{
+    return std::any_of(screens.begin(), screens.end(), [&](const Screen &screen) { return screen.name == name; });
+}
+
+/// Nothing on success, as setPicture().
+std::optional<QString> showOnScreen(SwaySocket &socket, const QString &name, const QList<Screen> &present,
+                                    const QString &path)
+{
+    if (!socket.isConnected()) {
+        return socket.error();
+    }
+    const std::optional<QByteArray> command = DesktopPictureSway::commandFor(name, path);
+    if (!command || !contains(present, name)) {
+        return Tr::tr("sway has no screen \"%1\"").arg(name); // sway itself would answer "success".
+    }
+    const std::optional<QByteArray> result = socket.ask(SwaySocket::Message::RunCommand, *command);
+    return result ? DesktopPictureSway::failureOf(*result) : socket.error();
+}
+
+} // namespace
+
+DesktopPictureSway::DesktopPictureSway(QString socketPath, QString reason, std::chrono::milliseconds limit)
+    : m_socketPath(std::move(socketPath))
+    , m_reason(std::move(reason))
+    , m_limit(limit)
+{
+}
+
+QList<Screen> DesktopPictureSway::screens()
+{
+    SwaySocket socket(m_socketPath, QDeadlineTimer(m_limit));
+    const std::optional<QByteArray> answer = socket.ask(SwaySocket::Message::GetOutputs);
+    return answer ? screensOf(*answer) : QList<Screen>();
+}
+
+std::optional<QString> DesktopPictureSway::setPicture(const QString &path, const QList<Screen> &screens)
+{
+    // Decoding and copying come first, so that sway's time is not spent on them.
+    const HandedPicture handed = handedPicture(path, isPlainPath);
+    if (!handed.error.isEmpty()) {
+        return handed.error;
+    }
+    SwaySocket socket(m_socketPath, QDeadlineTimer(m_limit));
+    const std::optional<QByteArray> answer = socket.ask(SwaySocket::Message::GetOutputs);
+    const QList<Screen> present = answer ? screensOf(*answer) : QList<Screen>();
+    for (qsizetype index = 0; index < screens.size(); ++index) {
+        if (std::optional<QString> failure = showOnScreen(socket, screens.at(index).name, present, handed.path)) {
+            // Screens before this one show the copy, and so may this one when only the answer was lost.
+            if (handed.isCopy && index == 0 && (!answer || socket.isConnected())) {
+                QFile::remove(handed.path);
+            }
+            return failure;
+        }
+    }
+    // sway reads the pictures of all screens anew at every change, so a copy goes only once no screen has it.
+    const bool isEverywhere = std::all_of(present.begin(), present.end(),
+                                          [&](const Screen &screen) { return contains(screens, screen.name); });
+    if (isEverywhere) {
+        PictureCopy::removeAllBut(handed.path);
+    }
+    return std::nullopt;
+}
+
+QList<Screen> DesktopPictureSway::screensOf(const QByteArray &outputsJson)
+{
+    QList<Screen> screens;
+    const QJsonArray outputs = QJsonDocument::fromJson(outputsJson).array();
+    for (const QJsonValue value : outputs) {
+        const QJsonObject output = value.toObject();
+        const QJsonObject mode = output.value(QLatin1String("current_mode")).toObject();
+        QSize pixels(mode.value(QLatin1String("width")).toInt(), mode.value(QLatin1String("height")).toInt());
+        const QString transform = output.value(QLatin1String("transform")).toString();
+        if (transform.endsWith(QLatin1String("90")) || transform.endsWith(QLatin1String("270"))) {
+            pixels.transpose();
+        }
+        const QString name = output.value(QLatin1String("name")).toString();
+        if (output.value(QLatin1String("active")).toBool() && !name.isEmpty() && !pixels.isEmpty()) {
+            screens.append({name, pixels});
+        }
+    }
+    return screens;
+}
+
+std::optional<QString> DesktopPictureSway::failureOf(const QByteArray &resultsJson)
+{
+    const QJsonDocument document = QJsonDocument::fromJson(resultsJson);
+    const QJsonArray results = document.array();
+    if (results.isEmpty()) {
+        return Tr::tr("sway's answer cannot be understood");
+    }
+    for (const QJsonValue result : results) {
+        if (!result.toObject().value(QLatin1String("success")).toBool()) {
+            const QString words = result.toObject().value(QLatin1String("error")).toString();
+            return words.isEmpty() ? Tr::tr("sway refused the picture") : words;
+        }
+    }
+    return std::nullopt;
+}
+
+bool DesktopPictureSway::isPlainPath(const QString &path)
+{
+    return path.startsWith(QLatin1Char('/')) && std::all_of(path.begin(), path.end(), [](QChar letter) {
+               const char16_t code = letter.unicode();
+               return (code >= u'a' && code <= u'z') || (code >= u'A' && code <= u'Z') ||
+                      (code >= u'0' && code <= u'9') || QStringView(u"/_.-").contains(letter);
+           });
+}
+
+std::optional<QByteArray> DesktopPictureSway::commandFor(const QString &screenName, const QString &path)
+{
+    // Inside double quotes sway knows only these; "*" means every screen and "-" the focused one.
+    const bool isAmbiguous = std::any_of(screenName.begin(), screenName.end(), [](QChar letter) {
+        return QStringView(u"\"\\$").contains(letter) || letter.unicode() < u' ' || letter.unicode() == 0x7f;
+    });
+    static const QStringList special{QString(), QStringLiteral("*"), QStringLiteral("-"), QStringLiteral("--")};
+    if (isAmbiguous || special.contains(screenName)) {
+        return std::nullopt;
+    }
+    return QStringLiteral("output \"%1\" bg %2 fill").arg(screenName, path).toUtf8();
+}
+
+} // namespace quorvane

@@ -1,0 +1,140 @@
+#include "Platform/Desktops/DesktopPictureXfce.h"
+
+#include "Platform/Bus/DesktopBus.h"
+#include "Platform/Pictures/HandedPicture.h"
+#include "Platform/Pictures/PictureCopy.h"
+#include "Platform/Desktops/SessionDesktops.h"
+#include "Platform/Threads/TimeLimit.h"
+
+#include <QCoreApplication>
+#include <QDBusArgument>
+#include <QDBusVariant>
+
+#include <algorithm>
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopPictureXfce)
+};
+
+const QString kPicture = QStringLiteral("last-image");
+const QString kStyle = QStringLiteral("image-style");
+/// As large as needed to fill the screen, cropped around the centre.
+constexpr int kZoomed = 5;
+
+std::optional<QVariantList> ask(DesktopBus &bus, const QString &method, const QVariantList &arguments)
+{
+    return bus.call(QStringLiteral("org.xfce.Xfconf"), QStringLiteral("/org/xfce/Xfconf"),
+                    QStringLiteral("org.xfce.Xfconf"), method, arguments);
+}
+
+/// Everything below "/backdrop"; nothing when the daemon does not say it.
+std::optional<QVariantMap> backdrops(DesktopBus &bus)
+{
+    const auto answer =
+        ask(bus, QStringLiteral("GetAllProperties"), {QStringLiteral("xfce4-desktop"), QStringLiteral("/backdrop")});
+    return answer ? std::optional(qdbus_cast<QVariantMap>(answer->value(0))) : std::nullopt;
+}
+
+int workspaceCount(DesktopBus &bus)
+{
+    const auto answer =
+        ask(bus, QStringLiteral("GetProperty"), {QStringLiteral("xfwm4"), QStringLiteral("/general/workspace_count")});
+    return answer ? qvariant_cast<QDBusVariant>(answer->value(0)).variant().toInt() : 0;
+}
+
+std::optional<QString> show(DesktopBus &bus, const QString &path, const QList<Screen> &screens,
+                            const std::stop_token &stop)
+{
+    const SessionDesktop &xfce = *sessionDesktop(DesktopBackend::Xfce, {});
+    if (auto failure = bus.failureToFind(xfce.painters, xfce.title)) {
+        return failure;
+    }
+    // There is nothing before the desktop's first start has come that far; any other failure comes up again below.
+    const QVariantMap now = backdrops(bus).value_or(QVariantMap());
+    const int workspaces = workspaceCount(bus);
+    const QVariantMap wanted = DesktopPictureXfce::propertiesFor(path, screens, workspaces, now);
+    for (auto property = wanted.begin(); property != wanted.end(); ++property) {
+        const QVariant value = QVariant::fromValue(QDBusVariant(property.value()));
+        if (stop.stop_requested() ||
+            (now.value(property.key()) != property.value() &&
+             !ask(bus, QStringLiteral("SetProperty"), {QStringLiteral("xfce4-desktop"), property.key(), value}))) {
+            return bus.error();
+        }
+    }
+    const auto kept = backdrops(bus);
+    if (!kept) {
+        return bus.error();
+    }
+    // At its first start XFCE takes away what older versions have left.
+    const QVariantMap needed = DesktopPictureXfce::propertiesFor(path, screens, workspaces, {});
+    for (auto property = wanted.begin(); property != wanted.end(); ++property) {
+        const bool mayBeGone = !needed.contains(property.key());
+        if (kept->value(property.key(), mayBeGone ? property.value() : QVariant()) != property.value()) {
+            return Tr::tr("XFCE did not keep the setting \"%1\"").arg(property.key());
+        }
+    }
+    return bus.failureToFind(xfce.painters, xfce.title);
+}
+
+} // namespace
+
+DesktopPictureXfce::DesktopPictureXfce(QString busAddress, std::function<QList<Screen>()> screens, QString reason,
+                                       std::chrono::milliseconds limit)
+    : m_busAddress(std::move(busAddress))
+    , m_screens(std::move(screens))
+    , m_reason(std::move(reason))
+    , m_limit(limit)
+{
+}
+
+std::optional<QString> DesktopPictureXfce::setPicture(const QString &path, const QList<Screen> &screens)
+{
+    const HandedPicture handed = handedPicture(path, [](const QString &) { return true; });
+    if (!handed.error.isEmpty()) {
+        return handed.error;
+    }
+    const QDeadlineTimer deadline(m_limit);
+    const auto result = withinLimit(m_limit, [=, address = m_busAddress](const std::stop_token &stop) {
+        DesktopBus bus(address, deadline);
+        return show(bus, handed.path, screens, stop);
+    });
+    if (!result || *result) {
+        return result ? *result : Tr::tr("XFCE does not answer");
+    }
+    PictureCopy::removeAllBut(handed.isCopy ? handed.path : QString());
+    return std::nullopt;
+}
+
+QVariantMap DesktopPictureXfce::propertiesFor(const QString &path, const QList<Screen> &screens, int workspaces,
+                                              const QVariantMap &now)
+{
+    QStringList places;
+    const QString pictureEnding = QLatin1Char('/') + kPicture;
+    for (auto property = now.begin(); property != now.end(); ++property) {
+        if (property.key().endsWith(pictureEnding)) {
+            places.append(property.key().chopped(pictureEnding.size()));
+        }
+    }
+    for (const Screen &screen : screens) {
+        for (int workspace = 0; workspace < std::max(workspaces, 1); ++workspace) {
+            places.append(
+                QStringLiteral("/backdrop/screen0/monitor%1/workspace%2").arg(screen.name, QString::number(workspace)));
+        }
+    }
+    QVariantMap wanted;
+    for (const QString &place : std::as_const(places)) {
+        wanted.insert(place + QLatin1Char('/') + kStyle, kZoomed); // Set before the picture, as the map's order is.
+        // XFCE 4.18 watches the file, 4.20 only the setting. Two slashes at the beginning mean what one does.
+        const QString key = place + pictureEnding;
+        wanted.insert(key, now.value(key) == path ? QLatin1Char('/') + path : path);
+    }
+    return wanted;
+}
+
+} // namespace quorvane

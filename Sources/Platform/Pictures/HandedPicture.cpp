@@ -1,0 +1,73 @@
+#include "Platform/Pictures/HandedPicture.h"
+
+#include "Platform/Pictures/PictureCopy.h"
+#include "Platform/Pictures/PictureFile.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QFile>
+#include <QImageWriter>
+
+namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(HandedPicture)
+};
+
+/// Enough to know that a picture decodes to its end.
+constexpr QSize kCheckSize(256, 256);
+
+QByteArray encodedAsPng(const QImage &image)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QImageWriter writer(&buffer, "png");
+    writer.setCompression(10); // Fast: the copy lives until the next picture.
+    return writer.write(image) ? bytes : QByteArray();
+}
+
+HandedPicture copied(const QByteArray &bytes, const QString &ending, const TakesPath &takesPath)
+{
+    if (bytes.isEmpty()) {
+        return {{}, false, Tr::tr("The picture cannot be copied for the desktop")};
+    }
+    const QStringList folders = PictureCopy::folders();
+    for (const QString &folder : folders) {
+        if (takesPath(folder)) { // Our names add nothing that a desktop could mind.
+            if (const std::optional<QString> copy = PictureCopy::write(folder, bytes, ending)) {
+                return {*copy, true, {}};
+            }
+        }
+    }
+    return {{}, false, Tr::tr("No folder could hold a copy of the picture under a name that the desktop takes")};
+}
+
+} // namespace
+
+HandedPicture handedPicture(const QString &path, const TakesPath &takesPath)
+{
+    const PictureFile checked = readPicture(path, kCheckSize);
+    if (!checked.error.isEmpty()) {
+        return {{}, false, checked.error};
+    }
+    // Desktops read PNG and JPEG everywhere, other formats only where a plug-in happens to be.
+    if (checked.format != "png" && checked.format != "jpeg") {
+        return copied(encodedAsPng(readPicture(path).image), QStringLiteral("png"), takesPath);
+    }
+    if (takesPath(path)) {
+        return {path, false, {}};
+    }
+    QFile file(path);
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return copied(bytes, checked.format == "jpeg" ? QStringLiteral("jpg") : QStringLiteral("png"), takesPath);
+}
+
+HandedPicture handedPicture(const QImage &image)
+{
+    return copied(encodedAsPng(image), QStringLiteral("png"), [](const QString &) { return true; });
+}
+
+} // namespace quorvane

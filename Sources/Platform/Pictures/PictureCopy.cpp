@@ -1,0 +1,83 @@
+#include "Platform/Pictures/PictureCopy.h"
+
+#include "Platform/Files/AtomicFile.h"
+#include "Platform/Files/Paths.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+namespace quorvane::PictureCopy {
+
+namespace {
+
+// Followed by the time in UTC and a counter that keeps two copies of one instant apart.
+const QString kNameBegin = QStringLiteral("wallpaper-");
+
+bool isOurName(const QString &name)
+{
+    static const QRegularExpression ours(
+        QRegularExpression::anchoredPattern(kNameBegin + QStringLiteral(R"(\d{8}-\d{9}-\d+\.[a-z]+)")));
+    return ours.match(name).hasMatch();
+}
+
+} // namespace
+
+QStringList folders()
+{
+    QStringList result{Paths::stateHome() + QStringLiteral("/quorvane")};
+    const QString sessionFolder = QFile::decodeName(qgetenv("XDG_RUNTIME_DIR"));
+    if (QDir::isAbsolutePath(sessionFolder)) {
+        result.append(QDir::cleanPath(sessionFolder) + QStringLiteral("/quorvane"));
+    }
+    return result;
+}
+
+std::optional<QString> write(const QString &folder, const QByteArray &bytes, const QString &ending)
+{
+    if (!QDir().mkpath(folder)) {
+        return std::nullopt;
+    }
+    const QString begin = folder + QLatin1Char('/') + kNameBegin +
+                          QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd-HHmmsszzz"));
+    for (int counter = 0;; ++counter) {
+        const QString path = QStringLiteral("%1-%2.%3").arg(begin).arg(counter).arg(ending);
+        if (!QFileInfo::exists(path)) {
+            return writeFileAtomically(path, bytes) ? std::optional(path) : std::nullopt;
+        }
+    }
+}
+
+bool isOurs(const QString &path)
+{
+    const QFileInfo file(path);
+    return isOurName(file.fileName()) && folders().contains(file.path());
+}
+
+bool isCopyOf(const QString &copy, const QString &path)
+{
+    if (!isOurs(copy) || QFileInfo(copy).size() != QFileInfo(path).size()) {
+        return false;
+    }
+    QFile first(copy);
+    QFile second(path);
+    return first.open(QIODevice::ReadOnly) && second.open(QIODevice::ReadOnly) && first.readAll() == second.readAll();
+}
+
+void removeAllBut(const QString &keep)
+{
+    const QStringList everywhere = folders();
+    for (const QString &folder : everywhere) {
+        const QStringList names = QDir(folder).entryList(QDir::Files | QDir::NoSymLinks);
+        for (const QString &name : names) {
+            const QString path = folder + QLatin1Char('/') + name;
+            if (path != keep && isOurName(name)) {
+                QFile::remove(path);
+            }
+        }
+    }
+}
+
+} // namespace quorvane::PictureCopy

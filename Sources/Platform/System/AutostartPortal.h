@@ -1,0 +1,16 @@
+#pragma once
+
+#include "Platform/System/Autostart.h"
+
+#include <QDBusConnection>
+
+#include <chrono>
+
+namespace quorvane {
+
+/// Asks the desktop through its Background portal, as a sandboxed program does, and waits for the answer in an event
+/// loop of its own. What went wrong, for the user.
+[[nodiscard]] std::optional<QString> askPortalForAutostart(const QDBusConnection &bus, Autostart autostart,
+                                                           std::chrono::milliseconds limit = std::chrono::minutes(2));
+
+} // namespace quorvane

@@ -1,0 +1,26 @@
+#include "Platform/System/PowerEventsLogind.h"
+
+namespace quorvane {
+
+PowerEventsLogind::PowerEventsLogind(QDBusConnection bus)
+{
+    bus.connect(QStringLiteral("org.freedesktop.login1"), QStringLiteral("/org/freedesktop/login1"),
+                QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("PrepareForSleep"), this,
+                SLOT(prepareForSleep(bool)));
+}
+
+void PowerEventsLogind::prepareForSleep(bool isStarting)
+{
+    // Sent twice: true before the machine sleeps, false when it is awake again.
+    if (!isStarting) {
+        Q_EMIT woke();
+    }
+}
+
+std::unique_ptr<PowerEvents> makePowerEvents()
+{
+    const QDBusConnection bus = QDBusConnection::systemBus();
+    return bus.isConnected() ? std::make_unique<PowerEventsLogind>(bus) : nullptr;
+}
+
+} // namespace quorvane

@@ -1,0 +1,10 @@
+#include "Platform/System/PowerEvents.h"
+
+namespace quorvane {
+
+std::unique_ptr<PowerEvents> makePowerEvents()
+{
+    return nullptr;
+}
+
+} // namespace quorvane

@@ -1,0 +1,137 @@
+#include "Platform/Wayland/LayerShellBackgrounds.h"
+
+#include "Platform/Pictures/PictureFile.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(LayerShellBackgrounds)
+};
+
+} // namespace
+
+LayerShellBackgrounds::LayerShellBackgrounds(const QString &display, QDeadlineTimer deadline)
+    : m_connection(display, deadline)
+{
+    if (!m_connection.isUsable()) {
+        return;
+    }
+    m_outputs = std::make_unique<WaylandOutputs>(m_connection);
+    m_outputs->removed = [this](const WaylandOutput &output) { m_surfaces.erase(&output); };
+    // The first answer names what there is, the second describes the outputs.
+    if (m_connection.finish(deadline) && m_connection.finish(deadline)) {
+        m_globals = std::make_unique<BackgroundGlobals>(*m_outputs);
+        m_isComplete = m_globals->areComplete();
+    }
+}
+
+QString LayerShellBackgrounds::error() const
+{
+    const QString error = m_connection.error();
+    return error.isEmpty() ? Tr::tr("The compositor does not offer zwlr_layer_shell_v1") : error;
+}
+
+std::optional<QString> LayerShellBackgrounds::show(const QImage &picture, const QString &path,
+                                                   const QList<Screen> &screens, QDeadlineTimer deadline)
+{
+    if (!m_connection.finish(deadline)) {
+        return m_connection.error();
+    }
+    QList<BackgroundSurface *> surfaces;
+    for (const Screen &screen : screens) {
+        WaylandOutput *output = m_outputs->find(screen.name);
+        if (output == nullptr) {
+            return Tr::tr("The compositor has no screen \"%1\"").arg(screen.name);
+        }
+        surfaces.append(&surfaceFor(*output));
+    }
+    // A dispatch may end surfaces whose outputs go, so they are looked at by way of the map.
+    const auto isThere = [this](const BackgroundSurface *surface) {
+        return std::any_of(m_surfaces.begin(), m_surfaces.end(), [surface](const auto &entry) {
+            return entry.second.get() == surface && !surface->isClosed();
+        });
+    };
+    const auto areAllThere = [&] { return std::all_of(surfaces.begin(), surfaces.end(), isThere); };
+    const auto areAllReady = [&] {
+        return std::all_of(surfaces.begin(), surfaces.end(), [](const auto *each) { return each->isReady(); });
+    };
+    while (areAllThere() && !areAllReady()) {
+        if (!m_connection.dispatch(deadline)) {
+            return m_connection.error();
+        }
+    }
+    if (areAllThere()) {
+        for (BackgroundSurface *surface : surfaces) {
+            if (!surface->show(picture)) {
+                return Tr::tr("There is not enough memory for the picture");
+            }
+        }
+        m_path = path;
+        if (!m_connection.finish(deadline)) {
+            return m_connection.error();
+        }
+    }
+    return areAllThere() ? std::nullopt : std::optional(Tr::tr("The compositor closed the background"));
+}
+
+bool LayerShellBackgrounds::follow(int wakeDescriptor)
+{
+    if (!m_path.isEmpty()) {
+        makeSurfaces();
+        // One change comes as several events; this waits for the last of them.
+        if (isStale() && !m_connection.finish(QDeadlineTimer(kDesktopLimit))) {
+            return m_connection.isUsable();
+        }
+        redrawStale();
+    }
+    m_connection.dispatch(QDeadlineTimer(QDeadlineTimer::Forever), wakeDescriptor);
+    return m_connection.isUsable();
+}
+
+BackgroundSurface &LayerShellBackgrounds::surfaceFor(WaylandOutput &output)
+{
+    std::unique_ptr<BackgroundSurface> &surface = m_surfaces[&output];
+    if (!surface || surface->isClosed()) {
+        surface = std::make_unique<BackgroundSurface>(*m_globals, output);
+    }
+    return *surface;
+}
+
+void LayerShellBackgrounds::makeSurfaces()
+{
+    for (const auto &[id, output] : m_outputs->all()) {
+        // One that was closed is not asked for again by ourselves: the compositor had its reason.
+        if (!output->mode.isEmpty() && !m_surfaces.contains(output.get())) {
+            surfaceFor(*output);
+        }
+    }
+}
+
+bool LayerShellBackgrounds::isStale() const
+{
+    return std::any_of(m_surfaces.begin(), m_surfaces.end(),
+                       [](const auto &entry) { return entry.second->isReady() && !entry.second->fits(); });
+}
+
+void LayerShellBackgrounds::redrawStale()
+{
+    if (!isStale()) {
+        return;
+    }
+    const PictureFile file = readPicture(m_path);
+    for (const auto &[output, surface] : m_surfaces) {
+        if (surface->isReady() && !surface->fits() && (file.image.isNull() || !surface->show(file.image))) {
+            m_path.clear(); // The file is gone: whoever follows the screens will say so when it sets a picture next.
+            return;
+        }
+    }
+}
+
+} // namespace quorvane

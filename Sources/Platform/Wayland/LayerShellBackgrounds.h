@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Platform/Wayland/BackgroundSurface.h"
+#include "Platform/Wayland/WaylandConnection.h"
+#include "Platform/Wayland/WaylandOutputs.h"
+
+#include <QString>
+
+#include <map>
+#include <memory>
+#include <optional>
+
+namespace quorvane {
+
+/// The backgrounds of all outputs of one compositor, on a connection of their own. For one thread. They are there for
+/// as long as the object is.
+class LayerShellBackgrounds
+{
+  public:
+    /// Look at isUsable() before anything else.
+    LayerShellBackgrounds(const QString &display, QDeadlineTimer deadline);
+
+    [[nodiscard]] bool isUsable() const { return m_isComplete && m_connection.isUsable(); }
+
+    /// Why it is not usable, for the user.
+    [[nodiscard]] QString error() const;
+
+    /// Shows the picture, which the file at path holds, on the screens; nothing on success, as setPicture(). A
+    /// compositor that does not answer at first is asked for nothing.
+    [[nodiscard]] std::optional<QString> show(const QImage &picture, const QString &path, const QList<Screen> &screens,
+                                              QDeadlineTimer deadline);
+
+    /// Sleeps until the compositor says something or wakeDescriptor is readable. Outputs that came or changed get the
+    /// last picture, which is read again for it: none is kept. False once the connection is lost.
+    [[nodiscard]] bool follow(int wakeDescriptor);
+
+  private:
+    BackgroundSurface &surfaceFor(WaylandOutput &output);
+    void makeSurfaces();
+    [[nodiscard]] bool isStale() const;
+    void redrawStale();
+
+    // Before what uses it, so that it goes last.
+    WaylandConnection m_connection;
+    std::unique_ptr<WaylandOutputs> m_outputs;
+    std::unique_ptr<BackgroundGlobals> m_globals;
+    std::map<const WaylandOutput *, std::unique_ptr<BackgroundSurface>> m_surfaces;
+    QString m_path; ///< Of the last picture; empty before the first.
+    bool m_isComplete = false;
+};
+
+} // namespace quorvane

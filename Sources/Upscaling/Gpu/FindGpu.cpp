@@ -1,0 +1,37 @@
+#include "Upscaling/Gpu/FindGpu.h"
+
+#include "Upscaling/Network/SuperResolutionModel.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace quorvane {
+
+std::optional<GpuProgram> findGpu()
+{
+    if (!hasGpu(QStringLiteral("/dev"))) {
+        return std::nullopt;
+    }
+    // Relative to the program, so that a tree that was moved still has it.
+    const QString worker =
+        QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/" QUORVANE_GPU_WORKER));
+    QStringList providers = SuperResolutionModel::cardProviders();
+    if (providers.isEmpty() || !QFileInfo(worker).isExecutable()) {
+        return std::nullopt;
+    }
+    return GpuProgram{worker, std::move(providers)};
+}
+
+bool hasGpu(const QString &devices)
+{
+    const QFileInfoList nodes =
+        QDir(devices + QStringLiteral("/dri")).entryInfoList({QStringLiteral("renderD*")}, QDir::System | QDir::Files) +
+        QDir(devices).entryInfoList({QStringLiteral("nvidia[0-9]*")}, QDir::System | QDir::Files);
+    return std::any_of(nodes.begin(), nodes.end(),
+                       [](const QFileInfo &node) { return node.isReadable() && node.isWritable(); });
+}
+
+} // namespace quorvane

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QStringList>
+
+#include <chrono>
+#include <cstddef>
+#include <span>
+#include <sys/types.h>
+
+namespace quorvane {
+
+/// A process of its own that runs tiles through the network on a graphics card, so that no driver's crash, leak or
+/// chatter reaches this program. The program it runs reads tiles and writes results, both as bare numbers without
+/// anything around them; see GpuWorkerMain.cpp.
+///
+/// Whatever goes wrong ends the process and is told by run() alone. It is started by the constructor and dies with the
+/// thread that called it, so it serves one upscale.
+class GpuWorker
+{
+  public:
+    /// In numbers.
+    static constexpr std::size_t kTileSize = std::size_t(3) * 512 * 512;
+    static constexpr std::size_t kResultSize = std::size_t(3) * 2048 * 2048;
+
+    GpuWorker(const QString &program, const QStringList &arguments);
+    /// Ends the process, whatever it does.
+    ~GpuWorker();
+    GpuWorker(const GpuWorker &) = delete;
+    GpuWorker &operator=(const GpuWorker &) = delete;
+    GpuWorker(GpuWorker &&) = delete;
+    GpuWorker &operator=(GpuWorker &&) = delete;
+
+    /// Fills result with what the process makes of tile. False when it is gone, gives anything but a result, or is not
+    /// done within limit; then it is never asked again. One thread at a time.
+    [[nodiscard]] bool run(std::span<const float> tile, std::span<float> result, std::chrono::milliseconds limit) const;
+
+    /// Makes a run in progress and all later ones fail. Any thread may call it.
+    void end() const;
+
+  private:
+    pid_t m_process = -1;
+    int m_socket = -1;
+};
+
+} // namespace quorvane

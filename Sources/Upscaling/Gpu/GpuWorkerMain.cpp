@@ -1,0 +1,123 @@
+#include "Platform/Threads/BackgroundThread.h"
+#include "Upscaling/Gpu/GpuWorker.h"
+#include "Upscaling/Network/SuperResolutionModel.h"
+#include "Upscaling/Gpu/VulkanDevices.h"
+
+#include <QFile>
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <memory>
+#include <span>
+#include <sys/prctl.h>
+#include <unistd.h>
+#include <vector>
+
+// The process that GpuWorker starts. Reads tiles from standard input, each [3, 512, 512] float32, and writes
+// [3, 2048, 2048] float32 for each to standard output, until the input ends. Says why it gives up on standard error,
+// for whoever starts it by hand.
+
+namespace {
+
+using namespace quorvane;
+
+constexpr int kUsage = 2;
+
+/// Dies with the program that started it, leaves no core dump, and keeps the drivers' messages out of the results.
+/// Gives where the results go.
+int standApart()
+{
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    prctl(PR_SET_DUMPABLE, 0);
+    lowerThreadPriority();
+    const int results = dup(STDOUT_FILENO);
+    dup2(STDERR_FILENO, STDOUT_FILENO);
+    return results;
+}
+
+bool hasVulkanCard()
+{
+    const VulkanDevices devices = findVulkanDevices();
+    if (devices == VulkanDevices::None) {
+        std::fputs("Vulkan finds no graphics card\n", stderr);
+    } else if (devices == VulkanDevices::Software) {
+        std::fputs("Vulkan computes on the processor\n", stderr);
+    }
+    return devices == VulkanDevices::Hardware;
+}
+
+/// The network on the first of the providers that works; null when none does.
+std::unique_ptr<SuperResolutionModel> load(const QString &path, std::span<char *> providers)
+{
+    for (const char *name : providers) {
+        const QString provider = QString::fromUtf8(name);
+        if (provider == QStringLiteral("WebGpuExecutionProvider") && !hasVulkanCard()) {
+            continue;
+        }
+        try {
+            return std::make_unique<SuperResolutionModel>(path, 1, provider);
+        } catch (const std::exception &error) {
+            std::fprintf(stderr, "%s: %s\n", name, error.what());
+        }
+    }
+    return nullptr;
+}
+
+/// False at the end of the input.
+bool readAll(std::span<std::byte> bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = read(STDIN_FILENO, bytes.data(), bytes.size());
+        if (count <= 0) {
+            return false;
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+bool writeAll(int file, std::span<const std::byte> bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = write(file, bytes.data(), bytes.size());
+        if (count <= 0) {
+            return false;
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+/// Ends the process without a destructor, because graphics drivers crash when they are unloaded.
+[[noreturn]] void serve(const QString &path, std::span<char *> providers, int results)
+{
+    const std::unique_ptr<SuperResolutionModel> model = load(path, providers);
+    if (!model) {
+        _exit(EXIT_FAILURE);
+    }
+    std::vector<float> tile(GpuWorker::kTileSize);
+    try {
+        while (readAll(std::as_writable_bytes(std::span(tile))) &&
+               writeAll(results, std::as_bytes(model->run(tile, {})))) {
+        }
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        _exit(EXIT_FAILURE);
+    }
+    _exit(EXIT_SUCCESS);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc < 3) {
+        std::fputs("usage: quorvane-gpu-worker NETWORK PROVIDER...\n", stderr);
+        return kUsage;
+    }
+    const int results = standApart();
+    const std::span<char *> arguments(argv, static_cast<std::size_t>(argc));
+    serve(QFile::decodeName(arguments[1]), arguments.subspan(2), results);
+}

@@ -1,0 +1,256 @@
+// Hyprland and hyprpaper are not packaged everywhere, so what answers here is a small listener on a real socket that
+// speaks the documented protocol: one request a connection, one reply, and the end. What our own surfaces show where
+// nobody listens is judged by the pixels of a real compositor.
+
+#include "Platform/Desktops/DesktopPictureHyprland.h"
+
+#include "Platform/Files/Paths.h"
+#include "Support/Files.h"
+#include "Support/PositionPicture.h"
+#include "Support/PrivateHome.h"
+#include "Support/PrivateSway.h"
+#include "Support/WaitFor.h"
+
+#include <QMap>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <mutex>
+#include <thread>
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace quorvane {
+
+namespace {
+
+constexpr QSize kSource(1200, 1000);
+
+/// Keeps what hyprpaper would keep: the files that it has read, and which one each monitor shows.
+class Hyprpaper
+{
+  public:
+    enum class Version {
+        Listing, ///< Knows "listloaded" and "unload unused".
+        Old,
+        Binary, ///< Speaks another protocol altogether.
+    };
+
+    explicit Hyprpaper(const QString &path, Version version = Version::Listing)
+        : m_version(version)
+        , m_socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        std::strncpy(&address.sun_path[0], QFile::encodeName(path).constData(), sizeof(address.sun_path) - 1);
+        EXPECT_EQ(::bind(m_socket, reinterpret_cast<const sockaddr *>(&address), sizeof(address)), 0);
+        EXPECT_EQ(::listen(m_socket, 10), 0);
+        m_thread = std::jthread([this](const std::stop_token &stop) { serve(stop); });
+    }
+    ~Hyprpaper()
+    {
+        m_thread.request_stop();
+        ::shutdown(m_socket, SHUT_RDWR);
+        m_thread.join();
+        ::close(m_socket);
+    }
+    Hyprpaper(const Hyprpaper &) = delete;
+    Hyprpaper &operator=(const Hyprpaper &) = delete;
+
+    [[nodiscard]] QStringList loaded() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_loaded;
+    }
+    [[nodiscard]] QMap<QString, QString> shown() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_shown;
+    }
+
+  private:
+    void serve(const std::stop_token &stop)
+    {
+        while (!stop.stop_requested()) {
+            const int client = ::accept4(m_socket, nullptr, nullptr, SOCK_CLOEXEC);
+            if (client < 0) {
+                return;
+            }
+            std::array<char, 1024> request{};
+            const ssize_t count = ::read(client, request.data(), request.size());
+            const QByteArray reply = answer(QByteArray(request.data(), std::max<ssize_t>(0, count)));
+            // Who only looks whether somebody listens does not wait for the answer.
+            const ssize_t sent =
+                ::send(client, reply.constData(), static_cast<std::size_t>(reply.size()), MSG_NOSIGNAL);
+            EXPECT_TRUE(sent == reply.size() || count <= 0) << sent;
+            ::close(client);
+        }
+    }
+
+    QByteArray answer(const QByteArray &request)
+    {
+        if (m_version == Version::Binary) {
+            return QByteArray("\x01\x00\x02", 3);
+        }
+        const std::lock_guard lock(m_mutex);
+        const QString value = QString::fromUtf8(request.mid(request.indexOf(' ') + 1)).trimmed();
+        if (request == "listloaded" && m_version == Version::Listing) {
+            return m_loaded.isEmpty() ? "no wallpapers loaded" : m_loaded.join(QLatin1Char('\n')).toUtf8();
+        }
+        if (request.startsWith("preload ")) {
+            if (!QFile::exists(value)) {
+                return "preload failed (no such file)";
+            }
+            m_loaded.append(value);
+            return "ok";
+        }
+        if (request.startsWith("wallpaper ")) {
+            const qsizetype comma = value.indexOf(QLatin1Char(','));
+            const QString file = value.mid(comma + 1);
+            if (!m_loaded.contains(file)) {
+                return "wallpaper failed (not preloaded)";
+            }
+            m_shown.insert(value.left(comma), file);
+            return "ok";
+        }
+        if (request == "unload unused" && m_version == Version::Listing) {
+            m_loaded.removeIf([this](const QString &file) { return !m_shown.values().contains(file); });
+            return "ok";
+        }
+        return request.startsWith("unload ") ? "ok" : "invalid command";
+    }
+
+    Version m_version;
+    int m_socket;
+    mutable std::mutex m_mutex;
+    QStringList m_loaded;
+    QMap<QString, QString> m_shown;
+    std::jthread m_thread; ///< Last: it uses everything above.
+};
+
+class DesktopPictureHyprlandTest : public testing::Test
+{
+  protected:
+    [[nodiscard]] QString socket() const { return m_home.path() + QStringLiteral("/.hyprpaper.sock"); }
+
+    [[nodiscard]] DesktopPictureHyprland makeDesktop(const QString &display = {}) const
+    {
+        return {{m_home.path() + QStringLiteral("/nowhere"), m_home.path()}, display, {}, ProgramLife::Application};
+    }
+
+    [[nodiscard]] QString save(const QString &name, int mark) const
+    {
+        const QString path = m_home.library() + QLatin1Char('/') + name;
+        QDir().mkpath(QFileInfo(path).path());
+        EXPECT_TRUE(positionPicture(kSource, mark).save(path, "png"));
+        return path;
+    }
+
+    PrivateHome m_home;
+    const QList<Screen> m_screens{{QStringLiteral("DP-1"), QSize(800, 450)}, {QStringLiteral("DP-2"), QSize(400, 600)}};
+};
+
+} // namespace
+
+TEST_F(DesktopPictureHyprlandTest, tellsHyprpaperThePictureOfEachScreenAndLetsTheOldOneGo)
+{
+    const Hyprpaper hyprpaper(socket());
+    DesktopPictureHyprland desktop = makeDesktop();
+    EXPECT_FALSE(desktop.endsWithTheProgram());
+    const QString first = save(QStringLiteral("one.png"), 40);
+    ASSERT_EQ(desktop.setPicture(first, m_screens), std::nullopt);
+    EXPECT_EQ(hyprpaper.shown(),
+              (QMap<QString, QString>{{QStringLiteral("DP-1"), first}, {QStringLiteral("DP-2"), first}}));
+    const QString second = save(QStringLiteral("two.png"), 40);
+    ASSERT_EQ(desktop.setPicture(second, m_screens), std::nullopt);
+    EXPECT_EQ(hyprpaper.loaded(), QStringList{second});
+}
+
+TEST_F(DesktopPictureHyprlandTest, aPathThatHyprpaperHasReadAlreadyOrCannotReadIsCopied)
+{
+    const Hyprpaper hyprpaper(socket());
+    DesktopPictureHyprland desktop = makeDesktop();
+    const QString path = save(QStringLiteral("one.png"), 40);
+    ASSERT_EQ(desktop.setPicture(path, m_screens), std::nullopt);
+    ASSERT_EQ(desktop.setPicture(path, m_screens), std::nullopt);
+    EXPECT_EQ(hyprpaper.loaded(), QStringList{path}) << "the same content is the same file";
+    for (const QString &name : {QStringLiteral("one.png"), QString::fromUtf8("a, b #\n日本/two.png")}) {
+        const QString other = save(name, 200);
+        ASSERT_EQ(desktop.setPicture(other, m_screens), std::nullopt);
+        ASSERT_EQ(hyprpaper.loaded().size(), 1);
+        const QString copy = hyprpaper.loaded().constFirst();
+        EXPECT_TRUE(copy.startsWith(Paths::stateHome()));
+        EXPECT_EQ(contentOf(copy), contentOf(other));
+        EXPECT_EQ(QFileInfo(copy).dir().entryList(QDir::Files).size(), 1) << "the copy before is deleted";
+    }
+}
+
+TEST_F(DesktopPictureHyprlandTest, anOlderOneWithoutListsDoesAsWell)
+{
+    const Hyprpaper hyprpaper(socket(), Hyprpaper::Version::Old);
+    DesktopPictureHyprland desktop = makeDesktop();
+    const QString path = save(QStringLiteral("one.png"), 40);
+    ASSERT_EQ(desktop.setPicture(path, m_screens), std::nullopt);
+    ASSERT_EQ(desktop.setPicture(save(QStringLiteral("one.png"), 90), m_screens), std::nullopt);
+    EXPECT_NE(hyprpaper.shown().value(QStringLiteral("DP-2")), path);
+    EXPECT_TRUE(QFile::exists(hyprpaper.shown().value(QStringLiteral("DP-2"))));
+}
+
+TEST_F(DesktopPictureHyprlandTest, aRefusalIsInItsOwnWordsAndLeavesNoCopy)
+{
+    DesktopPictureHyprland desktop = makeDesktop();
+    const Hyprpaper hyprpaper(socket());
+    const QString path = save(QString::fromUtf8("a b/one.png"), 40);
+    const QList<Screen> strange{{QStringLiteral("DP,1"), QSize(1, 1)}};
+    EXPECT_EQ(desktop.setPicture(path, strange), QStringLiteral("wallpaper failed (not preloaded)"));
+    EXPECT_EQ(QDir(Paths::stateHome() + QStringLiteral("/quorvane")).entryList(QDir::Files), QStringList());
+    EXPECT_NE(desktop.setPicture(m_home.path() + QStringLiteral("/missing.png"), m_screens), std::nullopt);
+    EXPECT_EQ(hyprpaper.shown().size(), 0);
+}
+
+TEST_F(DesktopPictureHyprlandTest, withoutHyprpaperOrWithAnotherProtocolOurOwnSurfacesShowIt)
+{
+    if (const QString missing = PrivateSway::missingProgram(); !missing.isEmpty()) {
+        GTEST_SKIP() << missing.toStdString() << " is not installed";
+    }
+    const PrivateSway sway({QSize(800, 450)});
+    ASSERT_TRUE(sway.isReady());
+    DesktopPictureHyprland desktop = makeDesktop(sway.runtimeFolder() + QStringLiteral("/wayland-1"));
+    const auto shows = [&sway](int mark) {
+        return waitFor(
+            [&] { return differenceFromFill(sway.screenshot(QStringLiteral("HEADLESS-1")), kSource, mark).isEmpty(); });
+    };
+    EXPECT_TRUE(desktop.endsWithTheProgram());
+    ASSERT_EQ(desktop.setPicture(save(QStringLiteral("one.png"), 40), desktop.screens()), std::nullopt);
+    EXPECT_TRUE(shows(40));
+    {
+        const Hyprpaper other(socket(), Hyprpaper::Version::Binary);
+        ASSERT_EQ(desktop.setPicture(save(QStringLiteral("two.png"), 90), desktop.screens()), std::nullopt);
+        EXPECT_TRUE(shows(90));
+    }
+    // As soon as it is there, hyprpaper's own picture must be seen.
+    QFile::remove(socket());
+    const Hyprpaper hyprpaper(socket());
+    ASSERT_EQ(desktop.setPicture(save(QStringLiteral("three.png"), 140), desktop.screens()), std::nullopt);
+    EXPECT_EQ(hyprpaper.shown().size(), 1);
+    EXPECT_TRUE(waitFor(
+        [&] { return !differenceFromFill(sway.screenshot(QStringLiteral("HEADLESS-1")), kSource, 90).isEmpty(); }));
+}
+
+TEST_F(DesktopPictureHyprlandTest, isThereWhenItListensAndItsSignatureIsAFoldersName)
+{
+    EXPECT_FALSE(DesktopPictureHyprland::answers({m_home.path()}));
+    const Hyprpaper hyprland(m_home.path() + QStringLiteral("/.socket.sock"), Hyprpaper::Version::Binary);
+    EXPECT_TRUE(DesktopPictureHyprland::answers({m_home.path()}));
+    EXPECT_EQ(DesktopPictureHyprland::socketFolders(QStringLiteral("../other")), QStringList());
+    EXPECT_EQ(DesktopPictureHyprland::socketFolders(QString()), QStringList());
+    EXPECT_TRUE(
+        DesktopPictureHyprland::socketFolders(QStringLiteral("v1_2")).contains(QStringLiteral("/tmp/hypr/v1_2")));
+}
+
+} // namespace quorvane

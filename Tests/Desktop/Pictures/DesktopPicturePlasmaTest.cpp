@@ -1,0 +1,349 @@
+// KDE Plasma as it is, with two screens, once on X11 and once on Wayland, judged by what it shows.
+
+#include "Platform/Desktops/DesktopPicturePlasma.h"
+
+#include "BigDesktops.h"
+#include "DesktopSession.h"
+
+#include "Platform/Bus/BusClient.h"
+#include "Platform/Files/Paths.h"
+#include "Platform/Desktops/Protocols/PlasmaScript.h"
+#include "Support/Files.h"
+#include "Support/PositionPicture.h"
+#include "Support/PrivateHome.h"
+#include "Support/PrivateSway.h"
+#include "Support/PrivateXorg.h"
+#include "Support/WaitFor.h"
+
+#include <QStandardPaths>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace quorvane {
+
+namespace {
+
+constexpr QSize kSource(1200, 1000);
+/// A cross-fade, and a machine that draws without a graphics card.
+constexpr std::chrono::seconds kDrawingLimit{60};
+constexpr std::chrono::seconds kStartLimit{120};
+
+/// Started by path: it is in no folder of programs.
+QString activityManager()
+{
+    const QStringList folders{QStringLiteral("/usr/lib/x86_64-linux-gnu/libexec"),
+                              QStringLiteral("/usr/lib/aarch64-linux-gnu/libexec"), QStringLiteral("/usr/libexec"),
+                              QStringLiteral("/usr/lib/libexec")};
+    return QStandardPaths::findExecutable(QStringLiteral("kactivitymanagerd"), folders);
+}
+
+/// The daemon of the Plasma that is installed, 6 or 5.
+QString settingsDaemon()
+{
+    const QString newer = QStandardPaths::findExecutable(QStringLiteral("kded6"));
+    return newer.isEmpty() ? QStandardPaths::findExecutable(QStringLiteral("kded5")) : newer;
+}
+
+} // namespace
+
+class DesktopPicturePlasmaTest : public testing::Test
+{
+  protected:
+    void SetUp() override
+    {
+        if (!bigDesktopsAreWanted()) {
+            GTEST_SKIP() << kBigDesktopsText;
+        }
+        m_missing = DesktopSession::missing({QStringLiteral("plasmashell")});
+        if (m_missing.isEmpty() && (activityManager().isEmpty() || settingsDaemon().isEmpty())) {
+            m_missing = QStringLiteral("kactivitymanagerd or kded");
+        }
+    }
+
+    [[nodiscard]] static QString missingOnX11()
+    {
+        const QString missing = PrivateXorg::missingProgram();
+        return missing.isEmpty() ? firstMissing({QStringLiteral("kwin_x11")}) : missing;
+    }
+
+    [[nodiscard]] static QString missingOnWayland()
+    {
+        const QString missing = PrivateSway::missingProgram();
+        if (!missing.isEmpty()) {
+            return missing;
+        }
+        // Plasma 5 needs the older Qt's way to Wayland.
+        const QDir libraries(QStringLiteral("/usr/lib"));
+        const QString version = settingsDaemon().right(1);
+        const QStringList triplets = libraries.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        const bool hasPlugin = std::any_of(triplets.begin(), triplets.end(), [&](const QString &triplet) {
+            return QFile::exists(libraries.filePath(triplet) +
+                                 QStringLiteral("/qt%1/plugins/platforms/libqwayland-generic.so").arg(version));
+        });
+        return hasPlugin ? firstMissing({QStringLiteral("kwin_wayland")}) : QStringLiteral("qtwayland") + version;
+    }
+
+    /// False where the test ends here.
+    [[nodiscard]] bool canRun(const QString &alsoMissing)
+    {
+        const QString missing = m_missing.isEmpty() ? alsoMissing : m_missing;
+        if (missing.isEmpty()) {
+            return true;
+        }
+        ADD_FAILURE() << missing.toStdString() << " is not installed (scripts/install-packages desktops)";
+        return false;
+    }
+
+    void startOnX11()
+    {
+        m_server = std::make_unique<PrivateXorg>();
+        ASSERT_TRUE(m_server->isReady());
+        m_display.x11 = m_server->display();
+        prepare();
+        m_session->environment().insert(QStringLiteral("DISPLAY"), QString::fromLatin1(m_display.x11));
+        m_session->environment().insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+        m_session->environment().insert(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("x11"));
+        m_session->environment().insert(QStringLiteral("KWIN_COMPOSE"), QStringLiteral("N"));
+        m_session->start(QStringLiteral("kwin_x11"));
+        startPlasma();
+    }
+
+    /// Plasma's compositor draws its two screens as windows of another one, side by side.
+    void startOnWayland()
+    {
+        m_sway = std::make_unique<PrivateSway>(QList<QSize>{QSize(2560, 720)},
+                                               "default_border none\nfor_window [title=\".*\"] floating enable\n");
+        ASSERT_TRUE(m_sway->isReady());
+        prepare();
+        // A copy has not the rights of the installed one, which a container does not grant.
+        const QString compositor = m_session->folder() + QStringLiteral("/kwin_wayland");
+        ASSERT_TRUE(QFile::copy(QStandardPaths::findExecutable(QStringLiteral("kwin_wayland")), compositor));
+        ASSERT_TRUE(QFile::link(m_sway->runtimeFolder() + QStringLiteral("/wayland-1"),
+                                m_session->runtimeFolder() + QStringLiteral("/wayland-1")));
+        QProcessEnvironment &environment = m_session->environment();
+        environment.insert(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
+        environment.insert(QStringLiteral("KWIN_COMPOSE"), QStringLiteral("Q"));
+        if (settingsDaemon().endsWith(QLatin1Char('6'))) {
+            environment.remove(QStringLiteral("QT_QUICK_BACKEND")); // With it, Plasma 6 leaves the desktops black here.
+        }
+        const OwnedProgram &running = m_session->start(
+            compositor, QStringLiteral("--wayland-display wayland-1 --width 1280 --height 720 --output-count 2 "
+                                       "--socket wayland-9 --no-lockscreen --no-global-shortcuts")
+                            .split(QLatin1Char(' ')));
+        m_display.wayland = m_session->runtimeFolder() + QStringLiteral("/wayland-9");
+        ASSERT_TRUE(waitFor([&] { return m_display.screens(std::chrono::seconds(1)).size() == 2; }, kStartLimit));
+        ASSERT_TRUE(running.isRunning());
+        for (int screen = 0; screen < 2; ++screen) {
+            const QString move =
+                QStringLiteral("[title=\"WL-%1\"] move absolute position %2 0").arg(screen).arg(1280 * screen);
+            ASSERT_TRUE(waitFor(
+                [&] { return !outputOf(QStringLiteral("swaymsg"), {move}, m_sway->clientEnvironment()).isNull(); }));
+        }
+        environment.insert(QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-9"));
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
+        startPlasma();
+    }
+
+    void prepare()
+    {
+        m_session = std::make_unique<DesktopSession>();
+        ASSERT_TRUE(m_session->isReady());
+        QProcessEnvironment &environment = m_session->environment();
+        environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("KDE"));
+        environment.insert(QStringLiteral("KDE_FULL_SESSION"), QStringLiteral("true"));
+        environment.insert(QStringLiteral("KDE_SESSION_VERSION"), settingsDaemon().right(1));
+        environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
+    }
+
+    void startPlasma()
+    {
+        m_session->start(activityManager());
+        m_session->start(settingsDaemon());
+        startShell();
+        m_desktop = std::make_unique<DesktopPicturePlasma>(m_session->busAddress(), m_display, QString());
+    }
+
+    void startShell()
+    {
+        m_shell = &m_session->start(QStringLiteral("plasmashell"), {QStringLiteral("--no-respawn")});
+        ASSERT_TRUE(waitForDesktops(2)) << m_shell->errors().constData();
+    }
+
+    /// Plasma has come so far that it has a desktop for each screen.
+    [[nodiscard]] bool waitForDesktops(int count) const
+    {
+        BusClient client(m_session->busAddress());
+        return waitFor(
+            [&] {
+                const auto answer = client.call(QDBusMessage::createMethodCall(QStringLiteral("org.kde.plasmashell"),
+                                                                               QStringLiteral("/PlasmaShell"),
+                                                                               QStringLiteral("org.kde.PlasmaShell"),
+                                                                               QStringLiteral("evaluateScript")),
+                                                {PlasmaScript::reading()}, QDeadlineTimer(1000));
+                const auto report = PlasmaScript::reportOf(answer.arguments.value(0).toString());
+                return report && report->visible() == count;
+            },
+            kStartLimit);
+    }
+
+    /// Puts a picture at name as the library does: whole, in place of what was there.
+    [[nodiscard]] QString save(const QString &name, int mark) const
+    {
+        const QString path = m_home.library() + QLatin1Char('/') + name;
+        QDir().mkpath(QFileInfo(path).path());
+        const QString draft = m_home.path() + QStringLiteral("/draft.png");
+        EXPECT_TRUE(positionPicture(kSource, mark).save(draft));
+        EXPECT_EQ(::rename(QFile::encodeName(draft).constData(), QFile::encodeName(path).constData()), 0);
+        return path;
+    }
+
+    [[nodiscard]] static QStringList copies()
+    {
+        return QDir(Paths::stateHome() + QStringLiteral("/quorvane")).entryList(QDir::Files | QDir::Hidden);
+    }
+
+    [[nodiscard]] QImage screenshot() const
+    {
+        return m_server ? m_server->rootWindow() : m_sway->screenshot(QStringLiteral("HEADLESS-1"));
+    }
+
+    [[nodiscard]] QRect area(int screen) const
+    {
+        return m_server ? m_server->areas().value(screen) : QRect(1280 * screen, 0, 1280, 720);
+    }
+
+    /// Why one of the screens does not come to show the picture with the mark; empty when all do.
+    [[nodiscard]] QString waitForPicture(int mark, int screens = 2) const
+    {
+        QString found;
+        (void)waitFor(
+            [&] {
+                const QImage shot = screenshot();
+                found.clear();
+                for (int screen = 0; screen < screens; ++screen) {
+                    found += differenceFromFill(shot.copy(area(screen)), kSource, mark);
+                }
+                return found.isEmpty();
+            },
+            kDrawingLimit);
+        const QByteArray folder = qgetenv("QUORVANE_TEST_SCREENSHOTS");
+        if (!folder.isEmpty()) {
+            const QString where = m_server ? QStringLiteral("x11") : QStringLiteral("wayland");
+            screenshot().save(QFile::decodeName(folder) + QStringLiteral("/plasma-%1-%2.png").arg(where).arg(mark));
+        }
+        return found;
+    }
+
+    PrivateHome m_home;
+    QString m_missing;
+    SessionDisplay m_display;
+    std::unique_ptr<PrivateXorg> m_server;
+    std::unique_ptr<PrivateSway> m_sway;
+    std::unique_ptr<DesktopSession> m_session;
+    OwnedProgram *m_shell = nullptr;
+    std::unique_ptr<DesktopPicturePlasma> m_desktop;
+};
+
+TEST_F(DesktopPicturePlasmaTest, fillsEveryScreenAndRefreshesTheSamePath)
+{
+    if (!canRun(missingOnX11())) {
+        return;
+    }
+    ASSERT_NO_FATAL_FAILURE(startOnX11());
+    const QList<Screen> screens = m_desktop->screens();
+    EXPECT_EQ(screens, (QList<Screen>{{QStringLiteral("DUMMY0"), QSize(1280, 720)},
+                                      {QStringLiteral("DUMMY1"), QSize(800, 600)}}));
+    const QString name = QString::fromUtf8("o'brien $(touch x) #1 100% \"q\" ;\\ \n Ünïcødé 日本/one.png");
+    const QString path = save(name, 40);
+    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    EXPECT_EQ(waitForPicture(40), QString());
+    EXPECT_EQ(copies(), QStringList()) << "a new path needs no copy";
+
+    // Plasma itself would go on showing what it once read under the name.
+    ASSERT_EQ(m_desktop->setPicture(save(name, 120), screens), std::nullopt);
+    EXPECT_EQ(waitForPicture(120), QString());
+    const QStringList first = copies();
+    EXPECT_EQ(first.size(), 1);
+    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    EXPECT_EQ(copies(), first) << "what is shown already is not copied again";
+    ASSERT_EQ(m_desktop->setPicture(save(name, 200), screens), std::nullopt);
+    EXPECT_EQ(waitForPicture(200), QString());
+    EXPECT_EQ(copies().size(), 1) << "the copy before is deleted";
+
+    // A process that knows nothing of the one before.
+    DesktopPicturePlasma other(m_session->busAddress(), m_display, QString());
+    ASSERT_EQ(other.setPicture(save(name, 80), screens), std::nullopt);
+    EXPECT_EQ(waitForPicture(80), QString());
+
+    // Another picture in between.
+    ASSERT_EQ(other.setPicture(save(QStringLiteral("two.png"), 160), screens), std::nullopt);
+    EXPECT_EQ(waitForPicture(160), QString());
+    ASSERT_EQ(other.setPicture(save(name, 240), screens), std::nullopt);
+    EXPECT_EQ(waitForPicture(240), QString());
+}
+
+TEST_F(DesktopPicturePlasmaTest, aScreenThatIsPluggedInGetsThePictureToo)
+{
+    if (!canRun(missingOnX11())) {
+        return;
+    }
+    ASSERT_NO_FATAL_FAILURE(startOnX11());
+    const QString path = save(QStringLiteral("one.png"), 90);
+    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(waitForPicture(90), QString());
+    ASSERT_TRUE(m_server->plugIn());
+    ASSERT_TRUE(waitFor([&] { return m_desktop->screens().size() == 3; }));
+    // At once, when Plasma may not have a desktop for it yet.
+    EXPECT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    EXPECT_EQ(waitForPicture(90, 3), QString());
+}
+
+TEST_F(DesktopPicturePlasmaTest, aShellThatIsKilledOrHangsIsAnErrorAndTheNextOneShowsThePicture)
+{
+    if (!canRun(missingOnX11())) {
+        return;
+    }
+    ASSERT_NO_FATAL_FAILURE(startOnX11());
+    const QList<Screen> screens = m_desktop->screens();
+    const QString path = save(QStringLiteral("one.png"), 50);
+    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    ASSERT_EQ(waitForPicture(50), QString());
+    const auto missing = m_desktop->setPicture(m_home.path() + QStringLiteral("/missing.png"), screens);
+    EXPECT_TRUE(missing && missing->contains(QStringLiteral("cannot be read")));
+    ASSERT_TRUE(putFile(m_home.path() + QStringLiteral("/broken.png"), "no picture"));
+    EXPECT_NE(m_desktop->setPicture(m_home.path() + QStringLiteral("/broken.png"), screens), std::nullopt);
+
+    m_shell->signal(SIGSTOP);
+    DesktopPicturePlasma impatient(m_session->busAddress(), m_display, QString(), std::chrono::milliseconds(500));
+    EXPECT_NE(impatient.setPicture(save(QStringLiteral("two.png"), 130), screens), std::nullopt);
+    m_shell->signal(SIGKILL);
+    BusClient bus(m_session->busAddress());
+    ASSERT_TRUE(waitFor([&] { return !bus.isOwned(QStringLiteral("org.kde.plasmashell"), QDeadlineTimer(1000)); }));
+    const auto gone = m_desktop->setPicture(path, screens);
+    EXPECT_TRUE(gone && gone->contains(QStringLiteral("org.kde.plasmashell is not on the session bus")));
+
+    ASSERT_NO_FATAL_FAILURE(startShell());
+    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("three.png"), 210), screens), std::nullopt);
+    EXPECT_EQ(waitForPicture(210), QString());
+}
+
+TEST_F(DesktopPicturePlasmaTest, fillsEveryScreenOnWaylandToo)
+{
+    if (!canRun(missingOnWayland())) {
+        return;
+    }
+    ASSERT_NO_FATAL_FAILURE(startOnWayland());
+    const QList<Screen> screens = m_desktop->screens();
+    ASSERT_EQ(screens.size(), 2);
+    EXPECT_EQ(screens.constLast().pixels, QSize(1280, 720));
+    const QString path = save(QString::fromUtf8("o'brien #1 100% \"q\" \n 日本/one.png"), 40);
+    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    EXPECT_EQ(waitForPicture(40), QString());
+    ASSERT_TRUE(positionPicture(kSource, 120).save(path));
+    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    EXPECT_EQ(waitForPicture(120), QString());
+}
+
+} // namespace quorvane

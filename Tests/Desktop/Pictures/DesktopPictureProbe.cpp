@@ -1,0 +1,43 @@
+// A program of the session that sets pictures and stays, as the application does, without a window. Each line of its
+// input is the address of a picture; for each it answers with one line of JSON.
+
+#include "Platform/Desktops/Choice/DesktopPictureOfSession.h"
+
+#include <QCoreApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QUrl>
+
+#include <iostream>
+#include <string>
+
+namespace {
+
+QByteArray answerTo(const QString &path, quorvane::DesktopPicture &desktop)
+{
+    const QList<quorvane::Screen> screens = desktop.screens();
+    QJsonArray names;
+    for (const quorvane::Screen &screen : screens) {
+        names.append(
+            QStringLiteral("%1 %2x%3").arg(screen.name).arg(screen.pixels.width()).arg(screen.pixels.height()));
+    }
+    const std::optional<QString> failure = desktop.setPicture(path, screens);
+    const QJsonObject answer{{QStringLiteral("desktop"), desktop.name()},
+                             {QStringLiteral("reason"), desktop.reason()},
+                             {QStringLiteral("screens"), names},
+                             {QStringLiteral("failure"), failure ? QJsonValue(*failure) : QJsonValue()}};
+    return QJsonDocument(answer).toJson(QJsonDocument::Compact);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    const auto desktop = quorvane::makeDesktopPicture();
+    for (std::string line; std::getline(std::cin, line);) {
+        const QString path = QUrl(QString::fromStdString(line)).toLocalFile();
+        std::cout << answerTo(path, *desktop).constData() << std::endl;
+    }
+}

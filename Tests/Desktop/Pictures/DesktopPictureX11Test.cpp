@@ -1,0 +1,255 @@
+#include "Platform/Desktops/DesktopPictureX11.h"
+
+#include "Support/PositionPicture.h"
+#include "Support/PrivateHome.h"
+#include "Support/PrivateXServer.h"
+#include "Support/WaitFor.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <thread>
+
+#include <xcb/xcb.h>
+
+namespace quorvane {
+
+namespace {
+
+constexpr QSize kRoot(1200, 700);
+constexpr QRect kLeft(0, 0, 800, 450);
+constexpr QRect kRight(800, 100, 400, 600);
+constexpr QSize kSource(1200, 1000);
+
+class DesktopPictureX11Test : public testing::Test
+{
+  protected:
+    void SetUp() override
+    {
+        const QString missing = PrivateXServer::missingProgram();
+        if (!missing.isEmpty()) {
+            GTEST_SKIP() << missing.toStdString() << " is not installed";
+        }
+    }
+
+    void start(int depth = 24, const QStringList &options = {})
+    {
+        m_server = std::make_unique<PrivateXServer>(kRoot, depth, options);
+        ASSERT_TRUE(m_server->isReady());
+        m_desktop = std::make_unique<DesktopPictureX11>(m_server->display(), QString());
+    }
+
+    void startWithTwoMonitors(int depth = 24)
+    {
+        start(depth);
+        ASSERT_TRUE(m_server->addMonitor(QStringLiteral("LEFT"), kLeft));
+        ASSERT_TRUE(m_server->addMonitor(QStringLiteral("RIGHT"), kRight));
+    }
+
+    QString save(const QString &name, int mark, QSize size = kSource)
+    {
+        const QString path = m_home.path() + QLatin1Char('/') + name;
+        QDir().mkpath(QFileInfo(path).path());
+        EXPECT_TRUE(positionPicture(size, mark).save(path, "png"));
+        return path;
+    }
+
+    /// Why the image is not the picture with the mark on both monitors; empty when it is.
+    static QString differenceOn(const QImage &root, int mark)
+    {
+        if (root.size() != kRoot) {
+            return QStringLiteral("no picture of the root window's size");
+        }
+        return differenceFromFill(root.copy(kLeft), kSource, mark) +
+               differenceFromFill(root.copy(kRight), kSource, mark);
+    }
+
+    /// The same for everything that has to show it: the root window and both announced pixmaps.
+    QString differenceEverywhere(int mark)
+    {
+        return differenceOn(m_server->rootWindow(), mark) + differenceOn(announced("_XROOTPMAP_ID"), mark) +
+               differenceOn(announced("ESETROOT_PMAP_ID"), mark);
+    }
+
+    QImage announced(const char *property) { return m_server->pixelsOf(m_server->announcedPixmap(property)); }
+
+    PrivateHome m_home;
+    std::unique_ptr<PrivateXServer> m_server;
+    std::unique_ptr<DesktopPictureX11> m_desktop;
+};
+
+} // namespace
+
+TEST_F(DesktopPictureX11Test, fillsEachMonitorAroundTheCentreAndReplacesItsOwnPicture)
+{
+    startWithTwoMonitors();
+    EXPECT_EQ(m_desktop->screens(),
+              (QList<Screen>{{QStringLiteral("LEFT"), kLeft.size()}, {QStringLiteral("RIGHT"), kRight.size()}}));
+    const QString path = save(QStringLiteral("one.png"), 40);
+    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    EXPECT_EQ(differenceEverywhere(40), QString());
+    EXPECT_EQ(m_server->rootWindow().pixel(600, 600), qRgb(0, 0, 0)) << "outside every monitor";
+    const QByteArray screenshots = qgetenv("QUORVANE_TEST_SCREENSHOTS");
+    if (!screenshots.isEmpty()) {
+        m_server->rootWindow().save(QFile::decodeName(screenshots) + QStringLiteral("/x11.png"));
+    }
+
+    save(QStringLiteral("one.png"), 200);
+    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    EXPECT_EQ(differenceEverywhere(200), QString());
+}
+
+TEST_F(DesktopPictureX11Test, showsPicturesFromFoldersWithAnyName)
+{
+    startWithTwoMonitors();
+    const QString name = QString::fromUtf8("o'brien $(touch x) #1 100% \"q\" \n Ünïcødé 日本/picture.png");
+    ASSERT_EQ(m_desktop->setPicture(save(name, 120), m_desktop->screens()), std::nullopt);
+    EXPECT_EQ(differenceEverywhere(120), QString());
+}
+
+TEST_F(DesktopPictureX11Test, thePictureStaysWhenTheProcessEnds)
+{
+    constexpr auto kChildsPicture = "QUORVANE_TEST_CHILDS_PICTURE";
+    if (qEnvironmentVariableIsSet(kChildsPicture)) { // The other process, which is this same test.
+        DesktopPictureX11 desktop(qgetenv("DISPLAY"), QString());
+        ASSERT_EQ(desktop.setPicture(QFile::decodeName(qgetenv(kChildsPicture)), desktop.screens()), std::nullopt);
+        return;
+    }
+    startWithTwoMonitors();
+    QProcessEnvironment environment = m_server->clientEnvironment();
+    environment.insert(QString::fromLatin1(kChildsPicture), save(QStringLiteral("one.png"), 40));
+    const auto *self = testing::UnitTest::GetInstance()->current_test_info();
+    const QString filter = QStringLiteral("--gtest_filter=%1.%2")
+                               .arg(QString::fromLatin1(self->test_suite_name()), QString::fromLatin1(self->name()));
+    const QByteArray output = outputOf(QCoreApplication::applicationFilePath(), {filter}, environment);
+    ASSERT_TRUE(output.contains("[  PASSED  ] 1 test")) << output.constData();
+    EXPECT_EQ(differenceEverywhere(40), QString());
+
+    // What one process left behind, the next one frees.
+    const quint32 left = m_server->announcedPixmap();
+    ASSERT_FALSE(m_server->pixelsOf(left).isNull());
+    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("two.png"), 80), m_desktop->screens()), std::nullopt);
+    EXPECT_EQ(differenceEverywhere(80), QString());
+    EXPECT_TRUE(m_server->pixelsOf(left).isNull());
+}
+
+TEST_F(DesktopPictureX11Test, aProgramThatAnnouncedItsPixmapOnlyForReadingLivesOn)
+{
+    startWithTwoMonitors();
+    // As desktops do that keep their pixmap on the connection that they draw with: only _XROOTPMAP_ID.
+    xcb_connection_t *other = xcb_connect(m_server->display().constData(), nullptr);
+    ASSERT_EQ(xcb_connection_has_error(other), 0);
+    const xcb_screen_t &screen = *xcb_setup_roots_iterator(xcb_get_setup(other)).data;
+    const xcb_pixmap_t pixmap = xcb_generate_id(other);
+    xcb_create_pixmap(other, screen.root_depth, pixmap, screen.root, 10, 10);
+    const auto named = xcb_intern_atom(other, 0, 13, "_XROOTPMAP_ID");
+    auto *atom = xcb_intern_atom_reply(other, named, nullptr);
+    ASSERT_NE(atom, nullptr);
+    xcb_change_property(other, XCB_PROP_MODE_REPLACE, screen.root, atom->atom, XCB_ATOM_PIXMAP, 32, 1, &pixmap);
+    std::free(atom);
+    xcb_flush(other);
+    ASSERT_TRUE(waitFor([&] { return m_server->announcedPixmap() == pixmap; }));
+
+    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 40), m_desktop->screens()), std::nullopt);
+    EXPECT_EQ(differenceEverywhere(40), QString());
+    EXPECT_EQ(m_server->pixelsOf(pixmap).size(), QSize(10, 10));
+    xcb_disconnect(other);
+}
+
+TEST_F(DesktopPictureX11Test, takesTurnsWithAnotherProgramThatSetsThePicture)
+{
+    if (!firstMissing({QStringLiteral("feh")}).isEmpty()) {
+        GTEST_SKIP() << "feh is not installed";
+    }
+    startWithTwoMonitors();
+    const QString ours = save(QStringLiteral("ours.png"), 40);
+    const QString theirs = save(QStringLiteral("theirs.png"), 220, kRoot);
+    const QStringList feh{QStringLiteral("--no-fehbg"), QStringLiteral("--no-xinerama"), QStringLiteral("--bg-fill"),
+                          theirs};
+    for (int turn = 0; turn < 2; ++turn) {
+        ASSERT_EQ(m_desktop->setPicture(ours, m_desktop->screens()), std::nullopt);
+        EXPECT_EQ(differenceEverywhere(40), QString());
+        ASSERT_FALSE(outputOf(QStringLiteral("feh"), feh, m_server->clientEnvironment()).isNull());
+        EXPECT_EQ(differenceFromFill(announced("_XROOTPMAP_ID"), kRoot, 220), QString());
+    }
+}
+
+TEST_F(DesktopPictureX11Test, worksOnSixteenBitColours)
+{
+    startWithTwoMonitors(16);
+    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 128), m_desktop->screens()), std::nullopt);
+    // Five bits a colour are 8 levels apart, which the comparison is too sharp for; two corners tell the orientation.
+    const QImage left = m_server->rootWindow().copy(kLeft);
+    ASSERT_EQ(left.size(), kLeft.size());
+    EXPECT_NEAR(qRed(left.pixel(3, 3)), 0, 8);
+    EXPECT_NEAR(qRed(left.pixel(kLeft.width() - 3, 3)), 255, 8);
+    EXPECT_NEAR(qBlue(left.pixel(400, 200)), 128, 8);
+}
+
+TEST_F(DesktopPictureX11Test, withoutRandRTheRootWindowIsTheScreen)
+{
+    start(24, {QStringLiteral("-extension"), QStringLiteral("RANDR")});
+    const QList<Screen> screens = m_desktop->screens();
+    ASSERT_EQ(screens, (QList<Screen>{{QStringLiteral("screen"), kRoot}}));
+    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 40), screens), std::nullopt);
+    EXPECT_EQ(differenceFromFill(m_server->rootWindow(), kSource, 40), QString());
+}
+
+TEST_F(DesktopPictureX11Test, aMonitorThatIsGoneIsAnErrorAndNothingChanges)
+{
+    startWithTwoMonitors();
+    const QList<Screen> screens = m_desktop->screens();
+    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 40), screens), std::nullopt);
+    QList<Screen> more = screens;
+    more.append({QStringLiteral("GONE"), QSize(10, 10)});
+    EXPECT_EQ(m_desktop->setPicture(save(QStringLiteral("two.png"), 90), more),
+              QStringLiteral("The X server has no screen \"GONE\""));
+    EXPECT_NE(m_desktop->setPicture(m_home.path(), screens), std::nullopt) << "a folder is no picture";
+    EXPECT_EQ(differenceEverywhere(40), QString());
+}
+
+TEST_F(DesktopPictureX11Test, noServerMeansNoScreensAndAnError)
+{
+    DesktopPictureX11 nowhere(":7654", QString());
+    EXPECT_EQ(nowhere.screens(), QList<Screen>());
+    EXPECT_EQ(nowhere.setPicture(save(QStringLiteral("one.png"), 40), {{QStringLiteral("screen"), kRoot}}),
+              QStringLiteral("The X server cannot be reached"));
+}
+
+TEST_F(DesktopPictureX11Test, aKilledServerIsAnErrorAtOnce)
+{
+    startWithTwoMonitors();
+    const QList<Screen> screens = m_desktop->screens();
+    const QString path = save(QStringLiteral("one.png"), 40);
+    m_server->program().signal(SIGSTOP);
+    std::optional<QString> failure;
+    QElapsedTimer clock;
+    clock.start();
+    std::jthread setting([&] { failure = m_desktop->setPicture(path, screens); });
+    m_server->program().signal(SIGKILL);
+    setting.join();
+    EXPECT_LT(clock.elapsed(), 5000);
+    EXPECT_NE(failure, std::nullopt);
+    EXPECT_EQ(m_desktop->screens(), QList<Screen>());
+}
+
+TEST_F(DesktopPictureX11Test, aServerThatHangsIsGivenUpAndIsLeftAloneWhenItWakes)
+{
+    startWithTwoMonitors();
+    const QList<Screen> screens = m_desktop->screens();
+    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 40), screens), std::nullopt);
+    DesktopPictureX11 impatient(m_server->display(), QString(), std::chrono::milliseconds(200));
+    m_server->program().signal(SIGSTOP);
+    EXPECT_EQ(impatient.setPicture(save(QStringLiteral("two.png"), 90), screens),
+              QStringLiteral("The X server does not answer"));
+    m_server->program().signal(SIGCONT);
+    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("three.png"), 140), screens), std::nullopt);
+    EXPECT_EQ(differenceEverywhere(140), QString());
+}
+
+} // namespace quorvane

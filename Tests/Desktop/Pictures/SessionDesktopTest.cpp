@@ -1,0 +1,195 @@
+// Every desktop that a person logs in to, as it is: with two screens of different size, judged by what they show.
+
+#include "BigDesktops.h"
+#include "RealDesktop.h"
+
+#include "Platform/Pictures/FillCrop.h"
+#include "Support/PositionPicture.h"
+#include "Support/WaitFor.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QUrl>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace quorvane {
+
+namespace {
+
+constexpr QSize kSource(1200, 1000);
+/// Panels, notifications and the like hide no more of the 49 places that are compared.
+constexpr int kHidden = 10;
+constexpr std::chrono::seconds kDrawingLimit{20};
+
+class SessionDesktopTest : public testing::TestWithParam<TestedDesktop>
+{
+  protected:
+    void SetUp() override
+    {
+        if (GetParam().isBig && !bigDesktopsAreWanted()) {
+            GTEST_SKIP() << kBigDesktopsText;
+        }
+        const QString missing = GetParam().missing();
+        if (!missing.isEmpty() && bigDesktopsAreWanted()) {
+            FAIL() << missing.toStdString() << " is not installed";
+        } else if (!missing.isEmpty()) {
+            GTEST_SKIP() << missing.toStdString() << " is not installed";
+        }
+        // The desktop is another user's where the tests run as root.
+        QFile::setPermissions(m_pictures.path(), QFile::Permissions(0x7055));
+        m_desktop = GetParam().make();
+        ASSERT_TRUE(m_desktop->isReady());
+        m_probe = m_desktop->session().start(QStringLiteral(DESKTOP_PICTURE_PROBE), {}, OwnedProgram::Input::Lines);
+    }
+
+    void TearDown() override
+    {
+        const QByteArray folder = qgetenv("QUORVANE_TEST_SCREENSHOTS");
+        if (m_desktop != nullptr && !folder.isEmpty()) {
+            m_desktop->screenshot().save(QFile::decodeName(folder) + QLatin1Char('/') + GetParam().name +
+                                         QStringLiteral(".png"));
+        }
+    }
+
+    /// Puts a picture at name as the library does: whole, in place of what was there.
+    QString save(const QString &name, int mark)
+    {
+        const QString path = m_pictures.filePath(name);
+        const QString draft = m_pictures.filePath(QStringLiteral("draft.png"));
+        EXPECT_TRUE(QDir().mkpath(QFileInfo(path).path()) && positionPicture(kSource, mark).save(draft));
+        EXPECT_EQ(::rename(QFile::encodeName(draft).constData(), QFile::encodeName(path).constData()), 0);
+        return path;
+    }
+
+    void ask(const QString &path) { m_probe->writeLine(QUrl::fromLocalFile(path).toEncoded(QUrl::FullyEncoded)); }
+    QJsonObject answer()
+    {
+        const QByteArray line = m_probe->readLine();
+        EXPECT_NE(line, QByteArray()) << m_probe->errors().constData();
+        return QJsonDocument::fromJson(line).object();
+    }
+
+    QJsonObject set(const QString &path)
+    {
+        ask(path);
+        return answer();
+    }
+
+    /// Why setting the picture failed; empty when it did not.
+    std::string failureToSet(const QString &path)
+    {
+        return set(path).value(QLatin1String("failure")).toString().toStdString();
+    }
+
+    /// Why one screen does not show the picture, given where all screens are; empty when it does.
+    [[nodiscard]] QString differenceOn(const QImage &screen, const QList<QRect> &areas, int mark) const
+    {
+        const QString difference = differenceFromFill(screen, kSource, mark, kHidden);
+        const bool mayBePart = m_desktop->plan().crop == RealDesktop::Plan::Crop::FromWhatAnotherShows;
+        const bool isPart = mayBePart && std::any_of(areas.begin(), areas.end(), [&](const QRect &other) {
+                                const QSize used = fillRectangle(kSource, other.size()).size();
+                                return differenceFromFill(screen, kSource, mark, kHidden, used).isEmpty();
+                            });
+        return isPart ? QString() : difference;
+    }
+
+    /// Why one of the screens does not come to show the picture with the mark; empty when all do.
+    std::string waitForPicture(int mark)
+    {
+        QString difference;
+        (void)waitFor(
+            [&] {
+                const QImage shot = m_desktop->screenshot();
+                difference.clear();
+                const QList<QRect> areas = m_desktop->areas();
+                for (const QRect &area : areas) {
+                    difference += differenceOn(shot.copy(area), areas, mark);
+                }
+                return difference.isEmpty();
+            },
+            kDrawingLimit);
+        return difference.toStdString();
+    }
+
+    QTemporaryDir m_pictures;
+    std::unique_ptr<RealDesktop> m_desktop;
+    std::unique_ptr<OwnedProgram> m_probe;
+};
+
+} // namespace
+
+TEST_P(SessionDesktopTest, fillsEachScreenWhateverTheFolderIsCalledAndHoweverOftenThePathIsTheSame)
+{
+    ASSERT_TRUE(m_desktop->start());
+    const QString name = QString::fromUtf8("o'brien $(touch x) #1 100% %41 \"q\" \n Ünïcødé 日本/picture.png");
+    const QJsonObject first = set(save(name, 40));
+    EXPECT_EQ(first.value(QLatin1String("failure")).toString().toStdString(), "");
+    EXPECT_TRUE(first.value(QLatin1String("failure")).isNull());
+    EXPECT_EQ(first.value(QLatin1String("desktop")).toString(), m_desktop->plan().way);
+    EXPECT_TRUE(
+        first.value(QLatin1String("reason")).toString().startsWith(QStringLiteral("XDG_CURRENT_DESKTOP names")));
+    EXPECT_EQ(waitForPicture(40), "");
+    for (const int mark : {200, 90, 140}) {
+        EXPECT_EQ(failureToSet(save(name, mark)), "");
+        EXPECT_EQ(waitForPicture(mark), "");
+    }
+    const QJsonObject other = set(save(QStringLiteral("other.png"), 60));
+    EXPECT_TRUE(other.value(QLatin1String("failure")).isNull());
+    EXPECT_EQ(waitForPicture(60), "");
+    QStringList sizes;
+    for (const QRect &area : m_desktop->areas()) {
+        sizes.append(QStringLiteral("%1x%2").arg(area.width()).arg(area.height()));
+    }
+    QStringList toldSizes;
+    for (const QJsonValue &screen : other.value(QLatin1String("screens")).toArray()) {
+        toldSizes.append(screen.toString().section(QLatin1Char(' '), 1));
+    }
+    EXPECT_EQ(toldSizes.join(QLatin1Char(' ')).toStdString(), sizes.join(QLatin1Char(' ')).toStdString());
+    EXPECT_EQ(sizes.size(), 2);
+    EXPECT_NE(sizes.constFirst(), sizes.constLast());
+    EXPECT_EQ(failureToSet(save(name, 240)), "");
+    EXPECT_EQ(waitForPicture(240), "");
+}
+
+TEST_P(SessionDesktopTest, aScreenThatComesLaterShowsThePictureToo)
+{
+    ASSERT_TRUE(m_desktop->start());
+    m_desktop->session().setVariable(QStringLiteral("QT_QPA_PLATFORM"), m_desktop->platform());
+    const auto keeper =
+        m_desktop->session().start(QStringLiteral(WALLPAPER_KEEPER), {save(QStringLiteral("picture.png"), 80)});
+    ASSERT_EQ(keeper->readLine(), "Wallpaper set!") << keeper->errors().constData();
+    EXPECT_EQ(waitForPicture(80), "");
+    ASSERT_TRUE(m_desktop->plugIn());
+    EXPECT_EQ(waitForPicture(80), "");
+}
+
+TEST_P(SessionDesktopTest, isUsedOnceItIsThereAndMissedWhenItIsKilled)
+{
+    const QString picture = save(QStringLiteral("picture.png"), 40);
+    const std::string painter = m_desktop->plan().painter.toStdString();
+    EXPECT_THAT(failureToSet(picture), testing::HasSubstr(painter));
+
+    ASSERT_TRUE(m_desktop->start());
+    EXPECT_EQ(failureToSet(picture), "");
+    EXPECT_EQ(waitForPicture(40), "");
+
+    // Killed while it is asked: whether it took the picture before is a matter of luck, an answer comes in any case.
+    m_desktop->freeze();
+    ask(save(QStringLiteral("other.png"), 200));
+    ASSERT_TRUE(m_desktop->kill());
+    EXPECT_TRUE(answer().contains(QLatin1String("failure")));
+    EXPECT_THAT(failureToSet(picture), testing::HasSubstr(painter));
+}
+
+INSTANTIATE_TEST_SUITE_P(Real, SessionDesktopTest, testing::ValuesIn(testedDesktops()),
+                         [](const testing::TestParamInfo<TestedDesktop> &tested) {
+                             return tested.param.name.toStdString();
+                         });
+
+} // namespace quorvane

@@ -1,0 +1,184 @@
+#include "Platform/System/Screens.h"
+#include "Platform/Desktops/Protocols/SwaySocket.h"
+
+#include "Support/NestedSway.h"
+#include "Support/OwnedProgram.h"
+#include "Support/PrivateSway.h"
+#include "Support/PrivateXServer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+constexpr QSize kRoot(1200, 700);
+constexpr QRect kLeft(0, 0, 800, 450);
+constexpr QRect kRight(800, 100, 400, 600);
+
+/// A program with windows, on the display of an environment. Each of its lines is the number of changes that it was
+/// told so far, and the screens as they then are; so the line after the next change also shows that there was none in
+/// between.
+std::unique_ptr<OwnedProgram> probe(QProcessEnvironment environment, const QString &platform,
+                                    OwnedProgram::User user = OwnedProgram::User::Same)
+{
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), platform);
+    return std::make_unique<OwnedProgram>(QStringLiteral(SYSTEM_EVENTS_PROBE), QStringList{QStringLiteral("screens")},
+                                          environment, QStringLiteral("/"), user);
+}
+
+class ScreensX11Test : public testing::Test
+{
+  protected:
+    void SetUp() override
+    {
+        const QString missing = PrivateXServer::missingProgram();
+        if (!missing.isEmpty()) {
+            GTEST_SKIP() << missing.toStdString() << " is not installed";
+        }
+        m_server = std::make_unique<PrivateXServer>(kRoot);
+        ASSERT_TRUE(m_server->isReady());
+    }
+
+    void listen() { m_probe = probe(m_server->clientEnvironment(), QStringLiteral("xcb")); }
+
+    [[nodiscard]] bool xrandr(const QStringList &arguments) const
+    {
+        return !outputOf(QStringLiteral("xrandr"), arguments, m_server->clientEnvironment()).isNull();
+    }
+
+    std::unique_ptr<PrivateXServer> m_server;
+    std::unique_ptr<OwnedProgram> m_probe;
+};
+
+class ScreensSwayTest : public testing::Test
+{
+  protected:
+    void SetUp() override
+    {
+        const QString missing = NestedSway::whyNot();
+        if (!missing.isEmpty()) {
+            GTEST_SKIP() << missing.toStdString();
+        }
+    }
+
+    void start(const QList<QSize> &outputs)
+    {
+        m_sway = std::make_unique<PrivateSway>(outputs);
+        ASSERT_TRUE(m_sway->isReady());
+    }
+
+    void listen(const QProcessEnvironment &environment)
+    {
+        m_probe = probe(environment, QStringLiteral("wayland"), OwnedProgram::User::NotRoot);
+    }
+
+    [[nodiscard]] bool command(const QString &text) const
+    {
+        return !outputOf(QStringLiteral("swaymsg"), {text}, m_sway->clientEnvironment()).isNull();
+    }
+
+    std::unique_ptr<PrivateSway> m_sway;
+    std::unique_ptr<NestedSway> m_inner;
+    std::unique_ptr<OwnedProgram> m_probe;
+};
+
+} // namespace
+
+TEST(Screens, aProgramWithoutWindowsHasNone)
+{
+    EXPECT_EQ(makeScreens(), nullptr);
+}
+
+TEST_F(ScreensX11Test, monitorsThatComeAndGoAreEachToldOnce)
+{
+    ASSERT_TRUE(m_server->addMonitor(QStringLiteral("LEFT"), kLeft));
+    listen();
+    ASSERT_EQ(m_probe->readLine(), "0 LEFT=800x450+0+0") << m_probe->errors().constData();
+    ASSERT_TRUE(m_server->addMonitor(QStringLiteral("RIGHT"), kRight));
+    EXPECT_EQ(m_probe->readLine(), "1 LEFT=800x450+0+0 RIGHT=400x600+800+100");
+    ASSERT_TRUE(xrandr({QStringLiteral("--delmonitor"), QStringLiteral("RIGHT")}));
+    EXPECT_EQ(m_probe->readLine(), "2 LEFT=800x450+0+0");
+    ASSERT_TRUE(m_server->addMonitor(QStringLiteral("RIGHT"), kRight));
+    EXPECT_EQ(m_probe->readLine(), "3 LEFT=800x450+0+0 RIGHT=400x600+800+100");
+}
+
+TEST_F(ScreensX11Test, aNewModeIsToldOnce)
+{
+    listen();
+    ASSERT_EQ(m_probe->readLine(), "0 screen=1200x700+0+0") << m_probe->errors().constData();
+    const QString timing = QStringLiteral("--newmode small 48 800 840 900 1000 600 620 640 800");
+    ASSERT_TRUE(xrandr(timing.split(QLatin1Char(' '))));
+    ASSERT_TRUE(xrandr({QStringLiteral("--addmode"), QStringLiteral("screen"), QStringLiteral("small")}));
+    for (const auto &[mode, line] :
+         {std::pair("small", "1 screen=800x600+0+0"), std::pair("1200x700", "2 screen=1200x700+0+0")}) {
+        ASSERT_TRUE(xrandr({QStringLiteral("--output"), QStringLiteral("screen"), QStringLiteral("--mode"),
+                            QString::fromLatin1(mode)}));
+        EXPECT_EQ(m_probe->readLine(), line);
+    }
+}
+
+TEST_F(ScreensSwayTest, newScreensModesAndScalesAreEachToldOnce)
+{
+    start({QSize(800, 600)});
+    listen(m_sway->clientEnvironment());
+    ASSERT_EQ(m_probe->readLine(), "0 HEADLESS-1=800x600+0+0") << m_probe->errors().constData();
+    ASSERT_TRUE(command(QStringLiteral("output HEADLESS-1 mode 1000x500")));
+    EXPECT_EQ(m_probe->readLine(), "1 HEADLESS-1=1000x500+0+0");
+    ASSERT_TRUE(command(QStringLiteral("output HEADLESS-1 scale 2")));
+    EXPECT_EQ(m_probe->readLine(), "2 HEADLESS-1=500x250+0+0");
+    ASSERT_TRUE(command(QStringLiteral("output HEADLESS-2 mode 640x480 position 2000 0")));
+    ASSERT_TRUE(command(QStringLiteral("create_output")));
+    EXPECT_EQ(m_probe->readLine(), "3 HEADLESS-1=500x250+0+0 HEADLESS-2=640x480+2000+0");
+}
+
+TEST_F(ScreensSwayTest, aBurstOfChangesIsToldOnceAtItsEndAndABackgroundIsNone)
+{
+    start({QSize(800, 600), QSize(400, 300)});
+    listen(m_sway->clientEnvironment());
+    ASSERT_EQ(m_probe->readLine(), "0 HEADLESS-1=800x600+0+0 HEADLESS-2=400x300+800+0")
+        << m_probe->errors().constData();
+    SwaySocket socket(m_sway->socketPath(), QDeadlineTimer(std::chrono::seconds(20)));
+    for (int width = 500; width < 900; width += 20) {
+        const QString change =
+            QStringLiteral("output HEADLESS-1 mode %1x600; output HEADLESS-2 position %1 0").arg(width);
+        ASSERT_TRUE(socket.ask(SwaySocket::Message::RunCommand, change.toUtf8())) << socket.error().toStdString();
+    }
+    EXPECT_EQ(m_probe->readLine(), "1 HEADLESS-1=880x600+0+0 HEADLESS-2=400x300+880+0");
+    // Whoever answers a change with a background must not be told of a change for it.
+    ASSERT_TRUE(command(QStringLiteral("output * bg #204060 solid_color")));
+    ASSERT_TRUE(command(QStringLiteral("output HEADLESS-1 scale 2")));
+    EXPECT_EQ(m_probe->readLine(), "2 HEADLESS-1=440x300+0+0 HEADLESS-2=400x300+880+0");
+}
+
+TEST_F(ScreensSwayTest, unpluggedScreensThatComeBackAreTold)
+{
+    start({QSize(1000, 600)});
+    m_inner = std::make_unique<NestedSway>(*m_sway, 2);
+    ASSERT_TRUE(m_inner->isReady());
+    listen(m_inner->clientEnvironment());
+    const auto names = [this] {
+        QByteArrayList words = m_probe->readLine().split(' ');
+        for (QByteArray &word : words) {
+            word.truncate(word.contains('=') ? word.indexOf('=') : word.size());
+        }
+        return words.join(' ');
+    };
+    ASSERT_EQ(names(), "0 WL-1 WL-2") << m_probe->errors().constData();
+    ASSERT_TRUE(m_inner->unplug(QStringLiteral("WL-2")));
+    EXPECT_EQ(names(), "1 WL-1");
+    ASSERT_TRUE(m_inner->plugIn());
+    EXPECT_EQ(names(), "2 WL-1 WL-3");
+    ASSERT_TRUE(m_inner->unplug(QStringLiteral("WL-1")));
+    EXPECT_EQ(names(), "3 WL-3");
+    // The last one, which leaves a placeholder that must not be told as a screen.
+    ASSERT_TRUE(m_inner->unplug(QStringLiteral("WL-3")));
+    EXPECT_EQ(names(), "4");
+    ASSERT_TRUE(m_inner->plugIn());
+    EXPECT_EQ(names(), "5 WL-4");
+}
+
+} // namespace quorvane

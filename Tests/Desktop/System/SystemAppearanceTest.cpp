@@ -1,0 +1,196 @@
+// How the system wants programs to look, as a desktop portal of the test's own tells it.
+
+#include "Desktop/Keyring/KeyringSession.h"
+
+#include "Platform/System/FileManager.h"
+#include "Platform/System/SystemAppearance.h"
+#include "Support/Files.h"
+#include "Support/WaitFor.h"
+
+#include <QDBusMetaType>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+
+#include <gtest/gtest.h>
+
+namespace quorvane {
+
+namespace {
+
+using ColorScheme = Appearance::ColorScheme;
+
+const QString kCommon = QStringLiteral("org.freedesktop.appearance");
+const QString kScheme = QStringLiteral("color-scheme");
+
+PortalSettings with(const char *space, const char *key, const QVariant &value)
+{
+    return {{QLatin1String(space), {{QLatin1String(key), value}}}};
+}
+
+/// The desktop portal's settings, and nothing else of it.
+class Portal : public QDBusVirtualObject
+{
+  public:
+    Portal(QDBusConnection bus, PortalSettings settings)
+        : m_bus(std::move(bus))
+        , m_settings(std::move(settings))
+    {
+        m_bus.registerVirtualObject(QStringLiteral("/org/freedesktop/portal/desktop"), this);
+        EXPECT_TRUE(m_bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+    }
+    ~Portal() override
+    {
+        m_bus.unregisterService(QStringLiteral("org.freedesktop.portal.Desktop"));
+        m_bus.unregisterObject(QStringLiteral("/org/freedesktop/portal/desktop"));
+    }
+    [[nodiscard]] QString introspect(const QString & /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
+    {
+        return message.member() == QLatin1String("ReadAll") &&
+               connection.send(message.createReply(QVariant::fromValue(m_settings)));
+    }
+    void set(const QString &space, const QString &key, const QVariant &value)
+    {
+        QDBusMessage signal = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/portal/desktop"),
+                                                         QStringLiteral("org.freedesktop.portal.Settings"),
+                                                         QStringLiteral("SettingChanged"));
+        signal.setArguments({space, key, QVariant::fromValue(QDBusVariant(value))});
+        EXPECT_TRUE(m_bus.send(signal));
+    }
+
+  private:
+    QDBusConnection m_bus;
+    PortalSettings m_settings;
+};
+
+/// A file manager that keeps what it is asked to show.
+class Files : public QDBusVirtualObject
+{
+  public:
+    explicit Files(QDBusConnection bus)
+    {
+        bus.registerVirtualObject(QStringLiteral("/org/freedesktop/FileManager1"), this);
+        EXPECT_TRUE(bus.registerService(QStringLiteral("org.freedesktop.FileManager1")));
+    }
+    [[nodiscard]] QString introspect(const QString & /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
+    {
+        asked = message;
+        return connection.send(message.createReply());
+    }
+    QDBusMessage asked;
+};
+
+} // namespace
+
+TEST(AppearanceOf, readsWhatEachDesktopSays)
+{
+    const auto schemeFor = [](uint value) {
+        return appearanceOf(with("org.freedesktop.appearance", "color-scheme", value)).colorScheme;
+    };
+    EXPECT_EQ(schemeFor(0), ColorScheme::NoPreference);
+    EXPECT_EQ(schemeFor(1), ColorScheme::Dark);
+    EXPECT_EQ(schemeFor(2), ColorScheme::Light);
+    EXPECT_EQ(schemeFor(3), ColorScheme::NoPreference);
+    EXPECT_EQ(appearanceOf({}), Appearance());
+
+    const auto isReduced = [](const char *space, const char *key, const QVariant &value) {
+        return appearanceOf(with(space, key, value)).reducesMotion;
+    };
+    EXPECT_TRUE(isReduced("org.freedesktop.appearance", "reduced-motion", 1U));
+    EXPECT_FALSE(isReduced("org.freedesktop.appearance", "reduced-motion", 0U));
+    EXPECT_TRUE(isReduced("org.gnome.desktop.interface", "enable-animations", false));
+    EXPECT_FALSE(isReduced("org.gnome.desktop.interface", "enable-animations", true));
+    EXPECT_TRUE(isReduced("org.kde.kdeglobals.KDE", "AnimationDurationFactor", QStringLiteral("0")));
+    EXPECT_FALSE(isReduced("org.kde.kdeglobals.KDE", "AnimationDurationFactor", QStringLiteral("0.5")));
+    EXPECT_FALSE(isReduced("org.kde.kdeglobals.KDE", "AnimationDurationFactor", QStringLiteral("nonsense")));
+}
+
+TEST(SettingsInFiles, areThoseOfPlasmaAndOfGtk)
+{
+    const PrivateHome home;
+    EXPECT_EQ(settingsInFiles(), PortalSettings());
+    ASSERT_TRUE(QDir().mkpath(home.path() + QStringLiteral("/.config/gtk-4.0")));
+    ASSERT_TRUE(putFile(home.path() + QStringLiteral("/.config/kdeglobals"), "[KDE]\nAnimationDurationFactor=0\n"));
+    EXPECT_TRUE(appearanceOf(settingsInFiles()).reducesMotion);
+    ASSERT_TRUE(putFile(home.path() + QStringLiteral("/.config/kdeglobals"), "[KDE]\nAnimationDurationFactor=0.5\n"));
+    EXPECT_FALSE(appearanceOf(settingsInFiles()).reducesMotion);
+    ASSERT_TRUE(putFile(home.path() + QStringLiteral("/.config/gtk-4.0/settings.ini"),
+                        "[Settings]\ngtk-enable-animations=false\n"));
+    EXPECT_TRUE(appearanceOf(settingsInFiles()).reducesMotion);
+}
+
+class SystemAppearanceTest : public testing::Test
+{
+  protected:
+    void SetUp() override
+    {
+        const QString missing = whyNoBus();
+        if (!missing.isEmpty()) {
+            GTEST_SKIP() << missing.toStdString();
+        }
+        qDBusRegisterMetaType<PortalSettings>();
+        ASSERT_TRUE(session.startBus());
+        qputenv("DBUS_SESSION_BUS_ADDRESS",
+                session.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")).toLocal8Bit());
+    }
+    ~SystemAppearanceTest() override { qunsetenv("DBUS_SESSION_BUS_ADDRESS"); }
+
+    KeyringSession session;
+};
+
+TEST_F(SystemAppearanceTest, itFollowsThePortalWhileItLives)
+{
+    Portal portal(session.connection(), with("org.freedesktop.appearance", "color-scheme", 1U));
+    const SystemAppearance system;
+    EXPECT_TRUE(waitFor([&] { return system.appearance().colorScheme == ColorScheme::Dark; }));
+    portal.set(kCommon, kScheme, 2U);
+    EXPECT_TRUE(waitFor([&] { return system.appearance().colorScheme == ColorScheme::Light; }));
+    EXPECT_FALSE(system.appearance().reducesMotion);
+    portal.set(QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("enable-animations"), false);
+    EXPECT_TRUE(waitFor([&] { return system.appearance().reducesMotion; }));
+    EXPECT_EQ(system.appearance().colorScheme, ColorScheme::Light);
+}
+
+TEST_F(SystemAppearanceTest, settingsOfOtherProgramsAreNoNews)
+{
+    Portal portal(session.connection(), {});
+    const SystemAppearance system;
+    int changes = 0;
+    QObject::connect(&system, &SystemAppearance::changed, [&changes] { ++changes; });
+    portal.set(QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("font-name"), QStringLiteral("Sans 11"));
+    portal.set(kCommon, kScheme, 1U);
+    EXPECT_TRUE(waitFor([&] { return system.appearance().colorScheme == ColorScheme::Dark; }));
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(SystemAppearanceTest, aFileManagerIsAskedToShowTheFile)
+{
+    const Files files(session.connection());
+    FileManager manager;
+    manager.show(QStringLiteral("/tmp/a lake #1.png"));
+    ASSERT_TRUE(waitFor([&] { return files.asked.member() == QLatin1String("ShowItems"); }));
+    EXPECT_EQ(files.asked.arguments().at(0).toStringList(),
+              QStringList{QStringLiteral("file:///tmp/a%20lake%20%231.png")});
+    EXPECT_EQ(files.asked.signature(), QStringLiteral("ass"));
+}
+
+TEST_F(SystemAppearanceTest, withoutAFileManagerOnTheBusTheFolderIsOpened)
+{
+    const QString folder = session.home().path();
+    ASSERT_TRUE(QDir().mkpath(folder + QStringLiteral("/bin")));
+    const QString opener = folder + QStringLiteral("/bin/xdg-open");
+    ASSERT_TRUE(
+        putFile(opener, "#!/bin/sh\nprintf %s \"$1\" > \"$HOME/part\" && mv \"$HOME/part\" \"$HOME/opened\"\n"));
+    ASSERT_TRUE(QFile::setPermissions(opener, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    const QByteArray before = qgetenv("PATH");
+    qputenv("PATH", (folder + QStringLiteral("/bin:")).toLocal8Bit() + before);
+    FileManager manager;
+    manager.show(folder + QStringLiteral("/Pictures/one.png"));
+    const QString opened = folder + QStringLiteral("/opened");
+    EXPECT_TRUE(waitFor([&] { return QFile::exists(opened); }));
+    qputenv("PATH", before);
+    EXPECT_EQ(contentOf(opened), (folder + QStringLiteral("/Pictures")).toLocal8Bit());
+}
+
+} // namespace quorvane

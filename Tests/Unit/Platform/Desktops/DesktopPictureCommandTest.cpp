@@ -1,0 +1,157 @@
+#include "Platform/Desktops/DesktopPictureCommand.h"
+
+#include "Platform/Desktops/DesktopPictureUnimplemented.h"
+#include "Support/PrivateHome.h"
+#include "Support/WaitFor.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace quorvane {
+
+namespace {
+
+class TwoScreens : public DesktopPictureUnimplemented
+{
+  public:
+    TwoScreens()
+        : DesktopPictureUnimplemented(QString())
+    {
+    }
+    [[nodiscard]] QList<Screen> screens() override
+    {
+        return {{QStringLiteral("DP-1"), QSize(10, 10)}, {QStringLiteral("DP-2"), QSize(20, 20)}};
+    }
+};
+
+class DesktopPictureCommandTest : public testing::Test
+{
+  protected:
+    /// A program of the user's: a real script for /bin/sh, in a folder with a space in its name.
+    QString script(const QByteArray &text)
+    {
+        const QString folder = m_home.path() + QStringLiteral("/my scripts");
+        QDir().mkpath(folder);
+        QFile file(folder + QStringLiteral("/set it.sh"));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("#!/bin/sh\nhere='" + QFile::encodeName(m_home.path()) + "'\n" + text);
+        file.close();
+        EXPECT_TRUE(file.setPermissions(file.permissions() | QFile::ExeOwner));
+        return file.fileName();
+    }
+
+    std::optional<QString> set(const QString &program, const QString &path = QStringLiteral("/picture.png"),
+                               std::chrono::milliseconds limit = std::chrono::seconds(20))
+    {
+        DesktopPictureCommand desktop(program, QString(), std::make_unique<TwoScreens>(), limit);
+        return desktop.setPicture(path, desktop.screens());
+    }
+
+    QByteArray content(const char *name)
+    {
+        QFile file(m_home.path() + QLatin1Char('/') + QString::fromUtf8(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+    }
+
+    PrivateHome m_home;
+};
+
+} // namespace
+
+TEST_F(DesktopPictureCommandTest, isCalledOncePerScreenInOrderWithTheFileAndTheName)
+{
+    EXPECT_EQ(set(script(R"(printf '%s|%s|%s\n' "$#" "$1" "$2" >> "$here/calls")")), std::nullopt);
+    EXPECT_EQ(content("calls"), "2|/picture.png|DP-1\n2|/picture.png|DP-2\n");
+}
+
+TEST_F(DesktopPictureCommandTest, awkwardFileNamesArriveAsTheyAre)
+{
+    const QString path = QString::fromUtf8("/o'brien/a  b \"q\" $(touch x) `x` \\ #%;\n-- Ünïcødé 日本.png");
+    EXPECT_EQ(set(script(R"(printf '%s' "$1" > "$here/argument")"), path), std::nullopt);
+    EXPECT_EQ(content("argument"), path.toUtf8());
+}
+
+TEST_F(DesktopPictureCommandTest, aFailureIsDescribedByStandardErrorAndStopsThere)
+{
+    EXPECT_EQ(set(script("echo call >> \"$here/calls\"; echo; echo '  no such outpüt '; echo ignored >&1\n"
+                         "echo '  no such outpüt ' >&2; exit 3")),
+              QString::fromUtf8("no such outpüt"));
+    EXPECT_EQ(content("calls"), "call\n");
+}
+
+TEST_F(DesktopPictureCommandTest, standardErrorMayBeOpenedByName)
+{
+    EXPECT_EQ(set(script("echo 'by name' > /dev/stderr; exit 1")), QStringLiteral("by name"));
+}
+
+TEST_F(DesktopPictureCommandTest, aSilentFailureIsDescribedByItsStatus)
+{
+    const QString silent = script("exit 3");
+    EXPECT_EQ(set(silent), QStringLiteral("The wallpaper command \"%1\" ended with status 3").arg(silent));
+    const QString killed = script("kill -9 $$");
+    EXPECT_EQ(set(killed), QStringLiteral("The wallpaper command \"%1\" was ended by a signal").arg(killed));
+}
+
+TEST_F(DesktopPictureCommandTest, theDescriptionIsBoundedAndAFloodIsKilled)
+{
+    const auto longText = set(script("head -c 100000 /dev/zero | tr '\\0' x >&2; exit 1"));
+    EXPECT_EQ(longText, QString(1000, QLatin1Char('x')));
+    const auto flood = set(script("while :; do echo flood >&2; head -c 1000000 /dev/zero >&2; done"));
+    EXPECT_TRUE(flood && flood->startsWith(QStringLiteral("flood")));
+}
+
+TEST_F(DesktopPictureCommandTest, whatHangsIsKilledWithAllItStarted)
+{
+    const QString hanging =
+        script("sleep 100 &\necho $! > \"$here/child.new\"; mv \"$here/child.new\" \"$here/child\"\n"
+               "wait");
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_EQ(set(hanging, QStringLiteral("/p"), std::chrono::milliseconds(1500)),
+              QStringLiteral("The wallpaper command \"%1\" did not end within 1.5 seconds").arg(hanging));
+    EXPECT_LT(clock.elapsed(), 5000);
+    const QByteArray child = content("child").trimmed();
+    ASSERT_GT(child.toInt(), 0);
+    // Killed, it takes a moment to end, and may stay in the table of processes until its new parent has looked.
+    EXPECT_TRUE(waitFor([&child] {
+        QFile state(QStringLiteral("/proc/%1/stat").arg(QString::fromLatin1(child)));
+        return !state.open(QIODevice::ReadOnly) || state.readAll().contains(") Z ");
+    }));
+}
+
+TEST_F(DesktopPictureCommandTest, aPainterLeftBehindLivesOn)
+{
+    // It writes to its standard error after the command ended, which must neither kill it nor hold us up.
+    const QByteArray text =
+        "(while [ ! -e \"$here/go\" ]; do sleep 0.02; done; echo painting >&2; echo x > \"$here/done\") &\n";
+    EXPECT_EQ(set(script(text)), std::nullopt);
+    QFile go(m_home.path() + QStringLiteral("/go"));
+    ASSERT_TRUE(go.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(waitFor([&] { return QFile::exists(m_home.path() + QStringLiteral("/done")); }));
+}
+
+TEST_F(DesktopPictureCommandTest, aProgramThatIsNotThereIsNamed)
+{
+    const auto failure = set(QStringLiteral("/nowhere/setter"));
+    ASSERT_TRUE(failure);
+    EXPECT_TRUE(failure->startsWith(QStringLiteral("The wallpaper command \"/nowhere/setter\" cannot be started: ")))
+        << failure->toStdString();
+    EXPECT_TRUE(failure->contains(QStringLiteral("No such file"))) << failure->toStdString();
+}
+
+TEST_F(DesktopPictureCommandTest, withoutAListOfScreensThereIsTheDefaultOne)
+{
+    DesktopPictureCommand desktop(script(R"(printf '%s' "$2" >> "$here/calls")"), QStringLiteral("why"),
+                                  std::make_unique<DesktopPictureUnimplemented>(QString()));
+    EXPECT_EQ(desktop.name(), QStringLiteral("command"));
+    EXPECT_EQ(desktop.reason(), QStringLiteral("why"));
+    EXPECT_EQ(desktop.screens(), (QList<Screen>{{QStringLiteral("default"), QSize(0, 0)}}));
+    EXPECT_EQ(desktop.setPicture(QStringLiteral("/p"), desktop.screens()), std::nullopt);
+    EXPECT_EQ(content("calls"), "default");
+}
+
+} // namespace quorvane

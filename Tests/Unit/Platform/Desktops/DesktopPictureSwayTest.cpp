@@ -1,0 +1,82 @@
+#include "Platform/Desktops/DesktopPictureSway.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvane {
+
+TEST(DesktopPictureSway, theScreensAreTheActiveOutputsInOrder)
+{
+    const QByteArray outputs = R"([
+        {"name": "HEADLESS-1", "active": true, "transform": "normal", "current_mode": {"width": 1280, "height": 720}},
+        {"name": "OFF-1", "active": false, "current_mode": {"width": 1280, "height": 720}},
+        {"name": "DP-2", "active": true, "transform": "90", "current_mode": {"width": 1920, "height": 1080}},
+        {"name": "DP-3", "active": true, "transform": "flipped-270", "current_mode": {"width": 800, "height": 600}},
+        {"name": "DP-4", "active": true, "transform": "flipped-180", "current_mode": {"width": 800, "height": 600}},
+        {"name": "NO-MODE", "active": true},
+        {"name": "", "active": true, "current_mode": {"width": 1, "height": 1}},
+        {"active": true, "current_mode": {"width": 1, "height": 1}},
+        {"name": "NEGATIVE", "active": true, "current_mode": {"width": -1, "height": 1}},
+        {"name": "TEXT", "active": true, "current_mode": {"width": "1", "height": 1}},
+        7, "text", null, []
+    ])";
+    EXPECT_EQ(DesktopPictureSway::screensOf(outputs), (QList<Screen>{{QStringLiteral("HEADLESS-1"), QSize(1280, 720)},
+                                                                     {QStringLiteral("DP-2"), QSize(1080, 1920)},
+                                                                     {QStringLiteral("DP-3"), QSize(600, 800)},
+                                                                     {QStringLiteral("DP-4"), QSize(800, 600)}}));
+    for (const QByteArray &garbage : {QByteArray(), QByteArray("{}"), QByteArray("[1"), QByteArray("\xff\xfe")}) {
+        EXPECT_EQ(DesktopPictureSway::screensOf(garbage), QList<Screen>());
+    }
+}
+
+TEST(DesktopPictureSway, aFailureIsReadFromEveryAnswerThatIsNoSuccess)
+{
+    struct Case
+    {
+        QByteArray answer;
+        std::optional<QString> failure;
+    };
+    const QString unclear = QStringLiteral("sway's answer cannot be understood");
+    const QString refused = QStringLiteral("sway refused the picture");
+    const Case cases[] = {
+        {R"([{"success": true}])", std::nullopt},
+        {R"([{"success": true}, {"success": true}])", std::nullopt},
+        {R"([{"success": false, "parse_error": true, "error": "Invalid syntax"}])", QStringLiteral("Invalid syntax")},
+        {R"([{"success": true}, {"success": false, "error": "Two"}])", QStringLiteral("Two")},
+        {R"([{"success": false}])", refused},
+        {R"([{}])", refused},
+        {R"([7])", refused},
+        {R"([])", unclear},
+        {R"({"success": true})", unclear},
+        {"", unclear},
+        {"\xff", unclear},
+    };
+    for (const Case &each : cases) {
+        EXPECT_EQ(DesktopPictureSway::failureOf(each.answer), each.failure) << each.answer.constData();
+    }
+}
+
+TEST(DesktopPictureSway, onlyPlainPathsAreHandedOver)
+{
+    for (const char *path : {"/", "/a/B_9/c-d.e.png", "/home/user/Pictures/Quorvane/2025-01-01_10-00-00.png"}) {
+        EXPECT_TRUE(DesktopPictureSway::isPlainPath(QString::fromUtf8(path))) << path;
+    }
+    for (const char *path :
+         {"",     "relative.png", "/a b",  "/a'b", "/a\"b", "/$(x)", "/`x`",  "/~",   "/a;b", "/a,b", "/a#b",
+          "/a%b", "/a\nb",        "/a\\b", "/a*b", "/a?b",  "/a[b]", "/a{b}", "/a&b", "/a|b", "/ü",   "/日"}) {
+        EXPECT_FALSE(DesktopPictureSway::isPlainPath(QString::fromUtf8(path))) << path;
+    }
+}
+
+TEST(DesktopPictureSway, screenNamesHaveOneMeaningOrAreRefused)
+{
+    const QString path = QStringLiteral("/p.png");
+    EXPECT_EQ(DesktopPictureSway::commandFor(QStringLiteral("DP-1"), path),
+              QByteArray("output \"DP-1\" bg /p.png fill"));
+    EXPECT_EQ(DesktopPictureSway::commandFor(QStringLiteral("My; exec x, 'y'"), path),
+              QByteArray("output \"My; exec x, 'y'\" bg /p.png fill"));
+    for (const char *name : {"", "*", "-", "--", "a\"b", "a\\", "$x", "a\nb", "a\x7f"}) {
+        EXPECT_EQ(DesktopPictureSway::commandFor(QString::fromUtf8(name), path), std::nullopt) << name;
+    }
+}
+
+} // namespace quorvane

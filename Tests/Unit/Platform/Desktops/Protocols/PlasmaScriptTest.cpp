@@ -1,0 +1,64 @@
+#include "Platform/Desktops/Protocols/PlasmaScript.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvane {
+
+namespace {
+
+const QString kImage = QStringLiteral("file:///p/a.png");
+
+PlasmaScript::Report report(const char *desktops, int screenCount)
+{
+    return PlasmaScript::reportOf(QStringLiteral(R"({"screenCount": %1, "desktops": [%2]})")
+                                      .arg(screenCount)
+                                      .arg(QString::fromUtf8(desktops)))
+        .value();
+}
+
+constexpr auto kFirst = R"({"screen": 0, "plugin": "org.kde.image", "image": "file:///p/a.png"})";
+constexpr auto kBoth = R"({"screen": 0, "plugin": "org.kde.image", "image": "file:///p/a.png"},
+                          {"screen": 1, "plugin": "org.kde.image", "image": "file:///p/a.png"})";
+constexpr auto kHidden = R"({"screen": 0, "plugin": "org.kde.image", "image": "file:///p/a.png"},
+                            {"screen": -1, "plugin": "org.kde.color", "image": "/q/b%20c.png"})";
+constexpr auto kOtherPlugin = R"({"screen": 0, "plugin": "org.kde.slideshow", "image": "file:///p/a.png"})";
+constexpr auto kOtherImage = R"({"screen": 0, "plugin": "org.kde.image", "image": "file:///p/b.png"})";
+
+} // namespace
+
+TEST(PlasmaScript, isEverywhereOnlyWhenEveryScreenHasThePicture)
+{
+    EXPECT_EQ(report(kBoth, 2).whyNotEverywhere(kImage), QString());
+    EXPECT_EQ(report(kHidden, 1).whyNotEverywhere(kImage), QString()) << "another activity's desktop may differ";
+    EXPECT_NE(report(kFirst, 2).whyNotEverywhere(kImage), QString());
+    EXPECT_NE(report(kOtherPlugin, 1).whyNotEverywhere(kImage), QString());
+    EXPECT_NE(report(kOtherImage, 1).whyNotEverywhere(kImage), QString());
+    EXPECT_NE(report("", 0).whyNotEverywhere(kImage), QString());
+    EXPECT_EQ(report(kBoth, 2).visible(), 2);
+    EXPECT_EQ(report(kHidden, 1).visible(), 1);
+}
+
+TEST(PlasmaScript, filesAreThoseOfHiddenDesktopsToo)
+{
+    EXPECT_EQ(report(kHidden, 1).files(), (QStringList{QStringLiteral("/p/a.png"), QStringLiteral("/q/b%20c.png")}));
+}
+
+TEST(PlasmaScript, anythingElseIsNoReport)
+{
+    for (const char *printed : {"", "undefined", "[]", "{}", "{\"desktops\": 3}", "Error: widgets are locked"}) {
+        EXPECT_FALSE(PlasmaScript::reportOf(QString::fromUtf8(printed))) << printed;
+    }
+}
+
+TEST(PlasmaScript, noNameBreaksOutOfItsText)
+{
+    const QString path = QString::fromUtf8("/p/o'b \"q\" \\ #1 100% \n\xE2\x80\xA8日本.png");
+    const QString url = PlasmaScript::urlOf(path);
+    EXPECT_EQ(url,
+              QStringLiteral("file:///p/o'b%20%22q%22%20%5C%20%231%20100%25%20%0A%E2%80%A8%E6%97%A5%E6%9C%AC.png"));
+    EXPECT_TRUE(PlasmaScript::setting(url).contains(QLatin1Char('"') + url + QLatin1Char('"')));
+    EXPECT_TRUE(
+        PlasmaScript::setting(QStringLiteral("\"); evil(\"")).contains(QStringLiteral(R"("image":"\"); evil(\"")")));
+}
+
+} // namespace quorvane

@@ -1,0 +1,115 @@
+#include "Platform/Pictures/PictureHandover.h"
+
+#include "Platform/Files/Paths.h"
+#include "Platform/Pictures/PictureCopy.h"
+#include "Support/Files.h"
+#include "Support/PositionPicture.h"
+#include "Support/PrivateHome.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvane {
+
+namespace {
+
+class PictureHandoverTest : public testing::Test
+{
+  protected:
+    /// Puts a picture at name as the library does: whole, in place of what was there.
+    [[nodiscard]] QString save(const QString &name, int mark, const char *format = "png") const
+    {
+        const QString path = m_home.path() + QLatin1Char('/') + name;
+        const QString draft = m_home.path() + QStringLiteral("/draft");
+        EXPECT_TRUE(positionPicture(QSize(30, 20), mark).save(draft, format));
+        EXPECT_EQ(::rename(QFile::encodeName(draft).constData(), QFile::encodeName(path).constData()), 0);
+        return path;
+    }
+
+    /// Hands over, and the desktop shows it.
+    PictureHandover::Handed show(const QString &path, const PictureHandover::Rules &rules = {})
+    {
+        const auto handed = m_handover.handOver(path, rules);
+        EXPECT_EQ(handed.error, QString());
+        m_handover.succeeded(path, handed);
+        return handed;
+    }
+
+    PrivateHome m_home;
+    PictureHandover m_handover;
+};
+
+} // namespace
+
+TEST_F(PictureHandoverTest, aNewPathIsHandedAsItIsAndAgainWhileItsContentStays)
+{
+    const QString path = save(QStringLiteral("one.png"), 10);
+    EXPECT_EQ(show(path).path, path);
+    EXPECT_EQ(show(path, {.loaded = {path}}).path, path);
+    const QString other = save(QStringLiteral("two.jpg"), 10, "jpeg");
+    EXPECT_EQ(show(other, {.loaded = {path}}).path, other);
+}
+
+TEST_F(PictureHandoverTest, newContentUnderTheSamePathIsANewCopyEachTime)
+{
+    const QString path = save(QStringLiteral("one.png"), 10);
+    EXPECT_FALSE(show(path).isCopy);
+    const auto second = show(save(QStringLiteral("one.png"), 20), {.loaded = {path}});
+    EXPECT_TRUE(second.isCopy);
+    EXPECT_TRUE(PictureCopy::isOurs(second.path));
+    EXPECT_EQ(contentOf(second.path), contentOf(path));
+    EXPECT_EQ(show(path, {.loaded = {second.path}}).path, second.path) << "the same content is the same copy";
+    const auto third = show(save(QStringLiteral("one.png"), 30), {.loaded = {second.path}});
+    EXPECT_TRUE(third.isCopy);
+    EXPECT_NE(third.path, second.path);
+    QFile::remove(third.path);
+    EXPECT_NE(show(path).path, third.path) << "a copy that somebody deleted is made anew";
+}
+
+TEST_F(PictureHandoverTest, aProcessThatKnowsNothingTakesNoRisk)
+{
+    const QString path = save(QStringLiteral("one.png"), 10);
+    EXPECT_TRUE(m_handover.handOver(path, {.loaded = {path}}).isCopy);
+    const auto copy = PictureCopy::write(PictureCopy::folders().constFirst(), "x", QStringLiteral("png"));
+    ASSERT_TRUE(copy);
+    EXPECT_TRUE(m_handover.handOver(path, {.loaded = {*copy}}).isCopy) << "it may be one of this path";
+    EXPECT_FALSE(m_handover.handOver(path, {.loaded = {m_home.path()}}).isCopy);
+}
+
+TEST_F(PictureHandoverTest, otherFormatsAndPathsThatTheDesktopCannotTakeAreCopied)
+{
+    const auto converted = m_handover.handOver(save(QStringLiteral("one.png"), 10, "bmp"), {});
+    EXPECT_TRUE(converted.isCopy);
+    EXPECT_EQ(QImage(converted.path, "png").size(), QSize(30, 20));
+    const QString path = save(QStringLiteral("a b.png"), 10);
+    PictureHandover::Rules rules;
+    rules.takesPath = [](const QString &each) { return !each.contains(QLatin1Char(' ')); };
+    EXPECT_TRUE(m_handover.handOver(path, rules).isCopy);
+    rules.takesPath = [](const QString & /*each*/) { return false; };
+    EXPECT_NE(m_handover.handOver(path, rules).error, QString());
+}
+
+TEST_F(PictureHandoverTest, aFailureDeletesTheNewCopyButNotTheOneThatIsShown)
+{
+    const QString path = save(QStringLiteral("one.png"), 10);
+    const auto shown = show(path, {.loaded = {path}});
+    ASSERT_TRUE(shown.isCopy);
+    m_handover.failed(m_handover.handOver(path, {}));
+    EXPECT_TRUE(QFile::exists(shown.path));
+    const auto next = m_handover.handOver(save(QStringLiteral("one.png"), 20), {});
+    m_handover.failed(next);
+    EXPECT_FALSE(QFile::exists(next.path));
+    EXPECT_TRUE(QFile::exists(shown.path));
+    m_handover.failed(m_handover.handOver(save(QStringLiteral("two.png"), 10), {}));
+    EXPECT_TRUE(QFile::exists(m_home.path() + QStringLiteral("/two.png"))) << "it is the library's own";
+}
+
+TEST_F(PictureHandoverTest, whatIsNoPictureIsRefusedAtOnce)
+{
+    EXPECT_NE(m_handover.handOver(m_home.path() + QStringLiteral("/missing.png"), {}).error, QString());
+    const QString path = m_home.path() + QStringLiteral("/broken.png");
+    ASSERT_TRUE(putFile(path, "no picture"));
+    EXPECT_NE(m_handover.handOver(path, {}).error, QString());
+    EXPECT_FALSE(QDir(Paths::stateHome() + QStringLiteral("/quorvane")).exists());
+}
+
+} // namespace quorvane

@@ -1,0 +1,214 @@
+#include "Upscaling/Gpu/GpuWorker.h"
+#include "Support/WaitFor.h"
+#include "Unit/Upscaling/UpscalingTestSupport.h"
+#include "Upscaling/Network/SuperResolutionModel.h"
+#include "Upscaling/Image/TilePixels.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <csignal>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace quorvane {
+
+namespace {
+
+constexpr std::chrono::minutes kPatience(2);
+const QString kRealWorker = QStringLiteral(GPU_WORKER);
+const QString kProcessor = QStringLiteral("CPUExecutionProvider");
+
+std::vector<float> sampleTile()
+{
+    std::vector<float> planes(GpuWorker::kTileSize);
+    planesFromTile(positions(512, 512).convertToFormat(QImage::Format_RGBX8888), planes);
+    return planes;
+}
+
+/// Not gone, and not dead and waiting to be collected.
+bool isAlive(const QString &process)
+{
+    QFile stat(QStringLiteral("/proc/%1/stat").arg(process));
+    if (!stat.open(QIODevice::ReadOnly)) {
+        return false;
+    }
+    const QByteArray line = stat.readAll();
+    const char state = line.mid(line.lastIndexOf(')') + 2).at(0);
+    return state != 'Z' && state != 'X';
+}
+
+/// What the real worker says when it is asked for WebGPU while the Vulkan loader knows the one driver alone.
+QByteArray refusal(const QString &driver)
+{
+    QProcess worker;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("VK_DRIVER_FILES"), driver);
+    environment.insert(QStringLiteral("VK_ICD_FILENAMES"), driver);
+    worker.setProcessEnvironment(environment);
+    worker.start(kRealWorker, {modelFile("nearest"), QStringLiteral("WebGpuExecutionProvider")});
+    worker.closeWriteChannel();
+    EXPECT_TRUE(worker.waitForFinished(60'000));
+    EXPECT_EQ(worker.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(worker.exitCode(), EXIT_FAILURE);
+    EXPECT_TRUE(worker.readAllStandardOutput().isEmpty());
+    return worker.readAllStandardError().trimmed().split('\n').back();
+}
+
+QString softwareDriver()
+{
+    const QDir drivers(QStringLiteral("/usr/share/vulkan/icd.d"));
+    const QStringList found = drivers.entryList({QStringLiteral("lvp_icd*.json")}, QDir::Files);
+    return found.isEmpty() ? QString() : drivers.filePath(found.front());
+}
+
+} // namespace
+
+TEST(GpuWorker, givesWhatTheNetworkGives)
+{
+    const std::vector<float> tile = sampleTile();
+    SuperResolutionModel model(modelFile("convolutions"), 2);
+    GpuWorker worker(kRealWorker, {modelFile("convolutions"), kProcessor});
+    std::vector<float> result(GpuWorker::kResultSize);
+    for (int again = 0; again < 2; ++again) {
+        std::fill(result.begin(), result.end(), -1.0F);
+        ASSERT_TRUE(worker.run(tile, result, kPatience));
+        const auto expected = model.run(tile, {});
+        float difference = 0;
+        for (std::size_t index = 0; index < result.size(); ++index) {
+            difference = std::max(difference, std::abs(result[index] - expected[index]));
+        }
+        EXPECT_LE(difference, 1e-5F);
+    }
+}
+
+TEST(GpuWorker, takesTheFirstProviderThatWorks)
+{
+    GpuWorker worker(kRealWorker, {modelFile("nearest"), QStringLiteral("NoSuchProvider"), kProcessor});
+    std::vector<float> result(GpuWorker::kResultSize);
+    EXPECT_TRUE(worker.run(sampleTile(), result, kPatience));
+}
+
+TEST(GpuWorker, whateverGoesWrongFailsForGood)
+{
+    const std::vector<float> tile = sampleTile();
+    std::vector<float> result(GpuWorker::kResultSize);
+    for (const char *behaviour : {"crash", "too-little", "nothing", "too-much"}) {
+        GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE),
+                          {modelFile("nearest"), QLatin1String(behaviour), QStringLiteral("2")});
+        EXPECT_TRUE(worker.run(tile, result, kPatience)) << behaviour;
+        EXPECT_FALSE(worker.run(tile, result, kPatience)) << behaviour;
+        EXPECT_FALSE(worker.run(tile, result, kPatience)) << behaviour;
+    }
+    for (const QStringList &arguments : {QStringList{QStringLiteral("/nowhere/network.onnx"), kProcessor},
+                                         {modelFile("garbage"), kProcessor},
+                                         {modelFile("no-picture"), kProcessor},
+                                         {modelFile("nearest"), QStringLiteral("CUDAExecutionProvider")}}) {
+        GpuWorker worker(kRealWorker, arguments);
+        EXPECT_FALSE(worker.run(tile, result, kPatience)) << text(arguments.join(QLatin1Char(' ')));
+    }
+    GpuWorker worker(QStringLiteral("/nowhere/worker"), {});
+    EXPECT_FALSE(worker.run(tile, result, kPatience));
+}
+
+TEST(GpuWorker, isLeftAtTheLimit)
+{
+    GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE),
+                      {modelFile("nearest"), QStringLiteral("hang"), QStringLiteral("1")});
+    std::vector<float> result(GpuWorker::kResultSize);
+    EXPECT_FALSE(worker.run(sampleTile(), result, std::chrono::milliseconds(300)));
+    EXPECT_FALSE(worker.run(sampleTile(), result, kPatience));
+}
+
+TEST(GpuWorker, anotherThreadEndsARun)
+{
+    GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE),
+                      {modelFile("nearest"), QStringLiteral("hang"), QStringLiteral("1")});
+    std::vector<float> result(GpuWorker::kResultSize);
+    const std::jthread other([&worker] { worker.end(); });
+    EXPECT_FALSE(worker.run(sampleTile(), result, std::chrono::hours(1)));
+}
+
+TEST(GpuWorker, theProcessIsGoneWithIt)
+{
+    const QSet<QString> before = childProcesses();
+    {
+        GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE),
+                          {modelFile("nearest"), QStringLiteral("hang"), QStringLiteral("1")});
+        std::vector<float> result(GpuWorker::kResultSize);
+        EXPECT_FALSE(worker.run(sampleTile(), result, std::chrono::milliseconds(1)));
+        EXPECT_EQ(childProcesses().size(), before.size() + 1);
+    }
+    EXPECT_EQ(childProcesses(), before);
+}
+
+TEST(GpuWorker, theProgramEndsWithItsInput)
+{
+    QProcess worker;
+    worker.start(kRealWorker, {modelFile("nearest"), kProcessor});
+    worker.closeWriteChannel();
+    ASSERT_TRUE(worker.waitForFinished(60'000));
+    EXPECT_EQ(worker.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(worker.exitCode(), EXIT_SUCCESS);
+    EXPECT_TRUE(worker.readAllStandardOutput().isEmpty());
+}
+
+TEST(GpuWorker, theProgramDiesWithTheOneThatStartedIt)
+{
+    // The input is a pipe of the test's, so that it does not end when the shell between is killed.
+    const QTemporaryDir folder;
+    const QString input = folder.filePath(QStringLiteral("input"));
+    ASSERT_EQ(mkfifo(QFile::encodeName(input).constData(), 0600), 0);
+    const int pipe = open(QFile::encodeName(input).constData(), O_RDWR | O_CLOEXEC);
+    ASSERT_GE(pipe, 0);
+    QProcess shell;
+    shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("\"$0\" \"$1\" \"$2\" <\"$3\" & wait"),
+                                       kRealWorker, modelFile("nearest"), kProcessor, input});
+    ASSERT_TRUE(shell.waitForStarted());
+
+    const std::vector<float> tile = sampleTile();
+    const std::jthread feeding([&tile, pipe] {
+        const auto size = static_cast<ssize_t>(tile.size() * sizeof(float));
+        EXPECT_EQ(write(pipe, tile.data(), static_cast<std::size_t>(size)), size);
+    });
+    qsizetype written = 0;
+    const auto readsTheNext = [&] {
+        written += shell.readAllStandardOutput().size();
+        return written == static_cast<qsizetype>(GpuWorker::kResultSize * sizeof(float));
+    };
+    ASSERT_TRUE(waitFor(readsTheNext, kPatience));
+    const QSet<QString> workers = childProcesses(shell.processId());
+    ASSERT_EQ(workers.size(), 1);
+    shell.kill();
+    ASSERT_TRUE(shell.waitForFinished());
+    EXPECT_TRUE(waitFor([&] { return !isAlive(*workers.begin()); }));
+    close(pipe);
+}
+
+TEST(GpuWorker, vulkanOnTheProcessorIsRefused)
+{
+    const QString driver = softwareDriver();
+    if (driver.isEmpty()) {
+        GTEST_SKIP() << "mesa-vulkan-drivers is not installed";
+    }
+    const QTemporaryDir folder;
+    const QString renamed = folder.filePath(QStringLiteral("hardware.json"));
+    ASSERT_TRUE(QFile::copy(driver, renamed));
+    EXPECT_EQ(refusal(renamed), "Vulkan computes on the processor");
+    EXPECT_EQ(refusal(driver), "Vulkan finds no graphics card");
+}
+
+TEST(GpuWorker, withoutAVulkanDriverThereIsNoCard)
+{
+    EXPECT_EQ(refusal(QStringLiteral("/nowhere/driver.json")), "Vulkan finds no graphics card");
+}
+
+} // namespace quorvane

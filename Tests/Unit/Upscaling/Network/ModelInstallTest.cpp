@@ -1,0 +1,64 @@
+#include "Providers/ProviderError.h"
+#include "Unit/Upscaling/UpscalingTestSupport.h"
+#include "Upscaling/Network/ModelFiles.h"
+#include "Upscaling/Image/UpscaleErrors.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+namespace quorvane {
+
+namespace {
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+TEST(ModelInstall, copiesAModelThatFits)
+{
+    const HomeWithModel home;
+    installModel(modelFile("dynamic"));
+    EXPECT_EQ(findModel(), userModelPath());
+    EXPECT_EQ(contentOf(userModelPath()), contentOf(modelFile("dynamic")));
+    EXPECT_EQ(text(describeModel(userModelPath())), "float32, tiles of any size, in \"tile\", out \"result\"");
+}
+
+TEST(ModelInstall, whatDoesNotFitLeavesTheModelInUseAlone)
+{
+    const HomeWithModel home("nearest");
+    EXPECT_NE(thrown<ModelError>([] { installModel(modelFile("wrong-size")); }), QString());
+    EXPECT_NE(thrown<ModelError>([] { installModel(modelFile("undeclared-scale")); }), QString());
+    EXPECT_NE(thrown<ModelError>([] { installModel(modelFile("garbage")); }), QString());
+    EXPECT_NE(thrown<ModelError>([] { installModel(QStringLiteral("/nowhere.onnx")); }), QString());
+    EXPECT_NE(thrown<ProviderError>([] { installModel(modelFile("black")); }), QString());
+    EXPECT_NE(thrown<ProviderError>([] { installModel(modelFile("not-a-number")); }), QString());
+    EXPECT_EQ(contentOf(userModelPath()), contentOf(modelFile("nearest")));
+}
+
+TEST(ModelInstall, aPlaceThatCannotBeWrittenIsAnError)
+{
+    const HomeWithModel home;
+    QDir().mkpath(home.path() + QStringLiteral("/.local"));
+    QFile taken(home.path() + QStringLiteral("/.local/share"));
+    ASSERT_TRUE(taken.open(QIODevice::WriteOnly));
+    EXPECT_EQ(text(thrown<ModelError>([] { installModel(modelFile("nearest")); })),
+              "The model cannot be copied: writing " + text(userModelPath()) + " failed");
+}
+
+TEST(ModelInstall, aStopRequestEndsIt)
+{
+    const HomeWithModel home;
+    std::stop_source stop;
+    stop.request_stop();
+    EXPECT_THROW(installModel(modelFile("nearest"), stop.get_token()), UpscaleStopped);
+    EXPECT_EQ(findModel(), std::nullopt);
+}
+
+} // namespace quorvane
