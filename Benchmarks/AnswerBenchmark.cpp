@@ -17,6 +17,8 @@
 #include <cstring>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 // A service's answer with a large picture in it: from its last byte to the picture's bytes, and to the file on disk.
 namespace quorvane {
 
@@ -41,8 +43,7 @@ QByteArray answerWith(const QByteArray &base64)
 QByteArray decodedNaively(const QByteArray &answer)
 {
     const QString text = QJsonDocument::fromJson(answer)
-                             .object()[QLatin1String("candidates")][0][QLatin1String("content")][QLatin1String("parts")]
-                                      [1][QLatin1String("inlineData")][QLatin1String("data")]
+                             .object()["candidates"_L1][0]["content"_L1]["parts"_L1][1]["inlineData"_L1]["data"_L1]
                              .toString();
     return QByteArray::fromBase64(text.toLatin1());
 }
@@ -95,7 +96,7 @@ void answerToFile(benchmark::State &state)
 {
     const QByteArray base64 = randomBytes(20 * 1000 * 1000).toBase64();
     const QByteArray answer = answerWith(base64);
-    const QString source = ImageStore::directory() + QStringLiteral("/source.txt");
+    const QString source = ImageStore::directory() + u"/source.txt"_s;
     QFile file(source);
     (void)file.open(QIODevice::WriteOnly);
     file.write(base64);
@@ -105,7 +106,7 @@ void answerToFile(benchmark::State &state)
     double reading = 0;
     const auto toFile = [&] {
         const GeneratedImage image = imageFromAnswer(answer, geminiAnswer());
-        benchmark::DoNotOptimize(ImageStore::saveImage(QStringLiteral("a.png"), image.bytes).has_value());
+        benchmark::DoNotOptimize(ImageStore::saveImage(u"a.png"_s, image.bytes).has_value());
     };
     for (auto round : state) {
         const double seconds = secondsOf(toFile);

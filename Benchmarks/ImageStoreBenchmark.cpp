@@ -1,8 +1,8 @@
 #include "Manager/WallpaperManager.h"
 #include "Platform/Desktops/Choice/DesktopPictureOfSession.h"
+#include "Platform/Files/UserDefaults.h"
 #include "Platform/Network/HttpClient.h"
 #include "Platform/Secrets/SecretStore.h"
-#include "Platform/Files/UserDefaults.h"
 #include "Storage/ImageStore.h"
 #include "Storage/SideFile.h"
 
@@ -22,6 +22,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 // A library of 10,000 images with 5,000 links and 10,000 prompts, in a home of the benchmark's own.
 namespace quorvane {
 
@@ -31,16 +33,16 @@ constexpr int kImages = 10'000;
 
 void makeLibrary()
 {
-    const QString folder = ImageStore::directory() + QLatin1Char('/');
+    const QString folder = ImageStore::directory() + '/'_L1;
     TextMap prompts;
     TextMap links;
     for (int number = 0; number < kImages; ++number) {
-        const QString name = QStringLiteral("wallpaper_2024-05-01_%1.png").arg(number, 6, 10, QLatin1Char('0'));
+        const QString name = u"wallpaper_2024-05-01_%1.png"_s.arg(number, 6, 10, '0'_L1);
         QFile file(folder + name);
         (void)file.open(QIODevice::WriteOnly);
-        prompts.emplace(name, QStringLiteral("a quiet mountain lake at dawn, number %1").arg(number / 4));
+        prompts.emplace(name, u"a quiet mountain lake at dawn, number %1"_s.arg(number / 4));
         if (number % 2 == 1) {
-            links.emplace(QStringLiteral("wallpaper_2024-05-01_%1.png").arg(number - 1, 6, 10, QLatin1Char('0')), name);
+            links.emplace(u"wallpaper_2024-05-01_%1.png"_s.arg(number - 1, 6, 10, '0'_L1), name);
         }
     }
     for (const auto &[path, map] :

@@ -1,8 +1,8 @@
 #include "Platform/Threads/BackgroundThread.h"
 #include "Upscaling/Image/ImageDecoding.h"
+#include "Upscaling/Image/TilePixels.h"
 #include "Upscaling/LocalUpscaler.h"
 #include "Upscaling/Network/SuperResolutionModel.h"
-#include "Upscaling/Image/TilePixels.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -13,6 +13,8 @@
 #include <cmath>
 #include <sys/resource.h>
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 // What an upscale costs: the network alone, everything around it, and memory. The networks have the shape of those that
 // people use and pseudo-random weights; Tools/test-models/make.py --benchmark writes them.
@@ -56,7 +58,7 @@ double processorSeconds()
 
 double statusMegabytes(const char *name)
 {
-    QFile status(QStringLiteral("/proc/self/status"));
+    QFile status(u"/proc/self/status"_s);
     static_cast<void>(status.open(QIODevice::ReadOnly));
     for (QByteArray line = status.readLine(); !line.isEmpty(); line = status.readLine()) {
         if (line.startsWith(name)) {
@@ -68,7 +70,7 @@ double statusMegabytes(const char *name)
 
 void restartPeak()
 {
-    QFile reset(QStringLiteral("/proc/self/clear_refs"));
+    QFile reset(u"/proc/self/clear_refs"_s);
     if (reset.open(QIODevice::WriteOnly)) {
         reset.write("5");
     }
@@ -111,8 +113,8 @@ qint64 upscaleFile(const QString &from, const QString &to, const QString &modelP
 void fileToFile(benchmark::State &state, const char *name)
 {
     const QTemporaryDir folder;
-    const QString from = folder.filePath(QStringLiteral("picture.png"));
-    const QString to = folder.filePath(QStringLiteral("result.png"));
+    const QString from = folder.filePath(u"picture.png"_s);
+    const QString to = folder.filePath(u"result.png"_s);
     picture(1536, 1024).save(from);
     const double start = processorSeconds();
     static_cast<void>(upscaleFile(from, to, kCopyingModel));

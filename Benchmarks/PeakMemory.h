@@ -7,6 +7,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// How far the resident memory of this process rises above what it was at the beginning.
 class PeakMemory
 {
@@ -14,7 +16,7 @@ class PeakMemory
     PeakMemory()
     {
         ::malloc_trim(0);
-        QFile reset(QStringLiteral("/proc/self/clear_refs"));
+        QFile reset(u"/proc/self/clear_refs"_s);
         if (reset.open(QIODevice::WriteOnly)) {
             reset.write("5"); // Resets the high-water mark.
         }
@@ -27,7 +29,7 @@ class PeakMemory
     /// How much this process has had resident at most, since the last such object was made.
     [[nodiscard]] static qint64 highWaterBytes()
     {
-        QFile status(QStringLiteral("/proc/self/status"));
+        QFile status(u"/proc/self/status"_s);
         (void)status.open(QIODevice::ReadOnly);
         const QByteArray text = status.readAll();
         const qsizetype at = text.indexOf("VmHWM:") + 6;

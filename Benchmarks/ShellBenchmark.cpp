@@ -26,12 +26,14 @@
 #include <sys/prctl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 constexpr int kRuns = 7;
-const QString kBusName = QStringLiteral("app.quorvane.Quorvane");
+const QString kBusName = u"app.quorvane.Quorvane"_s;
 
 double milliseconds(const QElapsedTimer &timer)
 {
@@ -64,7 +66,7 @@ class Panel : public QDBusVirtualObject
     [[nodiscard]] QString introspect(const QString & /*path*/) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
     {
-        if (message.member() == QLatin1String("RegisterStatusNotifierItem")) {
+        if (message.member() == "RegisterStatusNotifierItem"_L1) {
             ++icons;
             return connection.send(message.createReply());
         }
@@ -85,25 +87,23 @@ class Session
         for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"}) {
             m_environment.insert(QLatin1String(name), home);
         }
-        m_environment.insert(QStringLiteral("QUORVANE_WALLPAPER_COMMAND"), QStringLiteral("/bin/true"));
-        m_environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
+        m_environment.insert(u"QUORVANE_WALLPAPER_COMMAND"_s, u"/bin/true"_s);
+        m_environment.insert(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
         if (!hasGraphicsProcessor()) {
             // As the application chooses there; both are to draw in the same way.
-            m_environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
-            m_environment.insert(QStringLiteral("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION"), QStringLiteral("none"));
+            m_environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
+            m_environment.insert(u"QT_WAYLAND_CLIENT_BUFFER_INTEGRATION"_s, u"none"_s);
         }
-        const QString address = QStringLiteral("unix:path=") + home + QStringLiteral("/bus");
-        m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address);
-        m_daemon.start(QStringLiteral("dbus-daemon"),
-                       {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1"),
-                        QStringLiteral("--address=") + address});
+        const QString address = u"unix:path="_s + home + u"/bus"_s;
+        m_environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, address);
+        m_daemon.start(u"dbus-daemon"_s,
+                       {u"--session"_s, u"--nofork"_s, u"--print-address=1"_s, u"--address="_s + address});
         m_daemon.waitForReadyRead();
-        m_bus = std::make_unique<QDBusConnection>(QDBusConnection::connectToBus(address, QStringLiteral("benchmark")));
-        m_bus->registerVirtualObject(QStringLiteral("/StatusNotifierWatcher"), &m_panel);
-        m_bus->registerService(QStringLiteral("org.kde.StatusNotifierWatcher"));
+        m_bus = std::make_unique<QDBusConnection>(QDBusConnection::connectToBus(address, u"benchmark"_s));
+        m_bus->registerVirtualObject(u"/StatusNotifierWatcher"_s, &m_panel);
+        m_bus->registerService(u"org.kde.StatusNotifierWatcher"_s);
         m_events.setProcessEnvironment(m_sway.clientEnvironment());
-        m_events.start(QStringLiteral("swaymsg"),
-                       {QStringLiteral("-rmt"), QStringLiteral("subscribe"), QStringLiteral("[\"window\"]")});
+        m_events.start(u"swaymsg"_s, {u"-rmt"_s, u"subscribe"_s, u"[\"window\"]"_s});
         m_events.waitForStarted();
     }
     ~Session()
@@ -136,11 +136,11 @@ class Session
     {
         while (m_events.canReadLine()) {
             const QJsonObject event = QJsonDocument::fromJson(m_events.readLine()).object();
-            const QString what = event.value(QLatin1String("change")).toString();
-            m_new += what == QLatin1String("new") ? 1 : 0;
-            m_closed += what == QLatin1String("close") ? 1 : 0;
+            const QString what = event.value("change"_L1).toString();
+            m_new += what == "new"_L1 ? 1 : 0;
+            m_closed += what == "close"_L1 ? 1 : 0;
         }
-        return QLatin1String(change) == QLatin1String("new") ? m_new : m_closed;
+        return QLatin1String(change) == "new"_L1 ? m_new : m_closed;
     }
 
     /// Runs act, and tells how long it was until sway told change.
@@ -158,15 +158,11 @@ class Session
 
     void tell(const QString &interface, const QString &method, const QVariantList &arguments) const
     {
-        QDBusMessage message =
-            QDBusMessage::createMethodCall(kBusName, QStringLiteral("/app/quorvane/Quorvane"), interface, method);
+        QDBusMessage message = QDBusMessage::createMethodCall(kBusName, u"/app/quorvane/Quorvane"_s, interface, method);
         message.setArguments(arguments);
         m_bus->send(message);
     }
-    void closeWindows() const
-    {
-        (void)outputOf(QStringLiteral("swaymsg"), {QStringLiteral("[title=\".*\"] kill")}, m_sway.clientEnvironment());
-    }
+    void closeWindows() const { (void)outputOf(u"swaymsg"_s, {u"[title=\".*\"] kill"_s}, m_sway.clientEnvironment()); }
     [[nodiscard]] bool isOnBus() const { return m_bus->interface()->isServiceRegistered(kBusName).value(); }
 
   private:
@@ -197,7 +193,7 @@ void printMemory(const char *what, const ProcessMemory &memory)
 
 void quit(Session &session, QProcess &process)
 {
-    session.tell(QStringLiteral("app.quorvane.Quorvane1"), QStringLiteral("Quit"), {});
+    session.tell(u"app.quorvane.Quorvane1"_s, u"Quit"_s, {});
     (void)waitFor([&] { return process.state() == QProcess::NotRunning && !session.isOnBus(); });
 }
 
@@ -226,7 +222,7 @@ void run(Session &session, const QString &program, const QString &bareProgram)
     Cost bareFrame;
     Cost bareReopen;
     const auto activate = [&session] {
-        session.tell(QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"), {QVariantMap()});
+        session.tell(u"org.freedesktop.Application"_s, u"Activate"_s, {QVariantMap()});
     };
     for (int each = 0; each < kRuns; ++each) {
         std::unique_ptr<QProcess> process;
@@ -243,7 +239,7 @@ void run(Session &session, const QString &program, const QString &bareProgram)
         QElapsedTimer timer;
         timer.start();
         const int icons = session.icons();
-        process = session.start(program, {QStringLiteral("--hidden")});
+        process = session.start(program, {u"--hidden"_s});
         (void)waitFor([&] { return session.icons() > icons; });
         icon.add(milliseconds(timer), ticks());
         quit(session, *process);
@@ -269,7 +265,7 @@ void run(Session &session, const QString &program, const QString &bareProgram)
     process->waitForFinished();
 
     const int before = session.icons();
-    process = session.start(program, {QStringLiteral("--hidden")});
+    process = session.start(program, {u"--hidden"_s});
     (void)waitFor([&] { return session.icons() > before; });
     printMemory("in the tray, never opened", settled(*process));
     (void)session.timeUntil("new", activate);

@@ -9,9 +9,9 @@
 
 #include "Manager/WallpaperManager.h"
 #include "Platform/Desktops/Choice/DesktopPictureOfSession.h"
+#include "Platform/Files/UserDefaults.h"
 #include "Platform/Network/HttpClient.h"
 #include "Platform/Secrets/SecretStore.h"
-#include "Platform/Files/UserDefaults.h"
 #include "Storage/ImageStore.h"
 #include "Storage/SideFile.h"
 #include "Views/Pictures/PictureDecoding.h"
@@ -43,6 +43,8 @@
 
 #include <time.h>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -88,7 +90,7 @@ class NoSecrets final : public SecretStore
 /// A painted picture with the grain of a photograph, so that no encoder has it too easy.
 QImage picture(int number, QSize size)
 {
-    QImage image = paintPicture(QStringLiteral("a lake %1").arg(number), {960, 540})
+    QImage image = paintPicture(u"a lake %1"_s.arg(number), {960, 540})
                        .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                        .convertToFormat(QImage::Format_RGB32);
     auto random = QRandomGenerator(quint32(number));
@@ -105,17 +107,17 @@ QImage picture(int number, QSize size)
 void makeHome(const QString &home, int count)
 {
     qputenv("HOME", QFile::encodeName(home));
-    const QString folder = ImageStore::directory() + QLatin1Char('/');
+    const QString folder = ImageStore::directory() + '/'_L1;
     constexpr int kContents = 8;
     for (int number = 0; number < kContents; ++number) {
-        (void)picture(number, {1280, 720}).save(home + QStringLiteral("/%1.jpg").arg(number));
+        (void)picture(number, {1280, 720}).save(home + u"/%1.jpg"_s.arg(number));
     }
     TextMap prompts;
     for (int number = 0; number < count; ++number) {
-        const QString name = QStringLiteral("wallpaper_%1.jpg").arg(number, 6, 10, QLatin1Char('0'));
-        const QString source = home + QStringLiteral("/%1.jpg").arg(number % kContents);
+        const QString name = u"wallpaper_%1.jpg"_s.arg(number, 6, 10, '0'_L1);
+        const QString source = home + u"/%1.jpg"_s.arg(number % kContents);
         (void)!::link(QFile::encodeName(source).constData(), QFile::encodeName(folder + name).constData());
-        prompts.emplace(name, QStringLiteral("a quiet mountain lake at dawn"));
+        prompts.emplace(name, u"a quiet mountain lake at dawn"_s);
     }
     QFile file(ImageStore::promptsPath());
     (void)file.open(QIODevice::WriteOnly);
@@ -139,8 +141,8 @@ struct Program
     void open()
     {
         installViews(&engine);
-        engine.setInitialProperties({{QStringLiteral("manager"), QVariant::fromValue(&manager)}});
-        engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Quorvane/Views/MainWindow.qml")));
+        engine.setInitialProperties({{u"manager"_s, QVariant::fromValue(&manager)}});
+        engine.load(QUrl(u"qrc:/qt/qml/Quorvane/Views/MainWindow.qml"_s));
         window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
         window->show();
     }
@@ -180,7 +182,7 @@ void start(const QString &folder)
     Times made[2];
     Times shown[2];
     Times filled[2];
-    const QString homes[2] = {folder + QStringLiteral("/few"), folder + QStringLiteral("/many")};
+    const QString homes[2] = {folder + u"/few"_s, folder + u"/many"_s};
     makeHome(homes[0], kFew);
     makeHome(homes[1], kImages);
     constexpr int kRounds = 6; // The first one warms up.
@@ -279,7 +281,7 @@ void scroll(const QString &folder)
         draw(window);
         std::printf("scrolling %d pictures, %.0f points a frame, time of the main thread\n", kImages, kStep);
         tellFrames("  a grid of plain rectangles",
-                   scrolled(window, Program::find(window->contentItem(), QStringLiteral("plain")), kStep));
+                   scrolled(window, Program::find(window->contentItem(), u"plain"_s), kStep));
     }
     PeakMemory memory;
     QMetaObject::invokeMethod(program.item("album a quiet mountain lake at dawn"), "clicked");
@@ -297,10 +299,10 @@ QStringList largePictures(const QString &folder, const QString &format)
     QStringList paths;
     const QImage image = picture(1, {3840, 2160});
     for (int number = 0; number < kLarge; ++number) {
-        paths.append(QStringLiteral("%1/large-%2.%3").arg(folder).arg(number).arg(format));
+        paths.append(u"%1/large-%2.%3"_s.arg(folder).arg(number).arg(format));
         if (number == 0) {
             QImageWriter writer(paths.first());
-            writer.setQuality(format == QLatin1String("jpg") ? 92 : 70);
+            writer.setQuality(format == "jpg"_L1 ? 92 : 70);
             (void)writer.write(image);
         } else {
             (void)QFile::copy(paths.first(), paths.last());
@@ -333,16 +335,14 @@ void thumbnails(const QString &folder)
         Times ours;
         Times theirs;
         for (int round = 0; round < 3; ++round) {
-            QDir(folder + QStringLiteral("/.cache")).removeRecursively();
+            QDir(folder + u"/.cache"_s).removeRecursively();
             PictureProvider provider(PictureProvider::Kind::Thumbnail);
             ours.push_back(thumbnailsBy(provider, paths));
             QElapsedTimer timer;
             timer.start();
             const int status =
-                QProcess::execute(QStringLiteral("vipsthumbnail"),
-                                  QStringList{QStringLiteral("--size"), QStringLiteral("440x440"), QStringLiteral("-o"),
-                                              folder + QStringLiteral("/small-%s.jpg")} +
-                                      paths);
+                QProcess::execute(u"vipsthumbnail"_s,
+                                  QStringList{u"--size"_s, u"440x440"_s, u"-o"_s, folder + u"/small-%s.jpg"_s} + paths);
             if (status != 0) {
                 std::printf("thumbnails: vipsthumbnail is not installed (libvips-tools)\n");
                 return;
@@ -356,7 +356,7 @@ void thumbnails(const QString &folder)
 
 void reopening(const QString &folder)
 {
-    const QStringList paths = largePictures(folder, QStringLiteral("jpg"));
+    const QStringList paths = largePictures(folder, u"jpg"_s);
     {
         PictureProvider provider(PictureProvider::Kind::Thumbnail);
         (void)thumbnailsBy(provider, paths);
@@ -380,7 +380,7 @@ void reopening(const QString &folder)
 void preview(const QString &folder)
 {
     qputenv("HOME", QFile::encodeName(folder));
-    const QStringList paths = largePictures(ImageStore::directory(), QStringLiteral("jpg"));
+    const QStringList paths = largePictures(ImageStore::directory(), u"jpg"_s);
     Program program;
     program.open();
     waitUntil([&] { return program.item("albumGrid")->property("count").toInt() > 0; });
@@ -427,7 +427,7 @@ int runPart(const QString &name)
     for (const char *variable : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"}) {
         qputenv(variable, QFile::encodeName(home.path()));
     }
-    qputenv("XDG_CACHE_HOME", QFile::encodeName(home.path() + QStringLiteral("/.cache")));
+    qputenv("XDG_CACHE_HOME", QFile::encodeName(home.path() + u"/.cache"_s));
     struct Part
     {
         const char *name;
@@ -459,7 +459,7 @@ int main(int argc, char **argv)
     }
     QStringList parts = QCoreApplication::arguments().mid(1);
     if (parts.isEmpty()) {
-        parts = QString(QStringLiteral("start scroll thumbnails reopening preview")).split(QLatin1Char(' '));
+        parts = QString(u"start scroll thumbnails reopening preview"_s).split(' '_L1);
     }
     int worst = 0;
     for (const QString &part : std::as_const(parts)) {

@@ -13,6 +13,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     using namespace quorvane;
@@ -20,8 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     for (const AnswerFormat &format : {geminiAnswer(), grokAnswer(), openAIAnswer()}) {
         try {
             const GeneratedImage image = imageFromAnswer(answer, format);
-            if (image.bytes.size() > answer.size() ||
-                (image.extension != QLatin1String("png") && image.extension != QLatin1String("jpg"))) {
+            if (image.bytes.size() > answer.size() || (image.extension != "png"_L1 && image.extension != "jpg"_L1)) {
                 std::abort();
             }
         } catch (const ProviderError &error) {

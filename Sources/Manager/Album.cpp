@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -24,7 +26,7 @@ std::vector<Album> groupedByPrompt(const QStringList &history, const TextMap &pr
     QHash<QString, std::size_t> indexOf;
     for (const QString &path : history) {
         const auto prompt = prompts.find(imageName(path));
-        const QString id = prompt != prompts.end() ? prompt->second : QStringLiteral("Uncategorized");
+        const QString id = prompt != prompts.end() ? prompt->second : u"Uncategorized"_s;
         const auto known = indexOf.constFind(id);
         if (known == indexOf.constEnd()) {
             indexOf.insert(id, albums.size());
@@ -62,7 +64,7 @@ QString albumTitle(const QString &id, bool isFavorites)
     if (isFavorites) {
         return Tr::tr("Favorites");
     }
-    return id == QLatin1String("Uncategorized") ? Tr::tr("Uncategorized") : id;
+    return id == "Uncategorized"_L1 ? Tr::tr("Uncategorized") : id;
 }
 
 QStringList withoutHiddenOriginals(const QStringList &all, const TextMap &links)
@@ -100,7 +102,7 @@ std::vector<Album> albumsOf(const QStringList &history, const QSet<QString> &fav
     QStringList favoritePaths;
     std::copy_if(history.begin(), history.end(), std::back_inserter(favoritePaths), isFavorite);
     if (!favoritePaths.isEmpty()) {
-        albums.insert(albums.begin(), Album{QStringLiteral("Favorites"), favoritePaths, true});
+        albums.insert(albums.begin(), Album{u"Favorites"_s, favoritePaths, true});
     }
     return albums;
 }

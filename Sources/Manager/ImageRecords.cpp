@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane::ImageRecords {
 
 namespace {
@@ -36,7 +38,7 @@ std::optional<QString> recordedCopy(const QString &original)
     if (link == links.end()) {
         return std::nullopt;
     }
-    return folder() + QLatin1Char('/') + link->second;
+    return folder() + '/'_L1 + link->second;
 }
 
 std::optional<QString> recordedOriginal(const QString &image)
@@ -48,7 +50,7 @@ std::optional<QString> recordedOriginal(const QString &image)
     if (link == links.end()) {
         return std::nullopt;
     }
-    return folder() + QLatin1Char('/') + link->first;
+    return folder() + '/'_L1 + link->first;
 }
 
 Facts factsOf(const QString &image)
@@ -72,7 +74,7 @@ QString momentText(const QDateTime &moment, const QLocale &locale)
 {
     // Names and order both come from the language, even where the system mixes the settings of several.
     const QLocale language(locale.language(), locale.script(), locale.territory());
-    const QString english = QStringLiteral("MMM d, HH:mm");
+    const QString english = u"MMM d, HH:mm"_s;
     if (language.language() == QLocale::C || language.language() == QLocale::English) {
         return language.toString(moment, english);
     }

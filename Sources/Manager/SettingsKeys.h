@@ -6,6 +6,8 @@
 /// The names under which settings are stored. Keys of image services never go there.
 namespace quorvane::SettingsKeys {
 
+using namespace Qt::StringLiterals;
+
 inline constexpr QLatin1String kLastPrompt("lastPrompt");
 inline constexpr QLatin1String kFourKEnabled("fourKEnabled");
 inline constexpr QLatin1String kNsfwEnabled("nsfwEnabled");
@@ -18,7 +20,7 @@ inline constexpr QLatin1String kUpscaleMethod("upscaleMethod");
 /// "selectedModel_" and a provider's id.
 [[nodiscard]] inline QString selectedModel(const QString &providerId)
 {
-    return QStringLiteral("selectedModel_") + providerId;
+    return u"selectedModel_"_s + providerId;
 }
 
 } // namespace quorvane::SettingsKeys

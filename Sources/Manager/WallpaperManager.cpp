@@ -3,11 +3,11 @@
 #include "Manager/WallpaperManager.h"
 
 #include "Manager/SettingsKeys.h"
-#include "Platform/System/Clock.h"
 #include "Platform/Desktops/DesktopPicture.h"
+#include "Platform/Files/UserDefaults.h"
 #include "Platform/Network/HttpClient.h"
 #include "Platform/Secrets/SecretStore.h"
-#include "Platform/Files/UserDefaults.h"
+#include "Platform/System/Clock.h"
 #include "Platform/Threads/Worker.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
@@ -15,6 +15,8 @@
 #include <QFileInfo>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -36,7 +38,7 @@ WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
     m_prompt = defaults.text(kLastPrompt).value_or(QString());
     m_fourKEnabled = defaults.boolean(kFourKEnabled);
     m_nsfwEnabled = defaults.boolean(kNsfwEnabled);
-    m_providerOverride = defaults.text(kProviderOverride).value_or(QStringLiteral("auto"));
+    m_providerOverride = defaults.text(kProviderOverride).value_or(u"auto"_s);
     m_autoEnabled = defaults.boolean(kAutoEnabled);
     m_intervalMinutes = defaults.integer(kIntervalMinutes);
     if (m_intervalMinutes < 1) {
@@ -100,7 +102,7 @@ void WallpaperManager::setNsfwEnabled(bool enabled)
 void WallpaperManager::setProviderOverride(const QString &override)
 {
     m_providerOverride = override;
-    if (override == QLatin1String("auto")) {
+    if (override == "auto"_L1) {
         m_services.defaults->remove(SettingsKeys::kProviderOverride);
     } else {
         m_services.defaults->set(SettingsKeys::kProviderOverride, override);
@@ -164,19 +166,19 @@ const ImageProvider *WallpaperManager::providerWithId(const QString &id) const
 
 bool WallpaperManager::nsfwApplies() const
 {
-    return m_providerOverride == QLatin1String("auto") || m_providerOverride == QLatin1String("grok");
+    return m_providerOverride == "auto"_L1 || m_providerOverride == "grok"_L1;
 }
 
 const ImageProvider &WallpaperManager::resolvedProvider() const
 {
-    const bool isAuto = m_providerOverride == QLatin1String("auto");
+    const bool isAuto = m_providerOverride == "auto"_L1;
     if (!isAuto) {
         if (const ImageProvider *chosen = providerWithId(m_providerOverride)) {
             return *chosen;
         }
     }
     const bool wantsGrok = isAuto && nsfwApplies() && m_nsfwEnabled;
-    const ImageProvider *provider = providerWithId(wantsGrok ? QStringLiteral("grok") : QStringLiteral("gemini"));
+    const ImageProvider *provider = providerWithId(wantsGrok ? u"grok"_s : u"gemini"_s);
     Q_ASSERT(provider != nullptr);
     return *provider;
 }
@@ -208,14 +210,13 @@ void WallpaperManager::setSelectedModel(const QString &providerId, const QString
 bool WallpaperManager::providerProducesNative4K() const
 {
     const QString id = resolvedProvider().id();
-    return id == QLatin1String("gemini") ||
-           (id == QLatin1String("openai") && resolvedModelId() == QLatin1String("gpt-image-2"));
+    return id == "gemini"_L1 || (id == "openai"_L1 && resolvedModelId() == "gpt-image-2"_L1);
 }
 
 QString WallpaperManager::upscaleMethod() const
 {
     const QString method = m_services.defaults->text(SettingsKeys::kUpscaleMethod).value_or(QString());
-    return method == QLatin1String("local") ? method : QStringLiteral("gemini");
+    return method == "local"_L1 ? method : u"gemini"_s;
 }
 
 void WallpaperManager::setUpscaleMethod(const QString &method)
@@ -257,9 +258,8 @@ QStringList WallpaperManager::missingKeys(const QSet<QString> &keys) const
     if (!keys.contains(provider.id())) {
         missing.append(provider.name());
     }
-    const bool upscalesRemotely =
-        m_fourKEnabled && !providerProducesNative4K() && upscaleMethod() != QLatin1String("local");
-    if (upscalesRemotely && !keys.contains(QStringLiteral("gemini")) && !missing.contains(QStringLiteral("Gemini"))) {
+    const bool upscalesRemotely = m_fourKEnabled && !providerProducesNative4K() && upscaleMethod() != "local"_L1;
+    if (upscalesRemotely && !keys.contains(u"gemini"_s) && !missing.contains(u"Gemini"_s)) {
         missing.append(tr("Gemini (for 4K upscale)"));
     }
     return missing;

@@ -8,6 +8,8 @@
 #include "Storage/Keychain.h"
 #include "Upscaling/GeminiUpscale.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 /// What a run takes with it at the moment of the call; later changes of the settings are another run's.
@@ -108,8 +110,8 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
 /// The enlarged picture, or the generated one where that fails; a failure is a warning in the status line.
 QCoro::Task<WallpaperManager::FinalImage> WallpaperManager::upscaledOrOriginal(GeneratedImage generated)
 {
-    const bool isLocal = upscaleMethod() == QLatin1String("local");
-    const std::optional<QString> geminiKey = isLocal ? std::nullopt : Keychain::load(QStringLiteral("gemini"));
+    const bool isLocal = upscaleMethod() == "local"_L1;
+    const std::optional<QString> geminiKey = isLocal ? std::nullopt : Keychain::load(u"gemini"_s);
     if (!isLocal && !geminiKey) {
         co_return FinalImage{std::move(generated.bytes), std::move(generated.extension)};
     }

@@ -12,6 +12,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -51,7 +53,7 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, quint64 oper
     };
 
     // 1. Enlarge it by the chosen method.
-    const bool isLocal = upscaleMethod() == QLatin1String("local");
+    const bool isLocal = upscaleMethod() == "local"_L1;
     UpscaledImage upscaled;
     QString failure;
     try {
@@ -61,7 +63,7 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, quint64 oper
             report(tr("Upscaling to 4K (local)..."), false);
             upscaled = co_await upscaleLocally(std::move(source));
         } else {
-            const std::optional<QString> key = Keychain::load(QStringLiteral("gemini"));
+            const std::optional<QString> key = Keychain::load(u"gemini"_s);
             if (!key) {
                 report(tr("No Gemini API key — switch to Local upscale in Settings > Advanced"), true);
                 end({});

@@ -2,29 +2,29 @@
 
 #include <QJsonArray>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 GeminiProvider::GeminiProvider(HttpClient *http)
-    : m_name(QStringLiteral("Gemini"))
-    , m_id(QStringLiteral("gemini"))
-    , m_models{{QStringLiteral("gemini-2.5-flash-image"), QStringLiteral("2.5 Flash Image")},
-               {QStringLiteral("gemini-3-pro-image-preview"), QStringLiteral("3 Pro Image")}}
+    : m_name(u"Gemini"_s)
+    , m_id(u"gemini"_s)
+    , m_models{{u"gemini-2.5-flash-image"_s, u"2.5 Flash Image"_s}, {u"gemini-3-pro-image-preview"_s, u"3 Pro Image"_s}}
     , m_http(http)
 {
 }
 
 ServiceRequest geminiRequest(const QString &prompt, const QString &apiKey, const QString &model)
 {
-    const QJsonObject textPart{{QStringLiteral("text"), prompt}};
-    const QJsonObject content{{QStringLiteral("parts"), QJsonArray{textPart}}};
-    const QJsonObject imageConfig{{QStringLiteral("imageSize"), QStringLiteral("4K")},
-                                  {QStringLiteral("aspectRatio"), QStringLiteral("16:9")}};
-    const QJsonObject generationConfig{{QStringLiteral("responseModalities"), QJsonArray{QStringLiteral("IMAGE")}},
-                                       {QStringLiteral("imageConfig"), imageConfig}};
+    const QJsonObject textPart{{u"text"_s, prompt}};
+    const QJsonObject content{{u"parts"_s, QJsonArray{textPart}}};
+    const QJsonObject imageConfig{{u"imageSize"_s, u"4K"_s}, {u"aspectRatio"_s, u"16:9"_s}};
+    const QJsonObject generationConfig{{u"responseModalities"_s, QJsonArray{u"IMAGE"_s}},
+                                       {u"imageConfig"_s, imageConfig}};
     return {kGeminiService,
-            QStringLiteral("/v1beta/models/") + model + QStringLiteral(":generateContent"),
+            u"/v1beta/models/"_s + model + u":generateContent"_s,
             {"x-goog-api-key", apiKey.toUtf8()},
-            {{QStringLiteral("contents"), QJsonArray{content}}, {QStringLiteral("generationConfig"), generationConfig}},
+            {{u"contents"_s, QJsonArray{content}}, {u"generationConfig"_s, generationConfig}},
             std::chrono::seconds(120)};
 }
 

@@ -1,12 +1,13 @@
 #include "Providers/GrokProvider.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 GrokProvider::GrokProvider(HttpClient *http)
-    : m_name(QStringLiteral("Grok"))
-    , m_id(QStringLiteral("grok"))
-    , m_models{{QStringLiteral("grok-imagine-image"), QStringLiteral("Imagine")},
-               {QStringLiteral("grok-imagine-image-pro"), QStringLiteral("Imagine Pro")}}
+    : m_name(u"Grok"_s)
+    , m_id(u"grok"_s)
+    , m_models{{u"grok-imagine-image"_s, u"Imagine"_s}, {u"grok-imagine-image-pro"_s, u"Imagine Pro"_s}}
     , m_http(http)
 {
 }
@@ -14,20 +15,20 @@ GrokProvider::GrokProvider(HttpClient *http)
 ServiceRequest grokRequest(const QString &prompt, const QString &apiKey, const QString &model)
 {
     return {kGrokService,
-            QStringLiteral("/v1/images/generations"),
+            u"/v1/images/generations"_s,
             {"Authorization", "Bearer " + apiKey.toUtf8()},
-            {{QStringLiteral("model"), model},
-             {QStringLiteral("prompt"), prompt},
-             {QStringLiteral("response_format"), QStringLiteral("b64_json")},
-             {QStringLiteral("n"), 1},
-             {QStringLiteral("aspect_ratio"), QStringLiteral("16:9")}},
+            {{u"model"_s, model},
+             {u"prompt"_s, prompt},
+             {u"response_format"_s, u"b64_json"_s},
+             {u"n"_s, 1},
+             {u"aspect_ratio"_s, u"16:9"_s}},
             std::chrono::seconds(120)};
 }
 
 AnswerFormat grokAnswer()
 {
     constexpr auto pictureIn = [](const QJsonObject &answer) {
-        auto picture = firstDataEntry(answer, QStringLiteral("jpg"));
+        auto picture = firstDataEntry(answer, u"jpg"_s);
         if (picture) {
             picture->mayBeDataAddress = true;
         }

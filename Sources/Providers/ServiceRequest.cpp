@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -26,7 +28,7 @@ QString baseAddress(const Service &service)
     if (address.isEmpty()) {
         return QLatin1String(service.baseAddress);
     }
-    while (address.endsWith(QLatin1Char('/'))) {
+    while (address.endsWith('/'_L1)) {
         address.chop(1);
     }
     return address;
@@ -61,13 +63,13 @@ std::optional<QString> addressProblem(const Service &service)
 
 std::optional<QString> addressProblem(const QString &providerId)
 {
-    if (providerId == QLatin1String("gemini")) {
+    if (providerId == "gemini"_L1) {
         return addressProblem(kGeminiService);
     }
-    if (providerId == QLatin1String("grok")) {
+    if (providerId == "grok"_L1) {
         return addressProblem(kGrokService);
     }
-    if (providerId == QLatin1String("openai")) {
+    if (providerId == "openai"_L1) {
         return addressProblem(kOpenAIService);
     }
     return std::nullopt;
@@ -81,8 +83,7 @@ GeneratedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &for
         throw ProviderError::invalidResponse(format.notAnObject);
     }
     // 2. An error object with a text goes to the user in the service's own words; any other "error" is ignored.
-    const QJsonValue message =
-        document->object().value(QLatin1String("error")).toObject().value(QLatin1String("message"));
+    const QJsonValue message = document->object().value("error"_L1).toObject().value("message"_L1);
     if (message.isString()) {
         QByteArray storage;
         throw ProviderError::apiError(format.apiError.arg(QString::fromUtf8(document->textOf(message, &storage))));
@@ -155,8 +156,7 @@ QJsonArray objectsIn(const QJsonObject &object, QLatin1String key)
 
 std::optional<PictureInAnswer> firstDataEntry(const QJsonObject &answer, const QString &extension)
 {
-    const QJsonValue text =
-        objectsIn(answer, QLatin1String("data")).first().toObject().value(QLatin1String("b64_json"));
+    const QJsonValue text = objectsIn(answer, "data"_L1).first().toObject().value("b64_json"_L1);
     if (!text.isString()) {
         return std::nullopt;
     }
@@ -165,23 +165,21 @@ std::optional<PictureInAnswer> firstDataEntry(const QJsonObject &answer, const Q
 
 std::optional<PictureInAnswer> firstInlineData(const QJsonObject &answer)
 {
-    const QJsonObject content =
-        objectsIn(answer, QLatin1String("candidates")).first().toObject().value(QLatin1String("content")).toObject();
-    const QJsonArray parts = objectsIn(content, QLatin1String("parts"));
-    const auto part = std::find_if(parts.begin(), parts.end(), [](const QJsonValue &value) {
-        return value.toObject().contains(QLatin1String("inlineData"));
-    });
+    const QJsonObject content = objectsIn(answer, "candidates"_L1).first().toObject().value("content"_L1).toObject();
+    const QJsonArray parts = objectsIn(content, "parts"_L1);
+    const auto part = std::find_if(parts.begin(), parts.end(),
+                                   [](const QJsonValue &value) { return value.toObject().contains("inlineData"_L1); });
     if (part == parts.end()) {
         return std::nullopt;
     }
-    const QJsonObject inlineData = part->toObject().value(QLatin1String("inlineData")).toObject();
-    const QJsonValue text = inlineData.value(QLatin1String("data"));
-    const QJsonValue mimeType = inlineData.value(QLatin1String("mimeType"));
+    const QJsonObject inlineData = part->toObject().value("inlineData"_L1).toObject();
+    const QJsonValue text = inlineData.value("data"_L1);
+    const QJsonValue mimeType = inlineData.value("mimeType"_L1);
     if (!text.isString() || !mimeType.isString()) {
         return std::nullopt;
     }
-    const bool isPng = mimeType.toString().contains(QLatin1String("png"));
-    return PictureInAnswer{text, isPng ? QStringLiteral("png") : QStringLiteral("jpg")};
+    const bool isPng = mimeType.toString().contains("png"_L1);
+    return PictureInAnswer{text, isPng ? u"png"_s : u"jpg"_s};
 }
 
 } // namespace quorvane

@@ -15,6 +15,8 @@
 /// from the answer's top level to the picture.
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// Where a service lies, and what may move it elsewhere.
 struct Service
 {
@@ -57,7 +59,7 @@ struct AnswerFormat
     QString notAnObject = QCoreApplication::translate("ServiceRequest", "Failed to parse response");
     QString noImage = QCoreApplication::translate("ServiceRequest", "No image in response");
     QString undecodable = QCoreApplication::translate("ServiceRequest", "No image in response");
-    QString apiError = QStringLiteral("%1"); ///< Around the service's own words, which are %1.
+    QString apiError = u"%1"_s; ///< Around the service's own words, which are %1.
 };
 
 /// The picture in an answer's body, or a ProviderError. Total: any bytes give one or the other. Any thread.

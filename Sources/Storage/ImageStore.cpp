@@ -19,6 +19,8 @@
 
 #include <dirent.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -42,8 +44,8 @@ bool isImageName(std::string_view name)
 /// it may lead a deletion out of the library or to the library itself.
 bool isPlainName(const QString &name)
 {
-    return !name.isEmpty() && name != QStringLiteral(".") && name != QStringLiteral("..") &&
-           !name.contains(QLatin1Char('/')) && !name.contains(QChar(u'\0'));
+    return !name.isEmpty() && name != u"."_s && name != u".."_s && !name.contains('/'_L1) &&
+           !name.contains(QChar(u'\0'));
 }
 
 std::optional<QString> memberPath(const QString &folder, const QString &name)
@@ -51,7 +53,7 @@ std::optional<QString> memberPath(const QString &folder, const QString &name)
     if (!isPlainName(name)) {
         return std::nullopt;
     }
-    return folder + QLatin1Char('/') + name;
+    return folder + '/'_L1 + name;
 }
 
 void removeFromDisk(const QString &path)
@@ -91,29 +93,29 @@ void saveEntry(const QString &path, const QString &name, const QString &text)
 
 QString imageName(const QString &path)
 {
-    return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+    return path.mid(path.lastIndexOf('/'_L1) + 1);
 }
 
 QString ImageStore::directory()
 {
-    QString path = Paths::home() + QStringLiteral("/Pictures/Quorvane");
+    QString path = Paths::home() + u"/Pictures/Quorvane"_s;
     (void)QDir().mkpath(path);
     return path;
 }
 
 QString ImageStore::promptsPath()
 {
-    return directory() + QStringLiteral("/prompts.json");
+    return directory() + u"/prompts.json"_s;
 }
 
 QString ImageStore::variantsPath()
 {
-    return directory() + QStringLiteral("/variants.json");
+    return directory() + u"/variants.json"_s;
 }
 
 QString ImageStore::favoritesPath()
 {
-    return directory() + QStringLiteral("/favorites.json");
+    return directory() + u"/favorites.json"_s;
 }
 
 QStringList ImageStore::allImages()
@@ -129,8 +131,8 @@ QStringList ImageStore::allImages()
     while (const dirent *entry = ::readdir(listing.get())) {
         const QByteArrayView name(static_cast<const char *>(entry->d_name));
         if (isImageName({name.data(), static_cast<std::size_t>(name.size())}) && name.isValidUtf8()) {
-            images.push_back({folder + QLatin1Char('/') + QString::fromUtf8(name),
-                              creationDate(::dirfd(listing.get()), name.data())});
+            images.push_back(
+                {folder + '/'_L1 + QString::fromUtf8(name), creationDate(::dirfd(listing.get()), name.data())});
         }
     }
     sortNewestFirst(&images);

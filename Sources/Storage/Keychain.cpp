@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -66,9 +68,9 @@ void Keychain::removeAbandonedTemporaries()
 
 QString Keychain::folder()
 {
-    const QString parent = Paths::home() + QStringLiteral("/Library/Application Support");
-    const QString name = QStringLiteral("Quorvane");
-    QString path = parent + QLatin1Char('/') + name;
+    const QString parent = Paths::home() + u"/Library/Application Support"_s;
+    const QString name = u"Quorvane"_s;
+    QString path = parent + '/'_L1 + name;
     if (!QDir(path).exists() && QDir().mkpath(parent)) {
         (void)QDir(parent).mkdir(name, kOwnerOnly | QFile::ExeOwner);
     }
@@ -77,7 +79,7 @@ QString Keychain::folder()
 
 QString Keychain::filePath()
 {
-    return folder() + QStringLiteral("/keys.json");
+    return folder() + u"/keys.json"_s;
 }
 
 void Keychain::writeAll(const TextMap &keys)

@@ -5,6 +5,8 @@
 
 #include <QStringDecoder>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -21,8 +23,8 @@ std::optional<QString> textFromUtf8(const QByteArray &bytes)
 
 void moveKey(SecretStore &store, const QString &providerId)
 {
-    const QString service = QStringLiteral("app.quorvane.Quorvane");
-    const QString account = providerId + QStringLiteral("-api-key");
+    const QString service = u"app.quorvane.Quorvane"_s;
+    const QString account = providerId + u"-api-key"_s;
     const std::optional<QByteArray> bytes = store.read(service, account);
     const std::optional<QString> key = bytes ? textFromUtf8(*bytes) : std::nullopt;
     if (key && Keychain::saveIfAbsent(*key, providerId)) {
@@ -36,9 +38,9 @@ void moveLegacyKeys(SecretStore &store)
 {
     // The oldest version knew one service only. Its item has the name that later versions gave to that service's key,
     // so the second look at it normally finds nothing.
-    moveKey(store, QStringLiteral("gemini"));
+    moveKey(store, u"gemini"_s);
 
-    for (const QString &providerId : {QStringLiteral("gemini"), QStringLiteral("grok"), QStringLiteral("openai")}) {
+    for (const QString &providerId : {u"gemini"_s, u"grok"_s, u"openai"_s}) {
         moveKey(store, providerId);
     }
 }

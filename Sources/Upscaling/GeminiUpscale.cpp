@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QJsonArray>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -18,22 +20,19 @@ struct Tr
 
 ServiceRequest upscaleRequest(const QByteArray &image, const QString &ext, const QString &geminiApiKey)
 {
-    const QString mimeType = ext == QLatin1String("png") ? QStringLiteral("image/png") : QStringLiteral("image/jpeg");
+    const QString mimeType = ext == "png"_L1 ? u"image/png"_s : u"image/jpeg"_s;
     const QJsonObject textPart{
-        {QStringLiteral("text"),
-         QStringLiteral(
-             "Upscale this image to 4K resolution while preserving all details. Do not change the content.")}};
-    const QJsonObject inlineData{{QStringLiteral("mimeType"), mimeType},
-                                 {QStringLiteral("data"), QString::fromLatin1(image.toBase64())}};
-    const QJsonObject imagePart{{QStringLiteral("inlineData"), inlineData}};
-    const QJsonObject content{{QStringLiteral("parts"), QJsonArray{textPart, imagePart}}};
-    const QJsonObject imageConfig{{QStringLiteral("imageSize"), QStringLiteral("4K")}};
-    const QJsonObject generationConfig{{QStringLiteral("responseModalities"), QJsonArray{QStringLiteral("IMAGE")}},
-                                       {QStringLiteral("imageConfig"), imageConfig}};
+        {u"text"_s, u"Upscale this image to 4K resolution while preserving all details. Do not change the content."_s}};
+    const QJsonObject inlineData{{u"mimeType"_s, mimeType}, {u"data"_s, QString::fromLatin1(image.toBase64())}};
+    const QJsonObject imagePart{{u"inlineData"_s, inlineData}};
+    const QJsonObject content{{u"parts"_s, QJsonArray{textPart, imagePart}}};
+    const QJsonObject imageConfig{{u"imageSize"_s, u"4K"_s}};
+    const QJsonObject generationConfig{{u"responseModalities"_s, QJsonArray{u"IMAGE"_s}},
+                                       {u"imageConfig"_s, imageConfig}};
     return {kGeminiService,
-            QStringLiteral("/v1beta/models/gemini-3-pro-image-preview:generateContent"),
+            u"/v1beta/models/gemini-3-pro-image-preview:generateContent"_s,
             {"x-goog-api-key", geminiApiKey.toUtf8()},
-            {{QStringLiteral("contents"), QJsonArray{content}}, {QStringLiteral("generationConfig"), generationConfig}},
+            {{u"contents"_s, QJsonArray{content}}, {u"generationConfig"_s, generationConfig}},
             std::chrono::seconds(120)};
 }
 

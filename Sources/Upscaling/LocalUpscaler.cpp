@@ -6,12 +6,12 @@
 #include "Providers/ProviderError.h"
 #include "Upscaling/Gpu/FindGpu.h"
 #include "Upscaling/Image/ImageDecoding.h"
-#include "Upscaling/Network/ModelFiles.h"
-#include "Upscaling/Network/SuperResolutionModel.h"
 #include "Upscaling/Image/TileGrid.h"
 #include "Upscaling/Image/TilePixels.h"
 #include "Upscaling/Image/UpscaleErrors.h"
 #include "Upscaling/Image/UpscaledCanvas.h"
+#include "Upscaling/Network/ModelFiles.h"
+#include "Upscaling/Network/SuperResolutionModel.h"
 
 #include <QColorSpace>
 #include <QCoreApplication>
@@ -20,6 +20,8 @@
 
 #include <cstring>
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 // The padded picture and the canvas exist only where somebody works on them: a tile is padded when it is cut, which
 // gives the same pixels as cutting it out of the padded whole, and of the canvas there is one row of tiles. Held whole,
@@ -113,7 +115,7 @@ QCoro::Task<UpscaledImage> localUpscaleImage(QByteArray encoded, std::stop_token
         return tileUpscaleImage(image, options);
     };
     QByteArray png = co_await onWorker(&ownThread, std::move(work));
-    co_return UpscaledImage{std::move(png), QStringLiteral("png")};
+    co_return UpscaledImage{std::move(png), u"png"_s};
 }
 
 QByteArray tileUpscaleImage(const QImage &image, const TileUpscaleOptions &options)

@@ -9,6 +9,8 @@
 #include <QQmlEngine>
 #include <QtGlobal>
 
+using namespace Qt::StringLiterals;
+
 // Written by the build; naming it keeps the linker from dropping the types out of the static library.
 extern void qml_register_types_Quorvane_Views();
 
@@ -20,7 +22,7 @@ void installViews(QQmlEngine *engine)
     Q_UNUSED(types);
     describeControls();
     protectSecureFields();
-    engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine->addImportPath(u"qrc:/qt/qml"_s);
     engine->addImageProvider(PictureProvider::kThumbnails, new PictureProvider(PictureProvider::Kind::Thumbnail));
     engine->addImageProvider(PictureProvider::kPictures, new PictureProvider(PictureProvider::Kind::SizeAsked));
     engine->addImageProvider(ShadowProvider::kName, new ShadowProvider);

@@ -12,6 +12,8 @@
 #include <QDBusVariant>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class InstalledActivationTest : public InstalledTest
@@ -21,11 +23,11 @@ class InstalledActivationTest : public InstalledTest
     {
         QString missing = whyNoBus();
         if (missing.isEmpty() && !(missing = PrivateXServer::missingProgram()).isEmpty()) {
-            missing += QStringLiteral(" is not installed");
+            missing += u" is not installed"_s;
         }
         for (const char *name : {"gio", "gapplication", "xwininfo"}) {
             if (missing.isEmpty() && QStandardPaths::findExecutable(QLatin1String(name)).isEmpty()) {
-                missing = QLatin1String(name) + QStringLiteral(" is not installed");
+                missing = QLatin1String(name) + u" is not installed"_s;
             }
         }
         if (!missing.isEmpty()) {
@@ -35,14 +37,13 @@ class InstalledActivationTest : public InstalledTest
         m_display = std::make_unique<PrivateXServer>(QSize(1280, 800));
         ASSERT_TRUE(m_display->isReady());
         // What the bus starts gets the bus's environment.
-        session.environment().insert(QStringLiteral("DISPLAY"), QString::fromUtf8(m_display->display()));
-        ASSERT_TRUE(session.startBus(
-            contentOf(installed(QStringLiteral("share/dbus-1/services/app.quorvane.Quorvane.service")))));
+        session.environment().insert(u"DISPLAY"_s, QString::fromUtf8(m_display->display()));
+        ASSERT_TRUE(session.startBus(contentOf(installed(u"share/dbus-1/services/app.quorvane.Quorvane.service"_s))));
     }
     void TearDown() override
     {
         if (m_display && isOnBus()) {
-            EXPECT_EQ(run({QStringLiteral("quit")}).status, 0);
+            EXPECT_EQ(run({u"quit"_s}).status, 0);
         }
     }
 
@@ -56,16 +57,12 @@ class InstalledActivationTest : public InstalledTest
     {
         return waitFor([&] { return windows().contains('"' + title + "\": (\"quorvane\" \"Quorvane\")"); });
     }
-    [[nodiscard]] QByteArray windows()
-    {
-        return runOther(QStringLiteral("xwininfo"), {QStringLiteral("-root"), QStringLiteral("-tree")}).output;
-    }
+    [[nodiscard]] QByteArray windows() { return runOther(u"xwininfo"_s, {u"-root"_s, u"-tree"_s}).output; }
 
     [[nodiscard]] QVariant property(const QString &name) const
     {
-        QDBusMessage get =
-            QDBusMessage::createMethodCall(Control::busName(), Control::objectPath(),
-                                           QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+        QDBusMessage get = QDBusMessage::createMethodCall(Control::busName(), Control::objectPath(),
+                                                          u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
         get.setArguments({Control::interfaceName(), name});
         get.setAutoStartService(false);
         return session.connection().call(get).arguments().value(0).value<QDBusVariant>().variant();
@@ -75,13 +72,13 @@ class InstalledActivationTest : public InstalledTest
     [[nodiscard]] QString processFile(const QString &name) const
     {
         const uint pid = session.connection().interface()->servicePid(Control::busName()).value();
-        return QStringLiteral("/proc/%1/%2").arg(pid).arg(name);
+        return u"/proc/%1/%2"_s.arg(pid).arg(name);
     }
 
     /// The first argument it was started with.
     [[nodiscard]] std::string argumentOfTheProcess() const
     {
-        return contentOf(processFile(QStringLiteral("cmdline"))).split('\0').value(1).toStdString();
+        return contentOf(processFile(u"cmdline"_s)).split('\0').value(1).toStdString();
     }
 
   private:
@@ -92,15 +89,13 @@ TEST_F(InstalledActivationTest, aLauncherOpensTheWindowByTheBus)
 {
     // What GNOME's shell does, and every program that asks GLib for the desktop entry by its name.
     // It waits for the answer, as a shell lives on: the bus forgets what a caller asked that is gone.
-    const QString launch =
-        QStringLiteral("import sys\n"
-                       "from gi.repository import Gio, GLib\n"
-                       "loop = GLib.MainLoop()\n"
-                       "entry = Gio.DesktopAppInfo.new(sys.argv[1] + '.desktop')\n"
-                       "entry.launch_uris_async([], None, None, lambda source, result: loop.quit())\n"
-                       "loop.run()\n");
-    const CommandRun launched =
-        runOther(QStringLiteral("/usr/bin/python3"), {QStringLiteral("-c"), launch, Control::busName()});
+    const QString launch = u"import sys\n"
+                           "from gi.repository import Gio, GLib\n"
+                           "loop = GLib.MainLoop()\n"
+                           "entry = Gio.DesktopAppInfo.new(sys.argv[1] + '.desktop')\n"
+                           "entry.launch_uris_async([], None, None, lambda source, result: loop.quit())\n"
+                           "loop.run()\n"_s;
+    const CommandRun launched = runOther(u"/usr/bin/python3"_s, {u"-c"_s, launch, Control::busName()});
     if (launched.errors.contains("No module named 'gi'")) {
         GTEST_SKIP() << "python3-gi is not installed";
     }
@@ -111,22 +106,22 @@ TEST_F(InstalledActivationTest, aLauncherOpensTheWindowByTheBus)
 
 TEST_F(InstalledActivationTest, theBusStartsItAndTheWindowOpens)
 {
-    const QStringList launch{QStringLiteral("launch"), Control::busName()};
-    EXPECT_EQ(runOther(QStringLiteral("gapplication"), launch).status, 0);
+    const QStringList launch{u"launch"_s, Control::busName()};
+    EXPECT_EQ(runOther(u"gapplication"_s, launch).status, 0);
     ASSERT_TRUE(hasWindow("Quorvane")) << windows().constData();
-    EXPECT_EQ(QFile::symLinkTarget(processFile(QStringLiteral("exe"))), QFileInfo(program()).canonicalFilePath());
+    EXPECT_EQ(QFile::symLinkTarget(processFile(u"exe"_s)), QFileInfo(program()).canonicalFilePath());
     EXPECT_EQ(argumentOfTheProcess(), "--hidden");
-    EXPECT_FALSE(contentOf(processFile(QStringLiteral("maps"))).contains(BUILD_FOLDER "/"));
+    EXPECT_FALSE(contentOf(processFile(u"maps"_s)).contains(BUILD_FOLDER "/"));
     // Again, while it runs: still the one process.
-    const QString process = processFile(QStringLiteral("exe"));
-    EXPECT_EQ(runOther(QStringLiteral("gapplication"), launch).status, 0);
-    EXPECT_EQ(processFile(QStringLiteral("exe")), process);
+    const QString process = processFile(u"exe"_s);
+    EXPECT_EQ(runOther(u"gapplication"_s, launch).status, 0);
+    EXPECT_EQ(processFile(u"exe"_s), process);
 }
 
 TEST_F(InstalledActivationTest, theDesktopEntrysCommandOpensTheWindowToo)
 {
-    const QString entry = installed(QStringLiteral("share/applications/app.quorvane.Quorvane.desktop"));
-    const CommandRun launched = runOther(QStringLiteral("gio"), {QStringLiteral("launch"), entry});
+    const QString entry = installed(u"share/applications/app.quorvane.Quorvane.desktop"_s);
+    const CommandRun launched = runOther(u"gio"_s, {u"launch"_s, entry});
     EXPECT_EQ(launched.status, 0) << launched.errors.constData();
     ASSERT_TRUE(hasWindow("Quorvane")) << windows().constData();
     EXPECT_EQ(argumentOfTheProcess(), "");
@@ -134,28 +129,18 @@ TEST_F(InstalledActivationTest, theDesktopEntrysCommandOpensTheWindowToo)
 
 TEST_F(InstalledActivationTest, anActionStartsItWithoutAWindow)
 {
-    EXPECT_EQ(runOther(QStringLiteral("gapplication"),
-                       {QStringLiteral("action"), Control::busName(), QStringLiteral("toggle-auto")})
-                  .status,
-              0);
-    ASSERT_TRUE(waitFor([this] { return property(QStringLiteral("AutoEnabled")).toBool(); }));
+    EXPECT_EQ(runOther(u"gapplication"_s, {u"action"_s, Control::busName(), u"toggle-auto"_s}).status, 0);
+    ASSERT_TRUE(waitFor([this] { return property(u"AutoEnabled"_s).toBool(); }));
     EXPECT_FALSE(windows().contains("\"Quorvane\": ("));
-    EXPECT_EQ(runOther(QStringLiteral("gapplication"),
-                       {QStringLiteral("action"), Control::busName(), QStringLiteral("toggle-auto")})
-                  .status,
-              0);
-    EXPECT_TRUE(waitFor([this] { return !property(QStringLiteral("AutoEnabled")).toBool(); }));
-    EXPECT_EQ(
-        runOther(QStringLiteral("gapplication"), {QStringLiteral("action"), Control::busName(), QStringLiteral("quit")})
-            .status,
-        0);
+    EXPECT_EQ(runOther(u"gapplication"_s, {u"action"_s, Control::busName(), u"toggle-auto"_s}).status, 0);
+    EXPECT_TRUE(waitFor([this] { return !property(u"AutoEnabled"_s).toBool(); }));
+    EXPECT_EQ(runOther(u"gapplication"_s, {u"action"_s, Control::busName(), u"quit"_s}).status, 0);
     EXPECT_TRUE(waitFor([this] { return !isOnBus(); }));
 }
 
 TEST_F(InstalledActivationTest, quitAsTheFirstActionEndsWhatItStarted)
 {
-    const CommandRun asked = runOther(QStringLiteral("gapplication"),
-                                      {QStringLiteral("action"), Control::busName(), QStringLiteral("quit")});
+    const CommandRun asked = runOther(u"gapplication"_s, {u"action"_s, Control::busName(), u"quit"_s});
     EXPECT_EQ(asked.status, 0) << asked.errors.constData();
     EXPECT_TRUE(waitFor([this] { return !isOnBus(); }));
 }
@@ -163,16 +148,15 @@ TEST_F(InstalledActivationTest, quitAsTheFirstActionEndsWhatItStarted)
 TEST_F(InstalledActivationTest, launchersThatDoNotKnowTheBusHaveTheSameActions)
 {
     // The first start is the application and stays.
-    OwnedProgram first(program(), {QStringLiteral("--action"), QStringLiteral("toggle-auto")}, session.environment(),
-                       session.home().path());
-    ASSERT_TRUE(waitFor([this] { return property(QStringLiteral("AutoEnabled")).toBool(); }));
+    OwnedProgram first(program(), {u"--action"_s, u"toggle-auto"_s}, session.environment(), session.home().path());
+    ASSERT_TRUE(waitFor([this] { return property(u"AutoEnabled"_s).toBool(); }));
     EXPECT_FALSE(windows().contains("\"Quorvane\": ("));
     // Further ones ask it.
-    EXPECT_EQ(run({QStringLiteral("--action"), QStringLiteral("settings")}).status, 0);
+    EXPECT_EQ(run({u"--action"_s, u"settings"_s}).status, 0);
     EXPECT_TRUE(hasWindow("Settings")) << windows().constData();
-    EXPECT_EQ(run({QStringLiteral("--action"), QStringLiteral("toggle-auto")}).status, 0);
-    EXPECT_FALSE(property(QStringLiteral("AutoEnabled")).toBool());
-    EXPECT_EQ(run({QStringLiteral("--action"), QStringLiteral("quit")}).status, 0);
+    EXPECT_EQ(run({u"--action"_s, u"toggle-auto"_s}).status, 0);
+    EXPECT_FALSE(property(u"AutoEnabled"_s).toBool());
+    EXPECT_EQ(run({u"--action"_s, u"quit"_s}).status, 0);
     EXPECT_TRUE(waitFor([this] { return !isOnBus(); }));
 }
 

@@ -8,13 +8,15 @@
 #include <QImageReader>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 using InstalledFilesTest = InstalledTest;
 
 TEST_F(InstalledFilesTest, theDesktopEntryIsValidAndItsActionsAreTheProgramsOwn)
 {
-    const QString entry = installed(QStringLiteral("share/applications/app.quorvane.Quorvane.desktop"));
+    const QString entry = installed(u"share/applications/app.quorvane.Quorvane.desktop"_s);
     const QByteArray content = contentOf(entry);
     const qsizetype start = content.indexOf("\nActions=") + 9;
     const QList<QByteArray> actions = content.mid(start, content.indexOf('\n', start) - start).split(';');
@@ -26,20 +28,20 @@ TEST_F(InstalledFilesTest, theDesktopEntryIsValidAndItsActionsAreTheProgramsOwn)
         }
     }
     SKIP_WITHOUT("desktop-file-validate");
-    const CommandRun judged = runOther(QStringLiteral("desktop-file-validate"), {entry});
+    const CommandRun judged = runOther(u"desktop-file-validate"_s, {entry});
     EXPECT_EQ(judged.status, 0);
     EXPECT_EQ(judged.output, "");
 }
 
 TEST_F(InstalledFilesTest, everyFileHasTheSameId)
 {
-    const QString id = QStringLiteral("app.quorvane.Quorvane");
+    const QString id = u"app.quorvane.Quorvane"_s;
     for (const char *path :
          {"share/applications/%1.desktop", "share/metainfo/%1.metainfo.xml", "share/dbus-1/services/%1.service",
           "share/icons/hicolor/scalable/apps/%1.svg", "share/icons/hicolor/symbolic/apps/%1-symbolic.svg"}) {
         EXPECT_TRUE(QFile::exists(installed(QString::fromLatin1(path).arg(id)))) << path;
     }
-    const QString service = QStringLiteral("share/dbus-1/services/%1.service").arg(id);
+    const QString service = u"share/dbus-1/services/%1.service"_s.arg(id);
     EXPECT_EQ(contentOf(installed(service)),
               "[D-BUS Service]\nName=app.quorvane.Quorvane\nExec=" + program().toUtf8() + " --hidden\n");
 }
@@ -48,11 +50,9 @@ TEST_F(InstalledFilesTest, theMetainfoIsValid)
 {
     SKIP_WITHOUT("appstreamcli");
     // Before version 1.0 it does not know the element for the developer; scripts/lint is stricter where it can be.
-    const CommandRun judged =
-        runOther(QStringLiteral("appstreamcli"),
-                 {QStringLiteral("validate"), QStringLiteral("--strict"), QStringLiteral("--no-net"),
-                  QStringLiteral("--override"), QStringLiteral("unknown-tag=pedantic"),
-                  installed(QStringLiteral("share/metainfo/app.quorvane.Quorvane.metainfo.xml"))});
+    const CommandRun judged = runOther(
+        u"appstreamcli"_s, {u"validate"_s, u"--strict"_s, u"--no-net"_s, u"--override"_s, u"unknown-tag=pedantic"_s,
+                            installed(u"share/metainfo/app.quorvane.Quorvane.metainfo.xml"_s)});
     EXPECT_EQ(judged.status, 0) << judged.output.constData() << judged.errors.constData();
 }
 
@@ -60,8 +60,7 @@ TEST_F(InstalledFilesTest, theIconsCanBeDrawn)
 {
     for (const char *path :
          {"scalable/apps/app.quorvane.Quorvane.svg", "symbolic/apps/app.quorvane.Quorvane-symbolic.svg"}) {
-        const QImage image =
-            QImageReader(installed(QStringLiteral("share/icons/hicolor/") + QLatin1String(path))).read();
+        const QImage image = QImageReader(installed(u"share/icons/hicolor/"_s + QLatin1String(path))).read();
         ASSERT_FALSE(image.isNull()) << path;
         EXPECT_EQ(image.width(), image.height());
         EXPECT_EQ(qAlpha(image.pixel(0, 0)), 0) << path;
@@ -71,9 +70,8 @@ TEST_F(InstalledFilesTest, theIconsCanBeDrawn)
 TEST_F(InstalledFilesTest, theManPageHasNoWarnings)
 {
     SKIP_WITHOUT("man");
-    const CommandRun judged = runOther(
-        QStringLiteral("man"), {QStringLiteral("--warnings"), QStringLiteral("--local-file"), QStringLiteral("-Tutf8"),
-                                QStringLiteral("-Z"), installed(QStringLiteral("share/man/man1/quorvane.1"))});
+    const CommandRun judged = runOther(u"man"_s, {u"--warnings"_s, u"--local-file"_s, u"-Tutf8"_s, u"-Z"_s,
+                                                  installed(u"share/man/man1/quorvane.1"_s)});
     EXPECT_EQ(judged.status, 0);
     EXPECT_EQ(judged.errors, "");
 }
@@ -81,12 +79,12 @@ TEST_F(InstalledFilesTest, theManPageHasNoWarnings)
 TEST_F(InstalledFilesTest, manPageAndCompletionsNameEveryCommandAndOption)
 {
     QByteArrayList words{"--hidden", "--action", "--json", "--help", "--version", "--prompt", "--unset"};
-    for (const QString &line : helpText().split(QLatin1Char('\n'))) {
-        if (line.startsWith(QLatin1String("  ")) && line.at(2).isLower()) {
+    for (const QString &line : helpText().split('\n'_L1)) {
+        if (line.startsWith("  "_L1) && line.at(2).isLower()) {
             const QString names = line.mid(2, 28);
-            words.append(names.section(QLatin1Char(' '), 0, 0).remove(QLatin1Char(',')).toUtf8());
-            if (names.contains(QLatin1Char(','))) {
-                words.append(names.section(QLatin1Char(' '), 1, 1).toUtf8());
+            words.append(names.section(' '_L1, 0, 0).remove(','_L1).toUtf8());
+            if (names.contains(','_L1)) {
+                words.append(names.section(' '_L1, 1, 1).toUtf8());
             }
         }
     }
@@ -104,54 +102,50 @@ TEST_F(InstalledFilesTest, manPageAndCompletionsNameEveryCommandAndOption)
 TEST_F(InstalledFilesTest, bashCompletes)
 {
     SKIP_WITHOUT("bash");
-    ASSERT_TRUE(putFile(session.home().library() + QStringLiteral("/a picture.png")));
+    ASSERT_TRUE(putFile(session.home().library() + u"/a picture.png"_s));
     const auto completionsOf = [this](const QString &line) {
         const QString script =
-            QStringLiteral("source \"$1\"; compopt() { :; }; COMP_WORDS=(%1); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
-                           "_quorvane; printf '%s|' \"${COMPREPLY[@]}\"")
-                .arg(line);
-        const CommandRun run =
-            runOther(QStringLiteral("bash"), {QStringLiteral("-c"), script, QStringLiteral("bash"),
-                                              installed(QStringLiteral("share/bash-completion/completions/quorvane"))});
+            u"source \"$1\"; compopt() { :; }; COMP_WORDS=(%1); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
+            "_quorvane; printf '%s|' \"${COMPREPLY[@]}\""_s.arg(line);
+        const CommandRun run = runOther(
+            u"bash"_s, {u"-c"_s, script, u"bash"_s, installed(u"share/bash-completion/completions/quorvane"_s)});
         EXPECT_EQ(run.errors, "");
         return run.output;
     };
-    EXPECT_EQ(completionsOf(QStringLiteral("quorvane au")), "auto|autostart|");
-    EXPECT_EQ(completionsOf(QStringLiteral("quorvane key ''")), "list|set|delete|");
-    EXPECT_EQ(completionsOf(QStringLiteral("quorvane key set g")), "gemini|grok|");
-    EXPECT_EQ(completionsOf(QStringLiteral("quorvane --action t")), "toggle-auto|");
-    EXPECT_EQ(completionsOf(QStringLiteral("quorvane settings upscaleMethod ''")), "gemini|local|");
-    EXPECT_EQ(completionsOf(QStringLiteral("quorvane delete a")), "a picture.png|");
+    EXPECT_EQ(completionsOf(u"quorvane au"_s), "auto|autostart|");
+    EXPECT_EQ(completionsOf(u"quorvane key ''"_s), "list|set|delete|");
+    EXPECT_EQ(completionsOf(u"quorvane key set g"_s), "gemini|grok|");
+    EXPECT_EQ(completionsOf(u"quorvane --action t"_s), "toggle-auto|");
+    EXPECT_EQ(completionsOf(u"quorvane settings upscaleMethod ''"_s), "gemini|local|");
+    EXPECT_EQ(completionsOf(u"quorvane delete a"_s), "a picture.png|");
 }
 
 TEST_F(InstalledFilesTest, fishCompletes)
 {
     SKIP_WITHOUT("fish");
-    ASSERT_TRUE(putFile(session.home().library() + QStringLiteral("/a picture.png")));
+    ASSERT_TRUE(putFile(session.home().library() + u"/a picture.png"_s));
     const auto completionsOf = [this](const QString &line) {
         const CommandRun run =
-            runOther(QStringLiteral("fish"),
-                     {QStringLiteral("--no-config"), QStringLiteral("--command"),
-                      QStringLiteral("source $argv[1]; complete --do-complete $argv[2] | string split --fields 1 \\t"),
-                      installed(QStringLiteral("share/fish/vendor_completions.d/quorvane.fish")), line});
+            runOther(u"fish"_s, {u"--no-config"_s, u"--command"_s,
+                                 u"source $argv[1]; complete --do-complete $argv[2] | string split --fields 1 \\t"_s,
+                                 installed(u"share/fish/vendor_completions.d/quorvane.fish"_s), line});
         EXPECT_EQ(run.errors, "");
         return run.output;
     };
-    EXPECT_EQ(completionsOf(QStringLiteral("quorvane au")), "auto\nautostart\n");
-    EXPECT_EQ(completionsOf(QStringLiteral("quorvane key ")), "delete\nlist\nset\n");
-    EXPECT_EQ(completionsOf(QStringLiteral("quorvane key set ")), "gemini\ngrok\nopenai\n");
-    EXPECT_EQ(completionsOf(QStringLiteral("quorvane delete a")), "a picture.png\n");
+    EXPECT_EQ(completionsOf(u"quorvane au"_s), "auto\nautostart\n");
+    EXPECT_EQ(completionsOf(u"quorvane key "_s), "delete\nlist\nset\n");
+    EXPECT_EQ(completionsOf(u"quorvane key set "_s), "gemini\ngrok\nopenai\n");
+    EXPECT_EQ(completionsOf(u"quorvane delete a"_s), "a picture.png\n");
 }
 
 TEST_F(InstalledFilesTest, zshReadsItsCompletion)
 {
     SKIP_WITHOUT("zsh");
     const CommandRun run =
-        runOther(QStringLiteral("zsh"),
-                 {QStringLiteral("-f"), QStringLiteral("-c"),
-                  QStringLiteral("fpath=($1 $fpath); autoload -Uz compinit; compinit -u -D; print $_comps[quorvane]; "
-                                 "autoload +X -Uz _quorvane"),
-                  QStringLiteral("zsh"), installed(QStringLiteral("share/zsh/site-functions"))});
+        runOther(u"zsh"_s, {u"-f"_s, u"-c"_s,
+                            u"fpath=($1 $fpath); autoload -Uz compinit; compinit -u -D; print $_comps[quorvane]; "
+                            "autoload +X -Uz _quorvane"_s,
+                            u"zsh"_s, installed(u"share/zsh/site-functions"_s)});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.output, "_quorvane\n");
     EXPECT_EQ(run.errors, "");

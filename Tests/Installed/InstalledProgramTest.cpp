@@ -9,6 +9,8 @@
 #include <QJsonObject>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 using InstalledProgramTest = InstalledTest;
@@ -25,7 +27,7 @@ bool namesTheBuild(const QByteArray &text)
 
 TEST_F(InstalledProgramTest, tellsItsVersion)
 {
-    const CommandRun told = run({QStringLiteral("--version")});
+    const CommandRun told = run({u"--version"_s});
     EXPECT_EQ(told.status, 0) << told.errors.constData();
     EXPECT_EQ(told.output, "quorvane " PROJECT_VERSION "\n");
 }
@@ -35,16 +37,16 @@ TEST_F(InstalledProgramTest, findsTheInstalledNetwork)
     if (!HAS_ENGINE) {
         GTEST_SKIP() << "the build has no inference engine";
     }
-    const QString network = installed(QStringLiteral("share/quorvane/models/RealESRGAN.onnx"));
-    const CommandRun told = run({QStringLiteral("model"), QStringLiteral("--json")});
+    const QString network = installed(u"share/quorvane/models/RealESRGAN.onnx"_s);
+    const CommandRun told = run({u"model"_s, u"--json"_s});
     EXPECT_EQ(told.status, 0) << told.errors.constData();
-    EXPECT_EQ(told.json()[QLatin1String("file")].toString(), network);
+    EXPECT_EQ(told.json()["file"_L1].toString(), network);
     // Also where nobody told of the prefix.
-    session.environment().remove(QStringLiteral("XDG_DATA_DIRS"));
-    EXPECT_TRUE(run({QStringLiteral("model"), QStringLiteral("--json")})
-                    .json()[QLatin1String("file")]
+    session.environment().remove(u"XDG_DATA_DIRS"_s);
+    EXPECT_TRUE(run({u"model"_s, u"--json"_s})
+                    .json()["file"_L1]
                     .toString()
-                    .endsWith(QStringLiteral("/share/quorvane/models/RealESRGAN.onnx")));
+                    .endsWith(u"/share/quorvane/models/RealESRGAN.onnx"_s));
 }
 
 TEST_F(InstalledProgramTest, makesAndEnlargesAPicture)
@@ -55,32 +57,30 @@ TEST_F(InstalledProgramTest, makesAndEnlargesAPicture)
         image.fill(Qt::darkCyan);
         return image;
     });
-    session.environment().insert(QStringLiteral("QUORVANE_GEMINI_BASE_URL"), service.baseAddress().toString());
-    ASSERT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY\n").status, 0);
-    const CommandRun made = run(
-        {QStringLiteral("generate"), QStringLiteral("--prompt"), QStringLiteral("a lake"), QStringLiteral("--json")});
+    session.environment().insert(u"QUORVANE_GEMINI_BASE_URL"_s, service.baseAddress().toString());
+    ASSERT_EQ(run({u"key"_s, u"set"_s, u"gemini"_s}, "KEY\n").status, 0);
+    const CommandRun made = run({u"generate"_s, u"--prompt"_s, u"a lake"_s, u"--json"_s});
     EXPECT_EQ(made.status, 0) << made.errors.constData();
-    EXPECT_EQ(made.json()[QLatin1String("status")].toString(), QStringLiteral("Wallpaper set!"));
-    const QString file = made.json()[QLatin1String("file")].toString();
+    EXPECT_EQ(made.json()["status"_L1].toString(), u"Wallpaper set!"_s);
+    const QString file = made.json()["file"_L1].toString();
     EXPECT_EQ(QImage(file).size(), QSize(16, 9));
     if (HAS_ENGINE) {
-        ASSERT_EQ(run({QStringLiteral("settings"), QStringLiteral("upscaleMethod"), QStringLiteral("local")}).status,
-                  0);
-        const CommandRun enlarged = run({QStringLiteral("upscale"), file, QStringLiteral("--json")});
+        ASSERT_EQ(run({u"settings"_s, u"upscaleMethod"_s, u"local"_s}).status, 0);
+        const CommandRun enlarged = run({u"upscale"_s, file, u"--json"_s});
         EXPECT_EQ(enlarged.status, 0) << enlarged.errors.constData();
-        EXPECT_EQ(QImage(enlarged.json()[QLatin1String("file")].toString()).size(), QSize(64, 36));
+        EXPECT_EQ(QImage(enlarged.json()["file"_L1].toString()).size(), QSize(64, 36));
     }
 }
 
 TEST_F(InstalledProgramTest, looksForLibrariesBesideItselfAndNeverInTheBuild)
 {
     SKIP_WITHOUT("readelf");
-    const CommandRun told = runOther(QStringLiteral("readelf"), {QStringLiteral("--dynamic"), program()});
+    const CommandRun told = runOther(u"readelf"_s, {u"--dynamic"_s, program()});
     ASSERT_EQ(told.status, 0) << told.errors.constData();
     EXPECT_FALSE(namesTheBuild(told.output)) << told.output.constData();
     EXPECT_FALSE(told.output.contains("RPATH)")) << told.output.constData();
     const QString folder = QStringLiteral(LIBRARY_FOLDER "/quorvane");
-    const bool isPrivate = QFile::exists(installed(folder + QStringLiteral("/libonnxruntime.so.1")));
+    const bool isPrivate = QFile::exists(installed(folder + u"/libonnxruntime.so.1"_s));
     const QByteArray path = "(RUNPATH)            Library runpath: [$ORIGIN/../" + folder.toUtf8() + "]";
     EXPECT_EQ(told.output.contains("RUNPATH"), isPrivate) << told.output.constData();
     EXPECT_EQ(told.output.simplified().contains(path.simplified()), isPrivate) << told.output.constData();
@@ -89,10 +89,9 @@ TEST_F(InstalledProgramTest, looksForLibrariesBesideItselfAndNeverInTheBuild)
 TEST_F(InstalledProgramTest, opensNothingOfTheBuild)
 {
     SKIP_WITHOUT("strace");
-    const QString log = session.home().path() + QStringLiteral("/trace");
+    const QString log = session.home().path() + u"/trace"_s;
     const CommandRun traced =
-        runOther(QStringLiteral("strace"), {QStringLiteral("-f"), QStringLiteral("-e"), QStringLiteral("trace=file"),
-                                            QStringLiteral("-o"), log, program(), QStringLiteral("model")});
+        runOther(u"strace"_s, {u"-f"_s, u"-e"_s, u"trace=file"_s, u"-o"_s, log, program(), u"model"_s});
     if (traced.errors.contains("ptrace")) {
         GTEST_SKIP() << "processes may not be traced here";
     }

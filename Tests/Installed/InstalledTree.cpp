@@ -4,20 +4,20 @@
 
 #include <QProcess>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 void InstalledTest::SetUp()
 {
-    const CommandRun install =
-        runOther(QStringLiteral(CMAKE_PROGRAM), {QStringLiteral("--install"), QStringLiteral(BUILD_FOLDER),
-                                                 QStringLiteral("--prefix"), m_prefix.path()});
+    const CommandRun install = runOther(QStringLiteral(CMAKE_PROGRAM),
+                                        {u"--install"_s, QStringLiteral(BUILD_FOLDER), u"--prefix"_s, m_prefix.path()});
     ASSERT_EQ(install.status, 0) << install.errors.constData();
     QProcessEnvironment &environment = session.environment();
-    environment.insert(QStringLiteral("QUORVANE_WALLPAPER_COMMAND"), QStringLiteral("/bin/true"));
-    environment.insert(QStringLiteral("XDG_DATA_DIRS"),
-                       installed(QStringLiteral("share")) + QStringLiteral(":/usr/local/share:/usr/share"));
-    environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    environment.insert(u"QUORVANE_WALLPAPER_COMMAND"_s, u"/bin/true"_s);
+    environment.insert(u"XDG_DATA_DIRS"_s, installed(u"share"_s) + u":/usr/local/share:/usr/share"_s);
+    environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
+    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
     for (const char *name : {"SWAYSOCK", "LD_LIBRARY_PATH", "QML_IMPORT_PATH", "QML2_IMPORT_PATH", "QT_QPA_PLATFORM"}) {
         environment.remove(QLatin1String(name));
     }

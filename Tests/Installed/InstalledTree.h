@@ -9,6 +9,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// The program installed under a prefix of the test's own, and a session to use it in that knows of no other.
 class InstalledTest : public testing::Test
 {
@@ -17,7 +19,7 @@ class InstalledTest : public testing::Test
 
     /// A path below the prefix.
     [[nodiscard]] QString installed(const QString &path) const { return m_prefix.filePath(path); }
-    [[nodiscard]] QString program() const { return installed(QStringLiteral("bin/quorvane")); }
+    [[nodiscard]] QString program() const { return installed(u"bin/quorvane"_s); }
 
     /// Runs the installed program, or another, to its end, while the test's event loop goes on.
     [[nodiscard]] CommandRun run(const QStringList &arguments, const QByteArray &input = {});

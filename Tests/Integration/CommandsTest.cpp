@@ -13,6 +13,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class CommandsTest : public testing::Test
@@ -33,8 +35,8 @@ class CommandsTest : public testing::Test
         for (const char *name : {"QUORVANE_GEMINI_BASE_URL", "QUORVANE_XAI_BASE_URL", "QUORVANE_OPENAI_BASE_URL"}) {
             environment.insert(QLatin1String(name), service.baseAddress().toString());
         }
-        environment.insert(QStringLiteral("QUORVANE_WALLPAPER_COMMAND"), QStringLiteral("/bin/true"));
-        environment.insert(QStringLiteral("XDG_DATA_DIRS"), QStringLiteral("/nonexistent"));
+        environment.insert(u"QUORVANE_WALLPAPER_COMMAND"_s, u"/bin/true"_s);
+        environment.insert(u"XDG_DATA_DIRS"_s, u"/nonexistent"_s);
     }
 
     [[nodiscard]] CommandRun run(const QStringList &arguments, const QByteArray &input = {}) const
@@ -45,11 +47,10 @@ class CommandsTest : public testing::Test
     /// Generates one picture and returns its path.
     QString generate(const QString &prompt)
     {
-        (void)run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY");
-        const CommandRun made =
-            run({QStringLiteral("generate"), QStringLiteral("--prompt"), prompt, QStringLiteral("--json")});
+        (void)run({u"key"_s, u"set"_s, u"gemini"_s}, "KEY");
+        const CommandRun made = run({u"generate"_s, u"--prompt"_s, prompt, u"--json"_s});
         EXPECT_EQ(made.status, 0) << made.errors.constData();
-        return made.json()[QLatin1String("file")].toString();
+        return made.json()["file"_L1].toString();
     }
 
     PrivateHome home;
@@ -59,278 +60,263 @@ class CommandsTest : public testing::Test
 
 TEST_F(CommandsTest, generateMakesAPictureAndSaysSoInJson)
 {
-    ASSERT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY\n").status, 0);
-    const CommandRun made = run(
-        {QStringLiteral("generate"), QStringLiteral("--prompt"), QStringLiteral("a lake"), QStringLiteral("--json")});
+    ASSERT_EQ(run({u"key"_s, u"set"_s, u"gemini"_s}, "KEY\n").status, 0);
+    const CommandRun made = run({u"generate"_s, u"--prompt"_s, u"a lake"_s, u"--json"_s});
     EXPECT_EQ(made.status, 0);
     const QJsonObject result = made.json().toObject();
-    EXPECT_EQ(result.keys(), (QStringList{QStringLiteral("file"), QStringLiteral("isError"), QStringLiteral("original"),
-                                          QStringLiteral("status")}));
-    EXPECT_EQ(result.value(QLatin1String("status")).toString(), QStringLiteral("Wallpaper set!"));
-    EXPECT_FALSE(result.value(QLatin1String("isError")).toBool());
-    EXPECT_TRUE(result.value(QLatin1String("original")).isNull());
-    EXPECT_EQ(QImage(result.value(QLatin1String("file")).toString()).size(), QSize(8, 8));
+    EXPECT_EQ(result.keys(), (QStringList{u"file"_s, u"isError"_s, u"original"_s, u"status"_s}));
+    EXPECT_EQ(result.value("status"_L1).toString(), u"Wallpaper set!"_s);
+    EXPECT_FALSE(result.value("isError"_L1).toBool());
+    EXPECT_TRUE(result.value("original"_L1).isNull());
+    EXPECT_EQ(QImage(result.value("file"_L1).toString()).size(), QSize(8, 8));
     EXPECT_EQ(made.errors, "Wallpaper set!\n");
     // The prompt is kept, and the key reached its header without its line break.
-    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("lastPrompt")}).output, "a lake\n");
+    EXPECT_EQ(run({u"settings"_s, u"lastPrompt"_s}).output, "a lake\n");
     ASSERT_EQ(service.requests().size(), 1);
     EXPECT_EQ(service.requests().first().header("x-goog-api-key"), "KEY");
 }
 
 TEST_F(CommandsTest, generateWithoutAKeyEndsWithOne)
 {
-    const CommandRun failed = run({QStringLiteral("generate")});
+    const CommandRun failed = run({u"generate"_s});
     EXPECT_EQ(failed.status, 1);
-    EXPECT_EQ(QString::fromUtf8(failed.output), QStringLiteral("Missing Gemini API key — open Settings (⌘,)\n"));
-    const CommandRun json = run({QStringLiteral("generate"), QStringLiteral("--json")});
+    EXPECT_EQ(QString::fromUtf8(failed.output), u"Missing Gemini API key — open Settings (⌘,)\n"_s);
+    const CommandRun json = run({u"generate"_s, u"--json"_s});
     EXPECT_EQ(json.status, 1);
-    EXPECT_TRUE(json.json()[QLatin1String("isError")].toBool());
-    EXPECT_TRUE(json.json()[QLatin1String("file")].isNull());
+    EXPECT_TRUE(json.json()["isError"_L1].toBool());
+    EXPECT_TRUE(json.json()["file"_L1].isNull());
 }
 
 TEST_F(CommandsTest, withoutADesktopThePictureIsSavedAndTheStatusIsOne)
 {
-    environment.remove(QStringLiteral("QUORVANE_WALLPAPER_COMMAND"));
-    ASSERT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status, 0);
-    const CommandRun made = run({QStringLiteral("generate"), QStringLiteral("--json")});
+    environment.remove(u"QUORVANE_WALLPAPER_COMMAND"_s);
+    ASSERT_EQ(run({u"key"_s, u"set"_s, u"gemini"_s}, "KEY").status, 0);
+    const CommandRun made = run({u"generate"_s, u"--json"_s});
     EXPECT_EQ(made.status, 1);
-    EXPECT_EQ(made.json()[QLatin1String("status")].toString(), QStringLiteral("No screen found"));
-    EXPECT_TRUE(QFileInfo::exists(made.json()[QLatin1String("file")].toString()));
+    EXPECT_EQ(made.json()["status"_L1].toString(), u"No screen found"_s);
+    EXPECT_TRUE(QFileInfo::exists(made.json()["file"_L1].toString()));
 }
 
 TEST_F(CommandsTest, aFailingWallpaperCommandIsQuoted)
 {
-    ASSERT_TRUE(putFile(home.path() + QStringLiteral("/refuse"), "#!/bin/sh\necho 'out of paint' >&2\nexit 3\n"));
-    ASSERT_TRUE(QFile::setPermissions(home.path() + QStringLiteral("/refuse"), QFile::ReadOwner | QFile::ExeOwner));
-    environment.insert(QStringLiteral("QUORVANE_WALLPAPER_COMMAND"), home.path() + QStringLiteral("/refuse"));
-    const QString picture = home.path() + QStringLiteral("/a.png");
+    ASSERT_TRUE(putFile(home.path() + u"/refuse"_s, "#!/bin/sh\necho 'out of paint' >&2\nexit 3\n"));
+    ASSERT_TRUE(QFile::setPermissions(home.path() + u"/refuse"_s, QFile::ReadOwner | QFile::ExeOwner));
+    environment.insert(u"QUORVANE_WALLPAPER_COMMAND"_s, home.path() + u"/refuse"_s);
+    const QString picture = home.path() + u"/a.png"_s;
     ASSERT_TRUE(QImage(4, 4, QImage::Format_RGB32).save(picture));
-    const CommandRun set = run({QStringLiteral("set"), picture});
+    const CommandRun set = run({u"set"_s, picture});
     EXPECT_EQ(set.status, 1);
     EXPECT_EQ(set.output, "Failed: out of paint\n");
 }
 
 TEST_F(CommandsTest, keysAreListedByIdAndNeverPrinted)
 {
-    EXPECT_EQ(run({QStringLiteral("key"), QStringLiteral("list"), QStringLiteral("--json")}).output, "[]\n");
-    ASSERT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("openai")}, "SECRET\n").status, 0);
-    ASSERT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("grok")}, "two\n\n").status, 0);
-    EXPECT_EQ(run({QStringLiteral("key"), QStringLiteral("list"), QStringLiteral("--json")}).output,
-              "[\"grok\",\"openai\"]\n");
-    EXPECT_EQ(run({QStringLiteral("key"), QStringLiteral("list")}).output, "grok\nopenai\n");
-    const QString file = home.path() + QStringLiteral("/Library/Application Support/Quorvane/keys.json");
+    EXPECT_EQ(run({u"key"_s, u"list"_s, u"--json"_s}).output, "[]\n");
+    ASSERT_EQ(run({u"key"_s, u"set"_s, u"openai"_s}, "SECRET\n").status, 0);
+    ASSERT_EQ(run({u"key"_s, u"set"_s, u"grok"_s}, "two\n\n").status, 0);
+    EXPECT_EQ(run({u"key"_s, u"list"_s, u"--json"_s}).output, "[\"grok\",\"openai\"]\n");
+    EXPECT_EQ(run({u"key"_s, u"list"_s}).output, "grok\nopenai\n");
+    const QString file = home.path() + u"/Library/Application Support/Quorvane/keys.json"_s;
     // One trailing line break goes, a second one stays.
     EXPECT_EQ(contentOf(file), "{\"grok\":\"two\\n\",\"openai\":\"SECRET\"}");
     for (const char *command : {"status", "settings", "history", "albums"}) {
-        const CommandRun told = run({QLatin1String(command), QStringLiteral("--json")});
+        const CommandRun told = run({QLatin1String(command), u"--json"_s});
         EXPECT_EQ(told.status, 0);
         EXPECT_FALSE(told.output.contains("SECRET") || told.errors.contains("SECRET")) << command;
     }
-    EXPECT_EQ(run({QStringLiteral("key"), QStringLiteral("delete"), QStringLiteral("openai")}).status, 0);
+    EXPECT_EQ(run({u"key"_s, u"delete"_s, u"openai"_s}).status, 0);
     EXPECT_EQ(contentOf(file), "{\"grok\":\"two\\n\"}");
-    EXPECT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("grok")}, "\n").status, 1);
-    EXPECT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("grok")}, "\xff\xfe").status, 1);
-    EXPECT_EQ(
-        run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("grok")}, QByteArray(100000, 'k')).status, 1);
+    EXPECT_EQ(run({u"key"_s, u"set"_s, u"grok"_s}, "\n").status, 1);
+    EXPECT_EQ(run({u"key"_s, u"set"_s, u"grok"_s}, "\xff\xfe").status, 1);
+    EXPECT_EQ(run({u"key"_s, u"set"_s, u"grok"_s}, QByteArray(100000, 'k')).status, 1);
     EXPECT_EQ(contentOf(file), "{\"grok\":\"two\\n\"}");
 }
 
 TEST_F(CommandsTest, settingsAreReadSetAndRemoved)
 {
-    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("--json")}).output,
+    EXPECT_EQ(run({u"settings"_s, u"--json"_s}).output,
               "{\"autoEnabled\":false,\"currentWallpaperPath\":null,\"fourKEnabled\":false,\"intervalMinutes\":30,"
               "\"lastPrompt\":\"\",\"nsfwEnabled\":false,\"providerOverride\":\"auto\","
               "\"selectedModel_gemini\":\"gemini-2.5-flash-image\",\"selectedModel_grok\":\"grok-imagine-image\","
               "\"selectedModel_openai\":\"gpt-image-2\",\"upscaleMethod\":\"gemini\"}\n");
     const QList<std::pair<QString, QString>> good{
-        {QStringLiteral("fourKEnabled"), QStringLiteral("true")},
-        {QStringLiteral("intervalMinutes"), QStringLiteral("45")},
-        {QStringLiteral("providerOverride"), QStringLiteral("grok")},
-        {QStringLiteral("upscaleMethod"), QStringLiteral("local")},
-        {QStringLiteral("selectedModel_openai"), QStringLiteral("gpt-image-1")},
-        {QStringLiteral("lastPrompt"), QStringLiteral("-a \"b\", 水\n")},
+        {u"fourKEnabled"_s, u"true"_s},
+        {u"intervalMinutes"_s, u"45"_s},
+        {u"providerOverride"_s, u"grok"_s},
+        {u"upscaleMethod"_s, u"local"_s},
+        {u"selectedModel_openai"_s, u"gpt-image-1"_s},
+        {u"lastPrompt"_s, u"-a \"b\", 水\n"_s},
     };
     for (const auto &[key, value] : good) {
-        EXPECT_EQ(run({QStringLiteral("settings"), key, value}).status, 0) << key.toStdString();
-        EXPECT_EQ(QString::fromUtf8(run({QStringLiteral("settings"), key}).output), value + QLatin1Char('\n'));
+        EXPECT_EQ(run({u"settings"_s, key, value}).status, 0) << key.toStdString();
+        EXPECT_EQ(QString::fromUtf8(run({u"settings"_s, key}).output), value + '\n'_L1);
     }
-    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("--unset"), QStringLiteral("providerOverride")}).status,
-              0);
-    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("providerOverride"), QStringLiteral("--json")}).output,
-              "{\"providerOverride\":\"auto\"}\n");
+    EXPECT_EQ(run({u"settings"_s, u"--unset"_s, u"providerOverride"_s}).status, 0);
+    EXPECT_EQ(run({u"settings"_s, u"providerOverride"_s, u"--json"_s}).output, "{\"providerOverride\":\"auto\"}\n");
 }
 
 TEST_F(CommandsTest, settingsThatMakeNoSenseAreRefusedAndNothingChanges)
 {
     const QList<QStringList> bad{
-        {QStringLiteral("fourKEnabled"), QStringLiteral("maybe")},
-        {QStringLiteral("intervalMinutes"), QStringLiteral("0")},
-        {QStringLiteral("intervalMinutes"), QStringLiteral("-5")},
-        {QStringLiteral("intervalMinutes"), QStringLiteral("soon")},
-        {QStringLiteral("intervalMinutes"), QStringLiteral("99999999999999999999")},
-        {QStringLiteral("providerOverride"), QStringLiteral("nobody")},
-        {QStringLiteral("upscaleMethod"), QStringLiteral("magic")},
-        {QStringLiteral("selectedModel_gemini"), QStringLiteral("gpt-image-2")},
-        {QStringLiteral("apiKey"), QStringLiteral("x")},
-        {QStringLiteral("unknown")},
+        {u"fourKEnabled"_s, u"maybe"_s},
+        {u"intervalMinutes"_s, u"0"_s},
+        {u"intervalMinutes"_s, u"-5"_s},
+        {u"intervalMinutes"_s, u"soon"_s},
+        {u"intervalMinutes"_s, u"99999999999999999999"_s},
+        {u"providerOverride"_s, u"nobody"_s},
+        {u"upscaleMethod"_s, u"magic"_s},
+        {u"selectedModel_gemini"_s, u"gpt-image-2"_s},
+        {u"apiKey"_s, u"x"_s},
+        {u"unknown"_s},
     };
     for (const QStringList &arguments : bad) {
-        const CommandRun refused = run(QStringList{QStringLiteral("settings")} + arguments);
-        EXPECT_EQ(refused.status, 2) << arguments.join(QLatin1Char(' ')).toStdString();
+        const CommandRun refused = run(QStringList{u"settings"_s} + arguments);
+        EXPECT_EQ(refused.status, 2) << arguments.join(' '_L1).toStdString();
         EXPECT_TRUE(refused.output.isEmpty());
         EXPECT_FALSE(refused.errors.isEmpty());
     }
-    EXPECT_FALSE(QFile::exists(home.path() + QStringLiteral("/.config/Quorvane/Quorvane.conf")));
+    EXPECT_FALSE(QFile::exists(home.path() + u"/.config/Quorvane/Quorvane.conf"_s));
 }
 
 TEST_F(CommandsTest, statusTellsEverythingThatScriptsRelyOn)
 {
-    const QJsonObject status = run({QStringLiteral("status"), QStringLiteral("--json")}).json().toObject();
-    const QStringList members{
-        QStringLiteral("status"),           QStringLiteral("isError"),       QStringLiteral("isLoading"),
-        QStringLiteral("provider"),         QStringLiteral("providerName"),  QStringLiteral("model"),
-        QStringLiteral("producesNative4K"), QStringLiteral("nsfwApplies"),   QStringLiteral("missingKeys"),
-        QStringLiteral("prompt"),           QStringLiteral("fourKEnabled"),  QStringLiteral("nsfwEnabled"),
-        QStringLiteral("providerOverride"), QStringLiteral("upscaleMethod"), QStringLiteral("autoEnabled"),
-        QStringLiteral("intervalMinutes"),  QStringLiteral("interval"),      QStringLiteral("nextFireDate"),
-        QStringLiteral("currentWallpaper"), QStringLiteral("desktop"),       QStringLiteral("screens")};
+    const QJsonObject status = run({u"status"_s, u"--json"_s}).json().toObject();
+    const QStringList members{u"status"_s,           u"isError"_s,       u"isLoading"_s,        u"provider"_s,
+                              u"providerName"_s,     u"model"_s,         u"producesNative4K"_s, u"nsfwApplies"_s,
+                              u"missingKeys"_s,      u"prompt"_s,        u"fourKEnabled"_s,     u"nsfwEnabled"_s,
+                              u"providerOverride"_s, u"upscaleMethod"_s, u"autoEnabled"_s,      u"intervalMinutes"_s,
+                              u"interval"_s,         u"nextFireDate"_s,  u"currentWallpaper"_s, u"desktop"_s,
+                              u"screens"_s};
     for (const QString &member : members) {
         EXPECT_TRUE(status.contains(member)) << member.toStdString();
     }
-    EXPECT_EQ(status.value(QLatin1String("missingKeys")).toArray(), QJsonArray{QStringLiteral("Gemini")});
-    EXPECT_EQ(status.value(QLatin1String("interval")).toString(), QStringLiteral("30 min"));
-    EXPECT_EQ(status.value(QLatin1String("desktop")).toString(), QStringLiteral("command"));
-    EXPECT_TRUE(status.value(QLatin1String("nextFireDate")).isNull());
-    EXPECT_TRUE(run({QStringLiteral("status")}).output.contains("Gemini"));
+    EXPECT_EQ(status.value("missingKeys"_L1).toArray(), QJsonArray{u"Gemini"_s});
+    EXPECT_EQ(status.value("interval"_L1).toString(), u"30 min"_s);
+    EXPECT_EQ(status.value("desktop"_L1).toString(), u"command"_s);
+    EXPECT_TRUE(status.value("nextFireDate"_L1).isNull());
+    EXPECT_TRUE(run({u"status"_s}).output.contains("Gemini"));
 }
 
 TEST_F(CommandsTest, historyAlbumsAndFavouritesFollowTheLibrary)
 {
-    const QString path = generate(QStringLiteral("a lake"));
+    const QString path = generate(u"a lake"_s);
     const QString name = QFileInfo(path).fileName();
-    QJsonObject image = run({QStringLiteral("history"), QStringLiteral("--json")}).json()[0].toObject();
-    EXPECT_EQ(image.value(QLatin1String("file")).toString(), name);
-    EXPECT_EQ(image.value(QLatin1String("path")).toString(), path);
-    EXPECT_EQ(image.value(QLatin1String("prompt")).toString(), QStringLiteral("a lake"));
-    EXPECT_FALSE(image.value(QLatin1String("favorite")).toBool(true));
-    EXPECT_TRUE(image.value(QLatin1String("variant")).isNull());
-    EXPECT_TRUE(QDateTime::fromString(image.value(QLatin1String("created")).toString(), Qt::ISODateWithMs).isValid());
+    QJsonObject image = run({u"history"_s, u"--json"_s}).json()[0].toObject();
+    EXPECT_EQ(image.value("file"_L1).toString(), name);
+    EXPECT_EQ(image.value("path"_L1).toString(), path);
+    EXPECT_EQ(image.value("prompt"_L1).toString(), u"a lake"_s);
+    EXPECT_FALSE(image.value("favorite"_L1).toBool(true));
+    EXPECT_TRUE(image.value("variant"_L1).isNull());
+    EXPECT_TRUE(QDateTime::fromString(image.value("created"_L1).toString(), Qt::ISODateWithMs).isValid());
 
     // A bare name, a path and a relative path mean the same picture.
-    EXPECT_EQ(run({QStringLiteral("favorite"), name}).status, 0);
-    image = run({QStringLiteral("history"), QStringLiteral("--json")}).json()[0].toObject();
-    EXPECT_TRUE(image.value(QLatin1String("favorite")).toBool());
-    const QJsonValue albums = run({QStringLiteral("albums"), QStringLiteral("--json")}).json();
+    EXPECT_EQ(run({u"favorite"_s, name}).status, 0);
+    image = run({u"history"_s, u"--json"_s}).json()[0].toObject();
+    EXPECT_TRUE(image.value("favorite"_L1).toBool());
+    const QJsonValue albums = run({u"albums"_s, u"--json"_s}).json();
     EXPECT_EQ(albums.toArray().size(), 2);
-    EXPECT_TRUE(albums[0][QLatin1String("isFavorites")].toBool());
-    EXPECT_EQ(albums[1][QLatin1String("id")].toString(), QStringLiteral("a lake"));
-    EXPECT_EQ(albums[1][QLatin1String("images")].toArray(), QJsonArray{name});
-    EXPECT_EQ(run({QStringLiteral("favorite"), QStringLiteral("Pictures/Quorvane/") + name}).status, 0);
-    EXPECT_EQ(contentOf(home.library() + QStringLiteral("/favorites.json")), "[]");
+    EXPECT_TRUE(albums[0]["isFavorites"_L1].toBool());
+    EXPECT_EQ(albums[1]["id"_L1].toString(), u"a lake"_s);
+    EXPECT_EQ(albums[1]["images"_L1].toArray(), QJsonArray{name});
+    EXPECT_EQ(run({u"favorite"_s, u"Pictures/Quorvane/"_s + name}).status, 0);
+    EXPECT_EQ(contentOf(home.library() + u"/favorites.json"_s), "[]");
 
-    EXPECT_EQ(run({QStringLiteral("delete"), name}).status, 0);
+    EXPECT_EQ(run({u"delete"_s, name}).status, 0);
     EXPECT_FALSE(QFileInfo::exists(path));
-    EXPECT_EQ(run({QStringLiteral("history"), QStringLiteral("--json")}).output, "[]\n");
-    EXPECT_EQ(contentOf(home.library() + QStringLiteral("/prompts.json")), "{}");
+    EXPECT_EQ(run({u"history"_s, u"--json"_s}).output, "[]\n");
+    EXPECT_EQ(contentOf(home.library() + u"/prompts.json"_s), "{}");
 }
 
 TEST_F(CommandsTest, onlyPicturesOfTheLibraryAreEverDeletedOrMarked)
 {
-    const QString outside = home.path() + QStringLiteral("/mine.png");
+    const QString outside = home.path() + u"/mine.png"_s;
     ASSERT_TRUE(putFile(outside));
-    ASSERT_TRUE(putFile(home.library() + QStringLiteral("/prompts.json"), "{}"));
+    ASSERT_TRUE(putFile(home.library() + u"/prompts.json"_s, "{}"));
     for (const char *command : {"delete", "favorite"}) {
         for (const QString &file :
-             {outside, QStringLiteral("mine.png"), QStringLiteral("prompts.json"), QStringLiteral("."),
-              QStringLiteral("../Quorvane"), QStringLiteral("gone.png"), QString()}) {
+             {outside, u"mine.png"_s, u"prompts.json"_s, u"."_s, u"../Quorvane"_s, u"gone.png"_s, QString()}) {
             EXPECT_EQ(run({QLatin1String(command), file}).status, 1) << command << " " << file.toStdString();
         }
     }
     EXPECT_TRUE(QFile::exists(outside));
-    EXPECT_TRUE(QFile::exists(home.library() + QStringLiteral("/prompts.json")));
-    EXPECT_FALSE(QFile::exists(home.library() + QStringLiteral("/favorites.json")));
+    EXPECT_TRUE(QFile::exists(home.library() + u"/prompts.json"_s));
+    EXPECT_FALSE(QFile::exists(home.library() + u"/favorites.json"_s));
 }
 
 TEST_F(CommandsTest, setTakesPathsAndNamesAndRemembersTheWallpaper)
 {
-    const QString path = generate(QStringLiteral("a lake"));
-    const QString mine = home.path() + QStringLiteral("/my picture.png");
+    const QString path = generate(u"a lake"_s);
+    const QString mine = home.path() + u"/my picture.png"_s;
     ASSERT_TRUE(QImage(4, 4, QImage::Format_RGB32).save(mine));
-    EXPECT_EQ(run({QStringLiteral("set"), QStringLiteral("my picture.png"), QStringLiteral("--json")})
-                  .json()[QLatin1String("file")],
-              QJsonValue(mine));
-    EXPECT_EQ(run({QStringLiteral("status"), QStringLiteral("--json")}).json()[QLatin1String("currentWallpaper")],
-              QJsonValue(mine));
-    EXPECT_EQ(run({QStringLiteral("set"), QFileInfo(path).fileName()}).output, "Wallpaper set!\n");
-    EXPECT_EQ(run({QStringLiteral("status"), QStringLiteral("--json")}).json()[QLatin1String("currentWallpaper")],
-              QJsonValue(path));
-    EXPECT_EQ(run({QStringLiteral("set"), QStringLiteral("gone.png")}).status, 1);
+    EXPECT_EQ(run({u"set"_s, u"my picture.png"_s, u"--json"_s}).json()["file"_L1], QJsonValue(mine));
+    EXPECT_EQ(run({u"status"_s, u"--json"_s}).json()["currentWallpaper"_L1], QJsonValue(mine));
+    EXPECT_EQ(run({u"set"_s, QFileInfo(path).fileName()}).output, "Wallpaper set!\n");
+    EXPECT_EQ(run({u"status"_s, u"--json"_s}).json()["currentWallpaper"_L1], QJsonValue(path));
+    EXPECT_EQ(run({u"set"_s, u"gone.png"_s}).status, 1);
 }
 
 TEST_F(CommandsTest, upscaleMakesACopyThroughTheService)
 {
-    const QString path = generate(QStringLiteral("a lake"));
+    const QString path = generate(u"a lake"_s);
     // The copy must not be made in the second that named its source.
     QImage source(16, 9, QImage::Format_RGB32);
     source.fill(Qt::red);
-    const QString older = home.library() + QStringLiteral("/older.png");
+    const QString older = home.library() + u"/older.png"_s;
     ASSERT_TRUE(source.save(older));
-    const CommandRun made = run({QStringLiteral("upscale"), QStringLiteral("older.png"), QStringLiteral("--json")});
+    const CommandRun made = run({u"upscale"_s, u"older.png"_s, u"--json"_s});
     EXPECT_EQ(made.status, 0) << made.errors.constData();
-    EXPECT_EQ(made.json()[QLatin1String("original")], QJsonValue(older));
-    const QString copy = made.json()[QLatin1String("file")].toString();
+    EXPECT_EQ(made.json()["original"_L1], QJsonValue(older));
+    const QString copy = made.json()["file"_L1].toString();
     EXPECT_EQ(QImage(copy).width(), 3840);
     EXPECT_TRUE(made.errors.startsWith("Upscaling to 4K...\n"));
-    const QJsonValue newest = run({QStringLiteral("history"), QStringLiteral("--json")}).json()[0];
-    EXPECT_EQ(newest[QLatin1String("variant")].toString(), QStringLiteral("older.png"));
+    const QJsonValue newest = run({u"history"_s, u"--json"_s}).json()[0];
+    EXPECT_EQ(newest["variant"_L1].toString(), u"older.png"_s);
     EXPECT_TRUE(QFile::exists(path) || path == copy);
 }
 
 TEST_F(CommandsTest, withoutANetworkLocalUpscalingSaysSo)
 {
-    const CommandRun none = run({QStringLiteral("model")});
+    const CommandRun none = run({u"model"_s});
     EXPECT_EQ(none.status, 1);
     EXPECT_TRUE(none.errors.contains("RealESRGAN model not found in app bundle"));
-    EXPECT_TRUE(run({QStringLiteral("model"), QStringLiteral("--json")}).json()[QLatin1String("file")].isNull());
-    EXPECT_EQ(run({QStringLiteral("model"), QStringLiteral("install"), QStringLiteral("/etc/passwd")}).status, 1);
-    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("upscaleMethod"), QStringLiteral("local")}).status, 0);
+    EXPECT_TRUE(run({u"model"_s, u"--json"_s}).json()["file"_L1].isNull());
+    EXPECT_EQ(run({u"model"_s, u"install"_s, u"/etc/passwd"_s}).status, 1);
+    EXPECT_EQ(run({u"settings"_s, u"upscaleMethod"_s, u"local"_s}).status, 0);
     QImage source(16, 9, QImage::Format_RGB32);
     source.fill(Qt::red);
-    const QString picture = home.path() + QStringLiteral("/a.png");
+    const QString picture = home.path() + u"/a.png"_s;
     ASSERT_TRUE(source.save(picture));
-    const CommandRun failed = run({QStringLiteral("upscale"), picture});
+    const CommandRun failed = run({u"upscale"_s, picture});
     EXPECT_EQ(failed.status, 1);
     EXPECT_EQ(failed.output, "Upscale failed: Invalid response: RealESRGAN model not found in app bundle\n");
 }
 
 TEST_F(CommandsTest, autoAndAutostartAreSwitches)
 {
-    EXPECT_EQ(run({QStringLiteral("auto"), QStringLiteral("on")}).status, 0);
-    EXPECT_TRUE(
-        run({QStringLiteral("status"), QStringLiteral("--json")}).json()[QLatin1String("autoEnabled")].toBool());
-    EXPECT_EQ(run({QStringLiteral("auto"), QStringLiteral("off")}).status, 0);
-    EXPECT_FALSE(
-        run({QStringLiteral("status"), QStringLiteral("--json")}).json()[QLatin1String("autoEnabled")].toBool(true));
+    EXPECT_EQ(run({u"auto"_s, u"on"_s}).status, 0);
+    EXPECT_TRUE(run({u"status"_s, u"--json"_s}).json()["autoEnabled"_L1].toBool());
+    EXPECT_EQ(run({u"auto"_s, u"off"_s}).status, 0);
+    EXPECT_FALSE(run({u"status"_s, u"--json"_s}).json()["autoEnabled"_L1].toBool(true));
 
-    const QString entry = home.path() + QStringLiteral("/.config/autostart/app.quorvane.Quorvane.desktop");
-    EXPECT_EQ(run({QStringLiteral("autostart"), QStringLiteral("on")}).status, 0);
+    const QString entry = home.path() + u"/.config/autostart/app.quorvane.Quorvane.desktop"_s;
+    EXPECT_EQ(run({u"autostart"_s, u"on"_s}).status, 0);
     EXPECT_TRUE(contentOf(entry).contains("\nExec=\"" QUORVANE_PROGRAM "\" --hidden\n"))
         << contentOf(entry).constData();
-    EXPECT_EQ(run({QStringLiteral("autostart"), QStringLiteral("off")}).status, 0);
+    EXPECT_EQ(run({u"autostart"_s, u"off"_s}).status, 0);
     EXPECT_FALSE(QFile::exists(entry));
-    EXPECT_EQ(run({QStringLiteral("autostart"), QStringLiteral("off")}).status, 0);
+    EXPECT_EQ(run({u"autostart"_s, u"off"_s}).status, 0);
 }
 
 TEST_F(CommandsTest, theSystemsProxyIsAsked)
 {
     QTcpServer proxy;
     ASSERT_TRUE(proxy.listen(QHostAddress::LocalHost));
-    environment.insert(QStringLiteral("https_proxy"), QStringLiteral("http://127.0.0.1:%1").arg(proxy.serverPort()));
-    environment.insert(QStringLiteral("QUORVANE_GEMINI_BASE_URL"), QStringLiteral("https://service.example"));
-    ASSERT_EQ(run({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status, 0);
+    environment.insert(u"https_proxy"_s, u"http://127.0.0.1:%1"_s.arg(proxy.serverPort()));
+    environment.insert(u"QUORVANE_GEMINI_BASE_URL"_s, u"https://service.example"_s);
+    ASSERT_EQ(run({u"key"_s, u"set"_s, u"gemini"_s}, "KEY").status, 0);
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(QUORVANE_PROGRAM), {QStringLiteral("generate")});
+    process.start(QStringLiteral(QUORVANE_PROGRAM), {u"generate"_s});
     ASSERT_TRUE(proxy.waitForNewConnection(10000));
     const std::unique_ptr<QTcpSocket> connection(proxy.nextPendingConnection());
     ASSERT_TRUE(connection->waitForReadyRead(10000));
@@ -376,51 +362,49 @@ TEST_F(CommandsTest, theEnvironmentNamesTheLanguage)
         for (const auto &[name, value] : variables) {
             environment.insert(QLatin1String(name), QLatin1String(value));
         }
-        const CommandRun said = run({QStringLiteral("--help")});
-        EXPECT_TRUE(said.output.startsWith(beginning))
-            << environment.toStringList().join(QLatin1Char(' ')).toStdString() << '\n'
-            << said.output.left(40).constData();
+        const CommandRun said = run({u"--help"_s});
+        EXPECT_TRUE(said.output.startsWith(beginning)) << environment.toStringList().join(' '_L1).toStdString() << '\n'
+                                                       << said.output.left(40).constData();
     }
 }
 
 TEST_F(CommandsTest, whatScriptsReadIsTheSameInEveryLanguage)
 {
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8"));
-    const CommandRun failed = run({QStringLiteral("generate"), QStringLiteral("--json")});
+    environment.insert(u"LC_ALL"_s, u"de_DE.UTF-8"_s);
+    const CommandRun failed = run({u"generate"_s, u"--json"_s});
     EXPECT_EQ(failed.status, 1);
-    EXPECT_TRUE(failed.json()[QLatin1String("isError")].toBool());
-    EXPECT_EQ(failed.json()[QLatin1String("status")].toString(),
-              QStringLiteral("API-Schlüssel für Gemini fehlt – öffnen Sie die Einstellungen (⌘,)"));
-    const CommandRun wrong = run({QStringLiteral("bilden")});
+    EXPECT_TRUE(failed.json()["isError"_L1].toBool());
+    EXPECT_EQ(failed.json()["status"_L1].toString(),
+              u"API-Schlüssel für Gemini fehlt – öffnen Sie die Einstellungen (⌘,)"_s);
+    const CommandRun wrong = run({u"bilden"_s});
     EXPECT_EQ(wrong.status, 2);
     EXPECT_EQ(wrong.errors, "quorvane: unbekannter Befehl bilden\n");
 
     // Not even the names of files follow a locale with other digits.
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("fa_IR.UTF-8"));
-    const QString path = generate(QStringLiteral("a lake"));
-    const QRegularExpression name(
-        QStringLiteral("/wallpaper_20[0-9]{2}-[0-9]{2}-[0-9]{2}_[0-9]{2}-[0-9]{2}-[0-9]{2}\\.(png|jpg)$"));
+    environment.insert(u"LC_ALL"_s, u"fa_IR.UTF-8"_s);
+    const QString path = generate(u"a lake"_s);
+    const QRegularExpression name(u"/wallpaper_20[0-9]{2}-[0-9]{2}-[0-9]{2}_[0-9]{2}-[0-9]{2}-[0-9]{2}\\.(png|jpg)$"_s);
     EXPECT_TRUE(name.match(path).hasMatch()) << path.toStdString();
-    const QJsonObject status = run({QStringLiteral("status"), QStringLiteral("--json")}).json().toObject();
-    EXPECT_EQ(status.value(QLatin1String("provider")).toString(), QStringLiteral("gemini"));
-    EXPECT_EQ(status.value(QLatin1String("currentWallpaper")).toString(), path);
+    const QJsonObject status = run({u"status"_s, u"--json"_s}).json().toObject();
+    EXPECT_EQ(status.value("provider"_L1).toString(), u"gemini"_s);
+    EXPECT_EQ(status.value("currentWallpaper"_L1).toString(), path);
 }
 
 TEST_F(CommandsTest, aWrongCommandLineEndsWithTwoAndDoesNothing)
 {
-    for (const QStringList &arguments : {QStringList{QStringLiteral("paint")},
-                                         {QStringLiteral("--loud")},
-                                         {QStringLiteral("set")},
-                                         {QStringLiteral("generate"), QStringLiteral("extra")},
-                                         {QStringLiteral("key"), QStringLiteral("set")},
-                                         {QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("nobody")}}) {
+    for (const QStringList &arguments : {QStringList{u"paint"_s},
+                                         {u"--loud"_s},
+                                         {u"set"_s},
+                                         {u"generate"_s, u"extra"_s},
+                                         {u"key"_s, u"set"_s},
+                                         {u"key"_s, u"set"_s, u"nobody"_s}}) {
         const CommandRun refused = run(arguments);
-        EXPECT_EQ(refused.status, 2) << arguments.join(QLatin1Char(' ')).toStdString();
+        EXPECT_EQ(refused.status, 2) << arguments.join(' '_L1).toStdString();
         EXPECT_TRUE(refused.errors.startsWith("quorvane: "));
         EXPECT_TRUE(refused.output.isEmpty());
     }
-    EXPECT_EQ(run({QStringLiteral("--help")}).status, 0);
-    EXPECT_TRUE(run({QStringLiteral("--version")}).output.startsWith("quorvane "));
+    EXPECT_EQ(run({u"--help"_s}).status, 0);
+    EXPECT_TRUE(run({u"--version"_s}).output.startsWith("quorvane "));
     EXPECT_FALSE(QFile::exists(home.library()));
 }
 

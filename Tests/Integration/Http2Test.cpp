@@ -15,6 +15,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -54,7 +56,7 @@ bool listens(quint16 port)
 
 TEST(Http2, aLargeAnswerComesBackWhole)
 {
-    if (!firstMissing({QStringLiteral("nghttpx")}).isEmpty()) {
+    if (!firstMissing({u"nghttpx"_s}).isEmpty()) {
         GTEST_SKIP() << "nghttpx is not installed";
     }
     constexpr qsizetype kAnswerBytes = qsizetype{20} * 1024 * 1024;
@@ -65,22 +67,21 @@ TEST(Http2, aLargeAnswerComesBackWhole)
     const QTemporaryDir folder;
     TestCertificates certificates;
     const QSslConfiguration tls = certificates.valid();
-    write(folder.filePath(QStringLiteral("key.pem")), tls.privateKey().toPem());
-    write(folder.filePath(QStringLiteral("certificate.pem")), tls.localCertificate().toPem());
-    write(folder.filePath(QStringLiteral("authority.pem")), certificates.authority().toPem());
+    write(folder.filePath(u"key.pem"_s), tls.privateKey().toPem());
+    write(folder.filePath(u"certificate.pem"_s), tls.localCertificate().toPem());
+    write(folder.filePath(u"authority.pem"_s), certificates.authority().toPem());
     const quint16 port = freePort();
-    OwnedProgram proxy(QStringLiteral("nghttpx"),
-                       {QStringLiteral("--conf=/dev/null"), QStringLiteral("--frontend=127.0.0.1,%1").arg(port),
-                        QStringLiteral("--backend=127.0.0.1,%1").arg(service.baseAddress().port()),
-                        QStringLiteral("--workers=1"), QStringLiteral("--no-ocsp"),
-                        folder.filePath(QStringLiteral("key.pem")), folder.filePath(QStringLiteral("certificate.pem"))},
+    OwnedProgram proxy(u"nghttpx"_s,
+                       {u"--conf=/dev/null"_s, u"--frontend=127.0.0.1,%1"_s.arg(port),
+                        u"--backend=127.0.0.1,%1"_s.arg(service.baseAddress().port()), u"--workers=1"_s, u"--no-ocsp"_s,
+                        folder.filePath(u"key.pem"_s), folder.filePath(u"certificate.pem"_s)},
                        QProcessEnvironment::systemEnvironment(), folder.path());
     ASSERT_TRUE(waitFor([port] { return listens(port); })) << proxy.errors().constData();
 
-    qputenv("SSL_CERT_FILE", QFile::encodeName(folder.filePath(QStringLiteral("authority.pem"))));
+    qputenv("SSL_CERT_FILE", QFile::encodeName(folder.filePath(u"authority.pem"_s)));
     HttpClient client;
     HttpClient::Request request;
-    request.url = QUrl(QStringLiteral("https://127.0.0.1:%1/v1/images/generations").arg(port));
+    request.url = QUrl(u"https://127.0.0.1:%1/v1/images/generations"_s.arg(port));
     request.contentType = "application/json";
     request.secret = {"Authorization", "Bearer SECRET"};
     request.body = QByteArray(3 * 1024 * 1024, ' ');

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -60,7 +62,7 @@ Outcome post(HttpClient &client, HttpClient::Request request)
     return outcome;
 }
 
-HttpClient::Request request(const DemoService &service, const QString &path = QStringLiteral("/v1/images/generations"))
+HttpClient::Request request(const DemoService &service, const QString &path = u"/v1/images/generations"_s)
 {
     HttpClient::Request result;
     result.url = QUrl(service.baseAddress().toString() + path);
@@ -137,7 +139,7 @@ TEST_F(HttpClientTest, aSlowDripGoesOnForAsLongAsBytesCome)
 TEST_F(HttpClientTest, silenceEndsAfterTheLimit)
 {
     for (const Kind kind : {Kind::SilenceOnAccept, Kind::Silence, Kind::SilenceAfterHeaders, Kind::SilenceMidBody}) {
-        EXPECT_EQ(postWith(kind).failure, QStringLiteral("The request timed out.")) << static_cast<int>(kind);
+        EXPECT_EQ(postWith(kind).failure, u"The request timed out."_s) << static_cast<int>(kind);
     }
 }
 
@@ -177,11 +179,11 @@ TEST_F(HttpClientTest, whatHasNoEndIsRefusedAtTheLimit)
     constexpr qint64 kLimit = 4LL * 1024 * 1024;
     HttpClient client(kLimit);
     service.setMisbehaviour(Kind::EndlessBody);
-    EXPECT_EQ(post(client, request(service)).failure, QStringLiteral("The answer is larger than 4 MiB."));
+    EXPECT_EQ(post(client, request(service)).failure, u"The answer is larger than 4 MiB."_s);
     Misbehaviour huge(Kind::HugeAnswer);
     huge.bytes = 2 * kLimit;
     service.setMisbehaviour(huge);
-    EXPECT_EQ(post(client, request(service)).failure, QStringLiteral("The answer is larger than 4 MiB."));
+    EXPECT_EQ(post(client, request(service)).failure, u"The answer is larger than 4 MiB."_s);
 }
 
 TEST_F(HttpClientTest, aCompressedBombIsRefused)
@@ -276,14 +278,13 @@ TEST_F(HttpClientTest, redirectsToAddressesWithoutEncryptionAreRefused)
          {"http://service.example/", "ftp://127.0.0.1/", "file:///etc/passwd", "http://192.168.1.1/"}) {
         Misbehaviour away(Kind::Redirect);
         away.text = target;
-        EXPECT_EQ(postWith(away).failure, QStringLiteral("The service redirected to an address without encryption."))
-            << target;
+        EXPECT_EQ(postWith(away).failure, u"The service redirected to an address without encryption."_s) << target;
     }
 }
 
 TEST_F(HttpClientTest, redirectsThatNeverEndAreGivenUp)
 {
-    EXPECT_EQ(postWith(Kind::RedirectLoop).failure, QStringLiteral("The service redirected too many times."));
+    EXPECT_EQ(postWith(Kind::RedirectLoop).failure, u"The service redirected too many times."_s);
     EXPECT_EQ(service.requests().size(), 11);
 }
 
@@ -291,18 +292,18 @@ TEST_F(HttpClientTest, anAddressThatIsNotAllowedIsNotEvenTried)
 {
     HttpClient client;
     HttpClient::Request bad = request(service);
-    bad.url = QUrl(QStringLiteral("http://service.example/"));
-    EXPECT_EQ(post(client, bad).failure, QStringLiteral("The address is neither https nor on this machine."));
+    bad.url = QUrl(u"http://service.example/"_s);
+    EXPECT_EQ(post(client, bad).failure, u"The address is neither https nor on this machine."_s);
 }
 
 TEST_F(HttpClientTest, nobodyListeningIsAFailureWithoutTheKeyInIt)
 {
     HttpClient client;
     HttpClient::Request nobody = request(service);
-    nobody.url = QUrl(QStringLiteral("http://127.0.0.1:1/"));
+    nobody.url = QUrl(u"http://127.0.0.1:1/"_s);
     const QString failure = post(client, nobody).failure;
     EXPECT_FALSE(failure.isEmpty());
-    EXPECT_FALSE(failure.contains(QStringLiteral("SECRET")));
+    EXPECT_FALSE(failure.contains(u"SECRET"_s));
 }
 
 TEST_F(HttpClientTest, cancellingEndsWhatRunsAndWhatComes)
@@ -315,8 +316,8 @@ TEST_F(HttpClientTest, cancellingEndsWhatRunsAndWhatComes)
     ASSERT_TRUE(waitFor([this] { return !service.requests().isEmpty(); }));
     client.cancelAll();
     ASSERT_TRUE(waitFor([&scope] { return scope.running() == 0; }));
-    EXPECT_EQ(outcome.failure, QStringLiteral("The request was cancelled."));
-    EXPECT_EQ(post(client, request(service)).failure, QStringLiteral("The request was cancelled."));
+    EXPECT_EQ(outcome.failure, u"The request was cancelled."_s);
+    EXPECT_EQ(post(client, request(service)).failure, u"The request was cancelled."_s);
 }
 
 TEST(HttpClientOverIpv6, works)
@@ -362,11 +363,10 @@ TEST_F(HttpClientTlsTest, eachKindOfBadCertificateIsRefusedInItsOwnWords)
     const QString expired = postTo(certificates.expired(), certificates.authority()).failure;
     const QString wrongHost = postTo(certificates.wrongHost(), certificates.authority()).failure;
     const QString unknown = postTo(certificates.unknownAuthority(), certificates.authority()).failure;
-    EXPECT_EQ(expired, QStringLiteral("No secure connection to 127.0.0.1: The certificate has expired"));
-    EXPECT_EQ(wrongHost,
-              QStringLiteral("No secure connection to 127.0.0.1: The host name did not match any of the valid "
-                             "hosts for this certificate"));
-    EXPECT_TRUE(unknown.startsWith(QStringLiteral("No secure connection to 127.0.0.1: "))) << unknown.toStdString();
+    EXPECT_EQ(expired, u"No secure connection to 127.0.0.1: The certificate has expired"_s);
+    EXPECT_EQ(wrongHost, u"No secure connection to 127.0.0.1: The host name did not match any of the valid "
+                         "hosts for this certificate"_s);
+    EXPECT_TRUE(unknown.startsWith(u"No secure connection to 127.0.0.1: "_s)) << unknown.toStdString();
     EXPECT_NE(unknown, expired);
     EXPECT_NE(unknown, wrongHost);
 }

@@ -19,6 +19,8 @@
 
 #include <chrono>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -47,10 +49,10 @@ class KillTest : public testing::Test
     {
         service.setPictureMaker(noise);
         environment = QProcessEnvironment::systemEnvironment();
-        environment.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
-        environment.insert(QStringLiteral("QUORVANE_GEMINI_BASE_URL"), service.baseAddress().toString());
-        environment.insert(QStringLiteral("QUORVANE_XAI_BASE_URL"), service.baseAddress().toString());
-        environment.insert(QStringLiteral("QUORVANE_WALLPAPER_COMMAND"), QStringLiteral("/bin/true"));
+        environment.remove(u"DBUS_SESSION_BUS_ADDRESS"_s);
+        environment.insert(u"QUORVANE_GEMINI_BASE_URL"_s, service.baseAddress().toString());
+        environment.insert(u"QUORVANE_XAI_BASE_URL"_s, service.baseAddress().toString());
+        environment.insert(u"QUORVANE_WALLPAPER_COMMAND"_s, u"/bin/true"_s);
     }
 
     void start(QProcess &process, const QStringList &arguments) const
@@ -83,17 +85,17 @@ class KillTest : public testing::Test
 TEST_F(KillTest, whateverTheMomentNothingEarlierIsLostAndNothingHalfIsListed)
 {
     // Grok's pictures are enlarged by the service afterwards, so a run writes two pictures, two prompts and a link.
-    finish({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("grok")}, "KEY OF GROK");
-    finish({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY OF GEMINI");
-    finish({QStringLiteral("settings"), QStringLiteral("providerOverride"), QStringLiteral("grok")});
-    finish({QStringLiteral("settings"), QStringLiteral("fourKEnabled"), QStringLiteral("true")});
-    const QString keyFile = home.path() + QStringLiteral("/Library/Application Support/Quorvane/keys.json");
+    finish({u"key"_s, u"set"_s, u"grok"_s}, "KEY OF GROK");
+    finish({u"key"_s, u"set"_s, u"gemini"_s}, "KEY OF GEMINI");
+    finish({u"settings"_s, u"providerOverride"_s, u"grok"_s});
+    finish({u"settings"_s, u"fourKEnabled"_s, u"true"_s});
+    const QString keyFile = home.path() + u"/Library/Application Support/Quorvane/keys.json"_s;
     const QByteArray keys = contentOf(keyFile);
     ASSERT_TRUE(keys.contains("KEY OF GROK"));
 
     QElapsedTimer whole;
     whole.start();
-    finish({QStringLiteral("generate"), QStringLiteral("--prompt"), QStringLiteral("the first")});
+    finish({u"generate"_s, u"--prompt"_s, u"the first"_s});
     const qint64 wholeMs = whole.elapsed();
 
     const int runs = qgetenv("QUORVANE_SOAK") == "full" ? 200 : 12;
@@ -106,9 +108,9 @@ TEST_F(KillTest, whateverTheMomentNothingEarlierIsLostAndNothingHalfIsListed)
         const qint64 second = QDateTime::currentSecsSinceEpoch();
         ASSERT_TRUE(waitFor([second] { return QDateTime::currentSecsSinceEpoch() > second; }));
 
-        const QString prompt = QStringLiteral("prompt %1").arg(run);
+        const QString prompt = u"prompt %1"_s.arg(run);
         QProcess process;
-        start(process, {QStringLiteral("generate"), QStringLiteral("--prompt"), prompt});
+        start(process, {u"generate"_s, u"--prompt"_s, prompt});
         const auto moment = static_cast<int>(random.bounded(static_cast<double>(wholeMs) * 1.2));
         if (!process.waitForFinished(moment)) {
             process.kill();
@@ -139,13 +141,13 @@ TEST_F(KillTest, whateverTheMomentNothingEarlierIsLostAndNothingHalfIsListed)
             }
         }
         // The typed prompt is the one of this run or of the one before; never empty, never half.
-        const QByteArray settings = contentOf(home.path() + QStringLiteral("/.config/Quorvane/Quorvane.conf"));
+        const QByteArray settings = contentOf(home.path() + u"/.config/Quorvane/Quorvane.conf"_s);
         EXPECT_TRUE(settings.contains("lastPrompt=")) << run;
         EXPECT_TRUE(settings.contains("fourKEnabled=true")) << run;
     }
     EXPECT_GT(killed, runs / 4) << "hardly any run was killed in its middle";
     // What the killed ones left behind does not stand in the way of the next.
-    finish({QStringLiteral("generate"), QStringLiteral("--prompt"), QStringLiteral("the last")});
+    finish({u"generate"_s, u"--prompt"_s, u"the last"_s});
     EXPECT_GT(ImageStore::allImages().size(), 2);
 }
 

@@ -6,6 +6,8 @@
 #include <sys/prctl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -33,10 +35,9 @@ OwnedProgram::OwnedProgram(const QString &program, const QStringList &arguments,
     if (mustChangeUser(user)) {
         // Changing the user clears the signal above, so setpriv sets it again; it then becomes the program itself.
         const QString id = QString::number(kNobody);
-        m_process.start(QStringLiteral("setpriv"),
-                        QStringList{QStringLiteral("--reuid=") + id, QStringLiteral("--regid=") + id,
-                                    QStringLiteral("--clear-groups"), QStringLiteral("--pdeathsig=KILL"), program} +
-                            arguments);
+        m_process.start(u"setpriv"_s, QStringList{u"--reuid="_s + id, u"--regid="_s + id, u"--clear-groups"_s,
+                                                  u"--pdeathsig=KILL"_s, program} +
+                                          arguments);
     } else {
         m_process.start(program, arguments);
     }

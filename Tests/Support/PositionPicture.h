@@ -10,6 +10,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// A picture whose pixels tell where they are: red grows from 0 to 255 from left to right, green from top to bottom,
 /// and blue is the picture's mark.
 inline QImage positionPicture(QSize size, int mark)
@@ -35,7 +37,7 @@ inline QString differenceFromFill(const QImage &shot, QSize source, int mark, in
     }
     QString difference;
     if (shot.isNull()) {
-        return QStringLiteral("no screenshot");
+        return u"no screenshot"_s;
     }
     const double factor = std::max(double(shot.width()) / used.width(), double(shot.height()) / used.height());
     for (int step = 0; step < 49; ++step) {
@@ -47,8 +49,7 @@ inline QString differenceFromFill(const QImage &shot, QSize source, int mark, in
         const double green = 255 * y / (source.height() - 1);
         if (std::abs(qRed(found) - red) > 3 || std::abs(qGreen(found) - green) > 3 ||
             std::abs(qBlue(found) - mark) > 3) {
-            difference = QStringLiteral("at %1,%2: found %3,%4,%5, expected %6,%7,%8")
-                             .arg(place.x())
+            difference = u"at %1,%2: found %3,%4,%5, expected %6,%7,%8"_s.arg(place.x())
                              .arg(place.y())
                              .arg(qRed(found))
                              .arg(qGreen(found))

@@ -11,6 +11,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// A home of the test's own for as long as the object lives: HOME and the XDG folders point into a fresh temporary
 /// folder, its language is that of the sources, and what they were before comes back at the end.
 class PrivateHome
@@ -19,11 +21,11 @@ class PrivateHome
     PrivateHome()
     {
         point("HOME", path());
-        point("XDG_CONFIG_HOME", path() + QStringLiteral("/.config"));
-        point("XDG_DATA_HOME", path() + QStringLiteral("/.local/share"));
-        point("XDG_STATE_HOME", path() + QStringLiteral("/.local/state"));
-        point("XDG_CACHE_HOME", path() + QStringLiteral("/.cache"));
-        point("LC_ALL", QStringLiteral("C.UTF-8"));
+        point("XDG_CONFIG_HOME", path() + u"/.config"_s);
+        point("XDG_DATA_HOME", path() + u"/.local/share"_s);
+        point("XDG_STATE_HOME", path() + u"/.local/state"_s);
+        point("XDG_CACHE_HOME", path() + u"/.cache"_s);
+        point("LC_ALL", u"C.UTF-8"_s);
     }
     ~PrivateHome()
     {
@@ -35,7 +37,7 @@ class PrivateHome
     PrivateHome &operator=(const PrivateHome &) = delete;
 
     [[nodiscard]] QString path() const { return m_folder.path(); }
-    [[nodiscard]] QString library() const { return path() + QStringLiteral("/Pictures/Quorvane"); }
+    [[nodiscard]] QString library() const { return path() + u"/Pictures/Quorvane"_s; }
 
   private:
     void point(const char *name, const QString &value)

@@ -5,23 +5,24 @@
 
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 /// Who may be started by being called. Any service that is installed would be too many: portals, mounts, keyrings.
-const QStringList kServices{QStringLiteral("ca.desrt.dconf.service"), QStringLiteral("org.xfce.Xfconf.service")};
+const QStringList kServices{u"ca.desrt.dconf.service"_s, u"org.xfce.Xfconf.service"_s};
 
 /// The processes that have entry in their environment.
 QList<pid_t> processesWith(const QByteArray &entry)
 {
     QList<pid_t> found;
-    const QStringList names = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
+    const QStringList names = QDir(u"/proc"_s).entryList(QDir::Dirs);
     for (const QString &name : names) {
         bool isNumber = false;
         const pid_t process = name.toInt(&isNumber);
-        if (isNumber &&
-            ('\0' + contentOf(QStringLiteral("/proc/%1/environ").arg(name))).contains('\0' + entry + '\0')) {
+        if (isNumber && ('\0' + contentOf(u"/proc/%1/environ"_s.arg(name))).contains('\0' + entry + '\0')) {
             found.append(process);
         }
     }
@@ -32,35 +33,33 @@ QList<pid_t> processesWith(const QByteArray &entry)
 
 QString PrivateSession::missingProgram()
 {
-    return firstMissing({QStringLiteral("dbus-daemon"), QStringLiteral("setpriv")});
+    return firstMissing({u"dbus-daemon"_s, u"setpriv"_s});
 }
 
 PrivateSession::PrivateSession(const QProcessEnvironment &variables)
     : m_environment(variables)
 {
-    const QString home = m_folder.path() + QStringLiteral("/home");
+    const QString home = m_folder.path() + u"/home"_s;
     for (const QString &folder : {home, servicesFolder(), runtimeFolder(), configFolder()}) {
         QDir().mkpath(folder);
         OwnedProgram::handOver(folder, OwnedProgram::User::NotRoot);
     }
     for (const QString &service : kServices) {
-        QFile::copy(QStringLiteral("/usr/share/dbus-1/services/") + service,
-                    servicesFolder() + QLatin1Char('/') + service);
+        QFile::copy(u"/usr/share/dbus-1/services/"_s + service, servicesFolder() + '/'_L1 + service);
     }
     OwnedProgram::handOver(m_folder.path(), OwnedProgram::User::NotRoot);
-    setVariable(QStringLiteral("PATH"), qEnvironmentVariable("PATH"));
-    setVariable(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    setVariable(QStringLiteral("HOME"), home);
-    setVariable(QStringLiteral("XDG_CONFIG_HOME"), configFolder());
-    setVariable(QStringLiteral("XDG_RUNTIME_DIR"), runtimeFolder());
-    setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), busAddress());
-    setVariable(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"),
-                QStringLiteral("unix:path=") + runtimeFolder() + QStringLiteral("/system-bus"));
+    setVariable(u"PATH"_s, qEnvironmentVariable("PATH"));
+    setVariable(u"LC_ALL"_s, u"C.UTF-8"_s);
+    setVariable(u"HOME"_s, home);
+    setVariable(u"XDG_CONFIG_HOME"_s, configFolder());
+    setVariable(u"XDG_RUNTIME_DIR"_s, runtimeFolder());
+    setVariable(u"DBUS_SESSION_BUS_ADDRESS"_s, busAddress());
+    setVariable(u"DBUS_SYSTEM_BUS_ADDRESS"_s, u"unix:path="_s + runtimeFolder() + u"/system-bus"_s);
     // No device and no assistive technology is there to look for.
-    setVariable(QStringLiteral("LIBGL_ALWAYS_SOFTWARE"), QStringLiteral("1"));
-    setVariable(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1"));
-    m_systemBus = startBus(QStringLiteral("system-bus"));
-    m_sessionBus = startBus(QStringLiteral("bus"));
+    setVariable(u"LIBGL_ALWAYS_SOFTWARE"_s, u"1"_s);
+    setVariable(u"NO_AT_BRIDGE"_s, u"1"_s);
+    m_systemBus = startBus(u"system-bus"_s);
+    m_sessionBus = startBus(u"bus"_s);
     m_isReady = !m_systemBus->readLine().isEmpty() && !m_sessionBus->readLine().isEmpty();
     if (!m_isReady) {
         qWarning("A bus did not start: %s%s", m_systemBus->errors().constData(), m_sessionBus->errors().constData());
@@ -74,7 +73,7 @@ PrivateSession::~PrivateSession()
 
 QString PrivateSession::busAddress() const
 {
-    return QStringLiteral("unix:path=") + runtimeFolder() + QStringLiteral("/bus");
+    return u"unix:path="_s + runtimeFolder() + u"/bus"_s;
 }
 
 std::unique_ptr<OwnedProgram> PrivateSession::start(const QString &program, const QStringList &arguments,
@@ -129,15 +128,14 @@ std::unique_ptr<OwnedProgram> PrivateSession::startBus(const QString &name) cons
     // Root is let in, as which the test itself may run.
     const QByteArray configuration =
         "<busconfig><type>session</type><auth>EXTERNAL</auth><listen>unix:path=" +
-        QFile::encodeName(runtimeFolder() + QLatin1Char('/') + name) + "</listen><servicedir>" +
+        QFile::encodeName(runtimeFolder() + '/'_L1 + name) + "</listen><servicedir>" +
         QFile::encodeName(servicesFolder()) +
         "</servicedir><policy context=\"default\"><allow user=\"*\"/><allow send_destination=\"*\"/>"
         "<allow receive_sender=\"*\"/><allow own=\"*\"/></policy></busconfig>";
-    const QString file = m_folder.path() + QLatin1Char('/') + name + QStringLiteral(".conf");
+    const QString file = m_folder.path() + '/'_L1 + name + u".conf"_s;
     (void)give(file, configuration);
     // The address is printed once the bus listens.
-    return start(QStringLiteral("dbus-daemon"), {QStringLiteral("--config-file=") + file, QStringLiteral("--nofork"),
-                                                 QStringLiteral("--print-address=1")});
+    return start(u"dbus-daemon"_s, {u"--config-file="_s + file, u"--nofork"_s, u"--print-address=1"_s});
 }
 
 } // namespace quorvane

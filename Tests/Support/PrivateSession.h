@@ -9,6 +9,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// What a desktop needs besides a display: a home, a session bus, and a system bus on which nobody is. Everything in it
 /// runs as an ordinary user, and what is started is gone with the object, also what its programs started themselves.
 class PrivateSession
@@ -29,10 +31,10 @@ class PrivateSession
     [[nodiscard]] bool isReady() const { return m_isReady; }
 
     [[nodiscard]] QString busAddress() const;
-    [[nodiscard]] QString runtimeFolder() const { return m_folder.path() + QStringLiteral("/run"); }
-    [[nodiscard]] QString configFolder() const { return m_folder.path() + QStringLiteral("/home/.config"); }
+    [[nodiscard]] QString runtimeFolder() const { return m_folder.path() + u"/run"_s; }
+    [[nodiscard]] QString configFolder() const { return m_folder.path() + u"/home/.config"_s; }
     /// Who may be started by being called.
-    [[nodiscard]] QString servicesFolder() const { return m_folder.path() + QStringLiteral("/services"); }
+    [[nodiscard]] QString servicesFolder() const { return m_folder.path() + u"/services"_s; }
     [[nodiscard]] const QProcessEnvironment &environment() const { return m_environment; }
     void setVariable(const QString &name, const QString &value) { m_environment.insert(name, value); }
 

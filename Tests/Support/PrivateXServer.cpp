@@ -9,6 +9,8 @@
 
 #include <xcb/xcb.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -56,7 +58,7 @@ QImage imageOf(const Connection &connection, xcb_drawable_t drawable)
 /// X servers on one machine share their numbers through these files, which hold the process id of who has the number.
 QString lockPath(const QByteArray &number)
 {
-    return QStringLiteral("/tmp/.X%1-lock").arg(QString::fromLatin1(number));
+    return u"/tmp/.X%1-lock"_s.arg(QString::fromLatin1(number));
 }
 
 QByteArray lockHolder(const QByteArray &number)
@@ -69,7 +71,7 @@ QByteArray lockHolder(const QByteArray &number)
 void holdNumber(const QByteArray &number)
 {
     const QByteArray ourId = QByteArray::number(QCoreApplication::applicationPid());
-    QFile lock(lockPath(number) + QStringLiteral(".held-by-") + QString::fromLatin1(ourId));
+    QFile lock(lockPath(number) + u".held-by-"_s + QString::fromLatin1(ourId));
     if (lock.open(QIODevice::WriteOnly)) {
         lock.write(ourId.rightJustified(10) + '\n');
         lock.close();
@@ -80,7 +82,7 @@ void holdNumber(const QByteArray &number)
 void releaseNumber(const QByteArray &number)
 {
     if (lockHolder(number) == QByteArray::number(QCoreApplication::applicationPid())) {
-        QFile::remove(QStringLiteral("/tmp/.X11-unix/X") + QString::fromLatin1(number));
+        QFile::remove(u"/tmp/.X11-unix/X"_s + QString::fromLatin1(number));
         QFile::remove(lockPath(number));
     }
 }
@@ -89,23 +91,22 @@ void releaseNumber(const QByteArray &number)
 
 QString PrivateXServer::missingProgram()
 {
-    return firstMissing({QStringLiteral("Xvfb"), QStringLiteral("xrandr")});
+    return firstMissing({u"Xvfb"_s, u"xrandr"_s});
 }
 
 PrivateXServer::PrivateXServer(QSize root, int depth, const QStringList &extraOptions)
 {
-    const QString screen = QStringLiteral("%1x%2x%3").arg(root.width()).arg(root.height()).arg(depth);
-    const QStringList options{
-        QStringLiteral("-displayfd"), QStringLiteral("1"),   QStringLiteral("-screen"), QStringLiteral("0"), screen,
-        QStringLiteral("-nolisten"),  QStringLiteral("tcp"), QStringLiteral("-noreset")};
-    start(QStringLiteral("Xvfb"), options + extraOptions, OwnedProgram::User::Same);
+    const QString screen = u"%1x%2x%3"_s.arg(root.width()).arg(root.height()).arg(depth);
+    const QStringList options{u"-displayfd"_s, u"1"_s,         u"-screen"_s, u"0"_s,
+                              screen,          u"-nolisten"_s, u"tcp"_s,     u"-noreset"_s};
+    start(u"Xvfb"_s, options + extraOptions, OwnedProgram::User::Same);
 }
 
 void PrivateXServer::start(const QString &program, const QStringList &options, OwnedProgram::User user)
 {
     OwnedProgram::handOver(m_folder.path(), user);
     QProcessEnvironment environment;
-    environment.insert(QStringLiteral("PATH"), qEnvironmentVariable("PATH"));
+    environment.insert(u"PATH"_s, qEnvironmentVariable("PATH"));
     m_program = std::make_unique<OwnedProgram>(program, options, environment, m_folder.path(), user);
     const QByteArray number = m_program->readLine();
     if (number.isEmpty()) {
@@ -129,23 +130,20 @@ PrivateXServer::~PrivateXServer()
 QProcessEnvironment PrivateXServer::clientEnvironment() const
 {
     QProcessEnvironment environment;
-    environment.insert(QStringLiteral("PATH"), qEnvironmentVariable("PATH"));
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    environment.insert(QStringLiteral("HOME"), m_folder.path());
-    environment.insert(QStringLiteral("DISPLAY"), QString::fromLatin1(m_display));
+    environment.insert(u"PATH"_s, qEnvironmentVariable("PATH"));
+    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+    environment.insert(u"HOME"_s, m_folder.path());
+    environment.insert(u"DISPLAY"_s, QString::fromLatin1(m_display));
     return environment;
 }
 
 bool PrivateXServer::addMonitor(const QString &name, const QRect &area)
 {
-    const QString geometry =
-        QStringLiteral("%1/200x%2/200+%3+%4").arg(area.width()).arg(area.height()).arg(area.x()).arg(area.y());
+    const QString geometry = u"%1/200x%2/200+%3+%4"_s.arg(area.width()).arg(area.height()).arg(area.x()).arg(area.y());
     // Giving it the only output makes a monitor replace the one that covers everything.
-    const QString output = m_hasMonitors ? QStringLiteral("none") : QStringLiteral("screen");
+    const QString output = m_hasMonitors ? u"none"_s : u"screen"_s;
     m_hasMonitors = true;
-    return !outputOf(QStringLiteral("xrandr"), {QStringLiteral("--setmonitor"), name, geometry, output},
-                     clientEnvironment())
-                .isNull();
+    return !outputOf(u"xrandr"_s, {u"--setmonitor"_s, name, geometry, output}, clientEnvironment()).isNull();
 }
 
 QImage PrivateXServer::rootWindow() const

@@ -4,16 +4,18 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 /// Not the one in the path, which may be a wrapper that lets only somebody at the console through.
-const QString kServer = QStringLiteral("/usr/lib/xorg/Xorg");
-const QString kDriver = QStringLiteral("/usr/lib/xorg/modules/drivers/dummy_drv.so");
+const QString kServer = u"/usr/lib/xorg/Xorg"_s;
+const QString kDriver = u"/usr/lib/xorg/modules/drivers/dummy_drv.so"_s;
 
-const QString kFirstMode = QStringLiteral("1280x720");
-const QString kOtherMode = QStringLiteral("800x600");
+const QString kFirstMode = u"1280x720"_s;
+const QString kOtherMode = u"800x600"_s;
 
 const QByteArray kConfiguration = R"(
 Section "Device"
@@ -45,7 +47,7 @@ EndSection
 
 QString outputName(int index)
 {
-    return QStringLiteral("DUMMY%1").arg(index);
+    return u"DUMMY%1"_s.arg(index);
 }
 
 } // namespace
@@ -57,20 +59,19 @@ QString PrivateXorg::missingProgram()
             return file;
         }
     }
-    return firstMissing({QStringLiteral("xrandr"), QStringLiteral("setpriv")});
+    return firstMissing({u"xrandr"_s, u"setpriv"_s});
 }
 
 PrivateXorg::PrivateXorg()
 {
-    const QString configuration = folder() + QStringLiteral("/xorg.conf");
+    const QString configuration = folder() + u"/xorg.conf"_s;
     if (!putFile(configuration, kConfiguration)) {
         return;
     }
     start(kServer,
-          {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-config"), configuration,
-           QStringLiteral("-configdir"), folder(), QStringLiteral("-logfile"), folder() + QStringLiteral("/xorg.log"),
-           QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-noreset"),
-           QStringLiteral("-novtswitch"), QStringLiteral("-sharevts"), QStringLiteral("-ac")},
+          {u"-displayfd"_s, u"1"_s, u"-config"_s, configuration, u"-configdir"_s, folder(), u"-logfile"_s,
+           folder() + u"/xorg.log"_s, u"-nolisten"_s, u"tcp"_s, u"-noreset"_s, u"-novtswitch"_s, u"-sharevts"_s,
+           u"-ac"_s},
           OwnedProgram::User::NotRoot);
     if (PrivateXServer::isReady()) {
         m_plugged = 1;
@@ -81,9 +82,9 @@ PrivateXorg::PrivateXorg()
 QList<QRect> PrivateXorg::areas() const
 {
     // " 1: +DUMMY1 800/200x600/150+1280+0  DUMMY1"
-    static const QRegularExpression line(QStringLiteral(R"((\d+)/\d+x(\d+)/\d+\+(\d+)\+(\d+))"));
-    const QString monitors = QString::fromLatin1(
-        outputOf(QStringLiteral("xrandr"), {QStringLiteral("--listactivemonitors")}, clientEnvironment()));
+    static const QRegularExpression line(uR"((\d+)/\d+x(\d+)/\d+\+(\d+)\+(\d+))"_s);
+    const QString monitors =
+        QString::fromLatin1(outputOf(u"xrandr"_s, {u"--listactivemonitors"_s}, clientEnvironment()));
     QList<QRect> result;
     for (auto match = line.globalMatch(monitors); match.hasNext();) {
         const QRegularExpressionMatch area = match.next();
@@ -95,12 +96,10 @@ QList<QRect> PrivateXorg::areas() const
 
 bool PrivateXorg::layOut() const
 {
-    QStringList arguments{QStringLiteral("--output"), outputName(0),        QStringLiteral("--mode"), kFirstMode,
-                          QStringLiteral("--pos"),    QStringLiteral("0x0")};
+    QStringList arguments{u"--output"_s, outputName(0), u"--mode"_s, kFirstMode, u"--pos"_s, u"0x0"_s};
     for (int index = 1; index < m_plugged; ++index) {
-        arguments +=
-            QStringList{QStringLiteral("--output"),   outputName(index),    QStringLiteral("--mode"), kOtherMode,
-                        QStringLiteral("--right-of"), outputName(index - 1)};
+        arguments += QStringList{u"--output"_s, outputName(index), u"--mode"_s,
+                                 kOtherMode,    u"--right-of"_s,   outputName(index - 1)};
     }
     // The second call looks at the outputs, without which a new one still counts as unplugged.
     return runXrandr(arguments) && runXrandr({});
@@ -108,14 +107,14 @@ bool PrivateXorg::layOut() const
 
 bool PrivateXorg::plugIn()
 {
-    const bool hasMode = runXrandr({QStringLiteral("--addmode"), outputName(m_plugged), kOtherMode});
+    const bool hasMode = runXrandr({u"--addmode"_s, outputName(m_plugged), kOtherMode});
     ++m_plugged;
     return hasMode && layOut();
 }
 
 bool PrivateXorg::runXrandr(const QStringList &arguments) const
 {
-    return !outputOf(QStringLiteral("xrandr"), arguments, clientEnvironment()).isNull();
+    return !outputOf(u"xrandr"_s, arguments, clientEnvironment()).isNull();
 }
 
 } // namespace quorvane

@@ -6,6 +6,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// What a process has in memory, in KiB, as the kernel counts it.
 struct ProcessMemory
 {
@@ -20,7 +22,7 @@ struct ProcessMemory
 [[nodiscard]] inline ProcessMemory memoryOf(qint64 pid)
 {
     ProcessMemory memory;
-    QFile file(QStringLiteral("/proc/%1/smaps_rollup").arg(pid));
+    QFile file(u"/proc/%1/smaps_rollup"_s.arg(pid));
     if (!file.open(QIODevice::ReadOnly)) {
         return memory;
     }
@@ -45,14 +47,14 @@ struct ProcessMemory
 /// How many file descriptors the process has open.
 [[nodiscard]] inline int descriptorsOf(qint64 pid)
 {
-    const QDir folder(QStringLiteral("/proc/%1/fd").arg(pid));
+    const QDir folder(u"/proc/%1/fd"_s.arg(pid));
     return static_cast<int>(folder.entryList(QDir::Files | QDir::System | QDir::NoDotAndDotDot).size());
 }
 
 /// The processor time that the process has used, in clock ticks.
 [[nodiscard]] inline qint64 processorTicksOf(qint64 pid)
 {
-    QFile file(QStringLiteral("/proc/%1/stat").arg(pid));
+    QFile file(u"/proc/%1/stat"_s.arg(pid));
     if (!file.open(QIODevice::ReadOnly)) {
         return -1;
     }

@@ -10,13 +10,15 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// A desktop that shows nothing and remembers what it was asked for. For tests of what stands above the seam; the
 /// desktops behind it are tested as they are.
 class RecordingDesktop final : public DesktopPicture
 {
   public:
-    [[nodiscard]] QString name() const override { return QStringLiteral("recording"); }
-    [[nodiscard]] QString reason() const override { return QStringLiteral("a test asked for it"); }
+    [[nodiscard]] QString name() const override { return u"recording"_s; }
+    [[nodiscard]] QString reason() const override { return u"a test asked for it"_s; }
     [[nodiscard]] bool endsWithTheProgram() override { return isGoneWithTheProgram; }
     [[nodiscard]] QList<Screen> screens() override { return attached; }
     [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> & /*screens*/) override
@@ -37,7 +39,7 @@ class RecordingDesktop final : public DesktopPicture
         return m_shown;
     }
 
-    QList<Screen> attached{{QStringLiteral("ONE-1"), QSize(1920, 1080)}};
+    QList<Screen> attached{{u"ONE-1"_s, QSize(1920, 1080)}};
     std::optional<QString> refusal; ///< What every screen answers.
     QString question;               ///< What it tells of before, as one does that asks the user.
     bool isGoneWithTheProgram = false;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -36,13 +38,13 @@ QSslConfiguration TestCertificates::expired()
 QSslConfiguration TestCertificates::wrongHost()
 {
     CertificateAuthority::Request request;
-    request.hosts = QStringList{QStringLiteral("DNS:elsewhere.example")};
+    request.hosts = QStringList{u"DNS:elsewhere.example"_s};
     return issued(m_authority, request);
 }
 
 QSslConfiguration TestCertificates::unknownAuthority()
 {
-    CertificateAuthority other(QStringLiteral("Nobody's authority"));
+    CertificateAuthority other(u"Nobody's authority"_s);
     return issued(other, CertificateAuthority::Request());
 }
 

@@ -3,6 +3,8 @@
 #include <QClipboard>
 #include <QMimeData>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 using GalleryView = ViewTest;
@@ -11,61 +13,61 @@ TEST_F(GalleryView, anEmptyLibrarySaysWhatToDo)
 {
     start();
     open();
-    EXPECT_TRUE(isSeen(QStringLiteral("emptyState")));
-    EXPECT_FALSE(isSeen(QStringLiteral("albumGrid")));
+    EXPECT_TRUE(isSeen(u"emptyState"_s));
+    EXPECT_FALSE(isSeen(u"albumGrid"_s));
 }
 
 TEST_F(GalleryView, anAlbumOpensItsPicturesAndAPictureOpensThePreview)
 {
-    const QString path = putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
+    const QString path = putPainting(u"one.png"_s, u"a lake"_s);
     start();
     open();
-    click(QStringLiteral("album a lake"));
-    EXPECT_EQ(textOf(find(QStringLiteral("albumTitle"))), QStringLiteral("a lake"));
-    click(QStringLiteral("tile ") + path);
-    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("preview")); }));
-    EXPECT_TRUE(waitFor([&] { return find(QStringLiteral("previewPicture"))->property("status").toInt() == 1; }));
+    click(u"album a lake"_s);
+    EXPECT_EQ(textOf(find(u"albumTitle"_s)), u"a lake"_s);
+    click(u"tile "_s + path);
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"preview"_s); }));
+    EXPECT_TRUE(waitFor([&] { return find(u"previewPicture"_s)->property("status").toInt() == 1; }));
     QTest::keyClick(window, Qt::Key_Escape);
-    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("preview")); }));
-    click(QStringLiteral("albumsButton"));
-    EXPECT_TRUE(isSeen(QStringLiteral("albumGrid")));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"preview"_s); }));
+    click(u"albumsButton"_s);
+    EXPECT_TRUE(isSeen(u"albumGrid"_s));
 }
 
 TEST_F(GalleryView, theAlbumsPromptCanBeUsedUnlessItIsNone)
 {
-    const QString known = putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
-    const QString unknown = putPainting(QStringLiteral("two.png"), QString());
+    const QString known = putPainting(u"one.png"_s, u"a lake"_s);
+    const QString unknown = putPainting(u"two.png"_s, QString());
     start().toggleFavorite(known);
     open();
     for (const char *special : {"Favorites", "Uncategorized"}) {
-        click(QStringLiteral("album ") + QLatin1String(special));
-        EXPECT_FALSE(isSeen(QStringLiteral("usePromptButton"))) << special;
-        click(QStringLiteral("albumsButton"));
+        click(u"album "_s + QLatin1String(special));
+        EXPECT_FALSE(isSeen(u"usePromptButton"_s)) << special;
+        click(u"albumsButton"_s);
     }
-    click(QStringLiteral("album a lake"));
-    click(QStringLiteral("usePromptButton"));
-    EXPECT_EQ(manager->prompt(), QStringLiteral("a lake"));
-    EXPECT_EQ(textOf(find(QStringLiteral("promptEditor"))), QStringLiteral("a lake"));
+    click(u"album a lake"_s);
+    click(u"usePromptButton"_s);
+    EXPECT_EQ(manager->prompt(), u"a lake"_s);
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a lake"_s);
 }
 
 TEST_F(GalleryView, theActionsOfATileAppearUnderThePointerButNeverTheTrash)
 {
-    const QString path = putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
+    const QString path = putPainting(u"one.png"_s, u"a lake"_s);
     start();
     open();
-    click(QStringLiteral("album a lake"));
-    ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("tile ") + path); }));
-    const QQuickItem *tile = find(QStringLiteral("tile ") + path);
+    click(u"album a lake"_s);
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"tile "_s + path); }));
+    const QQuickItem *tile = find(u"tile "_s + path);
     EXPECT_TRUE(waitFor([&] { return tile->width() >= 220; }));
     // The pointer comes in anywhere: a grid of places over the whole tile.
     for (int x = 4; x < 220; x += 24) {
         for (int y = 4; y < 170; y += 16) {
             hover(QPoint(2, 2));
-            ASSERT_FALSE(isSeen(QStringLiteral("trash")));
+            ASSERT_FALSE(isSeen(u"trash"_s));
             const QPoint place = tile->mapToScene(QPointF(x, y)).toPoint();
             hover(place);
-            ASSERT_TRUE(isSeen(QStringLiteral("trash"))) << x << ' ' << y;
-            const QQuickItem *trash = find(QStringLiteral("trash"));
+            ASSERT_TRUE(isSeen(u"trash"_s)) << x << ' ' << y;
+            const QQuickItem *trash = find(u"trash"_s);
             ASSERT_FALSE(trash->contains(trash->mapFromScene(place))) << x << ' ' << y;
         }
     }
@@ -73,118 +75,118 @@ TEST_F(GalleryView, theActionsOfATileAppearUnderThePointerButNeverTheTrash)
 
 TEST_F(GalleryView, aTileAppliesFavoursAndDeletes)
 {
-    const QString path = putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
-    const QString kept = putPainting(QStringLiteral("two.png"), QStringLiteral("a hill"));
+    const QString path = putPainting(u"one.png"_s, u"a lake"_s);
+    const QString kept = putPainting(u"two.png"_s, u"a hill"_s);
     start();
     open();
-    click(QStringLiteral("album a lake"));
-    ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("tile ") + path); }));
-    hover(middleOf(find(QStringLiteral("tile ") + path)));
-    click(QStringLiteral("apply"));
+    click(u"album a lake"_s);
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"tile "_s + path); }));
+    hover(middleOf(find(u"tile "_s + path)));
+    click(u"apply"_s);
     manager->waitUntilIdle();
     EXPECT_EQ(desktop.shown(), QStringList{path});
-    EXPECT_FALSE(isSeen(QStringLiteral("preview")));
+    EXPECT_FALSE(isSeen(u"preview"_s));
 
-    click(QStringLiteral("star"));
-    EXPECT_TRUE(manager->favorites().contains(QStringLiteral("one.png")));
-    click(QStringLiteral("trash"));
+    click(u"star"_s);
+    EXPECT_TRUE(manager->favorites().contains(u"one.png"_s));
+    click(u"trash"_s);
     manager->waitUntilIdle();
     EXPECT_EQ(manager->history(), QStringList{kept});
     // The album is gone, and with it its page.
-    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("albumGrid")); }));
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"albumGrid"_s); }));
 }
 
 TEST_F(GalleryView, keysOpenMoveFavourAndDelete)
 {
-    const QString older = putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
-    const QString newer = putPainting(QStringLiteral("two.png"), QStringLiteral("a lake"));
+    const QString older = putPainting(u"one.png"_s, u"a lake"_s);
+    const QString newer = putPainting(u"two.png"_s, u"a lake"_s);
     start();
     open();
-    ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("album a lake")); }));
-    find(QStringLiteral("albumGrid"))->forceActiveFocus();
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"album a lake"_s); }));
+    find(u"albumGrid"_s)->forceActiveFocus();
     QTest::keyClick(window, Qt::Key_Return);
-    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("imageGrid"))->hasActiveFocus(); }));
+    ASSERT_TRUE(waitFor([&] { return find(u"imageGrid"_s)->hasActiveFocus(); }));
     const QString first = manager->history().first();
     const QString second = manager->history().last();
-    ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("tile ") + second); }));
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"tile "_s + second); }));
     QTest::keyClick(window, Qt::Key_Right);
     QTest::keyClick(window, Qt::Key_F);
     EXPECT_TRUE(manager->favorites().contains(imageName(second)));
     manager->waitUntilIdle();
     QTest::keyClick(window, Qt::Key_Space);
-    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("preview")); }));
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"preview"_s); }));
     QTest::keyClick(window, Qt::Key_Escape);
-    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("preview")); }));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"preview"_s); }));
     QTest::keyClick(window, Qt::Key_Delete);
     manager->waitUntilIdle();
     EXPECT_EQ(manager->history().size(), 1);
     QTest::keyClick(window, Qt::Key_Escape);
-    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("albumGrid")); }));
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"albumGrid"_s); }));
 }
 
 TEST_F(GalleryView, aPictureThatAnotherProgramPutsThereAppears)
 {
     start();
     open();
-    ASSERT_TRUE(isSeen(QStringLiteral("emptyState")));
-    (void)putPainting(QStringLiteral("new.png"), QString());
-    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("album Uncategorized")); }));
+    ASSERT_TRUE(isSeen(u"emptyState"_s));
+    (void)putPainting(u"new.png"_s, QString());
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"album Uncategorized"_s); }));
 }
 
 TEST_F(GalleryView, aBrokenPictureKeepsItsPlaceholder)
 {
-    const QString path = putImage(QStringLiteral("broken.png"));
+    const QString path = putImage(u"broken.png"_s);
     start();
     open();
-    click(QStringLiteral("album Uncategorized"));
-    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("tile ") + path); }));
-    click(QStringLiteral("tile ") + path);
-    click(QStringLiteral("fullScreenButton"));
+    click(u"album Uncategorized"_s);
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"tile "_s + path); }));
+    click(u"tile "_s + path);
+    click(u"fullScreenButton"_s);
     for (const QWindow *each : QGuiApplication::topLevelWindows()) {
-        EXPECT_FALSE(each->objectName() == QLatin1String("viewer") && each->isVisible());
+        EXPECT_FALSE(each->objectName() == "viewer"_L1 && each->isVisible());
     }
 }
 
 TEST_F(GalleryView, theContextMenuOfATileCopiesAndDoesWhatTheTileDoes)
 {
-    const QString path = putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
+    const QString path = putPainting(u"one.png"_s, u"a lake"_s);
     start();
     open();
-    click(QStringLiteral("album a lake"));
-    ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("tile ") + path); }));
-    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(find(QStringLiteral("tile ") + path)));
-    ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("menuCopy")); }));
-    EXPECT_TRUE(isSeen(QStringLiteral("menuShowInFiles")));
-    EXPECT_FALSE(isSeen(QStringLiteral("preview")));
-    click(QStringLiteral("menuCopy"));
+    click(u"album a lake"_s);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"tile "_s + path); }));
+    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(find(u"tile "_s + path)));
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"menuCopy"_s); }));
+    EXPECT_TRUE(isSeen(u"menuShowInFiles"_s));
+    EXPECT_FALSE(isSeen(u"preview"_s));
+    click(u"menuCopy"_s);
     const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
     EXPECT_EQ(copied->urls(), QList<QUrl>{QUrl::fromLocalFile(path)});
     EXPECT_EQ(copied->imageData().value<QImage>().size(), QSize(480, 300));
-    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("menuCopy")); }));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"menuCopy"_s); }));
 
-    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(find(QStringLiteral("tile ") + path)));
-    click(QStringLiteral("menuFavorite"));
-    EXPECT_TRUE(manager->favorites().contains(QStringLiteral("one.png")));
+    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(find(u"tile "_s + path)));
+    click(u"menuFavorite"_s);
+    EXPECT_TRUE(manager->favorites().contains(u"one.png"_s));
 }
 
 TEST_F(GalleryView, theKeyboardOpensTheContextMenuAndChoosesFromIt)
 {
-    const QString path = putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
+    const QString path = putPainting(u"one.png"_s, u"a lake"_s);
     start();
     open();
-    click(QStringLiteral("album a lake"));
-    ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("tile ") + path); }));
-    find(QStringLiteral("imageGrid"))->forceActiveFocus();
+    click(u"album a lake"_s);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"tile "_s + path); }));
+    find(u"imageGrid"_s)->forceActiveFocus();
     for (const auto &[key, modifier] : {std::pair{Qt::Key_Menu, Qt::NoModifier}, {Qt::Key_F10, Qt::ShiftModifier}}) {
-        ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("imageGrid"))->hasActiveFocus(); }));
+        ASSERT_TRUE(waitFor([&] { return find(u"imageGrid"_s)->hasActiveFocus(); }));
         QTest::keyClick(window, key, modifier);
-        ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("menuApply")); })) << key;
+        ASSERT_TRUE(waitFor([&] { return isReachable(u"menuApply"_s); })) << key;
         QTest::keyClick(window, Qt::Key_Escape);
-        ASSERT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("menuApply")); })) << key;
-        EXPECT_FALSE(isSeen(QStringLiteral("albumGrid"))) << key;
+        ASSERT_TRUE(waitFor([&] { return !isSeen(u"menuApply"_s); })) << key;
+        EXPECT_FALSE(isSeen(u"albumGrid"_s)) << key;
     }
     QTest::keyClick(window, Qt::Key_Menu);
-    ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("menuApply")); }));
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"menuApply"_s); }));
     QTest::keyClick(window, Qt::Key_Down);
     QTest::keyClick(window, Qt::Key_Return);
     manager->waitUntilIdle();
@@ -194,55 +196,55 @@ TEST_F(GalleryView, theKeyboardOpensTheContextMenuAndChoosesFromIt)
 TEST_F(GalleryView, toggledAndNewPicturesLeaveThePlaceAndTheTilesAsTheyAre)
 {
     for (int number = 0; number < 60; ++number) {
-        (void)putPainting(QStringLiteral("%1.png").arg(number), QStringLiteral("a lake"), {32, 20});
+        (void)putPainting(u"%1.png"_s.arg(number), u"a lake"_s, {32, 20});
     }
     start();
     open();
-    click(QStringLiteral("album a lake"));
-    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("imageGrid"))->property("count").toInt() == 60; }));
-    QQuickItem *grid = find(QStringLiteral("imageGrid"));
+    click(u"album a lake"_s);
+    ASSERT_TRUE(waitFor([&] { return find(u"imageGrid"_s)->property("count").toInt() == 60; }));
+    QQuickItem *grid = find(u"imageGrid"_s);
     grid->setProperty("contentY", 2000);
     const QString shown = manager->history().at(30);
-    ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("tile ") + shown); }));
-    const QQuickItem *tile = find(QStringLiteral("tile ") + shown);
-    (void)putPainting(QStringLiteral("new.png"), QStringLiteral("another lake"), {32, 20});
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"tile "_s + shown); }));
+    const QQuickItem *tile = find(u"tile "_s + shown);
+    (void)putPainting(u"new.png"_s, u"another lake"_s, {32, 20});
     manager->toggleFavorite(manager->history().at(0));
     manager->refreshHistory();
     EXPECT_TRUE(waitFor([&] { return manager->history().size() == 61; }));
-    EXPECT_TRUE(waitFor([&] { return find(QStringLiteral("albumGrid"))->property("count").toInt() == 3; }));
+    EXPECT_TRUE(waitFor([&] { return find(u"albumGrid"_s)->property("count").toInt() == 3; }));
     EXPECT_EQ(grid->property("contentY").toInt(), 2000);
-    EXPECT_EQ(find(QStringLiteral("tile ") + shown), tile);
+    EXPECT_EQ(find(u"tile "_s + shown), tile);
 }
 
 TEST_F(GalleryView, fortyAlbumsScrollByKeyboardToTheLast)
 {
     for (int number = 0; number < 40; ++number) {
-        (void)putPainting(QStringLiteral("%1.png").arg(number), QStringLiteral("prompt %1").arg(number), {32, 20});
+        (void)putPainting(u"%1.png"_s.arg(number), u"prompt %1"_s.arg(number), {32, 20});
     }
     start();
     open();
-    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("albumGrid"))->property("count").toInt() == 40; }));
-    find(QStringLiteral("albumGrid"))->forceActiveFocus();
+    ASSERT_TRUE(waitFor([&] { return find(u"albumGrid"_s)->property("count").toInt() == 40; }));
+    find(u"albumGrid"_s)->forceActiveFocus();
     for (int step = 0; step < 40; ++step) {
         QTest::keyClick(window, Qt::Key_Right);
     }
-    EXPECT_EQ(find(QStringLiteral("albumGrid"))->property("currentIndex").toInt(), 39);
+    EXPECT_EQ(find(u"albumGrid"_s)->property("currentIndex").toInt(), 39);
     QTest::keyClick(window, Qt::Key_Return);
-    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("imageGrid")); }));
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"imageGrid"_s); }));
 }
 
 TEST_F(GalleryView, aLongPromptIsCutAndTheWholeTextIsItsToolTip)
 {
-    const QString prompt = QStringLiteral("a quiet mountain lake at dawn with mist ").repeated(8).trimmed();
-    const QString path = putPainting(QStringLiteral("one.png"), prompt);
+    const QString prompt = u"a quiet mountain lake at dawn with mist "_s.repeated(8).trimmed();
+    const QString path = putPainting(u"one.png"_s, prompt);
     start();
     open();
-    click(QStringLiteral("album ") + prompt);
-    ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("tile ") + path); }));
-    EXPECT_TRUE(find(QStringLiteral("albumTitle"))->property("truncated").toBool());
-    hover(middleOf(find(QStringLiteral("albumTitle"))));
-    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("toolTip")); }));
-    EXPECT_EQ(textOf(find(QStringLiteral("toolTip"))), prompt);
+    click(u"album "_s + prompt);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"tile "_s + path); }));
+    EXPECT_TRUE(find(u"albumTitle"_s)->property("truncated").toBool());
+    hover(middleOf(find(u"albumTitle"_s)));
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"toolTip"_s); }));
+    EXPECT_EQ(textOf(find(u"toolTip"_s)), prompt);
 }
 
 } // namespace quorvane

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class PreviewView : public ViewTest
@@ -16,33 +18,33 @@ class PreviewView : public ViewTest
     void openFirst()
     {
         for (const char *name : {"one.png", "two.png", "three.png"}) {
-            (void)putPainting(QLatin1String(name), QStringLiteral("a lake"));
+            (void)putPainting(QLatin1String(name), u"a lake"_s);
         }
-        Keychain::save(QStringLiteral("KEY"), QStringLiteral("gemini"));
+        Keychain::save(u"KEY"_s, u"gemini"_s);
         start();
         open();
-        click(QStringLiteral("album a lake"));
-        click(QStringLiteral("tile ") + manager->history().first());
-        ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("preview")); }));
+        click(u"album a lake"_s);
+        click(u"tile "_s + manager->history().first());
+        ASSERT_TRUE(waitFor([&] { return isSeen(u"preview"_s); }));
     }
     [[nodiscard]] bool canGo(const char *side) const { return find(QLatin1String(side))->isEnabled(); }
 };
 
 TEST_F(PreviewView, itStepsThroughTheAlbumAndNothingElse)
 {
-    (void)putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
-    const QString hill = putPainting(QStringLiteral("two.png"), QStringLiteral("a hill"));
-    (void)putPainting(QStringLiteral("three.png"), QStringLiteral("a sea"));
+    (void)putPainting(u"one.png"_s, u"a lake"_s);
+    const QString hill = putPainting(u"two.png"_s, u"a hill"_s);
+    (void)putPainting(u"three.png"_s, u"a sea"_s);
     start();
     open();
-    click(QStringLiteral("album a hill"));
-    click(QStringLiteral("tile ") + hill);
-    ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("preview")); }));
+    click(u"album a hill"_s);
+    click(u"tile "_s + hill);
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"preview"_s); }));
     EXPECT_FALSE(canGo("leftButton"));
     EXPECT_FALSE(canGo("rightButton"));
     QTest::keyClick(window, Qt::Key_Right);
     QTest::keyClick(window, Qt::Key_Left);
-    click(QStringLiteral("setButton"));
+    click(u"setButton"_s);
     manager->waitUntilIdle();
     EXPECT_EQ(desktop.shown(), QStringList{hill});
 }
@@ -55,123 +57,123 @@ TEST_F(PreviewView, arrowsStepThroughTheListAndStopAtItsEnds)
     EXPECT_TRUE(canGo("rightButton"));
     QTest::keyClick(window, Qt::Key_Right);
     EXPECT_TRUE(canGo("leftButton"));
-    click(QStringLiteral("rightButton"));
+    click(u"rightButton"_s);
     EXPECT_FALSE(canGo("rightButton"));
     QTest::keyClick(window, Qt::Key_Right);
     EXPECT_FALSE(canGo("rightButton"));
-    click(QStringLiteral("leftButton"));
+    click(u"leftButton"_s);
     EXPECT_TRUE(canGo("rightButton"));
 }
 
 TEST_F(PreviewView, itsButtonsSetFavourAndUseThePrompt)
 {
     openFirst();
-    click(QStringLiteral("setButton"));
+    click(u"setButton"_s);
     manager->waitUntilIdle();
     EXPECT_EQ(desktop.shown(), QStringList{manager->history().first()});
-    EXPECT_EQ(textOf(find(QStringLiteral("favoriteButton"))), QStringLiteral("Favorite"));
-    click(QStringLiteral("favoriteButton"));
-    EXPECT_EQ(textOf(find(QStringLiteral("favoriteButton"))), QStringLiteral("Unfavorite"));
+    EXPECT_EQ(textOf(find(u"favoriteButton"_s)), u"Favorite"_s);
+    click(u"favoriteButton"_s);
+    EXPECT_EQ(textOf(find(u"favoriteButton"_s)), u"Unfavorite"_s);
     EXPECT_EQ(manager->favorites().size(), 1);
-    click(QStringLiteral("previewUsePromptButton"));
-    EXPECT_EQ(manager->prompt(), QStringLiteral("a lake"));
-    EXPECT_EQ(textOf(find(QStringLiteral("promptEditor"))), QStringLiteral("a lake"));
-    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("preview")); }));
+    click(u"previewUsePromptButton"_s);
+    EXPECT_EQ(manager->prompt(), u"a lake"_s);
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a lake"_s);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"preview"_s); }));
 }
 
 TEST_F(PreviewView, anEnlargedPictureTakesThePlaceOfItsOriginal)
 {
-    service.setPictureMaker([](const QString &, QSize) { return paintPicture(QStringLiteral("4K"), {640, 400}); });
-    store(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+    service.setPictureMaker([](const QString &, QSize) { return paintPicture(u"4K"_s, {640, 400}); });
+    store(SettingsKeys::kUpscaleMethod, u"local"_s);
     localUpscale = [](QByteArray image, std::stop_token,
                       std::function<void(UpscaleProgress)> progress) -> QCoro::Task<UpscaledImage> {
         progress({1, 4, std::chrono::seconds(90)});
-        co_return UpscaledImage{image, QStringLiteral("png")};
+        co_return UpscaledImage{image, u"png"_s};
     };
     openFirst();
-    ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("upscaleButton")); }));
-    EXPECT_FALSE(isSeen(QStringLiteral("originalButton")));
-    click(QStringLiteral("upscaleButton"));
-    EXPECT_TRUE(isSeen(QStringLiteral("upscalingNotice")));
-    EXPECT_FALSE(isSeen(QStringLiteral("upscaleButton")));
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"upscaleButton"_s); }));
+    EXPECT_FALSE(isSeen(u"originalButton"_s));
+    click(u"upscaleButton"_s);
+    EXPECT_TRUE(isSeen(u"upscalingNotice"_s));
+    EXPECT_FALSE(isSeen(u"upscaleButton"_s));
     manager->waitUntilIdle();
-    EXPECT_FALSE(isSeen(QStringLiteral("upscalingNotice")));
-    ASSERT_TRUE(waitFor([&] { return isSeen(QStringLiteral("originalButton")); }));
-    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("upscaleButton")); }));
-    click(QStringLiteral("originalButton"));
-    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("originalButton")); }));
+    EXPECT_FALSE(isSeen(u"upscalingNotice"_s));
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"originalButton"_s); }));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"upscaleButton"_s); }));
+    click(u"originalButton"_s);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"originalButton"_s); }));
 }
 
 TEST_F(PreviewView, theCloseButtonCloses)
 {
     openFirst();
-    click(QStringLiteral("closeButton"));
-    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("preview")); }));
+    click(u"closeButton"_s);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"preview"_s); }));
 }
 
 TEST_F(PreviewView, itsKeysWorkWhateverHasTheFocus)
 {
     openFirst();
-    click(QStringLiteral("promptEditor"));
-    type(QStringLiteral("ab"));
+    click(u"promptEditor"_s);
+    type(u"ab"_s);
     QTest::keyClick(window, Qt::Key_Right);
     EXPECT_TRUE(canGo("leftButton"));
     QTest::keyClick(window, Qt::Key_Left, Qt::ControlModifier);
     EXPECT_FALSE(canGo("leftButton"));
     // Other keys stay with the editor, and its cursor where it was.
-    type(QStringLiteral("c"));
-    EXPECT_EQ(manager->prompt(), QStringLiteral("abc"));
-    click(QStringLiteral("fourKToggle"));
+    type(u"c"_s);
+    EXPECT_EQ(manager->prompt(), u"abc"_s);
+    click(u"fourKToggle"_s);
     QTest::keyClick(window, Qt::Key_Right);
     EXPECT_TRUE(canGo("leftButton"));
-    click(QStringLiteral("promptEditor"));
+    click(u"promptEditor"_s);
     QTest::keyClick(window, Qt::Key_Escape);
-    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("preview")); }));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"preview"_s); }));
     // The gallery's album is still open: the preview took that key alone.
-    EXPECT_TRUE(isSeen(QStringLiteral("albumsButton")));
+    EXPECT_TRUE(isSeen(u"albumsButton"_s));
 }
 
 TEST_F(PreviewView, withoutItTheEditorHasItsArrows)
 {
     openFirst();
     QTest::keyClick(window, Qt::Key_Escape);
-    ASSERT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("preview")); }));
-    click(QStringLiteral("promptEditor"));
-    type(QStringLiteral("ab"));
+    ASSERT_TRUE(waitFor([&] { return !isSeen(u"preview"_s); }));
+    click(u"promptEditor"_s);
+    type(u"ab"_s);
     QTest::keyClick(window, Qt::Key_Left);
-    type(QStringLiteral("c"));
-    EXPECT_EQ(manager->prompt(), QStringLiteral("acb"));
+    type(u"c"_s);
+    EXPECT_EQ(manager->prompt(), u"acb"_s);
 }
 
 TEST_F(PreviewView, aListThatHasDroppedDownKeepsItsKeys)
 {
     openFirst();
     manager->setAutoEnabled(true);
-    click(QStringLiteral("intervalPicker"));
-    const auto *list = find(QStringLiteral("intervalPicker"))->property("popup").value<QObject *>();
+    click(u"intervalPicker"_s);
+    const auto *list = find(u"intervalPicker"_s)->property("popup").value<QObject *>();
     ASSERT_TRUE(waitFor([&] { return list->property("visible").toBool(); }));
     QTest::keyClick(window, Qt::Key_Escape);
     EXPECT_TRUE(waitFor([&] { return !list->property("visible").toBool(); }));
-    EXPECT_TRUE(find(QStringLiteral("preview"))->isEnabled());
+    EXPECT_TRUE(find(u"preview"_s)->isEnabled());
     QTest::keyClick(window, Qt::Key_Escape);
-    EXPECT_FALSE(find(QStringLiteral("preview"))->isEnabled());
+    EXPECT_FALSE(find(u"preview"_s)->isEnabled());
 }
 
 TEST_F(PreviewView, itsContextMenuCopiesThePictureThatIsShown)
 {
     openFirst();
-    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(find(QStringLiteral("previewPicture"))));
-    click(QStringLiteral("menuCopy"));
+    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(find(u"previewPicture"_s)));
+    click(u"menuCopy"_s);
     const QList<QUrl> copied = QGuiApplication::clipboard()->mimeData()->urls();
     EXPECT_EQ(copied, QList<QUrl>{QUrl::fromLocalFile(manager->history().first())});
-    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("menuCopy")); }));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"menuCopy"_s); }));
     QTest::keyClick(window, Qt::Key_F10, Qt::ShiftModifier);
-    ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("menuCopy")); }));
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"menuCopy"_s); }));
     // What the preview's buttons offer is not said twice.
-    EXPECT_FALSE(isSeen(QStringLiteral("menuDelete")));
+    EXPECT_FALSE(isSeen(u"menuDelete"_s));
     QTest::keyClick(window, Qt::Key_Escape);
-    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("menuCopy")); }));
-    EXPECT_TRUE(isSeen(QStringLiteral("preview")));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"menuCopy"_s); }));
+    EXPECT_TRUE(isSeen(u"preview"_s));
 }
 
 TEST_F(PreviewView, buttonsThatDoNotFitOnOneLineAreInTheMiddleOfTheNext)

@@ -10,6 +10,8 @@
 #include <QFontInfo>
 #include <QPromise>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -60,7 +62,7 @@ class Screenshot : public ViewTest
         const QImage image = window->grabWindow();
         const QString folder = qEnvironmentVariable("QUORVANE_SCREENSHOTS");
         if (!folder.isEmpty()) {
-            EXPECT_TRUE(image.save(folder + QLatin1Char('/') + name + QStringLiteral(".png")));
+            EXPECT_TRUE(image.save(folder + '/'_L1 + name + u".png"_s));
         }
         return image;
     }
@@ -80,7 +82,7 @@ class Screenshot : public ViewTest
     /// Waits until the window looks as it did.
     void looksLike(const QString &name)
     {
-        const QString path = QStringLiteral("%1/windows/%2.png").arg(QLatin1String(QUORVANE_TEST_DATA), name);
+        const QString path = u"%1/windows/%2.png"_s.arg(QLatin1String(QUORVANE_TEST_DATA), name);
         const auto small = [this] {
             return window->grabWindow()
                 .scaled(kSmall, Qt::KeepAspectRatio, Qt::SmoothTransformation)
@@ -106,32 +108,32 @@ class Screenshot : public ViewTest
         const std::array prompts{"northern lights over a frozen lake", "desert dunes under stars",
                                  "misty mountains at dawn"};
         for (int number = 0; number < 5; ++number) {
-            (void)putPainting(QStringLiteral("picture-%1.png").arg(number),
-                              QLatin1String(prompts[std::size_t(std::min(number, 2))]), {480, 270});
+            (void)putPainting(u"picture-%1.png"_s.arg(number), QLatin1String(prompts[std::size_t(std::min(number, 2))]),
+                              {480, 270});
         }
-        Keychain::save(QStringLiteral("KEY-KEY-KEY"), QStringLiteral("gemini"));
-        ImageStore::saveFavorite(QStringLiteral("picture-1.png"));
-        store(SettingsKeys::kLastPrompt, QStringLiteral("misty mountains at dawn"));
+        Keychain::save(u"KEY-KEY-KEY"_s, u"gemini"_s);
+        ImageStore::saveFavorite(u"picture-1.png"_s);
+        store(SettingsKeys::kLastPrompt, u"misty mountains at dawn"_s);
         start();
     }
 
     void compareAll(const QString &theme)
     {
-        if (QFontInfo(QGuiApplication::font()).family() != QLatin1String("DejaVu Sans") ||
+        if (QFontInfo(QGuiApplication::font()).family() != "DejaVu Sans"_L1 ||
             qEnvironmentVariableIsSet("QT_SCALE_FACTOR")) {
             GTEST_SKIP() << "the pictures show DejaVu Sans at scale 1";
         }
         prepare();
         open();
-        looksLike(theme + QStringLiteral("-small-albums"));
-        click(QStringLiteral("album misty mountains at dawn"));
-        looksLike(theme + QStringLiteral("-small-album"));
-        click(QStringLiteral("tile ") + manager->history().first());
-        looksLike(theme + QStringLiteral("-small-preview"));
-        open(QStringLiteral("SettingsWindow"));
-        looksLike(theme + QStringLiteral("-small-keys"));
-        click(QStringLiteral("advancedTab"));
-        looksLike(theme + QStringLiteral("-small-advanced"));
+        looksLike(theme + u"-small-albums"_s);
+        click(u"album misty mountains at dawn"_s);
+        looksLike(theme + u"-small-album"_s);
+        click(u"tile "_s + manager->history().first());
+        looksLike(theme + u"-small-preview"_s);
+        open(u"SettingsWindow"_s);
+        looksLike(theme + u"-small-keys"_s);
+        click(u"advancedTab"_s);
+        looksLike(theme + u"-small-advanced"_s);
     }
 
     void takeAll(const QString &theme)
@@ -143,67 +145,67 @@ class Screenshot : public ViewTest
             progress({3, 12, std::chrono::seconds(90)});
             QFuture<void> end = ends.future();
             co_await EndOf(std::move(end));
-            co_return UpscaledImage{image, QStringLiteral("png")};
+            co_return UpscaledImage{image, u"png"_s};
         };
-        store(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+        store(SettingsKeys::kUpscaleMethod, u"local"_s);
         start();
         manager->toggleFavorite(manager->history().value(1));
         manager->toggleFavorite(manager->history().value(4));
         manager->waitUntilIdle();
         open();
         settle();
-        take(theme + QStringLiteral("-albums"));
+        take(theme + u"-albums"_s);
         window->setProperty("trayShown", false);
-        click(QStringLiteral("menuButton"));
+        click(u"menuButton"_s);
         settle();
-        take(theme + QStringLiteral("-menu"));
+        take(theme + u"-menu"_s);
         QTest::keyClick(window, Qt::Key_Escape);
         window->setProperty("trayShown", true);
-        click(QStringLiteral("album misty mountains at dawn"));
+        click(u"album misty mountains at dawn"_s);
         settle();
-        hover(middleOf(find(QStringLiteral("imageGrid"))) - QPoint(150, 150));
+        hover(middleOf(find(u"imageGrid"_s)) - QPoint(150, 150));
         settle();
-        take(theme + QStringLiteral("-album"));
+        take(theme + u"-album"_s);
         // One that is not enlarged yet, although this may be the second round.
         const QString path = manager->history().at(2);
-        ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("tile ") + path); }));
-        QTest::mouseClick(window, Qt::RightButton, {}, middleOf(find(QStringLiteral("tile ") + path)));
+        ASSERT_TRUE(waitFor([&] { return isReachable(u"tile "_s + path); }));
+        QTest::mouseClick(window, Qt::RightButton, {}, middleOf(find(u"tile "_s + path)));
         settle();
-        take(theme + QStringLiteral("-context"));
+        take(theme + u"-context"_s);
         QTest::keyClick(window, Qt::Key_Escape);
-        click(QStringLiteral("tile ") + path);
+        click(u"tile "_s + path);
         settle();
-        take(theme + QStringLiteral("-preview"));
-        click(QStringLiteral("upscaleButton"));
+        take(theme + u"-preview"_s);
+        click(u"upscaleButton"_s);
         settle();
-        take(theme + QStringLiteral("-preview-upscaling"));
+        take(theme + u"-preview-upscaling"_s);
         QTest::keyClick(window, Qt::Key_Escape);
         settle();
-        take(theme + QStringLiteral("-album-upscaling"));
-        click(QStringLiteral("tile ") + path);
+        take(theme + u"-album-upscaling"_s);
+        click(u"tile "_s + path);
         ends.finish();
         manager->waitUntilIdle();
         settle();
-        take(theme + QStringLiteral("-preview-upscaled"));
+        take(theme + u"-preview-upscaled"_s);
         QTest::keyClick(window, Qt::Key_Escape);
-        open(QStringLiteral("SettingsWindow"));
+        open(u"SettingsWindow"_s);
         settle();
-        take(theme + QStringLiteral("-keys"));
-        click(QStringLiteral("advancedTab"));
+        take(theme + u"-keys"_s);
+        click(u"advancedTab"_s);
         settle();
-        take(theme + QStringLiteral("-advanced"));
+        take(theme + u"-advanced"_s);
     }
 };
 
 TEST_F(Screenshot, theViewsLookAsTheyDidInTheLight)
 {
-    compareAll(QStringLiteral("light"));
+    compareAll(u"light"_s);
 }
 
 TEST_F(Screenshot, theViewsLookAsTheyDidInTheDark)
 {
     QGuiApplication::setPalette(palette(QColor(30, 30, 30), Qt::white));
-    compareAll(QStringLiteral("dark"));
+    compareAll(u"dark"_s);
 }
 
 TEST_F(Screenshot, fromRightToLeftTheSidebarIsOnTheRight)
@@ -212,20 +214,19 @@ TEST_F(Screenshot, fromRightToLeftTheSidebarIsOnTheRight)
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     open();
     settle();
-    take(QStringLiteral("right-to-left-albums"));
-    EXPECT_GT(middleOf(find(QStringLiteral("generateButton"))).x(), 680);
-    EXPECT_LT(middleOf(find(QStringLiteral("albumGrid"))).x(), 680);
-    click(QStringLiteral("album misty mountains at dawn"));
-    ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("tile ") + manager->history().first()); }));
+    take(u"right-to-left-albums"_s);
+    EXPECT_GT(middleOf(find(u"generateButton"_s)).x(), 680);
+    EXPECT_LT(middleOf(find(u"albumGrid"_s)).x(), 680);
+    click(u"album misty mountains at dawn"_s);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"tile "_s + manager->history().first()); }));
     // What leads on and back changes sides, too.
-    EXPECT_GT(middleOf(find(QStringLiteral("albumsButton"))).x(),
-              middleOf(find(QStringLiteral("usePromptButton"))).x());
+    EXPECT_GT(middleOf(find(u"albumsButton"_s)).x(), middleOf(find(u"usePromptButton"_s)).x());
     settle();
-    take(QStringLiteral("right-to-left-album"));
-    open(QStringLiteral("SettingsWindow"));
+    take(u"right-to-left-album"_s);
+    open(u"SettingsWindow"_s);
     settle();
-    take(QStringLiteral("right-to-left-keys"));
-    EXPECT_GT(middleOf(find(QStringLiteral("geminiField"))).x(), middleOf(find(QStringLiteral("geminiSave"))).x());
+    take(u"right-to-left-keys"_s);
+    EXPECT_GT(middleOf(find(u"geminiField"_s)).x(), middleOf(find(u"geminiSave"_s)).x());
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
@@ -234,14 +235,14 @@ TEST_F(Screenshot, theWindowFollowsTheSystemsPaletteAtOnce)
     start();
     open();
     const QPoint page(700, 600);
-    const QImage light = take(QStringLiteral("light-empty"));
+    const QImage light = take(u"light-empty"_s);
     EXPECT_GT(light.pixelColor(page * light.devicePixelRatio()).lightness(), 200);
     QGuiApplication::setPalette(palette(QColor(30, 30, 30), Qt::white));
     EXPECT_TRUE(waitFor([&] {
         const QImage dark = window->grabWindow();
         return dark.pixelColor(page * dark.devicePixelRatio()).lightness() < 60;
     }));
-    take(QStringLiteral("dark-empty"));
+    take(u"dark-empty"_s);
 }
 
 TEST_F(Screenshot, forTheEye)
@@ -258,18 +259,18 @@ TEST_F(Screenshot, forTheEye)
     int number = 0;
     for (const char *prompt : prompts) {
         for (int each = 0; each < (number > 10 ? 7 : 3); ++each) {
-            (void)putPainting(QStringLiteral("picture-%1.png").arg(number++),
-                              QLatin1String(prompt) + QString(each, QLatin1Char(' ')).left(0), {960, 540});
+            (void)putPainting(u"picture-%1.png"_s.arg(number++), QLatin1String(prompt) + QString(each, ' '_L1).left(0),
+                              {960, 540});
         }
     }
-    Keychain::save(QStringLiteral("KEY-KEY-KEY"), QStringLiteral("gemini"));
-    store(SettingsKeys::kLastPrompt, QStringLiteral("misty mountains at dawn, soft light, wide valley"));
+    Keychain::save(u"KEY-KEY-KEY"_s, u"gemini"_s);
+    store(SettingsKeys::kLastPrompt, u"misty mountains at dawn, soft light, wide valley"_s);
     store(SettingsKeys::kFourKEnabled, true);
     store(SettingsKeys::kAutoEnabled, true);
-    takeAll(QStringLiteral("light"));
+    takeAll(u"light"_s);
     QGuiApplication::setPalette(palette(QColor(30, 30, 30), Qt::white));
-    store(SettingsKeys::kProviderOverride, QStringLiteral("grok"));
-    takeAll(QStringLiteral("dark"));
+    store(SettingsKeys::kProviderOverride, u"grok"_s);
+    takeAll(u"dark"_s);
 }
 
 } // namespace quorvane

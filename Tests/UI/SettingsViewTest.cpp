@@ -2,6 +2,8 @@
 
 #include <QAccessible>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class SettingsView : public ViewTest
@@ -10,7 +12,7 @@ class SettingsView : public ViewTest
     void openSettings()
     {
         start();
-        ASSERT_NE(open(QStringLiteral("SettingsWindow")), nullptr);
+        ASSERT_NE(open(u"SettingsWindow"_s), nullptr);
     }
     [[nodiscard]] QString label(const char *button) const { return textOf(find(QLatin1String(button))); }
 };
@@ -21,82 +23,81 @@ TEST_F(SettingsView, withoutKeysTheFieldsAreEmptyAndNothingCanBeSaved)
     EXPECT_EQ(window->size(), QSize(500, 440));
     for (const char *id : {"gemini", "grok", "openai"}) {
         EXPECT_EQ(label((QByteArray(id) + "Field").constData()), QString());
-        EXPECT_FALSE(find(QLatin1String(id) + QStringLiteral("Save"))->isEnabled());
-        EXPECT_FALSE(isSeen(QLatin1String(id) + QStringLiteral("Trash")));
+        EXPECT_FALSE(find(QLatin1String(id) + u"Save"_s)->isEnabled());
+        EXPECT_FALSE(isSeen(QLatin1String(id) + u"Trash"_s));
     }
 }
 
 TEST_F(SettingsView, aKeyIsSavedUpdatedAndRemovedWithoutTouchingTheOthers)
 {
-    Keychain::save(QStringLiteral("OTHER"), QStringLiteral("openai"));
+    Keychain::save(u"OTHER"_s, u"openai"_s);
     openSettings();
-    click(QStringLiteral("geminiField"));
-    type(QStringLiteral("KEY"));
-    EXPECT_EQ(label("geminiSave"), QStringLiteral("Save"));
-    EXPECT_FALSE(isSeen(QStringLiteral("geminiSaved")));
-    click(QStringLiteral("geminiSave"));
-    EXPECT_TRUE(isSeen(QStringLiteral("geminiSaved")));
-    EXPECT_EQ(label("geminiSaved"), QStringLiteral("Saved in Keychain"));
-    EXPECT_EQ(Keychain::load(QStringLiteral("gemini")), QStringLiteral("KEY"));
-    EXPECT_EQ(label("geminiSave"), QStringLiteral("Update"));
-    click(QStringLiteral("geminiTrash"));
-    EXPECT_EQ(Keychain::load(QStringLiteral("gemini")), std::nullopt);
-    EXPECT_EQ(Keychain::load(QStringLiteral("openai")), QStringLiteral("OTHER"));
+    click(u"geminiField"_s);
+    type(u"KEY"_s);
+    EXPECT_EQ(label("geminiSave"), u"Save"_s);
+    EXPECT_FALSE(isSeen(u"geminiSaved"_s));
+    click(u"geminiSave"_s);
+    EXPECT_TRUE(isSeen(u"geminiSaved"_s));
+    EXPECT_EQ(label("geminiSaved"), u"Saved in Keychain"_s);
+    EXPECT_EQ(Keychain::load(u"gemini"_s), u"KEY"_s);
+    EXPECT_EQ(label("geminiSave"), u"Update"_s);
+    click(u"geminiTrash"_s);
+    EXPECT_EQ(Keychain::load(u"gemini"_s), std::nullopt);
+    EXPECT_EQ(Keychain::load(u"openai"_s), u"OTHER"_s);
     EXPECT_EQ(label("geminiField"), QString());
-    EXPECT_EQ(label("geminiSave"), QStringLiteral("Save"));
-    EXPECT_FALSE(isSeen(QStringLiteral("geminiSaved")));
-    EXPECT_FALSE(isSeen(QStringLiteral("geminiTrash")));
-    EXPECT_FALSE(find(QStringLiteral("geminiSave"))->isEnabled());
+    EXPECT_EQ(label("geminiSave"), u"Save"_s);
+    EXPECT_FALSE(isSeen(u"geminiSaved"_s));
+    EXPECT_FALSE(isSeen(u"geminiTrash"_s));
+    EXPECT_FALSE(find(u"geminiSave"_s)->isEnabled());
 }
 
 TEST_F(SettingsView, returnStoresTheKeyAndLeavesTheRowAsItWas)
 {
     openSettings();
-    click(QStringLiteral("grokField"));
-    type(QStringLiteral("KEY"));
+    click(u"grokField"_s);
+    type(u"KEY"_s);
     QTest::keyClick(window, Qt::Key_Return);
-    EXPECT_EQ(Keychain::load(QStringLiteral("grok")), QStringLiteral("KEY"));
-    EXPECT_EQ(label("grokSave"), QStringLiteral("Save"));
-    EXPECT_FALSE(isSeen(QStringLiteral("grokTrash")));
+    EXPECT_EQ(Keychain::load(u"grok"_s), u"KEY"_s);
+    EXPECT_EQ(label("grokSave"), u"Save"_s);
+    EXPECT_FALSE(isSeen(u"grokTrash"_s));
 }
 
 TEST_F(SettingsView, aKeyIsNeitherShownNorToldToAssistiveTechnology)
 {
-    Keychain::save(QStringLiteral("SECRET"), QStringLiteral("gemini"));
+    Keychain::save(u"SECRET"_s, u"gemini"_s);
     openSettings();
-    QQuickItem *field = find(QStringLiteral("geminiField"));
-    EXPECT_EQ(field->property("text").toString(), QStringLiteral("SECRET"));
-    EXPECT_FALSE(field->property("displayText").toString().contains(QLatin1String("SECRET")));
+    QQuickItem *field = find(u"geminiField"_s);
+    EXPECT_EQ(field->property("text").toString(), u"SECRET"_s);
+    EXPECT_FALSE(field->property("displayText").toString().contains("SECRET"_L1));
     QAccessibleInterface *told = QAccessible::queryAccessibleInterface(field);
     ASSERT_NE(told, nullptr);
     EXPECT_TRUE(told->state().passwordEdit);
     for (const auto part : {QAccessible::Name, QAccessible::Value, QAccessible::Description}) {
-        EXPECT_FALSE(told->text(part).contains(QLatin1String("SECRET"))) << int(part);
+        EXPECT_FALSE(told->text(part).contains("SECRET"_L1)) << int(part);
     }
     if (auto *text = told->textInterface()) {
-        EXPECT_FALSE(text->text(0, text->characterCount()).contains(QLatin1String("SECRET")));
+        EXPECT_FALSE(text->text(0, text->characterCount()).contains("SECRET"_L1));
     }
 }
 
 TEST_F(SettingsView, theUpscaleMethodGivesWayToANoteWhereTheServiceMakes4KItself)
 {
     openSettings();
-    click(QStringLiteral("advancedTab"));
-    EXPECT_TRUE(isSeen(QStringLiteral("nativeNote")));
-    EXPECT_EQ(textOf(find(QStringLiteral("nativeNote"))),
-              QStringLiteral("Gemini produces 4K natively — no upscaling needed."));
-    EXPECT_FALSE(isSeen(QStringLiteral("upscaleMethodRow")));
-    manager->setProviderOverride(QStringLiteral("grok"));
-    EXPECT_FALSE(isSeen(QStringLiteral("nativeNote")));
-    EXPECT_TRUE(isSeen(QStringLiteral("upscaleMethodRow")));
+    click(u"advancedTab"_s);
+    EXPECT_TRUE(isSeen(u"nativeNote"_s));
+    EXPECT_EQ(textOf(find(u"nativeNote"_s)), u"Gemini produces 4K natively — no upscaling needed."_s);
+    EXPECT_FALSE(isSeen(u"upscaleMethodRow"_s));
+    manager->setProviderOverride(u"grok"_s);
+    EXPECT_FALSE(isSeen(u"nativeNote"_s));
+    EXPECT_TRUE(isSeen(u"upscaleMethodRow"_s));
 }
 
 TEST_F(SettingsView, aStoredModelThatIsNoLongerOfferedShowsAsTheFirst)
 {
-    store(QStringLiteral("selectedModel_openai"), QStringLiteral("gone"));
+    store(u"selectedModel_openai"_s, u"gone"_s);
     openSettings();
-    click(QStringLiteral("advancedTab"));
-    EXPECT_EQ(find(QStringLiteral("openaiModelRow"))->property("chosen"), 0);
+    click(u"advancedTab"_s);
+    EXPECT_EQ(find(u"openaiModelRow"_s)->property("chosen"), 0);
 }
 
 } // namespace quorvane

@@ -3,6 +3,8 @@
 
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class SidebarView : public ViewTest
@@ -11,146 +13,143 @@ class SidebarView : public ViewTest
     void openWith(const QStringList &keys)
     {
         for (const QString &id : keys) {
-            Keychain::save(QStringLiteral("KEY"), id);
+            Keychain::save(u"KEY"_s, id);
         }
         start();
         ASSERT_NE(open(), nullptr);
     }
-    [[nodiscard]] QColor symbolColor() const
-    {
-        return find(QStringLiteral("statusSymbol"))->property("color").value<QColor>();
-    }
+    [[nodiscard]] QColor symbolColor() const { return find(u"statusSymbol"_s)->property("color").value<QColor>(); }
 };
 
 TEST_F(SidebarView, whatIsTypedBecomesThePromptAndEnablesTheButton)
 {
-    openWith({QStringLiteral("gemini")});
-    EXPECT_FALSE(find(QStringLiteral("generateButton"))->isEnabled());
-    click(QStringLiteral("promptEditor"));
-    type(QStringLiteral("a lake"));
-    EXPECT_EQ(manager->prompt(), QStringLiteral("a lake"));
-    EXPECT_TRUE(find(QStringLiteral("generateButton"))->isEnabled());
-    EXPECT_FALSE(isSeen(QStringLiteral("missingKeys")));
+    openWith({u"gemini"_s});
+    EXPECT_FALSE(find(u"generateButton"_s)->isEnabled());
+    click(u"promptEditor"_s);
+    type(u"a lake"_s);
+    EXPECT_EQ(manager->prompt(), u"a lake"_s);
+    EXPECT_TRUE(find(u"generateButton"_s)->isEnabled());
+    EXPECT_FALSE(isSeen(u"missingKeys"_s));
 }
 
 TEST_F(SidebarView, theButtonMakesAPictureAndTheStatusSaysSo)
 {
-    openWith({QStringLiteral("gemini")});
-    click(QStringLiteral("promptEditor"));
-    type(QStringLiteral("a lake"));
-    EXPECT_FALSE(isSeen(QStringLiteral("status")));
-    EXPECT_EQ(textOf(find(QStringLiteral("generateButton"))), QStringLiteral("Generate & Set Wallpaper"));
-    click(QStringLiteral("generateButton"));
-    EXPECT_EQ(textOf(find(QStringLiteral("generateButton"))), QStringLiteral("Generating..."));
-    EXPECT_FALSE(find(QStringLiteral("generateButton"))->isEnabled());
+    openWith({u"gemini"_s});
+    click(u"promptEditor"_s);
+    type(u"a lake"_s);
+    EXPECT_FALSE(isSeen(u"status"_s));
+    EXPECT_EQ(textOf(find(u"generateButton"_s)), u"Generate & Set Wallpaper"_s);
+    click(u"generateButton"_s);
+    EXPECT_EQ(textOf(find(u"generateButton"_s)), u"Generating..."_s);
+    EXPECT_FALSE(find(u"generateButton"_s)->isEnabled());
     manager->waitUntilIdle();
-    EXPECT_TRUE(isSeen(QStringLiteral("status")));
-    EXPECT_EQ(textOf(find(QStringLiteral("status"))), QStringLiteral("Wallpaper set!"));
-    EXPECT_EQ(find(QStringLiteral("statusSymbol"))->property("name"), QStringLiteral("checkmark.circle.fill"));
+    EXPECT_TRUE(isSeen(u"status"_s));
+    EXPECT_EQ(textOf(find(u"status"_s)), u"Wallpaper set!"_s);
+    EXPECT_EQ(find(u"statusSymbol"_s)->property("name"), u"checkmark.circle.fill"_s);
     EXPECT_GT(symbolColor().green(), symbolColor().red());
-    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("album a lake")); }));
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"album a lake"_s); }));
 }
 
 TEST_F(SidebarView, aFailureLeavesARedTriangleWithWhatWentWrong)
 {
-    openWith({QStringLiteral("gemini")});
+    openWith({u"gemini"_s});
     service.setMisbehaviour(Misbehaviour(Misbehaviour::Kind::ErrorObject));
-    click(QStringLiteral("promptEditor"));
-    type(QStringLiteral("a lake"));
-    click(QStringLiteral("generateButton"));
+    click(u"promptEditor"_s);
+    type(u"a lake"_s);
+    click(u"generateButton"_s);
     manager->waitUntilIdle();
     EXPECT_TRUE(manager->isError());
     EXPECT_NE(manager->status(), QString());
-    EXPECT_EQ(textOf(find(QStringLiteral("status"))), manager->status());
-    EXPECT_EQ(find(QStringLiteral("statusSymbol"))->property("name"), QStringLiteral("exclamationmark.triangle.fill"));
+    EXPECT_EQ(textOf(find(u"status"_s)), manager->status());
+    EXPECT_EQ(find(u"statusSymbol"_s)->property("name"), u"exclamationmark.triangle.fill"_s);
     EXPECT_GT(symbolColor().red(), symbolColor().green());
 }
 
 TEST_F(SidebarView, anEmptiedPromptDisablesTheButtonAndTheMenusLine)
 {
-    openWith({QStringLiteral("gemini")});
+    openWith({u"gemini"_s});
     window->setProperty("trayShown", false);
     const auto menuLine = [this] {
-        click(QStringLiteral("menuButton"));
-        EXPECT_TRUE(waitFor([&] { return isReachable(QStringLiteral("menuAuto")); }));
-        const bool isEnabled = find(QStringLiteral("menuGenerate"))->isEnabled();
+        click(u"menuButton"_s);
+        EXPECT_TRUE(waitFor([&] { return isReachable(u"menuAuto"_s); }));
+        const bool isEnabled = find(u"menuGenerate"_s)->isEnabled();
         QTest::keyClick(window, Qt::Key_Escape);
-        EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("menuAuto")); }));
+        EXPECT_TRUE(waitFor([&] { return !isSeen(u"menuAuto"_s); }));
         return isEnabled;
     };
-    click(QStringLiteral("promptEditor"));
-    type(QStringLiteral("a"));
-    EXPECT_TRUE(waitFor([&] { return find(QStringLiteral("generateButton"))->isEnabled(); }));
+    click(u"promptEditor"_s);
+    type(u"a"_s);
+    EXPECT_TRUE(waitFor([&] { return find(u"generateButton"_s)->isEnabled(); }));
     EXPECT_TRUE(menuLine());
-    click(QStringLiteral("promptEditor"));
+    click(u"promptEditor"_s);
     QTest::keyClick(window, Qt::Key_Backspace);
     EXPECT_EQ(manager->prompt(), QString());
-    EXPECT_FALSE(find(QStringLiteral("generateButton"))->isEnabled());
+    EXPECT_FALSE(find(u"generateButton"_s)->isEnabled());
     EXPECT_FALSE(menuLine());
 }
 
 TEST_F(SidebarView, theHintTellsWhatEnlargesWhereTheServiceDoesNot)
 {
-    openWith({QStringLiteral("gemini"), QStringLiteral("grok")});
+    openWith({u"gemini"_s, u"grok"_s});
     manager->setFourKEnabled(true);
-    EXPECT_FALSE(isSeen(QStringLiteral("upscaleHint")));
-    manager->setProviderOverride(QStringLiteral("grok"));
-    EXPECT_EQ(textOf(find(QStringLiteral("upscaleHint"))), QStringLiteral("+ Gemini 4K"));
-    EXPECT_TRUE(isSeen(QStringLiteral("upscaleHint")));
+    EXPECT_FALSE(isSeen(u"upscaleHint"_s));
+    manager->setProviderOverride(u"grok"_s);
+    EXPECT_EQ(textOf(find(u"upscaleHint"_s)), u"+ Gemini 4K"_s);
+    EXPECT_TRUE(isSeen(u"upscaleHint"_s));
 }
 
 TEST_F(SidebarView, controlAndEnterGenerateFromTheEditor)
 {
-    openWith({QStringLiteral("gemini")});
-    click(QStringLiteral("promptEditor"));
-    type(QStringLiteral("a lake"));
+    openWith({u"gemini"_s});
+    click(u"promptEditor"_s);
+    type(u"a lake"_s);
     QTest::keyClick(window, Qt::Key_Return, Qt::ControlModifier);
     EXPECT_TRUE(manager->isLoading());
     manager->waitUntilIdle();
     EXPECT_EQ(manager->history().size(), 1);
-    EXPECT_EQ(manager->prompt(), QStringLiteral("a lake"));
+    EXPECT_EQ(manager->prompt(), u"a lake"_s);
 }
 
 TEST_F(SidebarView, aMissingKeyIsNamedAndDisablesTheButton)
 {
-    store(SettingsKeys::kLastPrompt, QStringLiteral("a lake"));
+    store(SettingsKeys::kLastPrompt, u"a lake"_s);
     openWith({});
-    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("missingKeys")); }));
-    EXPECT_FALSE(find(QStringLiteral("generateButton"))->isEnabled());
-    manager->saveKey(QStringLiteral("KEY"), QStringLiteral("gemini"));
-    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("missingKeys")); }));
-    EXPECT_TRUE(waitFor([&] { return find(QStringLiteral("generateButton"))->isEnabled(); }));
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"missingKeys"_s); }));
+    EXPECT_FALSE(find(u"generateButton"_s)->isEnabled());
+    manager->saveKey(u"KEY"_s, u"gemini"_s);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"missingKeys"_s); }));
+    EXPECT_TRUE(waitFor([&] { return find(u"generateButton"_s)->isEnabled(); }));
 }
 
 TEST_F(SidebarView, theScheduleShowsItsRowsOnlyWhileItIsOn)
 {
-    openWith({QStringLiteral("gemini")});
-    EXPECT_FALSE(isSeen(QStringLiteral("intervalPicker")));
-    click(QStringLiteral("autoToggle"));
+    openWith({u"gemini"_s});
+    EXPECT_FALSE(isSeen(u"intervalPicker"_s));
+    click(u"autoToggle"_s);
     EXPECT_TRUE(manager->autoEnabled());
-    EXPECT_TRUE(isSeen(QStringLiteral("intervalPicker")));
-    EXPECT_TRUE(isSeen(QStringLiteral("nextFire")));
-    click(QStringLiteral("autoToggle"));
+    EXPECT_TRUE(isSeen(u"intervalPicker"_s));
+    EXPECT_TRUE(isSeen(u"nextFire"_s));
+    click(u"autoToggle"_s);
     EXPECT_FALSE(manager->autoEnabled());
-    EXPECT_FALSE(isSeen(QStringLiteral("intervalPicker")));
-    EXPECT_FALSE(isSeen(QStringLiteral("nextFire")));
+    EXPECT_FALSE(isSeen(u"intervalPicker"_s));
+    EXPECT_FALSE(isSeen(u"nextFire"_s));
 }
 
 TEST_F(SidebarView, aSwitchFollowsTheManagerAfterItWasClicked)
 {
-    openWith({QStringLiteral("gemini")});
-    click(QStringLiteral("fourKToggle"));
+    openWith({u"gemini"_s});
+    click(u"fourKToggle"_s);
     EXPECT_TRUE(manager->fourKEnabled());
     manager->setFourKEnabled(false);
-    EXPECT_FALSE(find(QStringLiteral("fourKToggle"))->property("checked").toBool());
+    EXPECT_FALSE(find(u"fourKToggle"_s)->property("checked").toBool());
 }
 
 TEST_F(SidebarView, tabLeavesTheEditorWithoutWritingIntoIt)
 {
-    openWith({QStringLiteral("gemini")});
-    click(QStringLiteral("promptEditor"));
+    openWith({u"gemini"_s});
+    click(u"promptEditor"_s);
     QTest::keyClick(window, Qt::Key_Tab);
-    EXPECT_TRUE(find(QStringLiteral("fourKToggle"))->hasActiveFocus());
+    EXPECT_TRUE(find(u"fourKToggle"_s)->hasActiveFocus());
     EXPECT_EQ(manager->prompt(), QString());
 }
 
@@ -158,29 +157,29 @@ TEST_F(SidebarView, theMenuOfTheIconIsInTheWindowWhileNoPanelShowsIt)
 {
     start();
     open();
-    EXPECT_FALSE(isSeen(QStringLiteral("menuButton")));
+    EXPECT_FALSE(isSeen(u"menuButton"_s));
     window->setProperty("trayShown", false);
-    click(QStringLiteral("menuButton"));
-    ASSERT_TRUE(waitFor([&] { return isReachable(QStringLiteral("menuAuto")); }));
-    EXPECT_EQ(textOf(find(QStringLiteral("menuState"))), QStringLiteral("Idle"));
-    EXPECT_FALSE(find(QStringLiteral("menuGenerate"))->isEnabled());
-    click(QStringLiteral("menuAuto"));
+    click(u"menuButton"_s);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"menuAuto"_s); }));
+    EXPECT_EQ(textOf(find(u"menuState"_s)), u"Idle"_s);
+    EXPECT_FALSE(find(u"menuGenerate"_s)->isEnabled());
+    click(u"menuAuto"_s);
     EXPECT_TRUE(manager->autoEnabled());
 
     QSignalSpy settings(window, SIGNAL(settingsRequested()));
     QSignalSpy quit(window, SIGNAL(quitRequested()));
-    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("menuAuto")); }));
-    click(QStringLiteral("menuButton"));
-    EXPECT_TRUE(waitFor([&] { return isReachable(QStringLiteral("menuAuto")); }));
-    EXPECT_TRUE(find(QStringLiteral("menuAuto"))->property("checked").toBool());
-    click(QStringLiteral("menuSettings"));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"menuAuto"_s); }));
+    click(u"menuButton"_s);
+    EXPECT_TRUE(waitFor([&] { return isReachable(u"menuAuto"_s); }));
+    EXPECT_TRUE(find(u"menuAuto"_s)->property("checked").toBool());
+    click(u"menuSettings"_s);
     EXPECT_EQ(settings.size(), 1);
-    EXPECT_TRUE(waitFor([&] { return !isSeen(QStringLiteral("menuAuto")); }));
-    click(QStringLiteral("menuButton"));
-    click(QStringLiteral("menuQuit"));
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"menuAuto"_s); }));
+    click(u"menuButton"_s);
+    click(u"menuQuit"_s);
     EXPECT_EQ(quit.size(), 1);
     window->setProperty("trayShown", true);
-    EXPECT_FALSE(isSeen(QStringLiteral("menuButton")));
+    EXPECT_FALSE(isSeen(u"menuButton"_s));
 }
 
 } // namespace quorvane

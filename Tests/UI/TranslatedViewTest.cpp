@@ -6,6 +6,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class TranslatedView : public ViewTest, public testing::WithParamInterface<const char *>
@@ -16,13 +18,13 @@ class TranslatedView : public ViewTest, public testing::WithParamInterface<const
     /// Everything that the windows can say at once: missing keys, a schedule, a warning, albums and a favourite.
     void putEverything()
     {
-        store(SettingsKeys::kLastPrompt, QStringLiteral("a lake"));
+        store(SettingsKeys::kLastPrompt, u"a lake"_s);
         store(SettingsKeys::kFourKEnabled, true);
         store(SettingsKeys::kAutoEnabled, true);
         store(SettingsKeys::kIntervalMinutes, 1440);
-        store(SettingsKeys::kProviderOverride, QStringLiteral("grok"));
-        (void)putPainting(QStringLiteral("a.png"), QStringLiteral("a lake"));
-        (void)putPainting(QStringLiteral("b.png"), QString());
+        store(SettingsKeys::kProviderOverride, u"grok"_s);
+        (void)putPainting(u"a.png"_s, u"a lake"_s);
+        (void)putPainting(u"b.png"_s, QString());
         start();
         manager->toggleFavorite(manager->history().first());
         manager->waitUntilIdle();
@@ -34,7 +36,7 @@ class TranslatedView : public ViewTest, public testing::WithParamInterface<const
     {
         QStringList cut;
         collectCut(window->contentItem(), cut);
-        return cut.join(QLatin1Char('\n')).toStdString();
+        return cut.join('\n'_L1).toStdString();
     }
 
     /// Where the item lies in its window.
@@ -76,23 +78,23 @@ TEST_P(TranslatedView, everyTextHasItsPlace)
     putEverything();
     ASSERT_NE(open(), nullptr);
     window->setWidth(window->minimumWidth());
-    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("album a lake")) && isSeen(QStringLiteral("status")); }));
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"album a lake"_s) && isSeen(u"status"_s); }));
     settle();
     EXPECT_EQ(cutTexts(), "");
-    click(QStringLiteral("album a lake"));
-    EXPECT_TRUE(waitFor([&] { return isReachable(QStringLiteral("albumsButton")); }));
+    click(u"album a lake"_s);
+    EXPECT_TRUE(waitFor([&] { return isReachable(u"albumsButton"_s); }));
     settle();
     EXPECT_EQ(cutTexts(), "");
-    click(QStringLiteral("tile ") + ImageStore::directory() + QStringLiteral("/a.png"));
-    EXPECT_TRUE(waitFor([&] { return isReachable(QStringLiteral("upscaleButton")); }));
+    click(u"tile "_s + ImageStore::directory() + u"/a.png"_s);
+    EXPECT_TRUE(waitFor([&] { return isReachable(u"upscaleButton"_s); }));
     settle();
     EXPECT_EQ(cutTexts(), "");
 
-    ASSERT_NE(open(QStringLiteral("SettingsWindow")), nullptr);
+    ASSERT_NE(open(u"SettingsWindow"_s), nullptr);
     settle();
     EXPECT_EQ(cutTexts(), "");
-    click(QStringLiteral("advancedTab"));
-    EXPECT_TRUE(waitFor([&] { return isSeen(QStringLiteral("upscaleMethodRow")); }));
+    click(u"advancedTab"_s);
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"upscaleMethodRow"_s); }));
     settle();
     EXPECT_EQ(cutTexts(), "");
 }
@@ -102,25 +104,24 @@ INSTANTIATE_TEST_SUITE_P(Languages, TranslatedView, testing::Values("en", "de", 
 
 TEST_F(TranslatedView, aLanguageFromRightToLeftMirrorsTheMainWindow)
 {
-    QGuiApplication::setLayoutDirection(directionFor({QStringLiteral("ar-EG")}));
+    QGuiApplication::setLayoutDirection(directionFor({u"ar-EG"_s}));
     putEverything();
     ASSERT_NE(open(), nullptr);
-    EXPECT_TRUE(waitFor([&] { return isReachable(QStringLiteral("album a lake")); }));
+    EXPECT_TRUE(waitFor([&] { return isReachable(u"album a lake"_s); }));
     const double width = window->width();
-    EXPECT_EQ(placeOf(QStringLiteral("generateButton")),
-              QRectF(width - 260, placeOf(QStringLiteral("generateButton")).y(), 240, 40));
-    EXPECT_GT(placeOf(QStringLiteral("providerName")).left(), width - 140);
-    EXPECT_LT(placeOf(QStringLiteral("intervalPicker")).left(), width - 200);
+    EXPECT_EQ(placeOf(u"generateButton"_s), QRectF(width - 260, placeOf(u"generateButton"_s).y(), 240, 40));
+    EXPECT_GT(placeOf(u"providerName"_s).left(), width - 140);
+    EXPECT_LT(placeOf(u"intervalPicker"_s).left(), width - 200);
     // The first album stands on the right, and the way back with it.
-    EXPECT_EQ(placeOf(QStringLiteral("album Favorites")).right(), width - 280 - 24);
-    click(QStringLiteral("album a lake"));
-    EXPECT_TRUE(waitFor([&] { return isReachable(QStringLiteral("albumsButton")); }));
-    EXPECT_EQ(placeOf(QStringLiteral("albumsButton")).right(), width - 280 - 24);
-    EXPECT_EQ(find(QStringLiteral("albumsButton"))->property("symbol"), QStringLiteral("chevron.right"));
-    EXPECT_LT(placeOf(QStringLiteral("usePromptButton")).left(), 40);
-    const QString tile = QStringLiteral("tile ") + ImageStore::directory() + QStringLiteral("/a.png");
+    EXPECT_EQ(placeOf(u"album Favorites"_s).right(), width - 280 - 24);
+    click(u"album a lake"_s);
+    EXPECT_TRUE(waitFor([&] { return isReachable(u"albumsButton"_s); }));
+    EXPECT_EQ(placeOf(u"albumsButton"_s).right(), width - 280 - 24);
+    EXPECT_EQ(find(u"albumsButton"_s)->property("symbol"), u"chevron.right"_s);
+    EXPECT_LT(placeOf(u"usePromptButton"_s).left(), 40);
+    const QString tile = u"tile "_s + ImageStore::directory() + u"/a.png"_s;
     ASSERT_TRUE(waitFor([&] { return isReachable(tile); }));
-    EXPECT_LT(placeOf(QStringLiteral("star")).left(), placeOf(tile).center().x());
+    EXPECT_LT(placeOf(u"star"_s).left(), placeOf(tile).center().x());
 }
 
 TEST_F(TranslatedView, thePreviewStepsTowardsTheArrowInEitherDirection)
@@ -131,40 +132,38 @@ TEST_F(TranslatedView, thePreviewStepsTowardsTheArrowInEitherDirection)
             putEverything();
         }
         ASSERT_NE(open(), nullptr);
-        EXPECT_TRUE(waitFor([&] { return isReachable(QStringLiteral("album Favorites")); }));
-        click(QStringLiteral("album Favorites"));
-        const QString first = QStringLiteral("tile ") + manager->history().first();
+        EXPECT_TRUE(waitFor([&] { return isReachable(u"album Favorites"_s); }));
+        click(u"album Favorites"_s);
+        const QString first = u"tile "_s + manager->history().first();
         EXPECT_TRUE(waitFor([&] { return isReachable(first); }));
         click(first);
-        EXPECT_TRUE(waitFor([&] { return isReachable(QStringLiteral("closeButton")); }));
-        const bool previousIsLeft =
-            placeOf(QStringLiteral("leftButton")).center().x() < placeOf(QStringLiteral("rightButton")).center().x();
+        EXPECT_TRUE(waitFor([&] { return isReachable(u"closeButton"_s); }));
+        const bool previousIsLeft = placeOf(u"leftButton"_s).center().x() < placeOf(u"rightButton"_s).center().x();
         EXPECT_EQ(previousIsLeft, direction == Qt::LeftToRight);
-        EXPECT_EQ(find(QStringLiteral("leftButton"))->property("symbol"),
-                  previousIsLeft ? QStringLiteral("chevron.left") : QStringLiteral("chevron.right"));
+        EXPECT_EQ(find(u"leftButton"_s)->property("symbol"), previousIsLeft ? u"chevron.left"_s : u"chevron.right"_s);
     }
 }
 
 TEST_F(TranslatedView, aSpecialAlbumIsShownByItsTranslatedName)
 {
-    const SpokenLanguage german(QStringLiteral("de"));
+    const SpokenLanguage german(u"de"_s);
     putEverything();
     ASSERT_NE(open(), nullptr);
-    click(QStringLiteral("album Favorites"));
-    EXPECT_TRUE(waitFor([&] { return isReachable(QStringLiteral("albumsButton")); }));
-    EXPECT_EQ(textOf(find(QStringLiteral("albumTitle"))), QStringLiteral("Favoriten"));
-    EXPECT_EQ(textOf(find(QStringLiteral("albumsButton"))), QStringLiteral("Alben"));
-    EXPECT_FALSE(isSeen(QStringLiteral("usePromptButton")));
+    click(u"album Favorites"_s);
+    EXPECT_TRUE(waitFor([&] { return isReachable(u"albumsButton"_s); }));
+    EXPECT_EQ(textOf(find(u"albumTitle"_s)), u"Favoriten"_s);
+    EXPECT_EQ(textOf(find(u"albumsButton"_s)), u"Alben"_s);
+    EXPECT_FALSE(isSeen(u"usePromptButton"_s));
 }
 
 TEST_F(TranslatedView, theSettingsAreMirroredToo)
 {
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     start();
-    ASSERT_NE(open(QStringLiteral("SettingsWindow")), nullptr);
-    EXPECT_TRUE(waitFor([&] { return isReachable(QStringLiteral("geminiSave")); }));
-    EXPECT_LT(placeOf(QStringLiteral("geminiSave")).left(), placeOf(QStringLiteral("geminiField")).left());
-    EXPECT_GT(placeOf(QStringLiteral("apiKeysTab")).left(), placeOf(QStringLiteral("advancedTab")).left());
+    ASSERT_NE(open(u"SettingsWindow"_s), nullptr);
+    EXPECT_TRUE(waitFor([&] { return isReachable(u"geminiSave"_s); }));
+    EXPECT_LT(placeOf(u"geminiSave"_s).left(), placeOf(u"geminiField"_s).left());
+    EXPECT_GT(placeOf(u"apiKeysTab"_s).left(), placeOf(u"advancedTab"_s).left());
 }
 
 } // namespace quorvane

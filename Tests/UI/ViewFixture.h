@@ -17,6 +17,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// A real window over a real manager, clicked and typed at as a user does. Whatever Qt warns of fails the test.
 class ViewTest : public ManagerTest
 {
@@ -32,17 +34,17 @@ class ViewTest : public ManagerTest
         m_engine.reset();
         qInstallMessageHandler(m_previousHandler);
     }
-    void TearDown() override { EXPECT_EQ(s_warnings.join(QLatin1Char('\n')).toStdString(), ""); }
+    void TearDown() override { EXPECT_EQ(s_warnings.join('\n'_L1).toStdString(), ""); }
 
     /// A window of the module over the manager, shown and active.
-    QQuickWindow *open(const QString &name = QStringLiteral("MainWindow"))
+    QQuickWindow *open(const QString &name = u"MainWindow"_s)
     {
         m_engine = std::make_unique<QQmlApplicationEngine>();
         installViews(m_engine.get());
-        m_engine->setInitialProperties({{QStringLiteral("manager"), QVariant::fromValue(manager.get())}});
-        m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/Quorvane/Views/%1.qml").arg(name)));
+        m_engine->setInitialProperties({{u"manager"_s, QVariant::fromValue(manager.get())}});
+        m_engine->load(QUrl(u"qrc:/qt/qml/Quorvane/Views/%1.qml"_s.arg(name)));
         if (m_engine->rootObjects().isEmpty()) {
-            ADD_FAILURE() << "the window cannot be loaded: " << s_warnings.join(QLatin1Char('\n')).toStdString();
+            ADD_FAILURE() << "the window cannot be loaded: " << s_warnings.join('\n'_L1).toStdString();
             return nullptr;
         }
         window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().first());
@@ -67,7 +69,7 @@ class ViewTest : public ManagerTest
 
     [[nodiscard]] static QString textOf(const QQuickItem *item)
     {
-        return item != nullptr ? item->property("text").toString() : QStringLiteral("(no such item)");
+        return item != nullptr ? item->property("text").toString() : u"(no such item)"_s;
     }
 
     /// Whether the pointer can get to the item: it is seen, and laid out within the window.

@@ -1,5 +1,7 @@
 #include "UI/ViewFixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class ViewerView : public ViewTest
@@ -7,14 +9,14 @@ class ViewerView : public ViewTest
   protected:
     void show()
     {
-        const QString path = putPainting(QStringLiteral("one.png"), QStringLiteral("a lake"));
+        const QString path = putPainting(u"one.png"_s, u"a lake"_s);
         start();
         open();
-        click(QStringLiteral("album a lake"));
-        click(QStringLiteral("tile ") + path);
-        click(QStringLiteral("fullScreenButton"));
+        click(u"album a lake"_s);
+        click(u"tile "_s + path);
+        click(u"fullScreenButton"_s);
         for (QWindow *each : QGuiApplication::topLevelWindows()) {
-            if (each->objectName() == QLatin1String("viewer")) {
+            if (each->objectName() == "viewer"_L1) {
                 viewer = each;
             }
         }
@@ -42,7 +44,7 @@ TEST_F(ViewerView, escapeEndsItAndGivesTheWindowBack)
     QTest::keyClick(viewer, Qt::Key_Escape);
     EXPECT_FALSE(viewer->isVisible());
     EXPECT_TRUE(QTest::qWaitForWindowActive(window));
-    EXPECT_TRUE(isSeen(QStringLiteral("preview")));
+    EXPECT_TRUE(isSeen(u"preview"_s));
 }
 
 TEST_F(ViewerView, anyClickEndsIt)

@@ -4,6 +4,8 @@
 #include <QProcess>
 #include <QSslKey>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -27,22 +29,19 @@ commonName = supplied
 
 QString openSslTime(const QDateTime &time)
 {
-    return time.toUTC().toString(QStringLiteral("yyyyMMddHHmmss")) + u'Z';
+    return time.toUTC().toString(u"yyyyMMddHHmmss"_s) + u'Z';
 }
 
 } // namespace
 
 CertificateAuthority::CertificateAuthority(const QString &name)
 {
-    const bool made =
-        writeFile(QStringLiteral("settings"), kSettings) && writeFile(QStringLiteral("index.txt"), QByteArray()) &&
-        openssl({QStringLiteral("req"), QStringLiteral("-x509"), QStringLiteral("-newkey"), QStringLiteral("ec"),
-                 QStringLiteral("-pkeyopt"), QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-nodes"),
-                 QStringLiteral("-days"), QStringLiteral("30"), QStringLiteral("-subj"), QStringLiteral("/CN=") + name,
-                 QStringLiteral("-keyout"), QStringLiteral("authority.key"), QStringLiteral("-out"),
-                 QStringLiteral("authority.pem")});
+    const bool made = writeFile(u"settings"_s, kSettings) && writeFile(u"index.txt"_s, QByteArray()) &&
+                      openssl({u"req"_s, u"-x509"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s,
+                               u"ec_paramgen_curve:prime256v1"_s, u"-nodes"_s, u"-days"_s, u"30"_s, u"-subj"_s,
+                               u"/CN="_s + name, u"-keyout"_s, u"authority.key"_s, u"-out"_s, u"authority.pem"_s});
     if (made) {
-        m_certificate = QSslCertificate::fromPath(path(QStringLiteral("authority.pem"))).value(0);
+        m_certificate = QSslCertificate::fromPath(path(u"authority.pem"_s)).value(0);
     }
 }
 
@@ -50,18 +49,14 @@ std::optional<QSslConfiguration> CertificateAuthority::issue(const Request &requ
 {
     const QByteArray extensions = "basicConstraints=CA:FALSE\nextendedKeyUsage=serverAuth\nsubjectAltName=" +
                                   request.hosts.join(u',').toLatin1() + '\n';
-    const bool made =
-        writeFile(QStringLiteral("extensions"), extensions) &&
-        openssl({QStringLiteral("req"), QStringLiteral("-newkey"), QStringLiteral("ec"), QStringLiteral("-pkeyopt"),
-                 QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-nodes"), QStringLiteral("-subj"),
-                 QStringLiteral("/CN=Quorvane demonstration service"), QStringLiteral("-keyout"),
-                 QStringLiteral("server.key"), QStringLiteral("-out"), QStringLiteral("server.request")}) &&
-        openssl({QStringLiteral("ca"), QStringLiteral("-batch"), QStringLiteral("-notext"), QStringLiteral("-config"),
-                 QStringLiteral("settings"), QStringLiteral("-extfile"), QStringLiteral("extensions"),
-                 QStringLiteral("-startdate"), openSslTime(request.from), QStringLiteral("-enddate"),
-                 openSslTime(request.until), QStringLiteral("-in"), QStringLiteral("server.request"),
-                 QStringLiteral("-out"), QStringLiteral("server.pem")});
-    return made ? readServerTls(path(QStringLiteral("server.pem")), path(QStringLiteral("server.key"))) : std::nullopt;
+    const bool made = writeFile(u"extensions"_s, extensions) &&
+                      openssl({u"req"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s, u"ec_paramgen_curve:prime256v1"_s,
+                               u"-nodes"_s, u"-subj"_s, u"/CN=Quorvane demonstration service"_s, u"-keyout"_s,
+                               u"server.key"_s, u"-out"_s, u"server.request"_s}) &&
+                      openssl({u"ca"_s, u"-batch"_s, u"-notext"_s, u"-config"_s, u"settings"_s, u"-extfile"_s,
+                               u"extensions"_s, u"-startdate"_s, openSslTime(request.from), u"-enddate"_s,
+                               openSslTime(request.until), u"-in"_s, u"server.request"_s, u"-out"_s, u"server.pem"_s});
+    return made ? readServerTls(path(u"server.pem"_s), path(u"server.key"_s)) : std::nullopt;
 }
 
 bool CertificateAuthority::openssl(const QStringList &arguments)
@@ -69,12 +64,11 @@ bool CertificateAuthority::openssl(const QStringList &arguments)
     QProcess process;
     process.setWorkingDirectory(m_folder.path());
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QStringLiteral("openssl"), arguments);
+    process.start(u"openssl"_s, arguments);
     if (process.waitForFinished() && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0) {
         return true;
     }
-    m_errorString =
-        QStringLiteral("openssl: ") + process.errorString() + u'\n' + QString::fromLocal8Bit(process.readAll());
+    m_errorString = u"openssl: "_s + process.errorString() + u'\n' + QString::fromLocal8Bit(process.readAll());
     return false;
 }
 
@@ -107,7 +101,7 @@ std::optional<QSslConfiguration> readServerTls(const QString &certificatePath, c
     configuration.setLocalCertificateChain(chain);
     configuration.setPrivateKey(key);
     configuration.setPeerVerifyMode(QSslSocket::VerifyNone); // Clients show no certificate.
-    configuration.setAllowedNextProtocols({QByteArrayLiteral("http/1.1")});
+    configuration.setAllowedNextProtocols({"http/1.1"_ba});
     return configuration;
 }
 

@@ -10,6 +10,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// A certificate authority made for this run by the openssl program. Nothing on the machine trusts it; a client has to
 /// be given certificate(). Keys lie in a private temporary folder that goes with the object.
 class CertificateAuthority
@@ -18,13 +20,13 @@ class CertificateAuthority
     /// What a server certificate says.
     struct Request
     {
-        QStringList hosts{QStringLiteral("DNS:localhost"), QStringLiteral("IP:127.0.0.1"), QStringLiteral("IP:::1")};
+        QStringList hosts{u"DNS:localhost"_s, u"IP:127.0.0.1"_s, u"IP:::1"_s};
         QDateTime from = QDateTime::currentDateTimeUtc().addDays(-1);
         QDateTime until = QDateTime::currentDateTimeUtc().addDays(30);
     };
 
     /// Blocks for a moment. Where openssl is missing or fails, certificate() is null and errorString() says why.
-    explicit CertificateAuthority(const QString &name = QStringLiteral("Quorvane demonstration authority"));
+    explicit CertificateAuthority(const QString &name = u"Quorvane demonstration authority"_s);
 
     [[nodiscard]] const QSslCertificate &certificate() const { return m_certificate; }
     [[nodiscard]] QString errorString() const { return m_errorString; }

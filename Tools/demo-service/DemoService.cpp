@@ -8,6 +8,8 @@
 
 #include <pthread.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 DemoService::DemoService(const DemoServiceOptions &options, QObject *parent)
@@ -15,7 +17,7 @@ DemoService::DemoService(const DemoServiceOptions &options, QObject *parent)
 {
     m_state.setPictureMaker(paintPicture);
     if (!options.address.isLoopback()) {
-        m_errorString = QStringLiteral("The demonstration service listens on loopback addresses only.");
+        m_errorString = u"The demonstration service listens on loopback addresses only."_s;
         return;
     }
     std::promise<void> listening;
@@ -43,7 +45,7 @@ void DemoService::serve(const DemoServiceOptions &options, std::promise<void> &l
     if (!listener.listen(options.address, options.port)) {
         m_errorString = listener.errorString();
     }
-    m_baseAddress.setScheme(options.tls ? QStringLiteral("https") : QStringLiteral("http"));
+    m_baseAddress.setScheme(options.tls ? u"https"_s : u"http"_s);
     m_baseAddress.setHost(options.address.toString());
     m_baseAddress.setPort(listener.serverPort());
     listening.set_value();

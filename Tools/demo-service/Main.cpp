@@ -15,6 +15,8 @@
 #include <csignal>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 using namespace quorvane;
 
 namespace {
@@ -44,26 +46,22 @@ int main(int argc, char **argv)
     const int signalDescriptor = endingSignals();
     QCoreApplication application(argc, argv);
 
-    const QCommandLineOption port(QStringLiteral("port"), QStringLiteral("Listen on <port>; 0 picks a free one."),
-                                  QStringLiteral("port"), QStringLiteral("0"));
-    const QCommandLineOption ipv6(QStringLiteral("ipv6"), QStringLiteral("Listen on ::1 instead of 127.0.0.1."));
-    const QCommandLineOption tls(QStringLiteral("tls"), QStringLiteral("Speak https, by default with a certificate of "
-                                                                       "an authority made for this run."));
-    const QCommandLineOption certificate(QStringLiteral("certificate"),
-                                         QStringLiteral("Certificate chain for --tls (PEM)."), QStringLiteral("file"));
-    const QCommandLineOption key(QStringLiteral("key"), QStringLiteral("Key for --tls (PEM)."), QStringLiteral("file"));
-    const QCommandLineOption authority(QStringLiteral("write-authority"),
-                                       QStringLiteral("Write the made authority's certificate, for clients to trust."),
-                                       QStringLiteral("file"));
-    const QCommandLineOption misbehave(QStringLiteral("misbehave"),
-                                       QStringLiteral("Misbehave, for example slow-drip:bytes=100,pause=5. One of: ") +
+    const QCommandLineOption port(u"port"_s, u"Listen on <port>; 0 picks a free one."_s, u"port"_s, u"0"_s);
+    const QCommandLineOption ipv6(u"ipv6"_s, u"Listen on ::1 instead of 127.0.0.1."_s);
+    const QCommandLineOption tls(u"tls"_s, u"Speak https, by default with a certificate of "
+                                           "an authority made for this run."_s);
+    const QCommandLineOption certificate(u"certificate"_s, u"Certificate chain for --tls (PEM)."_s, u"file"_s);
+    const QCommandLineOption key(u"key"_s, u"Key for --tls (PEM)."_s, u"file"_s);
+    const QCommandLineOption authority(u"write-authority"_s,
+                                       u"Write the made authority's certificate, for clients to trust."_s, u"file"_s);
+    const QCommandLineOption misbehave(u"misbehave"_s,
+                                       u"Misbehave, for example slow-drip:bytes=100,pause=5. One of: "_s +
                                            QString::fromLatin1(misbehaviourNames().join(", ")),
-                                       QStringLiteral("name"));
-    const QCommandLineOption untilStdinCloses(QStringLiteral("until-stdin-closes"),
-                                              QStringLiteral("End when standard input closes."));
+                                       u"name"_s);
+    const QCommandLineOption untilStdinCloses(u"until-stdin-closes"_s, u"End when standard input closes."_s);
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Speaks the request and answer shapes of the image services and paints the pictures itself."));
+        u"Speaks the request and answer shapes of the image services and paints the pictures itself."_s);
     parser.addHelpOption();
     parser.addOptions({port, ipv6, tls, certificate, key, authority, misbehave, untilStdinCloses});
     parser.process(application);
@@ -72,7 +70,7 @@ int main(int argc, char **argv)
     bool portIsNumber = false;
     options.port = parser.value(port).toUShort(&portIsNumber);
     if (!portIsNumber) {
-        return fail(QStringLiteral("the port must be a number from 0 to 65535"));
+        return fail(u"the port must be a number from 0 to 65535"_s);
     }
     if (parser.isSet(ipv6)) {
         options.address = QHostAddress::LocalHostIPv6;
@@ -80,7 +78,7 @@ int main(int argc, char **argv)
     if (parser.isSet(tls) && parser.isSet(certificate)) {
         options.tls = readServerTls(parser.value(certificate), parser.value(key));
         if (!options.tls) {
-            return fail(QStringLiteral("cannot read the certificate and its key"));
+            return fail(u"cannot read the certificate and its key"_s);
         }
     } else if (parser.isSet(tls)) {
         CertificateAuthority made;
@@ -102,7 +100,7 @@ int main(int argc, char **argv)
     if (parser.isSet(misbehave)) {
         const auto misbehaviour = misbehaviourFromText(parser.value(misbehave).toUtf8());
         if (!misbehaviour) {
-            return fail(QStringLiteral("there is no such misbehaviour; see --help"));
+            return fail(u"there is no such misbehaviour; see --help"_s);
         }
         service.setMisbehaviour(*misbehaviour);
     }

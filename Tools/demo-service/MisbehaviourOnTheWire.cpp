@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -87,7 +89,7 @@ QByteArray nestedLists(qint64 size)
 /// The list in which the service's pictures stand.
 QString listName(const PictureOrder &order)
 {
-    return order.service == PictureOrder::Service::Gemini ? QStringLiteral("candidates") : QStringLiteral("data");
+    return order.service == PictureOrder::Service::Gemini ? u"candidates"_s : u"data"_s;
 }
 
 /// Puts a member in front of all others, by text: no JSON library writes what these members hold.
@@ -99,7 +101,7 @@ QByteArray withFirstMember(const QByteArray &object, const QByteArray &member)
 QByteArray manyCandidates(const PictureOrder &order, QJsonObject answer)
 {
     QJsonArray list = answer.value(listName(order)).toArray();
-    const QJsonValue last{QJsonObject{{QStringLiteral("finishReason"), QStringLiteral("OTHER")}}};
+    const QJsonValue last{QJsonObject{{u"finishReason"_s, u"OTHER"_s}}};
     while (list.size() < kManyCandidates) {
         list.append(last);
     }
@@ -124,8 +126,7 @@ QByteArray strangeBody(const Misbehaviour &how, const PictureOrder &order, const
         return withFirstMember(good,
                                "\"padding\":\"" + QByteArray(std::max<qint64>(how.bytes - good.size(), 0), 'a') + '"');
     case Kind::DataAddress:
-        return compact(pictureAnswer(order, QStringLiteral("data:image/") + QLatin1String(order.format()) +
-                                                QStringLiteral(";base64,") + base64));
+        return compact(pictureAnswer(order, u"data:image/"_s + QLatin1String(order.format()) + u";base64,"_s + base64));
     case Kind::Base64MissingPadding:
     case Kind::Base64SurplusPadding:
     case Kind::Base64LineBreaks:
@@ -144,7 +145,7 @@ WireScript misbehave(const Misbehaviour &how, const HttpRequest &request)
     case Kind::ErrorObject:
         return errorAnswer(how.status, QString::fromUtf8(how.text));
     case Kind::ErrorText:
-        return HttpAnswer::json(how.status, compact({{QStringLiteral("error"), QString::fromUtf8(how.text)}}));
+        return HttpAnswer::json(how.status, compact({{u"error"_s, QString::fromUtf8(how.text)}}));
     case Kind::JsonList:
         return HttpAnswer::json(how.status, R"([{"candidates":[]},{"data":[]}])");
     case Kind::PlainText:

@@ -9,6 +9,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -29,7 +31,7 @@ struct Refusal
 QString textField(const QJsonObject &object, const QString &name)
 {
     if (!object.value(name).isString()) {
-        refuse(400, QStringLiteral("Missing or malformed field: '%1'.").arg(name));
+        refuse(400, u"Missing or malformed field: '%1'."_s.arg(name));
     }
     return object.value(name).toString();
 }
@@ -37,14 +39,14 @@ QString textField(const QJsonObject &object, const QString &name)
 QJsonObject readBody(const HttpRequest &request)
 {
     if (request.method != "POST") {
-        refuse(405, QStringLiteral("This address takes POST only."));
+        refuse(405, u"This address takes POST only."_s);
     }
     if (request.header("Content-Type").split(';').first().trimmed().toLower() != "application/json") {
-        refuse(415, QStringLiteral("The content type must be application/json."));
+        refuse(415, u"The content type must be application/json."_s);
     }
     const QJsonDocument document = QJsonDocument::fromJson(request.body);
     if (!document.isObject()) {
-        refuse(400, QStringLiteral("The body is not a JSON object."));
+        refuse(400, u"The body is not a JSON object."_s);
     }
     return document.object();
 }
@@ -53,10 +55,10 @@ QJsonObject readBody(const HttpRequest &request)
 void checkKey(const QByteArray &key)
 {
     if (key.isEmpty()) {
-        refuse(401, QStringLiteral("No API key was given."));
+        refuse(401, u"No API key was given."_s);
     }
     if (key.startsWith("invalid")) {
-        refuse(401, QStringLiteral("Incorrect API key provided."));
+        refuse(401, u"Incorrect API key provided."_s);
     }
 }
 
@@ -71,37 +73,34 @@ void checkNoOtherFields(const QJsonObject &body, const QStringList &known)
 {
     for (const QString &name : body.keys()) {
         if (!known.contains(name)) {
-            refuse(400, QStringLiteral("Unknown parameter: '%1'.").arg(name));
+            refuse(400, u"Unknown parameter: '%1'."_s.arg(name));
         }
     }
 }
 
 QSize geminiSize(const QJsonObject &imageConfig)
 {
-    const QString scale = imageConfig.value(QStringLiteral("imageSize")).toString(QStringLiteral("1K"));
-    const QString shape = imageConfig.value(QStringLiteral("aspectRatio")).toString(QStringLiteral("16:9"));
-    const int width = scale == QStringLiteral("4K")   ? 3840
-                      : scale == QStringLiteral("2K") ? 1920
-                      : scale == QStringLiteral("1K") ? 1280
-                                                      : 0;
+    const QString scale = imageConfig.value(u"imageSize"_s).toString(u"1K"_s);
+    const QString shape = imageConfig.value(u"aspectRatio"_s).toString(u"16:9"_s);
+    const int width = scale == u"4K"_s ? 3840 : scale == u"2K"_s ? 1920 : scale == u"1K"_s ? 1280 : 0;
     const QStringList sides = shape.split(u':');
     const int across = sides.value(0).toInt();
     const int down = sides.value(1).toInt();
     if (width == 0 || sides.size() != 2 || across < 1 || across > 21 || down < 1 || down > 21) {
-        refuse(400, QStringLiteral("Unsupported imageConfig."));
+        refuse(400, u"Unsupported imageConfig."_s);
     }
     return across >= down ? QSize(width, width * down / across) : QSize(width * across / down, width);
 }
 
 QImage geminiOriginal(const QJsonObject &part)
 {
-    const QJsonObject inlineData = part.value(QStringLiteral("inlineData")).toObject();
-    const QString mimeType = textField(inlineData, QStringLiteral("mimeType"));
-    const auto decoded = QByteArray::fromBase64Encoding(textField(inlineData, QStringLiteral("data")).toLatin1(),
+    const QJsonObject inlineData = part.value(u"inlineData"_s).toObject();
+    const QString mimeType = textField(inlineData, u"mimeType"_s);
+    const auto decoded = QByteArray::fromBase64Encoding(textField(inlineData, u"data"_s).toLatin1(),
                                                         QByteArray::AbortOnBase64DecodingErrors);
     const QImage image = decoded ? QImage::fromData(decoded.decoded) : QImage();
-    if (!mimeType.startsWith(QStringLiteral("image/")) || image.isNull()) {
-        refuse(400, QStringLiteral("Unable to process input image."));
+    if (!mimeType.startsWith(u"image/"_s) || image.isNull()) {
+        refuse(400, u"Unable to process input image."_s);
     }
     return image;
 }
@@ -110,19 +109,17 @@ PictureOrder readGemini(const HttpRequest &request, const QString &model)
 {
     const QJsonObject body = readBody(request);
     checkKey(request.header("x-goog-api-key"));
-    checkNoOtherFields(body, {QStringLiteral("contents"), QStringLiteral("generationConfig")});
+    checkNoOtherFields(body, {u"contents"_s, u"generationConfig"_s});
 
-    const QJsonArray parts =
-        body.value(QStringLiteral("contents")).toArray().first().toObject().value(QStringLiteral("parts")).toArray();
+    const QJsonArray parts = body.value(u"contents"_s).toArray().first().toObject().value(u"parts"_s).toArray();
     if (parts.isEmpty()) {
-        refuse(400, QStringLiteral("contents is not specified"));
+        refuse(400, u"contents is not specified"_s);
     }
-    const QJsonObject imageConfig =
-        body.value(QStringLiteral("generationConfig")).toObject().value(QStringLiteral("imageConfig")).toObject();
-    PictureOrder order{PictureOrder::Service::Gemini, model,
-                       textField(parts.first().toObject(), QStringLiteral("text")), geminiSize(imageConfig), QImage()};
+    const QJsonObject imageConfig = body.value(u"generationConfig"_s).toObject().value(u"imageConfig"_s).toObject();
+    PictureOrder order{PictureOrder::Service::Gemini, model, textField(parts.first().toObject(), u"text"_s),
+                       geminiSize(imageConfig), QImage()};
     for (const QJsonValue &part : parts) {
-        if (part.toObject().contains(QStringLiteral("inlineData"))) {
+        if (part.toObject().contains(u"inlineData"_s)) {
             order.original = geminiOriginal(part.toObject());
             order.size = order.original.size().scaled(kUpscaledWidth, kUpscaledWidth * 16, Qt::KeepAspectRatio);
             break;
@@ -133,54 +130,50 @@ PictureOrder readGemini(const HttpRequest &request, const QString &model)
 
 PictureOrder readGrok(const QJsonObject &body)
 {
-    checkNoOtherFields(body, {QStringLiteral("model"), QStringLiteral("prompt"), QStringLiteral("n"),
-                              QStringLiteral("response_format"), QStringLiteral("aspect_ratio")});
-    if (body.value(QStringLiteral("n")) != QJsonValue(1)) {
-        refuse(400, QStringLiteral("n must be the number 1."));
+    checkNoOtherFields(body, {u"model"_s, u"prompt"_s, u"n"_s, u"response_format"_s, u"aspect_ratio"_s});
+    if (body.value(u"n"_s) != QJsonValue(1)) {
+        refuse(400, u"n must be the number 1."_s);
     }
-    if (textField(body, QStringLiteral("response_format")) != QStringLiteral("b64_json") ||
-        textField(body, QStringLiteral("aspect_ratio")) != QStringLiteral("16:9")) {
-        refuse(400, QStringLiteral("Only b64_json answers of 16:9 are made here."));
+    if (textField(body, u"response_format"_s) != u"b64_json"_s || textField(body, u"aspect_ratio"_s) != u"16:9"_s) {
+        refuse(400, u"Only b64_json answers of 16:9 are made here."_s);
     }
-    return {PictureOrder::Service::Grok, textField(body, QStringLiteral("model")),
-            textField(body, QStringLiteral("prompt")), QSize(1408, 768), QImage()};
+    return {PictureOrder::Service::Grok, textField(body, u"model"_s), textField(body, u"prompt"_s), QSize(1408, 768),
+            QImage()};
 }
 
 PictureOrder readOpenAI(const QJsonObject &body)
 {
-    checkNoOtherFields(body, {QStringLiteral("model"), QStringLiteral("prompt"), QStringLiteral("size"),
-                              QStringLiteral("quality"), QStringLiteral("output_format"), QStringLiteral("background"),
-                              QStringLiteral("moderation")});
-    if (textField(body, QStringLiteral("output_format")) != QStringLiteral("png")) {
-        refuse(400, QStringLiteral("Only png is made here."));
+    checkNoOtherFields(
+        body, {u"model"_s, u"prompt"_s, u"size"_s, u"quality"_s, u"output_format"_s, u"background"_s, u"moderation"_s});
+    if (textField(body, u"output_format"_s) != u"png"_s) {
+        refuse(400, u"Only png is made here."_s);
     }
-    const QString model = textField(body, QStringLiteral("model"));
-    const QString size = textField(body, QStringLiteral("size"));
-    static const QRegularExpression shape(QStringLiteral("\\A([1-9][0-9]{2,3})x([1-9][0-9]{2,3})\\z"));
+    const QString model = textField(body, u"model"_s);
+    const QString size = textField(body, u"size"_s);
+    static const QRegularExpression shape(u"\\A([1-9][0-9]{2,3})x([1-9][0-9]{2,3})\\z"_s);
     const QRegularExpressionMatch match = shape.match(size);
-    const QStringList olderSizes{QStringLiteral("1024x1024"), QStringLiteral("1536x1024"), QStringLiteral("1024x1536")};
+    const QStringList olderSizes{u"1024x1024"_s, u"1536x1024"_s, u"1024x1536"_s};
     const QSize pixels(match.captured(1).toInt(), match.captured(2).toInt());
     if (pixels.isEmpty() || pixels.width() > 3840 || pixels.height() > 3840 ||
-        (model != QStringLiteral("gpt-image-2") && !olderSizes.contains(size))) {
-        refuse(400, QStringLiteral("Invalid size '%1' for this model.").arg(size));
+        (model != u"gpt-image-2"_s && !olderSizes.contains(size))) {
+        refuse(400, u"Invalid size '%1' for this model."_s.arg(size));
     }
-    return {PictureOrder::Service::OpenAI, model, textField(body, QStringLiteral("prompt")), pixels, QImage()};
+    return {PictureOrder::Service::OpenAI, model, textField(body, u"prompt"_s), pixels, QImage()};
 }
 
 PictureOrder route(const HttpRequest &request)
 {
-    static const QRegularExpression gemini(QStringLiteral("\\A/v1beta/models/([^/:]+):generateContent\\z"));
+    static const QRegularExpression gemini(u"\\A/v1beta/models/([^/:]+):generateContent\\z"_s);
     const QRegularExpressionMatch match = gemini.match(QString::fromLatin1(request.path));
     if (match.hasMatch()) {
         return readGemini(request, match.captured(1));
     }
     if (request.path != "/v1/images/generations") {
-        refuse(404, QStringLiteral("There is nothing at this address."));
+        refuse(404, u"There is nothing at this address."_s);
     }
     const QJsonObject body = readBody(request);
     checkBearer(request);
-    return textField(body, QStringLiteral("model")).startsWith(QStringLiteral("grok")) ? readGrok(body)
-                                                                                       : readOpenAI(body);
+    return textField(body, u"model"_s).startsWith(u"grok"_s) ? readGrok(body) : readOpenAI(body);
 }
 
 } // namespace

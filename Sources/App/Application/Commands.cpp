@@ -2,9 +2,9 @@
 
 #include "App/Command/CommandRunner.h"
 #include "App/Command/Console.h"
-#include "App/Control/Forwarding.h"
 #include "App/Command/Reports.h"
 #include "App/Command/Services.h"
+#include "App/Control/Forwarding.h"
 #include "Upscaling/Network/ModelFiles.h"
 
 #include <QCoreApplication>
@@ -13,6 +13,8 @@
 #include <QJsonObject>
 
 #include <optional>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -27,7 +29,7 @@ struct Tr
 
 int fail(const QString &problem, int status = kFailed)
 {
-    Console::printError(QStringLiteral("quorvane: ") + problem);
+    Console::printError(u"quorvane: "_s + problem);
     return status;
 }
 
@@ -35,7 +37,7 @@ void printSettings(const QJsonObject &values, const CommandLine &line)
 {
     if (line.arguments.isEmpty()) {
         for (auto each = values.begin(); each != values.end(); ++each) {
-            Console::print(each.key() + QStringLiteral(" = ") + each.value().toVariant().toString());
+            Console::print(each.key() + u" = "_s + each.value().toVariant().toString());
         }
     } else if (line.arguments.size() == 1 && !line.unset) {
         Console::print(values.value(line.arguments.first()).toVariant().toString());
@@ -49,7 +51,7 @@ void printText(const CommandLine &line, const QJsonValue &value)
     case Verb::Generate:
     case Verb::Upscale:
     case Verb::Set:
-        Console::print(value[QLatin1String("status")].toString());
+        Console::print(value["status"_L1].toString());
         return;
     case Verb::Status:
         Console::print(Reports::statusText(value.toObject()));
@@ -64,7 +66,7 @@ void printText(const CommandLine &line, const QJsonValue &value)
         printSettings(value.toObject(), line);
         return;
     case Verb::Key:
-        if (line.arguments.first() == QLatin1String("list")) {
+        if (line.arguments.first() == "list"_L1) {
             const QJsonArray ids = value.toArray();
             for (const QJsonValue &id : ids) {
                 Console::print(id.toString());
@@ -72,8 +74,8 @@ void printText(const CommandLine &line, const QJsonValue &value)
         }
         return;
     case Verb::Model:
-        Console::print(value[QLatin1String("file")].toString());
-        Console::print(value[QLatin1String("description")].toString());
+        Console::print(value["file"_L1].toString());
+        Console::print(value["description"_L1].toString());
         return;
     default:
         return;
@@ -120,7 +122,7 @@ CommandOutcome runHere(const CommandLine &line)
 int runModel(const CommandLine &line)
 {
     const CommandOutcome outcome = CommandRunner::useModel(line);
-    if (outcome.problem.isEmpty() && outcome.value[QLatin1String("file")].isNull() && !line.json) {
+    if (outcome.problem.isEmpty() && outcome.value["file"_L1].isNull() && !line.json) {
         return fail(missingModel().errorDescription());
     }
     return finish(line, outcome);
@@ -132,7 +134,7 @@ std::optional<QString> prepare(CommandLine &line)
 {
     switch (line.verb) {
     case Verb::Key:
-        if (line.arguments.first() == QLatin1String("set")) {
+        if (line.arguments.first() == "set"_L1) {
             const auto key = Console::readSecret(Tr::tr("API key for %1: ").arg(line.arguments.at(1)));
             if (!key) {
                 return Tr::tr("standard input holds no key");
@@ -165,7 +167,7 @@ int runCommand(CommandLine line)
         Console::print(helpText().trimmed());
         return kDone;
     case Verb::Version:
-        Console::print(QStringLiteral("quorvane ") + QCoreApplication::applicationVersion());
+        Console::print(u"quorvane "_s + QCoreApplication::applicationVersion());
         return kDone;
     case Verb::Autostart:
         return finish(line, CommandRunner::switchAutostart(line));

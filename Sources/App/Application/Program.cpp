@@ -1,15 +1,15 @@
 #include "App/Application/Program.h"
 
-#include "App/Command/CommandLine.h"
 #include "App/Application/Commands.h"
+#include "App/Application/Translations.h"
+#include "App/Application/WallpaperApp.h"
+#include "App/Command/CommandLine.h"
 #include "App/Command/Console.h"
 #include "App/Control/ControlCalls.h"
 #include "App/Control/ControlService.h"
 #include "App/Control/InstanceLock.h"
-#include "App/Application/Translations.h"
-#include "App/Application/WallpaperApp.h"
-#include "Platform/System/GraphicsProcessor.h"
 #include "Platform/Bus/SessionBus.h"
+#include "Platform/System/GraphicsProcessor.h"
 
 #include <QApplication>
 #include <QNetworkProxyFactory>
@@ -19,6 +19,8 @@
 #include <memory>
 
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -31,7 +33,7 @@ struct Tr
 
 int fail(const QString &problem, int status = kFailed)
 {
-    Console::printError(QStringLiteral("quorvane: ") + problem);
+    Console::printError(u"quorvane: "_s + problem);
     return status;
 }
 
@@ -161,7 +163,7 @@ int runWithoutWindows(const Parsed &parsed)
 
 int runProgram(int argc, char **argv, const SceneUrls &urls)
 {
-    QCoreApplication::setApplicationName(QStringLiteral("Quorvane"));
+    QCoreApplication::setApplicationName(u"Quorvane"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
     QStringList arguments;
     for (int index = 1; index < argc; ++index) {

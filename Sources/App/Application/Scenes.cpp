@@ -7,6 +7,8 @@
 #include <QPixmapCache>
 #include <QQmlComponent>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 Scenes::Scenes(WallpaperManager &manager, SceneUrls urls, QObject *parent)
@@ -67,7 +69,7 @@ QQuickWindow *Scenes::make(const QUrl &url)
 {
     if (!m_engine) {
         m_engine = std::make_unique<QQmlEngine>();
-        m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+        m_engine->addImportPath(u"qrc:/qt/qml"_s);
         if (m_urls.install) {
             m_urls.install(m_engine.get());
         }
@@ -75,7 +77,7 @@ QQuickWindow *Scenes::make(const QUrl &url)
     QQmlComponent component(m_engine.get(), url);
     QObject *object = nullptr;
     if (component.isReady()) { // Qt 6.4 crashes on one that is not.
-        const QVariantMap properties{{QStringLiteral("manager"), QVariant::fromValue(&m_manager)}};
+        const QVariantMap properties{{u"manager"_s, QVariant::fromValue(&m_manager)}};
         object = component.createWithInitialProperties(properties);
     }
     auto *window = qobject_cast<QQuickWindow *>(object);

@@ -14,13 +14,15 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 class WallpaperManager;
 
 /// Where the windows come from. Each is a Window with the required property "manager".
 struct SceneUrls
 {
-    QUrl main{QStringLiteral("qrc:/qt/qml/Quorvane/Views/MainWindow.qml")};
-    QUrl settings{QStringLiteral("qrc:/qt/qml/Quorvane/Views/SettingsWindow.qml")};
+    QUrl main{u"qrc:/qt/qml/Quorvane/Views/MainWindow.qml"_s};
+    QUrl settings{u"qrc:/qt/qml/Quorvane/Views/SettingsWindow.qml"_s};
     std::function<void(QQmlEngine *)> install; ///< Called with each new engine, before the first window; may be empty.
 };
 

@@ -5,6 +5,8 @@
 #include <QLocale>
 #include <QTranslator>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -18,7 +20,7 @@ QString messagesLocale()
             return value;
         }
     }
-    return QStringLiteral("C");
+    return u"C"_s;
 }
 
 QString catalogueName(const QLocale &locale)
@@ -31,7 +33,7 @@ QString catalogueName(const QLocale &locale)
     case QLocale::Japanese:
         return QLocale::languageToCode(locale.language());
     case QLocale::Chinese:
-        return locale.script() == QLocale::SimplifiedHanScript ? QStringLiteral("zh_CN") : QString();
+        return locale.script() == QLocale::SimplifiedHanScript ? u"zh_CN"_s : QString();
     default:
         return {};
     }
@@ -52,8 +54,8 @@ void install(QCoreApplication &application, const QString &name, const QString &
 QStringList wantedLanguages()
 {
     // "C.UTF-8" is "C" with another encoding.
-    const QString locale = messagesLocale().section(QLatin1Char('.'), 0, 0);
-    if (locale == QLatin1String("C") || locale == QLatin1String("POSIX")) {
+    const QString locale = messagesLocale().section('.'_L1, 0, 0);
+    if (locale == "C"_L1 || locale == "POSIX"_L1) {
         return {};
     }
     return QLocale::system().uiLanguages();
@@ -67,7 +69,7 @@ QString catalogueFor(const QStringList &languages)
             return name;
         }
     }
-    return QStringLiteral("en");
+    return u"en"_s;
 }
 
 Qt::LayoutDirection directionFor(const QStringList &languages)
@@ -78,8 +80,8 @@ Qt::LayoutDirection directionFor(const QStringList &languages)
 void installTranslations(QCoreApplication &application, const QStringList &languages)
 {
     const QString name = catalogueFor(languages);
-    install(application, QStringLiteral("qtbase_") + name, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-    install(application, QStringLiteral("quorvane_") + name, QStringLiteral(":/translations"));
+    install(application, u"qtbase_"_s + name, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    install(application, u"quorvane_"_s + name, u":/translations"_s);
 }
 
 } // namespace quorvane

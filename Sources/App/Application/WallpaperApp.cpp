@@ -2,14 +2,16 @@
 
 #include "App/Command/Console.h"
 #include "App/Control/ControlService.h"
-#include "Platform/System/IdleMemory.h"
 #include "Platform/Bus/SessionBus.h"
+#include "Platform/System/IdleMemory.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QSessionManager>
 
 #include <chrono>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -37,7 +39,7 @@ WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls u
     connect(&m_control, &ControlService::changed, &m_menuBar, &MenuBar::refresh);
 
     connect(&m_scenes, &Scenes::failed, this, [this](const QString &problem) {
-        Console::printError(QStringLiteral("quorvane: ") + problem);
+        Console::printError(u"quorvane: "_s + problem);
         m_notifications.show({tr("The window cannot be opened"), problem, {}});
     });
     // X11 session managers would start what runs at log-out again, with its window; starting with the session is what

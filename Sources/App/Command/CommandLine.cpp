@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -26,38 +28,38 @@ struct Form
 };
 
 constexpr std::array kForms{
-    Form{QLatin1String("generate"), Verb::Generate, 0, 0}, Form{QLatin1String("upscale"), Verb::Upscale, 1, 1},
-    Form{QLatin1String("set"), Verb::Set, 1, 1},           Form{QLatin1String("status"), Verb::Status, 0, 0},
-    Form{QLatin1String("history"), Verb::History, 0, 0},   Form{QLatin1String("albums"), Verb::Albums, 0, 0},
-    Form{QLatin1String("favorite"), Verb::Favorite, 1, 1}, Form{QLatin1String("delete"), Verb::Delete, 1, 1},
-    Form{QLatin1String("settings"), Verb::Settings, 0, 2}, Form{QLatin1String("key"), Verb::Key, 1, 2},
-    Form{QLatin1String("auto"), Verb::Auto, 1, 1},         Form{QLatin1String("autostart"), Verb::Autostart, 1, 1},
-    Form{QLatin1String("model"), Verb::Model, 0, 2},       Form{QLatin1String("quit"), Verb::Quit, 0, 0},
+    Form{"generate"_L1, Verb::Generate, 0, 0}, Form{"upscale"_L1, Verb::Upscale, 1, 1},
+    Form{"set"_L1, Verb::Set, 1, 1},           Form{"status"_L1, Verb::Status, 0, 0},
+    Form{"history"_L1, Verb::History, 0, 0},   Form{"albums"_L1, Verb::Albums, 0, 0},
+    Form{"favorite"_L1, Verb::Favorite, 1, 1}, Form{"delete"_L1, Verb::Delete, 1, 1},
+    Form{"settings"_L1, Verb::Settings, 0, 2}, Form{"key"_L1, Verb::Key, 1, 2},
+    Form{"auto"_L1, Verb::Auto, 1, 1},         Form{"autostart"_L1, Verb::Autostart, 1, 1},
+    Form{"model"_L1, Verb::Model, 0, 2},       Form{"quit"_L1, Verb::Quit, 0, 0},
 };
 
 QString usage(Verb verb)
 {
     switch (verb) {
     case Verb::Upscale:
-        return QStringLiteral("quorvane upscale FILE");
+        return u"quorvane upscale FILE"_s;
     case Verb::Set:
-        return QStringLiteral("quorvane set FILE");
+        return u"quorvane set FILE"_s;
     case Verb::Favorite:
-        return QStringLiteral("quorvane favorite FILE");
+        return u"quorvane favorite FILE"_s;
     case Verb::Delete:
-        return QStringLiteral("quorvane delete FILE");
+        return u"quorvane delete FILE"_s;
     case Verb::Settings:
-        return QStringLiteral("quorvane settings [KEY [VALUE]] | settings --unset KEY");
+        return u"quorvane settings [KEY [VALUE]] | settings --unset KEY"_s;
     case Verb::Key:
-        return QStringLiteral("quorvane key list | key set ID | key delete ID");
+        return u"quorvane key list | key set ID | key delete ID"_s;
     case Verb::Auto:
-        return QStringLiteral("quorvane auto on|off");
+        return u"quorvane auto on|off"_s;
     case Verb::Autostart:
-        return QStringLiteral("quorvane autostart on|off");
+        return u"quorvane autostart on|off"_s;
     case Verb::Model:
-        return QStringLiteral("quorvane model [install FILE]");
+        return u"quorvane model [install FILE]"_s;
     default:
-        return QStringLiteral("quorvane --help");
+        return u"quorvane --help"_s;
     }
 }
 
@@ -108,27 +110,27 @@ std::variant<CommandLine, QString> parseCommandLine(const QStringList &arguments
     bool hasVerb = false;
     for (qsizetype index = 0; index < arguments.size(); ++index) {
         const QString &argument = arguments.at(index);
-        const bool isOption = !optionsEnded && argument.startsWith(QLatin1Char('-')) && argument.size() > 1;
-        if (isOption && argument == QLatin1String("--")) {
+        const bool isOption = !optionsEnded && argument.startsWith('-'_L1) && argument.size() > 1;
+        if (isOption && argument == "--"_L1) {
             optionsEnded = true;
         } else if (isOption && isOneOf(argument, {"--help", "-h"})) {
             return only(Verb::Help);
-        } else if (isOption && argument == QLatin1String("--version")) {
+        } else if (isOption && argument == "--version"_L1) {
             return only(Verb::Version);
-        } else if (isOption && argument == QLatin1String("--json")) {
+        } else if (isOption && argument == "--json"_L1) {
             line.json = true;
-        } else if (isOption && argument == QLatin1String("--hidden") && !hasVerb) {
+        } else if (isOption && argument == "--hidden"_L1 && !hasVerb) {
             line.hidden = true;
-        } else if (isOption && argument == QLatin1String("--action") && !hasVerb) {
+        } else if (isOption && argument == "--action"_L1 && !hasVerb) {
             if (++index == arguments.size() || !CommandLine::isDesktopAction(arguments.at(index))) {
                 return Tr::tr("--action needs one of: generate, toggle-auto, settings, quit");
             }
             line.action = arguments.at(index);
-        } else if (isOption && argument == QLatin1String("--unset") && line.verb == Verb::Settings) {
+        } else if (isOption && argument == "--unset"_L1 && line.verb == Verb::Settings) {
             line.unset = true;
-        } else if (isOption && argument.startsWith(QLatin1String("--prompt=")) && line.verb == Verb::Generate) {
-            line.prompt = argument.sliced(QLatin1String("--prompt=").size());
-        } else if (isOption && argument == QLatin1String("--prompt") && line.verb == Verb::Generate) {
+        } else if (isOption && argument.startsWith("--prompt="_L1) && line.verb == Verb::Generate) {
+            line.prompt = argument.sliced("--prompt="_L1.size());
+        } else if (isOption && argument == "--prompt"_L1 && line.verb == Verb::Generate) {
             if (++index == arguments.size()) {
                 return Tr::tr("--prompt needs a text");
             }

@@ -1,8 +1,8 @@
 #include "App/Command/CommandRunner.h"
 
 #include "App/Command/Reports.h"
-#include "App/Command/SettingsTable.h"
 #include "App/Command/Services.h"
+#include "App/Command/SettingsTable.h"
 #include "Platform/System/Autostart.h"
 #include "Platform/Threads/Worker.h"
 #include "Storage/ImageStore.h"
@@ -15,6 +15,8 @@
 #include <QJsonObject>
 
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane::CommandRunner {
 
@@ -40,10 +42,10 @@ bool mayBeElsewhere(const CommandLine &line)
 /// The status line, and what the operation left.
 CommandOutcome operationOutcome(const WallpaperManager &manager, const OperationResult &result)
 {
-    const QJsonObject value{{QStringLiteral("status"), manager.status()},
-                            {QStringLiteral("isError"), manager.isError()},
-                            {QStringLiteral("file"), Reports::textOrNull(result.file)},
-                            {QStringLiteral("original"), Reports::textOrNull(result.original)}};
+    const QJsonObject value{{u"status"_s, manager.status()},
+                            {u"isError"_s, manager.isError()},
+                            {u"file"_s, Reports::textOrNull(result.file)},
+                            {u"original"_s, Reports::textOrNull(result.original)}};
     return {manager.isError() ? kFailed : kDone, value, {}};
 }
 
@@ -121,11 +123,11 @@ CommandOutcome changeSettings(Services &services, const CommandLine &line)
 
 CommandOutcome switchAuto(Services &services, const CommandLine &line)
 {
-    services.manager.setAutoEnabled(line.arguments.first() == QLatin1String("on"));
+    services.manager.setAutoEnabled(line.arguments.first() == "on"_L1);
     if (!services.defaults.sync()) {
         return failure(Tr::tr("could not write %1").arg(UserDefaults::defaultPath()));
     }
-    return {kDone, QJsonObject{{QStringLiteral("autoEnabled"), services.manager.autoEnabled()}}, {}};
+    return {kDone, QJsonObject{{u"autoEnabled"_s, services.manager.autoEnabled()}}, {}};
 }
 
 /// Off the main thread, for what loads a network or waits for the desktop.
@@ -137,8 +139,8 @@ QCoro::Task<> runningOnWorker(std::function<CommandOutcome()> work, Ended ended)
 
 QString existingFile(const QString &argument)
 {
-    if (!argument.contains(QLatin1Char('/'))) {
-        const QString inLibrary = ImageStore::directory() + QLatin1Char('/') + argument;
+    if (!argument.contains('/'_L1)) {
+        const QString inLibrary = ImageStore::directory() + '/'_L1 + argument;
         if (QFileInfo::exists(inLibrary)) {
             return inLibrary;
         }
@@ -155,7 +157,7 @@ QString fileOf(const CommandLine &line)
     if (mayBeElsewhere(line)) {
         return path;
     }
-    const QString inLibrary = ImageStore::directory() + QLatin1Char('/') + imageName(path);
+    const QString inLibrary = ImageStore::directory() + '/'_L1 + imageName(path);
     const bool isSame = QFileInfo(path).canonicalFilePath() == QFileInfo(inLibrary).canonicalFilePath();
     return isSame && ImageStore::allImages().contains(inLibrary) ? inLibrary : QString();
 }
@@ -220,9 +222,9 @@ void start(Services &services, const CommandLine &line, const Ended &ended)
 CommandOutcome changeKeys(const CommandLine &line, WallpaperManager *manager)
 {
     const QString &action = line.arguments.first();
-    if (action != QLatin1String("list")) {
+    if (action != "list"_L1) {
         const QString &id = line.arguments.at(1);
-        const bool isSet = action == QLatin1String("set");
+        const bool isSet = action == "set"_L1;
         if (isSet && line.secret.isEmpty()) {
             return failure(Tr::tr("no key on standard input"));
         }
@@ -244,11 +246,11 @@ CommandOutcome changeKeys(const CommandLine &line, WallpaperManager *manager)
 
 CommandOutcome switchAutostart(const CommandLine &line)
 {
-    const bool enabled = line.arguments.first() == QLatin1String("on");
+    const bool enabled = line.arguments.first() == "on"_L1;
     if (const auto problem = setAutostart(enabled ? Autostart::On : Autostart::Off)) {
         return failure(*problem);
     }
-    return {kDone, QJsonObject{{QStringLiteral("autostart"), enabled}}, {}};
+    return {kDone, QJsonObject{{u"autostart"_s, enabled}}, {}};
 }
 
 CommandOutcome useModel(const CommandLine &line, const std::stop_token &stop)
@@ -259,8 +261,8 @@ CommandOutcome useModel(const CommandLine &line, const std::stop_token &stop)
         }
         const std::optional<QString> file = findModel();
         return {kDone,
-                QJsonObject{{QStringLiteral("file"), Reports::textOrNull(file.value_or(QString()))},
-                            {QStringLiteral("description"), file ? QJsonValue(describeModel(*file)) : QJsonValue()}},
+                QJsonObject{{u"file"_s, Reports::textOrNull(file.value_or(QString()))},
+                            {u"description"_s, file ? QJsonValue(describeModel(*file)) : QJsonValue()}},
                 {}};
     } catch (const std::exception &error) {
         return failure(QString::fromUtf8(error.what()));

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane::SettingsTable {
 
 namespace {
@@ -21,10 +23,8 @@ struct Tr
 
 std::optional<bool> booleanFrom(const QString &text)
 {
-    static const QStringList yes{QStringLiteral("true"), QStringLiteral("on"), QStringLiteral("yes"),
-                                 QStringLiteral("1")};
-    static const QStringList no{QStringLiteral("false"), QStringLiteral("off"), QStringLiteral("no"),
-                                QStringLiteral("0")};
+    static const QStringList yes{u"true"_s, u"on"_s, u"yes"_s, u"1"_s};
+    static const QStringList no{u"false"_s, u"off"_s, u"no"_s, u"0"_s};
     const QString word = text.toLower();
     if (yes.contains(word)) {
         return true;
@@ -36,9 +36,9 @@ std::optional<bool> booleanFrom(const QString &text)
 QStringList choices(const WallpaperManager &manager, const QString &key)
 {
     if (key == kUpscaleMethod) {
-        return {QStringLiteral("gemini"), QStringLiteral("local")};
+        return {u"gemini"_s, u"local"_s};
     }
-    QStringList found = key == kProviderOverride ? QStringList{QStringLiteral("auto")} : QStringList();
+    QStringList found = key == kProviderOverride ? QStringList{u"auto"_s} : QStringList();
     for (const auto &provider : manager.providers()) {
         if (key == kProviderOverride) {
             found.append(provider->id());
@@ -100,7 +100,7 @@ QJsonValue value(const WallpaperManager &manager, const UserDefaults &defaults, 
         return manager.intervalMinutes();
     }
     if (key == kUpscaleMethod) {
-        return defaults.text(key).value_or(QStringLiteral("gemini"));
+        return defaults.text(key).value_or(u"gemini"_s);
     }
     if (key == kCurrentWallpaperPath) {
         const std::optional<QString> path = defaults.text(key);
@@ -146,7 +146,7 @@ std::optional<QString> set(WallpaperManager &manager, UserDefaults &defaults, co
     }
     const QStringList offered = choices(manager, key);
     if (!offered.isEmpty() && !offered.contains(text)) {
-        return Tr::tr("%1 takes one of: %2").arg(key, offered.join(QStringLiteral(", ")));
+        return Tr::tr("%1 takes one of: %2").arg(key, offered.join(u", "_s));
     }
     if (key == kLastPrompt) {
         manager.setPrompt(text);
@@ -170,13 +170,13 @@ std::optional<QString> unset(WallpaperManager &manager, UserDefaults &defaults, 
     // What is in force changes first, so that everything that hangs on it follows; then the stored value goes.
     std::optional<QString> problem;
     if (key == kFourKEnabled || key == kNsfwEnabled || key == kAutoEnabled) {
-        problem = set(manager, defaults, key, QStringLiteral("false"));
+        problem = set(manager, defaults, key, u"false"_s);
     } else if (key == kIntervalMinutes) {
         problem = set(manager, defaults, key, QString::number(WallpaperManager::kDefaultIntervalMinutes));
     } else if (key == kLastPrompt) {
         manager.setPrompt(QString());
     } else if (key == kProviderOverride) {
-        manager.setProviderOverride(QStringLiteral("auto"));
+        manager.setProviderOverride(u"auto"_s);
     } else if (key == kUpscaleMethod || !providerOfModelKey(manager, key).isEmpty()) {
         // The first that is offered is what holds without a choice.
         problem = set(manager, defaults, key, choices(manager, key).first());

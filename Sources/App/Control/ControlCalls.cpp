@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane::Control {
 
 namespace {
@@ -22,21 +24,21 @@ struct Method
 };
 
 constexpr std::array kMethods{
-    Method{QLatin1String("Upscale"), Verb::Upscale, {}, 1},
-    Method{QLatin1String("Set"), Verb::Set, {}, 1},
-    Method{QLatin1String("Favorite"), Verb::Favorite, {}, 1},
-    Method{QLatin1String("Delete"), Verb::Delete, {}, 1},
-    Method{QLatin1String("Settings"), Verb::Settings, {}, 0},
-    Method{QLatin1String("Setting"), Verb::Settings, {}, 1},
-    Method{QLatin1String("SetSetting"), Verb::Settings, {}, 2},
-    Method{QLatin1String("ListKeys"), Verb::Key, QLatin1String("list"), 0},
-    Method{QLatin1String("DeleteKey"), Verb::Key, QLatin1String("delete"), 1},
-    Method{QLatin1String("History"), Verb::History, {}, 0},
-    Method{QLatin1String("Albums"), Verb::Albums, {}, 0},
-    Method{QLatin1String("Status"), Verb::Status, {}, 0},
-    Method{QLatin1String("Model"), Verb::Model, {}, 0},
-    Method{QLatin1String("InstallModel"), Verb::Model, QLatin1String("install"), 1},
-    Method{QLatin1String("Quit"), Verb::Quit, {}, 0},
+    Method{"Upscale"_L1, Verb::Upscale, {}, 1},
+    Method{"Set"_L1, Verb::Set, {}, 1},
+    Method{"Favorite"_L1, Verb::Favorite, {}, 1},
+    Method{"Delete"_L1, Verb::Delete, {}, 1},
+    Method{"Settings"_L1, Verb::Settings, {}, 0},
+    Method{"Setting"_L1, Verb::Settings, {}, 1},
+    Method{"SetSetting"_L1, Verb::Settings, {}, 2},
+    Method{"ListKeys"_L1, Verb::Key, "list"_L1, 0},
+    Method{"DeleteKey"_L1, Verb::Key, "delete"_L1, 1},
+    Method{"History"_L1, Verb::History, {}, 0},
+    Method{"Albums"_L1, Verb::Albums, {}, 0},
+    Method{"Status"_L1, Verb::Status, {}, 0},
+    Method{"Model"_L1, Verb::Model, {}, 0},
+    Method{"InstallModel"_L1, Verb::Model, "install"_L1, 1},
+    Method{"Quit"_L1, Verb::Quit, {}, 0},
 };
 
 // Methods whose arguments are more than texts in a row.
@@ -73,8 +75,7 @@ std::optional<QVariantMap> optionsFrom(const QVariant &argument)
         return std::nullopt;
     }
     const auto wire = argument.value<QDBusArgument>();
-    return wire.currentSignature() == QLatin1String("a{sv}") ? std::optional(qdbus_cast<QVariantMap>(wire))
-                                                             : std::nullopt;
+    return wire.currentSignature() == "a{sv}"_L1 ? std::optional(qdbus_cast<QVariantMap>(wire)) : std::nullopt;
 }
 
 std::optional<CommandLine> generateFrom(const QVariantList &arguments)
@@ -99,7 +100,7 @@ std::optional<CommandLine> generateFrom(const QVariantList &arguments)
 std::optional<CommandLine> parsed(QStringList words, const QStringList &arguments)
 {
     if (!arguments.isEmpty()) {
-        words.append(QStringLiteral("--"));
+        words.append(u"--"_s);
     }
     const auto line = parseCommandLine(words + arguments);
     return std::holds_alternative<CommandLine>(line) ? std::optional(std::get<CommandLine>(line)) : std::nullopt;
@@ -109,27 +110,27 @@ QString word(Verb verb)
 {
     switch (verb) {
     case Verb::Upscale:
-        return QStringLiteral("upscale");
+        return u"upscale"_s;
     case Verb::Set:
-        return QStringLiteral("set");
+        return u"set"_s;
     case Verb::Favorite:
-        return QStringLiteral("favorite");
+        return u"favorite"_s;
     case Verb::Delete:
-        return QStringLiteral("delete");
+        return u"delete"_s;
     case Verb::Settings:
-        return QStringLiteral("settings");
+        return u"settings"_s;
     case Verb::Key:
-        return QStringLiteral("key");
+        return u"key"_s;
     case Verb::History:
-        return QStringLiteral("history");
+        return u"history"_s;
     case Verb::Albums:
-        return QStringLiteral("albums");
+        return u"albums"_s;
     case Verb::Status:
-        return QStringLiteral("status");
+        return u"status"_s;
     case Verb::Model:
-        return QStringLiteral("model");
+        return u"model"_s;
     default:
-        return QStringLiteral("quit");
+        return u"quit"_s;
     }
 }
 
@@ -137,69 +138,67 @@ QString word(Verb verb)
 
 QString busName()
 {
-    return QStringLiteral("app.quorvane.Quorvane");
+    return u"app.quorvane.Quorvane"_s;
 }
 
 QString objectPath()
 {
-    return QStringLiteral("/app/quorvane/Quorvane");
+    return u"/app/quorvane/Quorvane"_s;
 }
 
 QString interfaceName()
 {
-    return QStringLiteral("app.quorvane.Quorvane1");
+    return u"app.quorvane.Quorvane1"_s;
 }
 
 QString applicationInterface()
 {
-    return QStringLiteral("org.freedesktop.Application");
+    return u"org.freedesktop.Application"_s;
 }
 
 QString failedError()
 {
-    return QStringLiteral("app.quorvane.Error.Failed");
+    return u"app.quorvane.Error.Failed"_s;
 }
 
 QString wrongArgumentsError()
 {
-    return QStringLiteral("app.quorvane.Error.WrongArguments");
+    return u"app.quorvane.Error.WrongArguments"_s;
 }
 
 QString introspectionXml()
 {
-    QString xml = QStringLiteral("<interface name=\"%1\">").arg(interfaceName());
+    QString xml = u"<interface name=\"%1\">"_s.arg(interfaceName());
     const auto method = [&xml](const QString &name, const QStringList &types) {
-        xml += QStringLiteral("<method name=\"%1\">").arg(name);
+        xml += u"<method name=\"%1\">"_s.arg(name);
         for (const QString &type : types) {
-            xml += QStringLiteral("<arg type=\"%1\" direction=\"in\"/>").arg(type);
+            xml += u"<arg type=\"%1\" direction=\"in\"/>"_s.arg(type);
         }
         // What the command prints with --json.
-        xml += QStringLiteral("<arg name=\"json\" type=\"s\" direction=\"out\"/></method>");
+        xml += u"<arg name=\"json\" type=\"s\" direction=\"out\"/></method>"_s;
     };
-    const QString text = QStringLiteral("s");
+    const QString text = u"s"_s;
     for (const Method &each : kMethods) {
         method(each.name, QStringList(each.arguments, text));
     }
-    method(kGenerate, {QStringLiteral("a{sv}")});
-    method(kAuto, {QStringLiteral("b")});
-    method(kAutostart, {QStringLiteral("b")});
+    method(kGenerate, {u"a{sv}"_s});
+    method(kAuto, {u"b"_s});
+    method(kAutostart, {u"b"_s});
     method(kUnsetSetting, {text});
     method(kSetKey, {text, text});
     for (const auto &[name, type] : {std::pair("Status", "s"), std::pair("IsError", "b"), std::pair("IsLoading", "b"),
                                      std::pair("Progress", "a{sv}"), std::pair("AutoEnabled", "b"),
                                      std::pair("NextFireDate", "s"), std::pair("CurrentWallpaper", "s")}) {
-        xml += QStringLiteral("<property name=\"%1\" type=\"%2\" access=\"read\"/>")
-                   .arg(QLatin1String(name), QLatin1String(type));
+        xml += u"<property name=\"%1\" type=\"%2\" access=\"read\"/>"_s.arg(QLatin1String(name), QLatin1String(type));
     }
-    xml += QStringLiteral(
-               "</interface><interface name=\"%1\">"
-               "<method name=\"Activate\"><arg name=\"platform_data\" type=\"a{sv}\" direction=\"in\"/></method>"
-               "<method name=\"Open\"><arg name=\"uris\" type=\"as\" direction=\"in\"/>"
-               "<arg name=\"platform_data\" type=\"a{sv}\" direction=\"in\"/></method>"
-               "<method name=\"ActivateAction\"><arg name=\"action_name\" type=\"s\" direction=\"in\"/>"
-               "<arg name=\"parameter\" type=\"av\" direction=\"in\"/>"
-               "<arg name=\"platform_data\" type=\"a{sv}\" direction=\"in\"/></method></interface>")
-               .arg(applicationInterface());
+    xml += u"</interface><interface name=\"%1\">"
+           "<method name=\"Activate\"><arg name=\"platform_data\" type=\"a{sv}\" direction=\"in\"/></method>"
+           "<method name=\"Open\"><arg name=\"uris\" type=\"as\" direction=\"in\"/>"
+           "<arg name=\"platform_data\" type=\"a{sv}\" direction=\"in\"/></method>"
+           "<method name=\"ActivateAction\"><arg name=\"action_name\" type=\"s\" direction=\"in\"/>"
+           "<arg name=\"parameter\" type=\"av\" direction=\"in\"/>"
+           "<arg name=\"platform_data\" type=\"a{sv}\" direction=\"in\"/></method></interface>"_s.arg(
+               applicationInterface());
     return xml;
 }
 
@@ -215,14 +214,14 @@ std::optional<Call> callFor(const CommandLine &line)
         return Call{kGenerate, {options}};
     }
     case Verb::Auto:
-        return Call{kAuto, {line.arguments.first() == QLatin1String("on")}};
+        return Call{kAuto, {line.arguments.first() == "on"_L1}};
     case Verb::Settings:
         if (line.unset) {
             return Call{kUnsetSetting, arguments};
         }
         break;
     case Verb::Key:
-        if (line.arguments.first() == QLatin1String("set")) {
+        if (line.arguments.first() == "set"_L1) {
             return Call{kSetKey, {line.arguments.at(1), line.secret}};
         }
         arguments.removeFirst();
@@ -252,14 +251,14 @@ std::optional<CommandLine> lineFrom(const Call &call)
     }
     const bool isSwitch = call.method == kAuto || call.method == kAutostart;
     if (isSwitch && arguments.size() == 1 && arguments.first().typeId() == QMetaType::Bool) {
-        return parsed({call.method == kAuto ? QStringLiteral("auto") : QStringLiteral("autostart")},
-                      {arguments.first().toBool() ? QStringLiteral("on") : QStringLiteral("off")});
+        return parsed({call.method == kAuto ? u"auto"_s : u"autostart"_s},
+                      {arguments.first().toBool() ? u"on"_s : u"off"_s});
     }
     if (call.method == kUnsetSetting && areTexts(arguments, 1)) {
-        return parsed({QStringLiteral("settings"), QStringLiteral("--unset")}, texts(arguments));
+        return parsed({u"settings"_s, u"--unset"_s}, texts(arguments));
     }
     if (call.method == kSetKey && areTexts(arguments, 2)) {
-        auto line = parsed({QStringLiteral("key"), QStringLiteral("set")}, {arguments.first().toString()});
+        auto line = parsed({u"key"_s, u"set"_s}, {arguments.first().toString()});
         if (line) {
             line->secret = arguments.last().toString();
         }

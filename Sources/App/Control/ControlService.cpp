@@ -1,10 +1,10 @@
 #include "App/Control/ControlService.h"
 
 #include "App/Command/CommandRunner.h"
-#include "App/Control/ControlCalls.h"
-#include "Platform/Bus/PropertiesCall.h"
 #include "App/Command/Reports.h"
 #include "App/Command/Services.h"
+#include "App/Control/ControlCalls.h"
+#include "Platform/Bus/PropertiesCall.h"
 #include "Platform/Bus/SessionBus.h"
 
 #include <QDBusArgument>
@@ -14,6 +14,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -21,8 +23,8 @@ namespace {
 // A busy machine may take its time; a frozen application is given up.
 constexpr int kActivationLimitMilliseconds = 20'000;
 
-const QString kActivationToken = QStringLiteral("activation-token");
-const QString kStartupId = QStringLiteral("desktop-startup-id");
+const QString kActivationToken = u"activation-token"_s;
+const QString kStartupId = u"desktop-startup-id"_s;
 
 QString tokenFrom(const QVariant &platformData)
 {
@@ -69,12 +71,12 @@ bool ControlService::exportAndRequest()
 
 bool ControlService::activateOther()
 {
-    return askOther(QStringLiteral("Activate"), {});
+    return askOther(u"Activate"_s, {});
 }
 
 bool ControlService::actOther(const QString &action)
 {
-    return askOther(QStringLiteral("ActivateAction"), {action, QVariantList()});
+    return askOther(u"ActivateAction"_s, {action, QVariantList()});
 }
 
 bool ControlService::askOther(const QString &method, QVariantList arguments)
@@ -101,13 +103,13 @@ void ControlService::serve(Services &services)
     const auto announceAt = [this, manager](auto signal, const QString &property) {
         connect(manager, signal, this, [this, property] { announce(property); });
     };
-    announceAt(&WallpaperManager::statusChanged, QStringLiteral("Status"));
-    announceAt(&WallpaperManager::isErrorChanged, QStringLiteral("IsError"));
-    announceAt(&WallpaperManager::isLoadingChanged, QStringLiteral("IsLoading"));
-    announceAt(&WallpaperManager::progressChanged, QStringLiteral("Progress"));
-    announceAt(&WallpaperManager::autoEnabledChanged, QStringLiteral("AutoEnabled"));
-    announceAt(&WallpaperManager::nextFireDateChanged, QStringLiteral("NextFireDate"));
-    announceAt(&WallpaperManager::currentWallpaperURLChanged, QStringLiteral("CurrentWallpaper"));
+    announceAt(&WallpaperManager::statusChanged, u"Status"_s);
+    announceAt(&WallpaperManager::isErrorChanged, u"IsError"_s);
+    announceAt(&WallpaperManager::isLoadingChanged, u"IsLoading"_s);
+    announceAt(&WallpaperManager::progressChanged, u"Progress"_s);
+    announceAt(&WallpaperManager::autoEnabledChanged, u"AutoEnabled"_s);
+    announceAt(&WallpaperManager::nextFireDateChanged, u"NextFireDate"_s);
+    announceAt(&WallpaperManager::currentWallpaperURLChanged, u"CurrentWallpaper"_s);
     // From within the event loop, because the answer may be to end it.
     const auto begin = [this] {
         m_isServing = true;
@@ -131,9 +133,8 @@ void ControlService::release()
     }
     m_bus.connection().unregisterObject(Control::objectPath());
     // Without waiting for the answer: at the end of a session the bus may be ending too.
-    QDBusMessage release =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ReleaseName"));
+    QDBusMessage release = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                                          u"org.freedesktop.DBus"_s, u"ReleaseName"_s);
     release.setArguments({Control::busName()});
     m_bus.connection().send(release);
 }
@@ -142,13 +143,13 @@ QVariantMap ControlService::properties() const
 {
     const WallpaperManager &manager = m_services->manager;
     const std::optional<UpscaleProgress> progress = manager.progress();
-    return {{QStringLiteral("Status"), manager.status()},
-            {QStringLiteral("IsError"), manager.isError()},
-            {QStringLiteral("IsLoading"), manager.isLoading()},
-            {QStringLiteral("Progress"), progress ? Reports::progressMap(*progress) : QVariantMap()},
-            {QStringLiteral("AutoEnabled"), manager.autoEnabled()},
-            {QStringLiteral("NextFireDate"), manager.nextFireDate().toString(Qt::ISODate)},
-            {QStringLiteral("CurrentWallpaper"), manager.currentWallpaperURL()}};
+    return {{u"Status"_s, manager.status()},
+            {u"IsError"_s, manager.isError()},
+            {u"IsLoading"_s, manager.isLoading()},
+            {u"Progress"_s, progress ? Reports::progressMap(*progress) : QVariantMap()},
+            {u"AutoEnabled"_s, manager.autoEnabled()},
+            {u"NextFireDate"_s, manager.nextFireDate().toString(Qt::ISODate)},
+            {u"CurrentWallpaper"_s, manager.currentWallpaperURL()}};
 }
 
 void ControlService::announce(const QString &property)
@@ -190,23 +191,23 @@ void ControlService::answerApplication(const QDBusMessage &message, const QDBusC
 {
     const QVariantList arguments = message.arguments();
     const QString signature = message.signature();
-    if (message.member() == QLatin1String("Activate") && signature == QLatin1String("a{sv}")) {
+    if (message.member() == "Activate"_L1 && signature == "a{sv}"_L1) {
         connection.send(message.createReply());
         Q_EMIT activated(tokenFrom(arguments.first()));
         return;
     }
-    if (message.member() == QLatin1String("Open") && signature == QLatin1String("asa{sv}")) {
+    if (message.member() == "Open"_L1 && signature == "asa{sv}"_L1) {
         connection.send(message.createReply());
         Q_EMIT activated(tokenFrom(arguments.at(1)));
         return;
     }
     const QString action = arguments.value(0).toString();
-    const bool isAction = message.member() == QLatin1String("ActivateAction") && signature == QLatin1String("sava{sv}");
+    const bool isAction = message.member() == "ActivateAction"_L1 && signature == "sava{sv}"_L1;
     // An action may end the program, so the answer goes out before it.
     const QDBusMessage answer =
         isAction && CommandLine::isDesktopAction(action)
             ? message.createReply()
-            : message.createErrorReply(QDBusError::InvalidArgs, message.member() + QLatin1Char(' ') + action);
+            : message.createErrorReply(QDBusError::InvalidArgs, message.member() + ' '_L1 + action);
     connection.send(answer);
     if (answer.type() == QDBusMessage::ReplyMessage) {
         act(action, tokenFrom(arguments.at(2)));
@@ -216,13 +217,13 @@ void ControlService::answerApplication(const QDBusMessage &message, const QDBusC
 void ControlService::act(const QString &action, const QString &token)
 {
     WallpaperManager &manager = m_services->manager;
-    if (action == QLatin1String("generate")) {
+    if (action == "generate"_L1) {
         manager.generateAndSet();
-    } else if (action == QLatin1String("toggle-auto")) {
+    } else if (action == "toggle-auto"_L1) {
         manager.setAutoEnabled(!manager.autoEnabled());
-    } else if (action == QLatin1String("settings")) {
+    } else if (action == "settings"_L1) {
         Q_EMIT settingsAsked(token);
-    } else if (action == QLatin1String("quit")) {
+    } else if (action == "quit"_L1) {
         Q_EMIT quitAsked();
     }
 }
@@ -250,8 +251,8 @@ void ControlService::run(const CommandLine &line, const QDBusMessage &message, c
 
 void ControlService::quit(const QDBusMessage &message, const QDBusConnection &connection)
 {
-    connection.send(message.createReply(
-        message.interface() == Control::interfaceName() ? QVariantList{QStringLiteral("null")} : QVariantList()));
+    connection.send(message.createReply(message.interface() == Control::interfaceName() ? QVariantList{u"null"_s}
+                                                                                        : QVariantList()));
     Q_EMIT quitAsked();
 }
 

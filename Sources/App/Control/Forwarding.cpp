@@ -1,8 +1,8 @@
 #include "App/Control/Forwarding.h"
 
 #include "App/Command/Console.h"
-#include "App/Control/ControlCalls.h"
 #include "App/Command/Reports.h"
+#include "App/Control/ControlCalls.h"
 #include "Platform/Bus/SessionBus.h"
 
 #include <QCoreApplication>
@@ -18,6 +18,8 @@
 
 #include <chrono>
 #include <limits>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -53,18 +55,18 @@ class Follower : public QObject
   public:
     explicit Follower(QDBusConnection bus)
     {
-        bus.connect(Control::busName(), Control::objectPath(), QStringLiteral("org.freedesktop.DBus.Properties"),
-                    QStringLiteral("PropertiesChanged"), this, SLOT(show(QString, QVariantMap)));
+        bus.connect(Control::busName(), Control::objectPath(), u"org.freedesktop.DBus.Properties"_s,
+                    u"PropertiesChanged"_s, this, SLOT(show(QString, QVariantMap)));
     }
 
   private Q_SLOTS:
     void show(const QString & /*interface*/, const QVariantMap &changed)
     {
-        const QString status = changed.value(QStringLiteral("Status")).toString();
+        const QString status = changed.value(u"Status"_s).toString();
         if (!status.isEmpty()) {
             Console::printError(status);
         }
-        const auto progress = qdbus_cast<QVariantMap>(changed.value(QStringLiteral("Progress")));
+        const auto progress = qdbus_cast<QVariantMap>(changed.value(u"Progress"_s));
         if (!progress.isEmpty()) {
             Console::printProgress(Reports::progressLine(Reports::progressFrom(progress)));
         }
@@ -82,7 +84,7 @@ CommandOutcome outcomeOf(const QDBusPendingReply<QString> &reply)
     }
     const QByteArray list = '[' + reply.value().toUtf8() + ']';
     const QJsonValue value = QJsonDocument::fromJson(list).array().first();
-    return {value[QLatin1String("isError")].toBool() ? kFailed : kDone, value, {}};
+    return {value["isError"_L1].toBool() ? kFailed : kDone, value, {}};
 }
 
 /// Until the application has left the bus, so that it can be started again.

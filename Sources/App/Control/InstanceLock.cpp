@@ -3,6 +3,8 @@
 #include <QLocalSocket>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -12,7 +14,7 @@ constexpr qint64 kLongestToken = 4096;
 
 QString pathOf(const char *name)
 {
-    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + QLatin1Char('/') + QLatin1String(name);
+    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + '/'_L1 + QLatin1String(name);
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 #include <QDBusMessage>
 #include <QDBusMetaType>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -15,33 +17,33 @@ constexpr quint32 kProtocolVersion = 3;
 
 QString menuInterface()
 {
-    return QStringLiteral("com.canonical.dbusmenu");
+    return u"com.canonical.dbusmenu"_s;
 }
 
 /// The wire's properties of an item. An underscore would mark a mnemonic, so a real one is doubled.
 QVariantMap propertiesOf(const MenuItem &item)
 {
     if (item.kind == MenuItem::Kind::Divider) {
-        return {{QStringLiteral("type"), QStringLiteral("separator")}};
+        return {{u"type"_s, u"separator"_s}};
     }
     QString label = item.text;
-    label.replace(QLatin1Char('_'), QStringLiteral("__"));
-    QVariantMap properties{{QStringLiteral("label"), label}, {QStringLiteral("enabled"), item.isEnabled}};
+    label.replace('_'_L1, u"__"_s);
+    QVariantMap properties{{u"label"_s, label}, {u"enabled"_s, item.isEnabled}};
     if (item.kind == MenuItem::Kind::Toggle) {
-        properties.insert(QStringLiteral("toggle-type"), QStringLiteral("checkmark"));
-        properties.insert(QStringLiteral("toggle-state"), item.isChecked ? 1 : 0);
+        properties.insert(u"toggle-type"_s, u"checkmark"_s);
+        properties.insert(u"toggle-state"_s, item.isChecked ? 1 : 0);
     }
     return properties;
 }
 
-const QVariantMap kRootProperties{{QStringLiteral("children-display"), QStringLiteral("submenu")}};
+const QVariantMap kRootProperties{{u"children-display"_s, u"submenu"_s}};
 
 QVariantMap menuProperties()
 {
-    return {{QStringLiteral("Version"), kProtocolVersion},
-            {QStringLiteral("TextDirection"), QStringLiteral("ltr")},
-            {QStringLiteral("Status"), QStringLiteral("normal")},
-            {QStringLiteral("IconThemePath"), QStringList()}};
+    return {{u"Version"_s, kProtocolVersion},
+            {u"TextDirection"_s, u"ltr"_s},
+            {u"Status"_s, u"normal"_s},
+            {u"IconThemePath"_s, QStringList()}};
 }
 
 } // namespace
@@ -84,14 +86,14 @@ void DBusMenu::refresh()
         return;
     }
     ++m_revision;
-    QDBusMessage signal = QDBusMessage::createSignal(path(), menuInterface(), QStringLiteral("ItemsPropertiesUpdated"));
+    QDBusMessage signal = QDBusMessage::createSignal(path(), menuInterface(), u"ItemsPropertiesUpdated"_s);
     signal.setArguments({QVariant::fromValue(changed), QVariant::fromValue(QList<DBusMenuRemoval>())});
     m_bus.connection().send(signal);
 }
 
 QString DBusMenu::introspect(const QString & /*path*/) const
 {
-    return QStringLiteral(R"xml(<interface name="com.canonical.dbusmenu">
+    return uR"xml(<interface name="com.canonical.dbusmenu">
 <property name="Version" type="u" access="read"/><property name="TextDirection" type="s" access="read"/>
 <property name="Status" type="s" access="read"/><property name="IconThemePath" type="as" access="read"/>
 <method name="GetLayout"><arg type="i" direction="in"/><arg type="i" direction="in"/><arg type="as" direction="in"/>
@@ -108,7 +110,7 @@ QString DBusMenu::introspect(const QString & /*path*/) const
 <arg type="ai" direction="out"/></method>
 <signal name="ItemsPropertiesUpdated"><arg type="a(ia{sv})"/><arg type="a(ias)"/></signal>
 <signal name="LayoutUpdated"><arg type="u"/><arg type="i"/></signal>
-</interface>)xml");
+</interface>)xml"_s;
 }
 
 bool DBusMenu::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
@@ -117,13 +119,9 @@ bool DBusMenu::handleMessage(const QDBusMessage &message, const QDBusConnection 
         return connection.send(*reply);
     }
     static const QMap<QString, QString> signatures{
-        {QStringLiteral("GetLayout"), QStringLiteral("iias")},
-        {QStringLiteral("GetGroupProperties"), QStringLiteral("aias")},
-        {QStringLiteral("GetProperty"), QStringLiteral("is")},
-        {QStringLiteral("Event"), QStringLiteral("isvu")},
-        {QStringLiteral("EventGroup"), QStringLiteral("a(isvu)")},
-        {QStringLiteral("AboutToShow"), QStringLiteral("i")},
-        {QStringLiteral("AboutToShowGroup"), QStringLiteral("ai")},
+        {u"GetLayout"_s, u"iias"_s},      {u"GetGroupProperties"_s, u"aias"_s}, {u"GetProperty"_s, u"is"_s},
+        {u"Event"_s, u"isvu"_s},          {u"EventGroup"_s, u"a(isvu)"_s},      {u"AboutToShow"_s, u"i"_s},
+        {u"AboutToShowGroup"_s, u"ai"_s},
     };
     const bool isOurs = message.interface() == menuInterface() || message.interface().isEmpty();
     if (!isOurs || !signatures.contains(message.member())) {
@@ -139,11 +137,11 @@ QVariantList DBusMenu::answer(const QDBusMessage &message)
 {
     const QString member = message.member();
     const QVariantList arguments = message.arguments();
-    if (member == QLatin1String("GetLayout")) {
+    if (member == "GetLayout"_L1) {
         refresh();
         return layout(arguments);
     }
-    if (member == QLatin1String("GetGroupProperties")) {
+    if (member == "GetGroupProperties"_L1) {
         const auto wanted = qdbus_cast<QList<int>>(arguments.first());
         QList<DBusMenuItem> found;
         for (const MenuItem &item : m_items) {
@@ -153,7 +151,7 @@ QVariantList DBusMenu::answer(const QDBusMessage &message)
         }
         return {QVariant::fromValue(found)};
     }
-    if (member == QLatin1String("GetProperty")) {
+    if (member == "GetProperty"_L1) {
         QVariant value(QString{});
         for (const MenuItem &item : m_items) {
             if (item.id == arguments.first().toInt()) {
@@ -162,11 +160,11 @@ QVariantList DBusMenu::answer(const QDBusMessage &message)
         }
         return {QVariant::fromValue(QDBusVariant(value))};
     }
-    if (member == QLatin1String("Event")) {
+    if (member == "Event"_L1) {
         event(arguments.first().toInt(), arguments.at(1).toString());
         return {};
     }
-    if (member == QLatin1String("EventGroup")) {
+    if (member == "EventGroup"_L1) {
         for (const auto &each : qdbus_cast<QList<DBusMenuEvent>>(arguments.first())) {
             event(each.id, each.kind);
         }
@@ -176,7 +174,7 @@ QVariantList DBusMenu::answer(const QDBusMessage &message)
     const quint32 before = m_revision;
     refresh();
     const bool needsUpdate = m_revision != before;
-    if (member == QLatin1String("AboutToShow")) {
+    if (member == "AboutToShow"_L1) {
         return {needsUpdate};
     }
     return {QVariant::fromValue(needsUpdate ? QList<int>{kRoot} : QList<int>()), QVariant::fromValue(QList<int>())};
@@ -201,7 +199,7 @@ QVariantList DBusMenu::layout(const QVariantList &arguments) const
 
 void DBusMenu::event(int id, const QString &kind)
 {
-    if (kind != QLatin1String("clicked")) {
+    if (kind != "clicked"_L1) {
         return;
     }
     // What a panel shows may be older than what holds now.

@@ -10,6 +10,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 class SessionBus;
 
 /// A menu of one level as panels read it: the interface com.canonical.dbusmenu at path(). Written here because what Qt
@@ -22,7 +24,7 @@ class DBusMenu : public QDBusVirtualObject
     /// read computes the items; it is called whenever a panel is about to show them.
     DBusMenu(SessionBus &bus, std::function<QList<MenuItem>()> read, QObject *parent = nullptr);
 
-    [[nodiscard]] static QString path() { return QStringLiteral("/MenuBar"); }
+    [[nodiscard]] static QString path() { return u"/MenuBar"_s; }
 
     /// Computes the items again and tells panels which ones are different now.
     void refresh();

@@ -8,6 +8,8 @@
 
 #include <chrono>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -31,7 +33,7 @@ EmbeddedTray::~EmbeddedTray() = default;
 
 bool EmbeddedTray::isPossible()
 {
-    return QGuiApplication::platformName() == QLatin1String("xcb") &&
+    return QGuiApplication::platformName() == "xcb"_L1 &&
            qobject_cast<QApplication *>(QCoreApplication::instance()) != nullptr;
 }
 
@@ -77,7 +79,7 @@ void EmbeddedTray::fillMenu()
             continue;
         }
         QString text = item.text;
-        QAction *action = m_menu->addAction(text.replace(QLatin1Char('&'), QLatin1String("&&")));
+        QAction *action = m_menu->addAction(text.replace('&'_L1, "&&"_L1));
         action->setEnabled(item.isEnabled);
         action->setCheckable(item.kind == MenuItem::Kind::Toggle);
         action->setChecked(item.isChecked);

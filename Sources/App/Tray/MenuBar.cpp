@@ -2,6 +2,8 @@
 
 #include "Manager/WallpaperManager.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 MenuBar::MenuBar(SessionBus &bus, WallpaperManager &manager, QObject *parent)
@@ -36,9 +38,9 @@ void MenuBar::refresh()
 {
     m_menu.refresh();
     const QString line = stateLine(state(), QLocale());
-    const QString toolTip = m_manager.status().isEmpty() ? line : line + QLatin1Char('\n') + m_manager.status();
+    const QString toolTip = m_manager.status().isEmpty() ? line : line + '\n'_L1 + m_manager.status();
     m_item.setToolTip(toolTip);
-    m_embedded.setToolTip(QStringLiteral("Quorvane\n") + toolTip);
+    m_embedded.setToolTip(u"Quorvane\n"_s + toolTip);
 }
 
 QList<MenuItem> MenuBar::items() const

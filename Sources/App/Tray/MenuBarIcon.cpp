@@ -4,6 +4,8 @@
 #include <QStandardPaths>
 #include <QSvgRenderer>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -46,12 +48,12 @@ QImage drawn(QSvgRenderer &svg, int scale)
 MenuBarIcon menuBarIcon(const QString &folder)
 {
     QSvgRenderer svg;
-    if (!svg.load(folder + QStringLiteral("/MenuBarIcon.svg")) && !svg.load(folder + QStringLiteral("/sparkles.svg"))) {
+    if (!svg.load(folder + u"/MenuBarIcon.svg"_s) && !svg.load(folder + u"/sparkles.svg"_s)) {
         qFatal("The menu bar icon is missing");
     }
-    const QString name = QStringLiteral("app.quorvane.Quorvane-symbolic");
-    const QString installed = QStandardPaths::locate(QStandardPaths::GenericDataLocation,
-                                                     QStringLiteral("icons/hicolor/symbolic/apps/%1.svg").arg(name));
+    const QString name = u"app.quorvane.Quorvane-symbolic"_s;
+    const QString installed =
+        QStandardPaths::locate(QStandardPaths::GenericDataLocation, u"icons/hicolor/symbolic/apps/%1.svg"_s.arg(name));
     return {installed.isEmpty() ? QString() : name, {drawn(svg, 1), drawn(svg, 2)}};
 }
 

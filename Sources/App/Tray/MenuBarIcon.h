@@ -6,6 +6,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// The menu bar's icon: a template, that is one colour and transparency, 22 x 22 points.
 struct MenuBarIcon
 {
@@ -15,6 +17,6 @@ struct MenuBarIcon
 
 /// Draws "MenuBarIcon.svg" of folder, or "sparkles.svg" where that is missing. A program without either is broken and
 /// ends.
-[[nodiscard]] MenuBarIcon menuBarIcon(const QString &folder = QStringLiteral(":/icons"));
+[[nodiscard]] MenuBarIcon menuBarIcon(const QString &folder = u":/icons"_s);
 
 } // namespace quorvane

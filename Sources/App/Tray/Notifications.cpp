@@ -1,7 +1,7 @@
 #include "App/Tray/Notifications.h"
 
-#include "Platform/Pictures/PictureFile.h"
 #include "Platform/Bus/SessionBus.h"
+#include "Platform/Pictures/PictureFile.h"
 #include "Platform/Threads/Worker.h"
 
 #include <QDBusArgument>
@@ -10,6 +10,8 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QVariantMap>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -86,18 +88,18 @@ void Notifications::send(const Notice &notice, const QImage &thumbnail)
     if (!m_bus.isConnected()) {
         return;
     }
-    QVariantMap hints{{QStringLiteral("urgency"), QVariant::fromValue(kLowUrgency)},
-                      {QStringLiteral("desktop-entry"), QStringLiteral("app.quorvane.Quorvane")},
-                      {QStringLiteral("suppress-sound"), true}};
+    QVariantMap hints{{u"urgency"_s, QVariant::fromValue(kLowUrgency)},
+                      {u"desktop-entry"_s, u"app.quorvane.Quorvane"_s},
+                      {u"suppress-sound"_s, true}};
     if (!thumbnail.isNull()) {
-        hints.insert(QStringLiteral("image-data"), QVariant::fromValue(DBusPicture{thumbnail}));
+        hints.insert(u"image-data"_s, QVariant::fromValue(DBusPicture{thumbnail}));
     }
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("/org/freedesktop/Notifications"),
-        QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s,
+                                       u"org.freedesktop.Notifications"_s, u"Notify"_s);
     // The text may be read as markup.
-    call.setArguments({QStringLiteral("Quorvane"), m_last, QStringLiteral("app.quorvane.Quorvane"), notice.title,
-                       notice.text.toHtmlEscaped(), QStringList(), hints, kDaemonDecidesHowLong});
+    call.setArguments({u"Quorvane"_s, m_last, u"app.quorvane.Quorvane"_s, notice.title, notice.text.toHtmlEscaped(),
+                       QStringList(), hints, kDaemonDecidesHowLong});
     auto *watcher = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<quint32> reply = *watcher;

@@ -12,6 +12,8 @@
 #include <QDBusPendingReply>
 #include <QtEndian>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 /// (iiay): width, height, and the pixels from top left, each as alpha, red, green, blue.
@@ -67,22 +69,22 @@ namespace {
 
 QString itemPath()
 {
-    return QStringLiteral("/StatusNotifierItem");
+    return u"/StatusNotifierItem"_s;
 }
 
 QString itemInterface()
 {
-    return QStringLiteral("org.kde.StatusNotifierItem");
+    return u"org.kde.StatusNotifierItem"_s;
 }
 
 QString watcherName()
 {
-    return QStringLiteral("org.kde.StatusNotifierWatcher");
+    return u"org.kde.StatusNotifierWatcher"_s;
 }
 
 QString watcherPath()
 {
-    return QStringLiteral("/StatusNotifierWatcher");
+    return u"/StatusNotifierWatcher"_s;
 }
 
 QList<DBusPixmap> pixmapsOf(const MenuBarIcon &icon)
@@ -141,8 +143,8 @@ void StatusNotifierItem::attach()
 
 void StatusNotifierItem::registerWithWatcher()
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(watcherName(), watcherPath(), watcherName(),
-                                                       QStringLiteral("RegisterStatusNotifierItem"));
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(watcherName(), watcherPath(), watcherName(), u"RegisterStatusNotifierItem"_s);
     call.setArguments({m_bus.connection().baseService()});
     call.setAutoStartService(false);
     m_bus.connection().send(call);
@@ -151,9 +153,9 @@ void StatusNotifierItem::registerWithWatcher()
 
 void StatusNotifierItem::askForHost()
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        watcherName(), watcherPath(), QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-    call.setArguments({watcherName(), QStringLiteral("IsStatusNotifierHostRegistered")});
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(watcherName(), watcherPath(), u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    call.setArguments({watcherName(), u"IsStatusNotifierHostRegistered"_s});
     call.setAutoStartService(false);
     auto *watcher = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
@@ -178,7 +180,7 @@ void StatusNotifierItem::setToolTip(const QString &text)
     }
     m_toolTip = text;
     if (m_bus.isConnected()) {
-        m_bus.connection().send(QDBusMessage::createSignal(itemPath(), itemInterface(), QStringLiteral("NewToolTip")));
+        m_bus.connection().send(QDBusMessage::createSignal(itemPath(), itemInterface(), u"NewToolTip"_s));
     }
 }
 
@@ -186,28 +188,28 @@ QVariantMap StatusNotifierItem::properties() const
 {
     const QList<DBusPixmap> none;
     return {
-        {QStringLiteral("Category"), QStringLiteral("ApplicationStatus")},
-        {QStringLiteral("Id"), QStringLiteral("app.quorvane.Quorvane")},
-        {QStringLiteral("Title"), QStringLiteral("Quorvane")},
-        {QStringLiteral("Status"), QStringLiteral("Active")},
-        {QStringLiteral("WindowId"), 0},
-        {QStringLiteral("IconThemePath"), QString()},
-        {QStringLiteral("IconName"), m_icon.name},
-        {QStringLiteral("IconPixmap"), QVariant::fromValue(pixmapsOf(m_icon))},
-        {QStringLiteral("OverlayIconName"), QString()},
-        {QStringLiteral("OverlayIconPixmap"), QVariant::fromValue(none)},
-        {QStringLiteral("AttentionIconName"), QString()},
-        {QStringLiteral("AttentionIconPixmap"), QVariant::fromValue(none)},
-        {QStringLiteral("AttentionMovieName"), QString()},
-        {QStringLiteral("ToolTip"), QVariant::fromValue(DBusToolTip{{}, {}, QStringLiteral("Quorvane"), m_toolTip})},
-        {QStringLiteral("ItemIsMenu"), true},
-        {QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(DBusMenu::path()))},
+        {u"Category"_s, u"ApplicationStatus"_s},
+        {u"Id"_s, u"app.quorvane.Quorvane"_s},
+        {u"Title"_s, u"Quorvane"_s},
+        {u"Status"_s, u"Active"_s},
+        {u"WindowId"_s, 0},
+        {u"IconThemePath"_s, QString()},
+        {u"IconName"_s, m_icon.name},
+        {u"IconPixmap"_s, QVariant::fromValue(pixmapsOf(m_icon))},
+        {u"OverlayIconName"_s, QString()},
+        {u"OverlayIconPixmap"_s, QVariant::fromValue(none)},
+        {u"AttentionIconName"_s, QString()},
+        {u"AttentionIconPixmap"_s, QVariant::fromValue(none)},
+        {u"AttentionMovieName"_s, QString()},
+        {u"ToolTip"_s, QVariant::fromValue(DBusToolTip{{}, {}, u"Quorvane"_s, m_toolTip})},
+        {u"ItemIsMenu"_s, true},
+        {u"Menu"_s, QVariant::fromValue(QDBusObjectPath(DBusMenu::path()))},
     };
 }
 
 QString StatusNotifierItem::introspect(const QString & /*path*/) const
 {
-    return QStringLiteral(R"xml(<interface name="org.kde.StatusNotifierItem">
+    return uR"xml(<interface name="org.kde.StatusNotifierItem">
 <property name="Category" type="s" access="read"/><property name="Id" type="s" access="read"/>
 <property name="Title" type="s" access="read"/><property name="Status" type="s" access="read"/>
 <property name="WindowId" type="i" access="read"/><property name="IconThemePath" type="s" access="read"/>
@@ -225,7 +227,7 @@ QString StatusNotifierItem::introspect(const QString & /*path*/) const
 <method name="Scroll"><arg type="i" direction="in"/><arg type="s" direction="in"/></method>
 <signal name="NewToolTip"/><signal name="NewIcon"/><signal name="NewTitle"/>
 <signal name="NewStatus"><arg type="s"/></signal>
-</interface>)xml");
+</interface>)xml"_s;
 }
 
 bool StatusNotifierItem::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
@@ -234,9 +236,8 @@ bool StatusNotifierItem::handleMessage(const QDBusMessage &message, const QDBusC
         return connection.send(*reply);
     }
     const QString member = message.member();
-    const bool isActivation = member == QLatin1String("Activate");
-    if (!isActivation && member != QLatin1String("SecondaryActivate") && member != QLatin1String("ContextMenu") &&
-        member != QLatin1String("Scroll")) {
+    const bool isActivation = member == "Activate"_L1;
+    if (!isActivation && member != "SecondaryActivate"_L1 && member != "ContextMenu"_L1 && member != "Scroll"_L1) {
         return false;
     }
     connection.send(message.createReply());

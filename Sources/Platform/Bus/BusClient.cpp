@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <atomic>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -19,7 +21,7 @@ struct Tr
 QString nextName()
 {
     static std::atomic<int> count = 0;
-    return QStringLiteral("bus client %1").arg(++count);
+    return u"bus client %1"_s.arg(++count);
 }
 
 } // namespace
@@ -37,10 +39,9 @@ BusClient::~BusClient()
 
 bool BusClient::isOwned(const QString &name, QDeadlineTimer deadline)
 {
-    const QString bus = QStringLiteral("org.freedesktop.DBus");
-    const Answer answer = call(QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus,
-                                                              QStringLiteral("NameHasOwner")),
-                               {name}, deadline);
+    const QString bus = u"org.freedesktop.DBus"_s;
+    const Answer answer =
+        call(QDBusMessage::createMethodCall(bus, u"/org/freedesktop/DBus"_s, bus, u"NameHasOwner"_s), {name}, deadline);
     return answer.arguments.value(0).toBool();
 }
 

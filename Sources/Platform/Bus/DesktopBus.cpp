@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <atomic>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -19,13 +21,13 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(DesktopBus)
 };
 
-const QString kBus = QStringLiteral("org.freedesktop.DBus");
-const QString kBusPath = QStringLiteral("/org/freedesktop/DBus");
+const QString kBus = u"org.freedesktop.DBus"_s;
+const QString kBusPath = u"/org/freedesktop/DBus"_s;
 
 QString newConnectionName()
 {
     static std::atomic<int> counter = 0;
-    return QStringLiteral("desktop-bus-%1").arg(++counter);
+    return u"desktop-bus-%1"_s.arg(++counter);
 }
 
 } // namespace
@@ -45,7 +47,7 @@ DesktopBus::~DesktopBus()
 
 QStringList DesktopBus::names()
 {
-    const auto answer = call(kBus, kBusPath, kBus, QStringLiteral("ListNames"));
+    const auto answer = call(kBus, kBusPath, kBus, u"ListNames"_s);
     return answer ? answer->value(0).toStringList() : QStringList();
 }
 

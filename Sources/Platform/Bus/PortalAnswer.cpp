@@ -1,16 +1,17 @@
 #include "Platform/Bus/PortalAnswer.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 PortalAnswer::PortalAnswer(QDBusConnection bus, const QString &token)
 {
     // The path follows from who asks and from the token.
     QString sender = bus.baseService().mid(1);
-    sender.replace(QLatin1Char('.'), QLatin1Char('_'));
-    bus.connect(QStringLiteral("org.freedesktop.portal.Desktop"),
-                QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token),
-                QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"), this,
-                SLOT(take(uint, QVariantMap)));
+    sender.replace('.'_L1, '_'_L1);
+    bus.connect(u"org.freedesktop.portal.Desktop"_s,
+                u"/org/freedesktop/portal/desktop/request/%1/%2"_s.arg(sender, token),
+                u"org.freedesktop.portal.Request"_s, u"Response"_s, this, SLOT(take(uint, QVariantMap)));
 }
 
 void PortalAnswer::take(uint response, const QVariantMap &results)

@@ -7,6 +7,8 @@
 
 #include <atomic>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -16,8 +18,8 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(PortalRequest)
 };
 
-const QString kPortal = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString kRequest = QStringLiteral("org.freedesktop.portal.Request");
+const QString kPortal = u"org.freedesktop.portal.Desktop"_s;
+const QString kRequest = u"org.freedesktop.portal.Request"_s;
 
 /// No user takes longer who is there at all. Some portals never answer when they cannot ask.
 constexpr std::chrono::minutes kAskingLimit{10};
@@ -25,7 +27,7 @@ constexpr std::chrono::minutes kAskingLimit{10};
 QString nextToken()
 {
     static std::atomic<int> count = 0;
-    return QStringLiteral("quorvane%1").arg(++count);
+    return u"quorvane%1"_s.arg(++count);
 }
 
 } // namespace
@@ -36,10 +38,9 @@ PortalRequest::PortalRequest(BusClient &client)
 {
     // Listening begins before the call, so that no answer can be missed; the path is known beforehand.
     QString sender = client.bus().baseService().mid(1);
-    sender.replace(QLatin1Char('.'), QLatin1Char('_'));
-    m_path = QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, m_token);
-    client.bus().connect(kPortal, m_path, kRequest, QStringLiteral("Response"), this,
-                         SLOT(answered(uint, QVariantMap)));
+    sender.replace('.'_L1, '_'_L1);
+    m_path = u"/org/freedesktop/portal/desktop/request/%1/%2"_s.arg(sender, m_token);
+    client.bus().connect(kPortal, m_path, kRequest, u"Response"_s, this, SLOT(answered(uint, QVariantMap)));
 }
 
 PortalRequest::Outcome PortalRequest::ask(const QDBusMessage &question, const QVariantList &arguments,
@@ -81,7 +82,7 @@ PortalRequest::Outcome PortalRequest::ask(const QDBusMessage &question, const QV
     }
     if (!m_outcome.response) {
         // Else the picture could still be set by an answer that nobody waits for.
-        m_client.bus().send(QDBusMessage::createMethodCall(kPortal, m_path, kRequest, QStringLiteral("Close")));
+        m_client.bus().send(QDBusMessage::createMethodCall(kPortal, m_path, kRequest, u"Close"_s));
     }
     return m_outcome;
 }

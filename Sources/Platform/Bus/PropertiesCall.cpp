@@ -4,13 +4,15 @@
 #include <QDBusVariant>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 QString propertiesInterface()
 {
-    return QStringLiteral("org.freedesktop.DBus.Properties");
+    return u"org.freedesktop.DBus.Properties"_s;
 }
 
 } // namespace
@@ -23,14 +25,14 @@ std::optional<QDBusMessage> propertiesReply(const QDBusMessage &message, const Q
     }
     const QVariantList arguments = message.arguments();
     const bool isOurs = arguments.value(0).toString() == interface;
-    if (message.member() == QLatin1String("GetAll")) {
+    if (message.member() == "GetAll"_L1) {
         return message.createReply(isOurs ? properties : QVariantMap());
     }
     const QString name = arguments.value(1).toString();
-    if (message.member() == QLatin1String("Get") && isOurs && properties.contains(name)) {
+    if (message.member() == "Get"_L1 && isOurs && properties.contains(name)) {
         return message.createReply(QVariant::fromValue(QDBusVariant(properties.value(name))));
     }
-    if (message.member() == QLatin1String("Set")) {
+    if (message.member() == "Set"_L1) {
         return message.createErrorReply(QDBusError::PropertyReadOnly, name);
     }
     return message.createErrorReply(QDBusError::UnknownProperty, name);
@@ -38,7 +40,7 @@ std::optional<QDBusMessage> propertiesReply(const QDBusMessage &message, const Q
 
 QDBusMessage propertiesChanged(const QString &path, const QString &interface, const QVariantMap &changed)
 {
-    QDBusMessage signal = QDBusMessage::createSignal(path, propertiesInterface(), QStringLiteral("PropertiesChanged"));
+    QDBusMessage signal = QDBusMessage::createSignal(path, propertiesInterface(), u"PropertiesChanged"_s);
     signal.setArguments({interface, changed, QStringList()});
     return signal;
 }

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <chrono>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -36,22 +38,22 @@ QString SessionBus::address()
         return told;
     }
     const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    const QString socket = folder + QStringLiteral("/bus");
-    return !folder.isEmpty() && QFileInfo::exists(socket) ? QStringLiteral("unix:path=") + socket : QString();
+    const QString socket = folder + u"/bus"_s;
+    return !folder.isEmpty() && QFileInfo::exists(socket) ? u"unix:path="_s + socket : QString();
 }
 
 void SessionBus::open()
 {
     // A name of its own each time: a connection that is being given up keeps its name for a moment.
     static int count = 0;
-    m_name = QStringLiteral("session %1").arg(++count);
+    m_name = u"session %1"_s.arg(++count);
     const QString where = address();
     if (where.isEmpty()) {
         return;
     }
     QDBusConnection bus = QDBusConnection::connectToBus(where, m_name);
-    bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"), QStringLiteral("org.freedesktop.DBus.Local"),
-                QStringLiteral("Disconnected"), this, SLOT(lost()));
+    bus.connect(QString(), u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s, u"Disconnected"_s, this,
+                SLOT(lost()));
 }
 
 void SessionBus::lost()

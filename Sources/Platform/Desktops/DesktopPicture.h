@@ -1,19 +1,16 @@
 #pragma once
 
 #include "Platform/Pictures/Screen.h"
+#include "Platform/Threads/TimeLimit.h"
 
 #include <QList>
 #include <QString>
 
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
 
 namespace quorvane {
-
-/// How long one call of a DesktopPicture waits for the desktop, in all.
-inline constexpr std::chrono::milliseconds kDesktopLimit{5000};
 
 /// How long the calling program runs.
 enum class ProgramLife { OneCommand, Application };

@@ -12,6 +12,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -95,7 +97,7 @@ QList<Screen> DesktopPictureCommand::screens()
 {
     QList<Screen> screens = m_screenSource->screens();
     if (screens.isEmpty()) {
-        screens.append({QStringLiteral("default"), QSize(0, 0)});
+        screens.append({u"default"_s, QSize(0, 0)});
     }
     return screens;
 }

@@ -6,6 +6,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// The background through a program of the user's, called once per screen as PROGRAM FILE SCREEN-NAME, without a
 /// shell. Exit status 0 is success; otherwise what it wrote to standard error is the description.
 ///
@@ -17,7 +19,7 @@ class DesktopPictureCommand : public DesktopPicture
     DesktopPictureCommand(QString program, QString reason, std::unique_ptr<DesktopPicture> screenSource,
                           std::chrono::milliseconds limit = kDesktopLimit);
 
-    [[nodiscard]] QString name() const override { return QStringLiteral("command"); }
+    [[nodiscard]] QString name() const override { return u"command"_s; }
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] QList<Screen> screens() override;
 

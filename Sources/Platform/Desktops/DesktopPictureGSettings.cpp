@@ -4,15 +4,17 @@
 #include "Platform/Desktops/DesktopPictureGSettings.h"
 
 #include "Platform/Bus/DesktopBus.h"
+#include "Platform/Desktops/Protocols/SettingsGroup.h"
 #include "Platform/Pictures/HandedPicture.h"
 #include "Platform/Pictures/PictureCopy.h"
-#include "Platform/Desktops/Protocols/SettingsGroup.h"
 #include "Platform/Threads/TimeLimit.h"
 
 #include <QCoreApplication>
 #include <QUrl>
 
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -35,7 +37,7 @@ QString valueFor(const BackgroundSettings &settings, const QString &path)
 QString changedValueFor(const BackgroundSettings &settings, const QString &path, const QString &current)
 {
     const QString value = valueFor(settings, path);
-    return settings.form == BackgroundSettings::Form::Path && value == current ? QLatin1Char('/') + value : value;
+    return settings.form == BackgroundSettings::Form::Path && value == current ? '/'_L1 + value : value;
 }
 
 /// What the settings hold as the picture, or why they cannot be used.

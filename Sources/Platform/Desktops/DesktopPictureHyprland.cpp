@@ -4,8 +4,8 @@
 #include "Platform/Desktops/DesktopPictureHyprland.h"
 
 #include "Platform/Desktops/DesktopPictureSway.h"
-#include "Platform/Pictures/PictureCopy.h"
 #include "Platform/Files/UnixSocket.h"
+#include "Platform/Pictures/PictureCopy.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -20,6 +20,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -29,7 +31,7 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(DesktopPictureHyprland)
 };
 
-const QString kOk = QStringLiteral("ok");
+const QString kOk = u"ok"_s;
 /// hyprpaper reads no more of a request.
 constexpr qsizetype kRequestLimit = 1023;
 /// Far more than any list of files.
@@ -89,13 +91,13 @@ DesktopPictureHyprland::DesktopPictureHyprland(QStringList socketFolders, const 
 QStringList DesktopPictureHyprland::socketFolders(const QString &signature)
 {
     // The name is one folder's; anything else would lead elsewhere.
-    if (signature.isEmpty() || signature.contains(QLatin1Char('/'))) {
+    if (signature.isEmpty() || signature.contains('/'_L1)) {
         return {};
     }
-    QStringList folders{QStringLiteral("/tmp/hypr/") + signature};
+    QStringList folders{u"/tmp/hypr/"_s + signature};
     const QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (QDir::isAbsolutePath(session)) {
-        folders.prepend(session + QStringLiteral("/hypr/") + signature);
+        folders.prepend(session + u"/hypr/"_s + signature);
     }
     return folders;
 }
@@ -103,7 +105,7 @@ QStringList DesktopPictureHyprland::socketFolders(const QString &signature)
 bool DesktopPictureHyprland::answers(const QStringList &socketFolders, std::chrono::milliseconds limit)
 {
     return std::any_of(socketFolders.begin(), socketFolders.end(), [limit](const QString &folder) {
-        const int descriptor = connectUnixSocket(folder + QStringLiteral("/.socket.sock"), QDeadlineTimer(limit));
+        const int descriptor = connectUnixSocket(folder + u"/.socket.sock"_s, QDeadlineTimer(limit));
         if (descriptor >= 0) {
             ::close(descriptor);
         }
@@ -134,10 +136,10 @@ std::optional<QString> DesktopPictureHyprland::setByHyprpaper(const QString &pat
     // What hyprpaper has read already is not read again.
     QStringList requests;
     if (!loaded.contains(handed.path)) {
-        requests.append(QStringLiteral("preload ") + handed.path);
+        requests.append(u"preload "_s + handed.path);
     }
     for (const Screen &screen : screens) {
-        requests.append(QStringLiteral("wallpaper %1,%2").arg(screen.name, handed.path));
+        requests.append(u"wallpaper %1,%2"_s.arg(screen.name, handed.path));
     }
     for (const QString &request : requests) {
         const std::optional<QString> reply = ask(request, deadline);
@@ -148,7 +150,7 @@ std::optional<QString> DesktopPictureHyprland::setByHyprpaper(const QString &pat
     }
     m_handover.succeeded(path, handed);
     // Both only free memory: an older hyprpaper knows no "unused", and neither changes what is shown.
-    (void)ask(QStringLiteral("unload unused"), deadline);
+    (void)ask(u"unload unused"_s, deadline);
     PictureCopy::removeAllBut(handed.path);
     m_ownSurfaces.remove();
     return std::nullopt;
@@ -162,7 +164,7 @@ std::optional<QString> DesktopPictureHyprland::ask(const QString &request, QDead
     }
     int descriptor = -1;
     for (const QString &folder : m_socketFolders) {
-        descriptor = connectUnixSocket(folder + QStringLiteral("/.hyprpaper.sock"), deadline);
+        descriptor = connectUnixSocket(folder + u"/.hyprpaper.sock"_s, deadline);
         if (descriptor >= 0) {
             break;
         }
@@ -180,13 +182,13 @@ std::optional<QString> DesktopPictureHyprland::ask(const QString &request, QDead
 
 std::optional<QStringList> DesktopPictureHyprland::loadedFiles(QDeadlineTimer deadline) const
 {
-    const std::optional<QString> reply = ask(QStringLiteral("listloaded"), deadline);
+    const std::optional<QString> reply = ask(u"listloaded"_s, deadline);
     if (!reply) {
         return std::nullopt;
     }
     // A version that has no such list says so in words, none of which is a path.
-    QStringList files = reply->split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    files.removeIf([](const QString &line) { return !line.startsWith(QLatin1Char('/')); });
+    QStringList files = reply->split('\n'_L1, Qt::SkipEmptyParts);
+    files.removeIf([](const QString &line) { return !line.startsWith('/'_L1); });
     return files;
 }
 

@@ -8,6 +8,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// The background on Hyprland: through hyprpaper's socket where it runs and speaks the protocol that is known here, and
 /// by surfaces of our own where not.
 class DesktopPictureHyprland : public DesktopPicture
@@ -25,7 +27,7 @@ class DesktopPictureHyprland : public DesktopPicture
     [[nodiscard]] static bool answers(const QStringList &socketFolders,
                                       std::chrono::milliseconds limit = kDesktopLimit);
 
-    [[nodiscard]] QString name() const override { return QStringLiteral("hyprland"); }
+    [[nodiscard]] QString name() const override { return u"hyprland"_s; }
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] bool endsWithTheProgram() override;
     [[nodiscard]] QList<Screen> screens() override { return m_ownSurfaces.screens(); }

@@ -6,6 +6,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// The background by surfaces of our own behind everything else, for the compositors that offer zwlr_layer_shell_v1. It
 /// is there for as long as the object is, so a program that ends at once refuses to set it. Changes without a frame in
 /// between, follows the screens by itself, and sleeps while nothing happens.
@@ -23,7 +25,7 @@ class DesktopPictureLayerShell : public DesktopPicture
     DesktopPictureLayerShell(DesktopPictureLayerShell &&) = delete;
     DesktopPictureLayerShell &operator=(DesktopPictureLayerShell &&) = delete;
 
-    [[nodiscard]] QString name() const override { return QStringLiteral("layer-shell"); }
+    [[nodiscard]] QString name() const override { return u"layer-shell"_s; }
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] bool endsWithTheProgram() override { return true; }
     [[nodiscard]] QList<Screen> screens() override;

@@ -6,11 +6,11 @@
 
 #include "Platform/Bus/DesktopBus.h"
 #include "Platform/Desktops/DesktopPictureX11.h"
+#include "Platform/Desktops/SessionDesktops.h"
 #include "Platform/Pictures/FillCrop.h"
 #include "Platform/Pictures/HandedPicture.h"
 #include "Platform/Pictures/PictureCopy.h"
 #include "Platform/Pictures/PictureFile.h"
-#include "Platform/Desktops/SessionDesktops.h"
 #include "Platform/Threads/TimeLimit.h"
 #include "Platform/X11/X11Connection.h"
 
@@ -23,6 +23,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -32,9 +34,9 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(DesktopPictureLxqt)
 };
 
-const QString kName = QStringLiteral("org.pcmanfm.PCManFM");
-const QString kPath = QStringLiteral("/Application");
-const QString kInterface = QStringLiteral("org.pcmanfm.Application");
+const QString kName = u"org.pcmanfm.PCManFM"_s;
+const QString kPath = u"/Application"_s;
+const QString kInterface = u"org.pcmanfm.Application"_s;
 
 /// How the picture must be made, or why there is no use in making one.
 struct Layout
@@ -46,9 +48,9 @@ struct Layout
 /// Whether LXQt lays the picture out on each screen by itself, a choice of the user's.
 bool isLaidOutPerScreen()
 {
-    const QString file = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                         QStringLiteral("/pcmanfm-qt/lxqt/settings.conf");
-    return QSettings(file, QSettings::IniFormat).value(QStringLiteral("Desktop/PerScreenWallpaper")).toBool();
+    const QString file =
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/pcmanfm-qt/lxqt/settings.conf"_s;
+    return QSettings(file, QSettings::IniFormat).value(u"Desktop/PerScreenWallpaper"_s).toBool();
 }
 
 std::optional<QString> painterFailure(DesktopBus &bus)
@@ -58,8 +60,8 @@ std::optional<QString> painterFailure(DesktopBus &bus)
         return failure;
     }
     // The same program may run for its folder windows alone.
-    const auto answer = bus.call(kName, kPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
-                                 {kInterface, QStringLiteral("desktopManagerEnabled")});
+    const auto answer = bus.call(kName, kPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
+                                 {kInterface, u"desktopManagerEnabled"_s});
     if (!answer) {
         return bus.error();
     }
@@ -134,9 +136,8 @@ std::optional<QString> DesktopPictureLxqt::setPicture(const QString &path, const
     const auto failure =
         withinLimit(left, [=, address = m_busAddress](const std::stop_token &stop) -> std::optional<QString> {
             DesktopBus bus(address, showing);
-            const bool isShown =
-                !stop.stop_requested() && bus.call(kName, kPath, kInterface, QStringLiteral("setWallpaper"),
-                                                   {handed.path, QStringLiteral("stretch")});
+            const bool isShown = !stop.stop_requested() &&
+                                 bus.call(kName, kPath, kInterface, u"setWallpaper"_s, {handed.path, u"stretch"_s});
             return isShown ? std::nullopt : std::optional(bus.error());
         });
     if (!failure || *failure) {

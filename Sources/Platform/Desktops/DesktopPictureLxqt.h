@@ -8,6 +8,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// The background of LXQt on X11, drawn by its file manager: one picture over all screens together. So it gets one that
 /// was put together from what each screen shall show, and is put together anew when the screens change.
 ///
@@ -20,7 +22,7 @@ class DesktopPictureLxqt : public DesktopPicture
     DesktopPictureLxqt(QString busAddress, QByteArray display, QString reason,
                        std::chrono::milliseconds limit = kDesktopLimit);
 
-    [[nodiscard]] QString name() const override { return QStringLiteral("lxqt"); }
+    [[nodiscard]] QString name() const override { return u"lxqt"_s; }
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] QList<Screen> screens() override;
 

@@ -1,8 +1,8 @@
 #include "Platform/Desktops/DesktopPicturePlasma.h"
 
 #include "Platform/Bus/BusClient.h"
-#include "Platform/Pictures/PictureCopy.h"
 #include "Platform/Desktops/Protocols/PlasmaScript.h"
+#include "Platform/Pictures/PictureCopy.h"
 #include "Platform/Threads/TimeLimit.h"
 
 #include <QCoreApplication>
@@ -11,6 +11,8 @@
 #include <memory>
 #include <thread>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -21,7 +23,7 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(DesktopPicturePlasma)
 };
 
-const QString kShell = QStringLiteral("org.kde.plasmashell");
+const QString kShell = u"org.kde.plasmashell"_s;
 
 /// How long a new screen's desktop is waited for. Mirrored screens never get one each, so it is not the whole limit.
 constexpr std::chrono::milliseconds kNewScreenLimit{2000};
@@ -45,10 +47,9 @@ Answer evaluate(BusClient &client, const QString &script, QDeadlineTimer deadlin
     if (!client.isOwned(kShell, deadline)) {
         return {{}, Tr::tr("Plasma's desktop does not run (org.kde.plasmashell is not on the session bus)")};
     }
-    const BusClient::Answer answer = client.call(QDBusMessage::createMethodCall(kShell, QStringLiteral("/PlasmaShell"),
-                                                                                QStringLiteral("org.kde.PlasmaShell"),
-                                                                                QStringLiteral("evaluateScript")),
-                                                 {script}, deadline);
+    const BusClient::Answer answer = client.call(
+        QDBusMessage::createMethodCall(kShell, u"/PlasmaShell"_s, u"org.kde.PlasmaShell"_s, u"evaluateScript"_s),
+        {script}, deadline);
     if (!answer.error.isEmpty()) {
         return {{}, Tr::tr("Plasma: %1").arg(answer.error)};
     }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "Platform/Desktops/DesktopPicture.h"
-#include "Platform/Pictures/PictureHandover.h"
 #include "Platform/Desktops/SessionDisplay.h"
+#include "Platform/Pictures/PictureHandover.h"
 
 namespace quorvane {
+
+using namespace Qt::StringLiterals;
 
 /// The background of KDE Plasma 5 and 6, by a script that plasmashell runs. It sets every screen at once, and reads
 /// back what Plasma has stored for each; whether Plasma could draw it, it never tells.
@@ -14,7 +16,7 @@ class DesktopPicturePlasma : public DesktopPicture
     /// busAddress is the session bus's.
     DesktopPicturePlasma(QString busAddress, SessionDisplay display, QString reason,
                          std::chrono::milliseconds limit = kDesktopLimit);
-    [[nodiscard]] QString name() const override { return QStringLiteral("plasma"); }
+    [[nodiscard]] QString name() const override { return u"plasma"_s; }
     [[nodiscard]] QString reason() const override { return m_reason; }
 
     /// Of the display server, because Plasma's scripts know no names.

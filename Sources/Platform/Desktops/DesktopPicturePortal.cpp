@@ -1,8 +1,8 @@
 #include "Platform/Desktops/DesktopPicturePortal.h"
 
 #include "Platform/Bus/BusClient.h"
-#include "Platform/Pictures/PictureFile.h"
 #include "Platform/Bus/PortalRequest.h"
+#include "Platform/Pictures/PictureFile.h"
 #include "Platform/Threads/TimeLimit.h"
 
 #include <QCoreApplication>
@@ -11,6 +11,8 @@
 #include <QFile>
 
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -24,9 +26,9 @@ struct Tr
 /// Enough to know that a picture decodes to its end.
 constexpr QSize kCheckSize(256, 256);
 
-const QString kPortal = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString kObject = QStringLiteral("/org/freedesktop/portal/desktop");
-const QString kInterface = QStringLiteral("org.freedesktop.portal.Wallpaper");
+const QString kPortal = u"org.freedesktop.portal.Desktop"_s;
+const QString kObject = u"/org/freedesktop/portal/desktop"_s;
+const QString kInterface = u"org.freedesktop.portal.Wallpaper"_s;
 
 /// How many of the portal's answers mean what.
 constexpr uint kDone = 0;
@@ -50,9 +52,9 @@ bool DesktopPicturePortal::answers(const QString &busAddress, std::chrono::milli
     }
     const auto has = withinLimit(limit, [busAddress, limit](const std::stop_token &) {
         BusClient client(busAddress);
-        const QDBusMessage question = QDBusMessage::createMethodCall(
-            kPortal, kObject, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-        return client.call(question, {kInterface, QStringLiteral("version")}, QDeadlineTimer(limit)).error.isEmpty();
+        const QDBusMessage question =
+            QDBusMessage::createMethodCall(kPortal, kObject, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+        return client.call(question, {kInterface, u"version"_s}, QDeadlineTimer(limit)).error.isEmpty();
     });
     return has.value_or(false);
 }
@@ -80,11 +82,9 @@ std::optional<QString> DesktopPicturePortal::setPicture(const QString &path, con
     }
     BusClient &client = **connected;
     PortalRequest request(client);
-    const QVariantMap options{{QStringLiteral("handle_token"), request.token()},
-                              {QStringLiteral("show-preview"), false},
-                              {QStringLiteral("set-on"), QStringLiteral("background")}};
-    const QDBusMessage question =
-        QDBusMessage::createMethodCall(kPortal, kObject, kInterface, QStringLiteral("SetWallpaperFile"));
+    const QVariantMap options{
+        {u"handle_token"_s, request.token()}, {u"show-preview"_s, false}, {u"set-on"_s, u"background"_s}};
+    const QDBusMessage question = QDBusMessage::createMethodCall(kPortal, kObject, kInterface, u"SetWallpaperFile"_s);
     const QVariantList arguments{QString(), QVariant::fromValue(QDBusUnixFileDescriptor(file.handle())), options};
     const auto isAsking = [this] {
         if (asking) {

@@ -7,6 +7,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// The background through org.freedesktop.portal.Wallpaper, for sandboxes and for desktops with no other way. One
 /// picture for all screens, which the desktop copies; it may ask the user first. It tells whether it took the picture,
 /// not whether it could draw it.
@@ -20,7 +22,7 @@ class DesktopPicturePortal : public DesktopPicture
     /// Whether the session has a portal that sets wallpapers; may start it.
     [[nodiscard]] static bool answers(const QString &busAddress, std::chrono::milliseconds limit = kDesktopLimit);
 
-    [[nodiscard]] QString name() const override { return QStringLiteral("portal"); }
+    [[nodiscard]] QString name() const override { return u"portal"_s; }
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] QList<Screen> screens() override;
     [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override;

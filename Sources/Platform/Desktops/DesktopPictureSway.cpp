@@ -1,8 +1,8 @@
 #include "Platform/Desktops/DesktopPictureSway.h"
 
+#include "Platform/Desktops/Protocols/SwaySocket.h"
 #include "Platform/Pictures/HandedPicture.h"
 #include "Platform/Pictures/PictureCopy.h"
-#include "Platform/Desktops/Protocols/SwaySocket.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -93,14 +95,14 @@ QList<Screen> DesktopPictureSway::screensOf(const QByteArray &outputsJson)
     const QJsonArray outputs = QJsonDocument::fromJson(outputsJson).array();
     for (const QJsonValue value : outputs) {
         const QJsonObject output = value.toObject();
-        const QJsonObject mode = output.value(QLatin1String("current_mode")).toObject();
-        QSize pixels(mode.value(QLatin1String("width")).toInt(), mode.value(QLatin1String("height")).toInt());
-        const QString transform = output.value(QLatin1String("transform")).toString();
-        if (transform.endsWith(QLatin1String("90")) || transform.endsWith(QLatin1String("270"))) {
+        const QJsonObject mode = output.value("current_mode"_L1).toObject();
+        QSize pixels(mode.value("width"_L1).toInt(), mode.value("height"_L1).toInt());
+        const QString transform = output.value("transform"_L1).toString();
+        if (transform.endsWith("90"_L1) || transform.endsWith("270"_L1)) {
             pixels.transpose();
         }
-        const QString name = output.value(QLatin1String("name")).toString();
-        if (output.value(QLatin1String("active")).toBool() && !name.isEmpty() && !pixels.isEmpty()) {
+        const QString name = output.value("name"_L1).toString();
+        if (output.value("active"_L1).toBool() && !name.isEmpty() && !pixels.isEmpty()) {
             screens.append({name, pixels});
         }
     }
@@ -115,8 +117,8 @@ std::optional<QString> DesktopPictureSway::failureOf(const QByteArray &resultsJs
         return Tr::tr("sway's answer cannot be understood");
     }
     for (const QJsonValue result : results) {
-        if (!result.toObject().value(QLatin1String("success")).toBool()) {
-            const QString words = result.toObject().value(QLatin1String("error")).toString();
+        if (!result.toObject().value("success"_L1).toBool()) {
+            const QString words = result.toObject().value("error"_L1).toString();
             return words.isEmpty() ? Tr::tr("sway refused the picture") : words;
         }
     }
@@ -125,7 +127,7 @@ std::optional<QString> DesktopPictureSway::failureOf(const QByteArray &resultsJs
 
 bool DesktopPictureSway::isPlainPath(const QString &path)
 {
-    return path.startsWith(QLatin1Char('/')) && std::all_of(path.begin(), path.end(), [](QChar letter) {
+    return path.startsWith('/'_L1) && std::all_of(path.begin(), path.end(), [](QChar letter) {
                const char16_t code = letter.unicode();
                return (code >= u'a' && code <= u'z') || (code >= u'A' && code <= u'Z') ||
                       (code >= u'0' && code <= u'9') || QStringView(u"/_.-").contains(letter);
@@ -138,11 +140,11 @@ std::optional<QByteArray> DesktopPictureSway::commandFor(const QString &screenNa
     const bool isAmbiguous = std::any_of(screenName.begin(), screenName.end(), [](QChar letter) {
         return QStringView(u"\"\\$").contains(letter) || letter.unicode() < u' ' || letter.unicode() == 0x7f;
     });
-    static const QStringList special{QString(), QStringLiteral("*"), QStringLiteral("-"), QStringLiteral("--")};
+    static const QStringList special{QString(), u"*"_s, u"-"_s, u"--"_s};
     if (isAmbiguous || special.contains(screenName)) {
         return std::nullopt;
     }
-    return QStringLiteral("output \"%1\" bg %2 fill").arg(screenName, path).toUtf8();
+    return u"output \"%1\" bg %2 fill"_s.arg(screenName, path).toUtf8();
 }
 
 } // namespace quorvane

@@ -6,6 +6,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// The background through sway's IPC socket. sway answers "success" to nearly everything, so what can be checked is
 /// checked here first. Its background process restarts at every change: the screens are grey for a moment.
 class DesktopPictureSway : public DesktopPicture
@@ -14,7 +16,7 @@ class DesktopPictureSway : public DesktopPicture
     /// socketPath is what SWAYSOCK holds.
     DesktopPictureSway(QString socketPath, QString reason, std::chrono::milliseconds limit = kDesktopLimit);
 
-    [[nodiscard]] QString name() const override { return QStringLiteral("sway"); }
+    [[nodiscard]] QString name() const override { return u"sway"_s; }
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] QList<Screen> screens() override;
     [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override;

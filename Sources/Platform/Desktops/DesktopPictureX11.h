@@ -6,6 +6,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// The background of an X server without a desktop of its own (plain window managers): a pixmap behind the root window,
 /// announced in _XROOTPMAP_ID and ESETROOT_PMAP_ID, which programs with see-through windows read. It stays when we end,
 /// until the X server ends.
@@ -15,7 +17,7 @@ class DesktopPictureX11 : public DesktopPicture
     /// display is what DISPLAY holds.
     DesktopPictureX11(QByteArray display, QString reason, std::chrono::milliseconds limit = kDesktopLimit);
 
-    [[nodiscard]] QString name() const override { return QStringLiteral("x11"); }
+    [[nodiscard]] QString name() const override { return u"x11"_s; }
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] QList<Screen> screens() override;
 

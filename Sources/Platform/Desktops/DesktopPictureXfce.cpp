@@ -1,9 +1,9 @@
 #include "Platform/Desktops/DesktopPictureXfce.h"
 
 #include "Platform/Bus/DesktopBus.h"
+#include "Platform/Desktops/SessionDesktops.h"
 #include "Platform/Pictures/HandedPicture.h"
 #include "Platform/Pictures/PictureCopy.h"
-#include "Platform/Desktops/SessionDesktops.h"
 #include "Platform/Threads/TimeLimit.h"
 
 #include <QCoreApplication>
@@ -12,6 +12,8 @@
 
 #include <algorithm>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -22,29 +24,26 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(DesktopPictureXfce)
 };
 
-const QString kPicture = QStringLiteral("last-image");
-const QString kStyle = QStringLiteral("image-style");
+const QString kPicture = u"last-image"_s;
+const QString kStyle = u"image-style"_s;
 /// As large as needed to fill the screen, cropped around the centre.
 constexpr int kZoomed = 5;
 
 std::optional<QVariantList> ask(DesktopBus &bus, const QString &method, const QVariantList &arguments)
 {
-    return bus.call(QStringLiteral("org.xfce.Xfconf"), QStringLiteral("/org/xfce/Xfconf"),
-                    QStringLiteral("org.xfce.Xfconf"), method, arguments);
+    return bus.call(u"org.xfce.Xfconf"_s, u"/org/xfce/Xfconf"_s, u"org.xfce.Xfconf"_s, method, arguments);
 }
 
 /// Everything below "/backdrop"; nothing when the daemon does not say it.
 std::optional<QVariantMap> backdrops(DesktopBus &bus)
 {
-    const auto answer =
-        ask(bus, QStringLiteral("GetAllProperties"), {QStringLiteral("xfce4-desktop"), QStringLiteral("/backdrop")});
+    const auto answer = ask(bus, u"GetAllProperties"_s, {u"xfce4-desktop"_s, u"/backdrop"_s});
     return answer ? std::optional(qdbus_cast<QVariantMap>(answer->value(0))) : std::nullopt;
 }
 
 int workspaceCount(DesktopBus &bus)
 {
-    const auto answer =
-        ask(bus, QStringLiteral("GetProperty"), {QStringLiteral("xfwm4"), QStringLiteral("/general/workspace_count")});
+    const auto answer = ask(bus, u"GetProperty"_s, {u"xfwm4"_s, u"/general/workspace_count"_s});
     return answer ? qvariant_cast<QDBusVariant>(answer->value(0)).variant().toInt() : 0;
 }
 
@@ -61,9 +60,8 @@ std::optional<QString> show(DesktopBus &bus, const QString &path, const QList<Sc
     const QVariantMap wanted = DesktopPictureXfce::propertiesFor(path, screens, workspaces, now);
     for (auto property = wanted.begin(); property != wanted.end(); ++property) {
         const QVariant value = QVariant::fromValue(QDBusVariant(property.value()));
-        if (stop.stop_requested() ||
-            (now.value(property.key()) != property.value() &&
-             !ask(bus, QStringLiteral("SetProperty"), {QStringLiteral("xfce4-desktop"), property.key(), value}))) {
+        if (stop.stop_requested() || (now.value(property.key()) != property.value() &&
+                                      !ask(bus, u"SetProperty"_s, {u"xfce4-desktop"_s, property.key(), value}))) {
             return bus.error();
         }
     }
@@ -115,7 +113,7 @@ QVariantMap DesktopPictureXfce::propertiesFor(const QString &path, const QList<S
                                               const QVariantMap &now)
 {
     QStringList places;
-    const QString pictureEnding = QLatin1Char('/') + kPicture;
+    const QString pictureEnding = '/'_L1 + kPicture;
     for (auto property = now.begin(); property != now.end(); ++property) {
         if (property.key().endsWith(pictureEnding)) {
             places.append(property.key().chopped(pictureEnding.size()));
@@ -123,16 +121,15 @@ QVariantMap DesktopPictureXfce::propertiesFor(const QString &path, const QList<S
     }
     for (const Screen &screen : screens) {
         for (int workspace = 0; workspace < std::max(workspaces, 1); ++workspace) {
-            places.append(
-                QStringLiteral("/backdrop/screen0/monitor%1/workspace%2").arg(screen.name, QString::number(workspace)));
+            places.append(u"/backdrop/screen0/monitor%1/workspace%2"_s.arg(screen.name, QString::number(workspace)));
         }
     }
     QVariantMap wanted;
     for (const QString &place : std::as_const(places)) {
-        wanted.insert(place + QLatin1Char('/') + kStyle, kZoomed); // Set before the picture, as the map's order is.
+        wanted.insert(place + '/'_L1 + kStyle, kZoomed); // Set before the picture, as the map's order is.
         // XFCE 4.18 watches the file, 4.20 only the setting. Two slashes at the beginning mean what one does.
         const QString key = place + pictureEnding;
-        wanted.insert(key, now.value(key) == path ? QLatin1Char('/') + path : path);
+        wanted.insert(key, now.value(key) == path ? '/'_L1 + path : path);
     }
     return wanted;
 }

@@ -8,6 +8,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// The background of XFCE, which has one for each monitor and workspace, in the settings daemon xfconf. All of them get
 /// the picture: those of the named screens, and those of every monitor that was ever there.
 class DesktopPictureXfce : public DesktopPicture
@@ -16,7 +18,7 @@ class DesktopPictureXfce : public DesktopPicture
     DesktopPictureXfce(QString busAddress, std::function<QList<Screen>()> screens, QString reason,
                        std::chrono::milliseconds limit = kDesktopLimit);
 
-    [[nodiscard]] QString name() const override { return QStringLiteral("xfce"); }
+    [[nodiscard]] QString name() const override { return u"xfce"_s; }
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] QList<Screen> screens() override { return m_screens(); }
     [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -12,15 +14,15 @@ using Content = BackgroundSettings::Content;
 /// "zoom" fills each screen, cropped around the centre.
 QVariantMap zoom()
 {
-    return {{QStringLiteral("picture-options"), QStringLiteral("zoom")}};
+    return {{u"picture-options"_s, u"zoom"_s}};
 }
 
 /// Since GNOME 42 the dark style has a picture of its own. The shell keeps what it read under a name for as long as it
 /// has a use for the memory, and Budgie as long as it shows it.
 BackgroundSettings gnomeSettings()
 {
-    return {QStringLiteral("org.gnome.desktop.background"),
-            {QStringLiteral("picture-uri"), QStringLiteral("picture-uri-dark")},
+    return {u"org.gnome.desktop.background"_s,
+            {u"picture-uri"_s, u"picture-uri-dark"_s},
             Form::Address,
             Content::KeptByName,
             zoom()};
@@ -28,22 +30,14 @@ BackgroundSettings gnomeSettings()
 
 BackgroundSettings cinnamonSettings()
 {
-    return {QStringLiteral("org.cinnamon.desktop.background"),
-            {QStringLiteral("picture-uri")},
-            Form::Address,
-            Content::Followed,
-            zoom()};
+    return {u"org.cinnamon.desktop.background"_s, {u"picture-uri"_s}, Form::Address, Content::Followed, zoom()};
 }
 
 BackgroundSettings mateSettings()
 {
     QVariantMap others = zoom();
-    others.insert(QStringLiteral("draw-background"), true);
-    return {QStringLiteral("org.mate.background"),
-            {QStringLiteral("picture-filename")},
-            Form::Path,
-            Content::Followed,
-            others};
+    others.insert(u"draw-background"_s, true);
+    return {u"org.mate.background"_s, {u"picture-filename"_s}, Form::Path, Content::Followed, others};
 }
 
 } // namespace
@@ -58,23 +52,23 @@ const QList<SessionDesktop> &sessionDesktops()
         return result;
     };
     static const QList<SessionDesktop> desktops{
-        {QStringLiteral("Plasma"), DesktopBackend::Plasma, texts({"KDE"}), texts({"org.kde.plasmashell"}), {}},
-        {QStringLiteral("Budgie"), DesktopBackend::Gnome, texts({"Budgie"}), texts({"org.budgie_desktop.BudgieWM"}),
+        {u"Plasma"_s, DesktopBackend::Plasma, texts({"KDE"}), texts({"org.kde.plasmashell"}), {}},
+        {u"Budgie"_s, DesktopBackend::Gnome, texts({"Budgie"}), texts({"org.budgie_desktop.BudgieWM"}),
          gnomeSettings()},
-        {QStringLiteral("Cinnamon"), DesktopBackend::Cinnamon, texts({"X-Cinnamon", "Cinnamon"}), texts({"org.Cinnamon"}),
+        {u"Cinnamon"_s, DesktopBackend::Cinnamon, texts({"X-Cinnamon", "Cinnamon"}), texts({"org.Cinnamon"}),
          cinnamonSettings()},
         // The file manager draws it behind its icons; where there are none, the settings daemon does.
-        {QStringLiteral("MATE"), DesktopBackend::Mate, texts({"MATE"}), texts({"org.mate.Caja", "org.mate.SettingsDaemon"}),
+        {u"MATE"_s, DesktopBackend::Mate, texts({"MATE"}), texts({"org.mate.Caja", "org.mate.SettingsDaemon"}),
          mateSettings()},
-        {QStringLiteral("XFCE"), DesktopBackend::Xfce, texts({"XFCE"}), texts({"org.xfce.xfdesktop"}), {}},
+        {u"XFCE"_s, DesktopBackend::Xfce, texts({"XFCE"}), texts({"org.xfce.xfdesktop"}), {}},
         // On Wayland its desktop is one window for each screen, which is not told over the bus.
-        {QStringLiteral("LXQt"),
+        {u"LXQt"_s,
          DesktopBackend::Lxqt,
          texts({"LXQt"}),
          texts({"org.pcmanfm.PCManFM"}),
          {},
          SessionDesktop::Displays::OnlyX11},
-        {QStringLiteral("GNOME"), DesktopBackend::Gnome, texts({"GNOME", "Unity", "ubuntu", "pop", "Pantheon"}),
+        {u"GNOME"_s, DesktopBackend::Gnome, texts({"GNOME", "Unity", "ubuntu", "pop", "Pantheon"}),
          texts({"org.gnome.Shell", "com.canonical.Unity", "org.pantheon.gala"}), gnomeSettings()},
     };
     return desktops;

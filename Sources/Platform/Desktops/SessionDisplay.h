@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 
+#include <chrono>
+
 namespace quorvane {
 
 /// Where the session's screens are, for the ways to set a picture that cannot tell which there are.

@@ -12,6 +12,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -40,7 +42,7 @@ bool writeAll(int descriptor, const QByteArray &bytes)
 mode_t currentUmask()
 {
     // umask() can only be read by setting it, which would race with other threads; the kernel also tells it here.
-    QFile status(QStringLiteral("/proc/self/status"));
+    QFile status(u"/proc/self/status"_s);
     if (status.open(QIODevice::ReadOnly)) {
         const QByteArray text = status.readAll();
         const qsizetype at = text.indexOf("\nUmask:");
@@ -92,7 +94,7 @@ bool writeFileAtomically(const QString &path, const QByteArray &bytes, FileAcces
 
 void removeAbandonedTemporaries(const QString &folder)
 {
-    const auto entries = QDir(folder).entryInfoList({QStringLiteral(".*") + QLatin1String(kTemporaryEnding)},
+    const auto entries = QDir(folder).entryInfoList({u".*"_s + QLatin1String(kTemporaryEnding)},
                                                     QDir::Files | QDir::Hidden | QDir::NoSymLinks);
     const QDateTime limit = QDateTime::currentDateTimeUtc().addSecs(-kAbandonedAfterSeconds);
     for (const QFileInfo &entry : entries) {

@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane::Paths {
 
 namespace {
@@ -10,7 +12,7 @@ namespace {
 QString fromEnvironment(const char *variable, QLatin1String fallback)
 {
     const QString value = QFile::decodeName(qgetenv(variable));
-    return QDir::isAbsolutePath(value) ? QDir::cleanPath(value) : home() + QLatin1Char('/') + fallback;
+    return QDir::isAbsolutePath(value) ? QDir::cleanPath(value) : home() + '/'_L1 + fallback;
 }
 
 } // namespace
@@ -22,22 +24,22 @@ QString home()
 
 QString configHome()
 {
-    return fromEnvironment("XDG_CONFIG_HOME", QLatin1String(".config"));
+    return fromEnvironment("XDG_CONFIG_HOME", ".config"_L1);
 }
 
 QString dataHome()
 {
-    return fromEnvironment("XDG_DATA_HOME", QLatin1String(".local/share"));
+    return fromEnvironment("XDG_DATA_HOME", ".local/share"_L1);
 }
 
 QString stateHome()
 {
-    return fromEnvironment("XDG_STATE_HOME", QLatin1String(".local/state"));
+    return fromEnvironment("XDG_STATE_HOME", ".local/state"_L1);
 }
 
 QString cacheHome()
 {
-    return fromEnvironment("XDG_CACHE_HOME", QLatin1String(".cache"));
+    return fromEnvironment("XDG_CACHE_HOME", ".cache"_L1);
 }
 
 } // namespace quorvane::Paths

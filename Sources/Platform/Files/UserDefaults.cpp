@@ -2,6 +2,8 @@
 
 #include "Platform/Files/Paths.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 UserDefaults::UserDefaults(const QString &path)
@@ -11,7 +13,7 @@ UserDefaults::UserDefaults(const QString &path)
 
 QString UserDefaults::defaultPath()
 {
-    return Paths::configHome() + QStringLiteral("/Quorvane/Quorvane.conf");
+    return Paths::configHome() + u"/Quorvane/Quorvane.conf"_s;
 }
 
 std::optional<QString> UserDefaults::text(const QString &key) const
@@ -22,7 +24,7 @@ std::optional<QString> UserDefaults::text(const QString &key) const
     }
     // A hand-written line with commas reads as a list; the user meant the text.
     if (value.typeId() == QMetaType::QStringList) {
-        return value.toStringList().join(QStringLiteral(", "));
+        return value.toStringList().join(u", "_s);
     }
     return value.toString();
 }

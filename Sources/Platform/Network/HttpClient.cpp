@@ -18,6 +18,8 @@
 #include <array>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -36,7 +38,7 @@ bool sameOrigin(const QUrl &left, const QUrl &right)
 {
     constexpr int kHttps = 443;
     constexpr int kHttp = 80;
-    const auto port = [](const QUrl &url) { return url.port(url.scheme() == QLatin1String("https") ? kHttps : kHttp); };
+    const auto port = [](const QUrl &url) { return url.port(url.scheme() == "https"_L1 ? kHttps : kHttp); };
     return left.scheme() == right.scheme() && left.host() == right.host() && port(left) == port(right);
 }
 
@@ -74,12 +76,11 @@ bool isAllowedAddress(const QUrl &url)
     if (!url.isValid() || url.host().isEmpty()) {
         return false;
     }
-    if (url.scheme() == QLatin1String("https")) {
+    if (url.scheme() == "https"_L1) {
         return true;
     }
     const QHostAddress address(url.host());
-    return url.scheme() == QLatin1String("http") &&
-           (url.host() == QLatin1String("localhost") || (!address.isNull() && address.isLoopback()));
+    return url.scheme() == "http"_L1 && (url.host() == "localhost"_L1 || (!address.isNull() && address.isLoopback()));
 }
 
 /// What one request has gathered so far, over all its exchanges.

@@ -5,6 +5,8 @@
 #include <QSslCertificate>
 #include <QSslSocket>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 QSslConfiguration trustedTlsConfiguration()
@@ -17,8 +19,8 @@ QSslConfiguration trustedTlsConfiguration()
         if (!file.isEmpty()) {
             authorities += QSslCertificate::fromPath(file);
         }
-        for (const QString &folder : folders.split(QLatin1Char(':'), Qt::SkipEmptyParts)) {
-            authorities += QSslCertificate::fromPath(QDir(folder).filePath(QStringLiteral("*")), QSsl::Pem,
+        for (const QString &folder : folders.split(':'_L1, Qt::SkipEmptyParts)) {
+            authorities += QSslCertificate::fromPath(QDir(folder).filePath(u"*"_s), QSsl::Pem,
                                                      QSslCertificate::PatternSyntax::Wildcard);
         }
         configuration.setCaCertificates(authorities);

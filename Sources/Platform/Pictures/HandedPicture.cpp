@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QImageWriter>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -55,19 +57,19 @@ HandedPicture handedPicture(const QString &path, const TakesPath &takesPath)
     }
     // Desktops read PNG and JPEG everywhere, other formats only where a plug-in happens to be.
     if (checked.format != "png" && checked.format != "jpeg") {
-        return copied(encodedAsPng(readPicture(path).image), QStringLiteral("png"), takesPath);
+        return copied(encodedAsPng(readPicture(path).image), u"png"_s, takesPath);
     }
     if (takesPath(path)) {
         return {path, false, {}};
     }
     QFile file(path);
     const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    return copied(bytes, checked.format == "jpeg" ? QStringLiteral("jpg") : QStringLiteral("png"), takesPath);
+    return copied(bytes, checked.format == "jpeg" ? u"jpg"_s : u"png"_s, takesPath);
 }
 
 HandedPicture handedPicture(const QImage &image)
 {
-    return copied(encodedAsPng(image), QStringLiteral("png"), [](const QString &) { return true; });
+    return copied(encodedAsPng(image), u"png"_s, [](const QString &) { return true; });
 }
 
 } // namespace quorvane

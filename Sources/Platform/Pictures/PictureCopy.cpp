@@ -9,17 +9,19 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane::PictureCopy {
 
 namespace {
 
 // Followed by the time in UTC and a counter that keeps two copies of one instant apart.
-const QString kNameBegin = QStringLiteral("wallpaper-");
+const QString kNameBegin = u"wallpaper-"_s;
 
 bool isOurName(const QString &name)
 {
     static const QRegularExpression ours(
-        QRegularExpression::anchoredPattern(kNameBegin + QStringLiteral(R"(\d{8}-\d{9}-\d+\.[a-z]+)")));
+        QRegularExpression::anchoredPattern(kNameBegin + uR"(\d{8}-\d{9}-\d+\.[a-z]+)"_s));
     return ours.match(name).hasMatch();
 }
 
@@ -27,10 +29,10 @@ bool isOurName(const QString &name)
 
 QStringList folders()
 {
-    QStringList result{Paths::stateHome() + QStringLiteral("/quorvane")};
+    QStringList result{Paths::stateHome() + u"/quorvane"_s};
     const QString sessionFolder = QFile::decodeName(qgetenv("XDG_RUNTIME_DIR"));
     if (QDir::isAbsolutePath(sessionFolder)) {
-        result.append(QDir::cleanPath(sessionFolder) + QStringLiteral("/quorvane"));
+        result.append(QDir::cleanPath(sessionFolder) + u"/quorvane"_s);
     }
     return result;
 }
@@ -40,10 +42,10 @@ std::optional<QString> write(const QString &folder, const QByteArray &bytes, con
     if (!QDir().mkpath(folder)) {
         return std::nullopt;
     }
-    const QString begin = folder + QLatin1Char('/') + kNameBegin +
-                          QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd-HHmmsszzz"));
+    const QString begin =
+        folder + '/'_L1 + kNameBegin + QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd-HHmmsszzz"_s);
     for (int counter = 0;; ++counter) {
-        const QString path = QStringLiteral("%1-%2.%3").arg(begin).arg(counter).arg(ending);
+        const QString path = u"%1-%2.%3"_s.arg(begin).arg(counter).arg(ending);
         if (!QFileInfo::exists(path)) {
             return writeFileAtomically(path, bytes) ? std::optional(path) : std::nullopt;
         }
@@ -72,7 +74,7 @@ void removeAllBut(const QString &keep)
     for (const QString &folder : everywhere) {
         const QStringList names = QDir(folder).entryList(QDir::Files | QDir::NoSymLinks);
         for (const QString &name : names) {
-            const QString path = folder + QLatin1Char('/') + name;
+            const QString path = folder + '/'_L1 + name;
             if (path != keep && isOurName(name)) {
                 QFile::remove(path);
             }

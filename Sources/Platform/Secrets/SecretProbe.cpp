@@ -8,13 +8,15 @@
 #include <QFileInfo>
 #include <QMap>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 const QString &secretsName()
 {
-    static const QString name = QStringLiteral("org.freedesktop.secrets");
+    static const QString name = u"org.freedesktop.secrets"_s;
     return name;
 }
 
@@ -23,7 +25,7 @@ bool hasSessionBus()
 {
     return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
            (qEnvironmentVariableIsSet("XDG_RUNTIME_DIR") &&
-            QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus")));
+            QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/bus"_s));
 }
 
 /// Where QtKeychain goes to the wallet rather than to the Secret Service.
@@ -64,14 +66,14 @@ SecretProbe::Storage SecretProbe::findStorage()
         return Storage::None;
     }
     const auto names = [this](const QString &method) {
-        const QString bus = QStringLiteral("org.freedesktop.DBus");
-        const auto reply = call(bus, QStringLiteral("/org/freedesktop/DBus"), bus, method);
+        const QString bus = u"org.freedesktop.DBus"_s;
+        const auto reply = call(bus, u"/org/freedesktop/DBus"_s, bus, method);
         return reply ? reply->value(0).toStringList() : QStringList();
     };
-    const QStringList owned = names(QStringLiteral("ListNames"));
+    const QStringList owned = names(u"ListNames"_s);
     if (isPlasma()) {
         // A wallet daemon that does not run holds no open wallet, so it need not be started to find out.
-        for (const QString &wallet : {QStringLiteral("org.kde.kwalletd6"), QStringLiteral("org.kde.kwalletd5")}) {
+        for (const QString &wallet : {u"org.kde.kwalletd6"_s, u"org.kde.kwalletd5"_s}) {
             if (owned.contains(wallet)) {
                 m_wallet = wallet;
                 return Storage::Wallet;
@@ -79,7 +81,7 @@ SecretProbe::Storage SecretProbe::findStorage()
         }
         return Storage::None;
     }
-    if (owned.contains(secretsName()) || names(QStringLiteral("ListActivatableNames")).contains(secretsName())) {
+    if (owned.contains(secretsName()) || names(u"ListActivatableNames"_s).contains(secretsName())) {
         return Storage::SecretService;
     }
     return Storage::None;
@@ -87,26 +89,24 @@ SecretProbe::Storage SecretProbe::findStorage()
 
 bool SecretProbe::isInSecretService(const QString &service, const QString &account)
 {
-    const QMap<QString, QString> attributes{{QStringLiteral("xdg:schema"), QStringLiteral("org.qt.keychain")},
-                                            {QStringLiteral("server"), service},
-                                            {QStringLiteral("user"), account}};
-    const auto reply = call(secretsName(), QStringLiteral("/org/freedesktop/secrets"),
-                            QStringLiteral("org.freedesktop.Secret.Service"), QStringLiteral("SearchItems"),
-                            {QVariant::fromValue(attributes)});
+    const QMap<QString, QString> attributes{
+        {u"xdg:schema"_s, u"org.qt.keychain"_s}, {u"server"_s, service}, {u"user"_s, account}};
+    const auto reply = call(secretsName(), u"/org/freedesktop/secrets"_s, u"org.freedesktop.Secret.Service"_s,
+                            u"SearchItems"_s, {QVariant::fromValue(attributes)});
     // The reply is two lists of items: the readable ones and the locked ones.
     return reply && !qdbus_cast<QList<QDBusObjectPath>>(reply->value(0)).isEmpty();
 }
 
 bool SecretProbe::isInWallet(const QString &service, const QString &account)
 {
-    const QString path = QStringLiteral("/modules/") + m_wallet.section(QLatin1Char('.'), -1);
+    const QString path = u"/modules/"_s + m_wallet.section('.'_L1, -1);
     const auto ask = [&](const QString &method, const QVariantList &arguments) {
-        const auto reply = call(m_wallet, path, QStringLiteral("org.kde.KWallet"), method, arguments);
+        const auto reply = call(m_wallet, path, u"org.kde.KWallet"_s, method, arguments);
         return reply ? reply->value(0) : QVariant();
     };
-    const QString wallet = ask(QStringLiteral("networkWallet"), {}).toString();
-    const QVariant missing = ask(QStringLiteral("keyDoesNotExist"), {wallet, service, account});
-    return missing.isValid() && !missing.toBool() && ask(QStringLiteral("isOpen"), {wallet}).toBool();
+    const QString wallet = ask(u"networkWallet"_s, {}).toString();
+    const QVariant missing = ask(u"keyDoesNotExist"_s, {wallet, service, account});
+    return missing.isValid() && !missing.toBool() && ask(u"isOpen"_s, {wallet}).toBool();
 }
 
 std::optional<QVariantList> SecretProbe::call(const QString &peer, const QString &path, const QString &interface,

@@ -1,8 +1,8 @@
 #include "Platform/System/Autostart.h"
 
 #include "Platform/Files/AtomicFile.h"
-#include "Platform/System/AutostartPortal.h"
 #include "Platform/Files/Paths.h"
+#include "Platform/System/AutostartPortal.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -11,6 +11,8 @@
 #include <QFileInfo>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -21,12 +23,12 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(Autostart)
 };
 
-const QString kEntry = QStringLiteral("/autostart/app.quorvane.Quorvane.desktop");
+const QString kEntry = u"/autostart/app.quorvane.Quorvane.desktop"_s;
 
 /// The program in a sandbox has a configuration folder of its own, which no desktop reads.
 bool isSandboxed()
 {
-    return QFile::exists(QStringLiteral("/.flatpak-info"));
+    return QFile::exists(u"/.flatpak-info"_s);
 }
 
 /// A word of Exec=, which is no shell line: quoted, with the characters escaped that the desktop entry rules name, and
@@ -35,34 +37,34 @@ QString execWord(const QString &text)
 {
     QString word;
     for (const QChar character : text) {
-        if (QStringLiteral("\"`$\\").contains(character)) {
-            word += QLatin1Char('\\');
+        if (u"\"`$\\"_s.contains(character)) {
+            word += '\\'_L1;
         }
         word += character;
-        if (character == QLatin1Char('%')) {
+        if (character == '%'_L1) {
             word += character;
         }
     }
-    word.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
-    word.replace(QLatin1Char('\n'), QLatin1String("\\n"));
-    word.replace(QLatin1Char('\r'), QLatin1String("\\r"));
-    return QLatin1Char('"') + word + QLatin1Char('"');
+    word.replace('\\'_L1, "\\\\"_L1);
+    word.replace('\n'_L1, "\\n"_L1);
+    word.replace('\r'_L1, "\\r"_L1);
+    return '"'_L1 + word + '"'_L1;
 }
 
 QString execLine(const QString &program)
 {
     // GLib looks for the first word on disk before it makes one percent sign of two, and then refuses the entry.
-    const QString before = program.contains(QLatin1Char('%')) ? QStringLiteral("env ") : QString();
-    return before + execWord(program) + QStringLiteral(" --hidden");
+    const QString before = program.contains('%'_L1) ? u"env "_s : QString();
+    return before + execWord(program) + u" --hidden"_s;
 }
 
 bool isInSystemFolders()
 {
     QString folders = QFile::decodeName(qgetenv("XDG_CONFIG_DIRS"));
     if (folders.isEmpty()) {
-        folders = QStringLiteral("/etc/xdg");
+        folders = u"/etc/xdg"_s;
     }
-    const QStringList all = folders.split(QLatin1Char(':'), Qt::SkipEmptyParts);
+    const QStringList all = folders.split(':'_L1, Qt::SkipEmptyParts);
     return std::any_of(all.begin(), all.end(), [](const QString &folder) { return QFile::exists(folder + kEntry); });
 }
 
@@ -82,17 +84,16 @@ std::optional<QString> setAutostart(Autostart autostart)
 bool writeAutostartEntry(Autostart autostart, const QString &program)
 {
     const QString path = Paths::configHome() + kEntry;
-    QString entry = QStringLiteral("[Desktop Entry]\n"
-                                   "Type=Application\n"
-                                   "Name=Quorvane\n"
-                                   "Icon=app.quorvane.Quorvane\n"
-                                   "Exec=%1\n")
-                        .arg(execLine(program));
+    QString entry = u"[Desktop Entry]\n"
+                    "Type=Application\n"
+                    "Name=Quorvane\n"
+                    "Icon=app.quorvane.Quorvane\n"
+                    "Exec=%1\n"_s.arg(execLine(program));
     if (autostart == Autostart::Off) {
         if (!isInSystemFolders()) {
             return QFile::remove(path) || !QFile::exists(path);
         }
-        entry += QStringLiteral("Hidden=true\n");
+        entry += u"Hidden=true\n"_s;
     }
     return QDir().mkpath(QFileInfo(path).path()) && writeFileAtomically(path, entry.toUtf8());
 }

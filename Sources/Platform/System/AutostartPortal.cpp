@@ -9,6 +9,8 @@
 #include <QTimer>
 #include <QUuid>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -20,16 +22,15 @@ struct Tr
 
 QDBusMessage request(const QString &token, Autostart autostart)
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
-        QStringLiteral("org.freedesktop.portal.Background"), QStringLiteral("RequestBackground"));
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s,
+                                       u"org.freedesktop.portal.Background"_s, u"RequestBackground"_s);
     // Never without "autostart": the portal takes a request that does not name it for one to end it.
-    const QVariantMap options{
-        {QStringLiteral("handle_token"), token},
-        {QStringLiteral("reason"), Tr::tr("Quorvane sets new pictures and keeps yours on every screen.")},
-        {QStringLiteral("autostart"), autostart == Autostart::On},
-        {QStringLiteral("commandline"), QStringList{QStringLiteral("quorvane"), QStringLiteral("--hidden")}},
-        {QStringLiteral("dbus-activatable"), false}};
+    const QVariantMap options{{u"handle_token"_s, token},
+                              {u"reason"_s, Tr::tr("Quorvane sets new pictures and keeps yours on every screen.")},
+                              {u"autostart"_s, autostart == Autostart::On},
+                              {u"commandline"_s, QStringList{u"quorvane"_s, u"--hidden"_s}},
+                              {u"dbus-activatable"_s, false}};
     message.setArguments({QString(), options});
     return message;
 }
@@ -37,7 +38,7 @@ QDBusMessage request(const QString &token, Autostart autostart)
 /// Whether the program now is started with the session. A refusal tells it as well.
 bool isAsWanted(const PortalAnswer &answer, Autostart autostart)
 {
-    const QVariant told = answer.results().value(QStringLiteral("autostart"));
+    const QVariant told = answer.results().value(u"autostart"_s);
     return told.isValid() ? told.toBool() == (autostart == Autostart::On) : answer.response() == 0;
 }
 
@@ -46,7 +47,7 @@ bool isAsWanted(const PortalAnswer &answer, Autostart autostart)
 std::optional<QString> askPortalForAutostart(const QDBusConnection &bus, Autostart autostart,
                                              std::chrono::milliseconds limit)
 {
-    const QString token = QStringLiteral("quorvane_") + QUuid::createUuid().toString(QUuid::Id128);
+    const QString token = u"quorvane_"_s + QUuid::createUuid().toString(QUuid::Id128);
     const PortalAnswer answer(bus, token);
     const QDBusPendingCallWatcher call(bus.asyncCall(request(token, autostart)));
 

@@ -6,22 +6,24 @@
 #include <QProcess>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 void openFolderOf(const QString &path)
 {
-    QProcess::startDetached(QStringLiteral("xdg-open"), {QFileInfo(path).absolutePath()});
+    QProcess::startDetached(u"xdg-open"_s, {QFileInfo(path).absolutePath()});
 }
 
 } // namespace
 
 void FileManager::show(const QString &path)
 {
-    const QString interface = QStringLiteral("org.freedesktop.FileManager1");
-    QDBusMessage call = QDBusMessage::createMethodCall(interface, QStringLiteral("/org/freedesktop/FileManager1"),
-                                                       interface, QStringLiteral("ShowItems"));
+    const QString interface = u"org.freedesktop.FileManager1"_s;
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(interface, u"/org/freedesktop/FileManager1"_s, interface, u"ShowItems"_s);
     const QString address = QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded());
     call.setArguments({QStringList{address}, QString()});
     auto *watcher = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call), this);

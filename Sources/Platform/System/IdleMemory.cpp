@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -23,7 +25,7 @@ struct Pages
 std::vector<Pages> unchangedPagesOfFiles()
 {
     std::vector<Pages> found;
-    QFile mappings(QStringLiteral("/proc/self/smaps"));
+    QFile mappings(u"/proc/self/smaps"_s);
     if (!mappings.open(QIODevice::ReadOnly)) {
         return found;
     }

@@ -1,12 +1,13 @@
 #include "Platform/System/PowerEventsLogind.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 PowerEventsLogind::PowerEventsLogind(QDBusConnection bus)
 {
-    bus.connect(QStringLiteral("org.freedesktop.login1"), QStringLiteral("/org/freedesktop/login1"),
-                QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("PrepareForSleep"), this,
-                SLOT(prepareForSleep(bool)));
+    bus.connect(u"org.freedesktop.login1"_s, u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s,
+                u"PrepareForSleep"_s, this, SLOT(prepareForSleep(bool)));
 }
 
 void PowerEventsLogind::prepareForSleep(bool isStarting)

@@ -7,31 +7,33 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 QString portal()
 {
-    return QStringLiteral("org.freedesktop.portal.Desktop");
+    return u"org.freedesktop.portal.Desktop"_s;
 }
 
 QString portalPath()
 {
-    return QStringLiteral("/org/freedesktop/portal/desktop");
+    return u"/org/freedesktop/portal/desktop"_s;
 }
 
 QString portalInterface()
 {
-    return QStringLiteral("org.freedesktop.portal.Settings");
+    return u"org.freedesktop.portal.Settings"_s;
 }
 
 // Where each says it.
-const QString kCommon = QStringLiteral("org.freedesktop.appearance");
-const QString kGnome = QStringLiteral("org.gnome.desktop.interface");
-const QString kGnomeAnimations = QStringLiteral("enable-animations");
-const QString kPlasma = QStringLiteral("org.kde.kdeglobals.KDE");
-const QString kPlasmaLength = QStringLiteral("AnimationDurationFactor");
+const QString kCommon = u"org.freedesktop.appearance"_s;
+const QString kGnome = u"org.gnome.desktop.interface"_s;
+const QString kGnomeAnimations = u"enable-animations"_s;
+const QString kPlasma = u"org.kde.kdeglobals.KDE"_s;
+const QString kPlasmaLength = u"AnimationDurationFactor"_s;
 
 QVariant valueOf(const PortalSettings &settings, const QString &space, const QString &key)
 {
@@ -42,7 +44,7 @@ QVariant valueOf(const PortalSettings &settings, const QString &space, const QSt
 QVariant valueInFile(const QString &file, const QString &key)
 {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    return QSettings(folder + QLatin1Char('/') + file, QSettings::IniFormat).value(key);
+    return QSettings(folder + '/'_L1 + file, QSettings::IniFormat).value(key);
 }
 
 } // namespace
@@ -50,14 +52,14 @@ QVariant valueInFile(const QString &file, const QString &key)
 Appearance appearanceOf(const PortalSettings &settings)
 {
     Appearance appearance;
-    const uint scheme = valueOf(settings, kCommon, QStringLiteral("color-scheme")).toUInt();
+    const uint scheme = valueOf(settings, kCommon, u"color-scheme"_s).toUInt();
     appearance.colorScheme = scheme == 1   ? Appearance::ColorScheme::Dark
                              : scheme == 2 ? Appearance::ColorScheme::Light
                                            : Appearance::ColorScheme::NoPreference;
     const QVariant animations = valueOf(settings, kGnome, kGnomeAnimations);
     bool isNumber = false;
     const double length = valueOf(settings, kPlasma, kPlasmaLength).toDouble(&isNumber);
-    appearance.reducesMotion = valueOf(settings, kCommon, QStringLiteral("reduced-motion")).toUInt() == 1 ||
+    appearance.reducesMotion = valueOf(settings, kCommon, u"reduced-motion"_s).toUInt() == 1 ||
                                (animations.isValid() && !animations.toBool()) || (isNumber && length == 0);
     return appearance;
 }
@@ -65,12 +67,12 @@ Appearance appearanceOf(const PortalSettings &settings)
 PortalSettings settingsInFiles()
 {
     PortalSettings settings;
-    const QVariant length = valueInFile(QStringLiteral("kdeglobals"), QStringLiteral("KDE/") + kPlasmaLength);
+    const QVariant length = valueInFile(u"kdeglobals"_s, u"KDE/"_s + kPlasmaLength);
     if (length.isValid()) {
         settings[kPlasma][kPlasmaLength] = length;
     }
     for (const char *file : {"gtk-3.0/settings.ini", "gtk-4.0/settings.ini"}) {
-        const QVariant animations = valueInFile(QLatin1String(file), QStringLiteral("Settings/gtk-enable-animations"));
+        const QVariant animations = valueInFile(QLatin1String(file), u"Settings/gtk-enable-animations"_s);
         if (animations.isValid()) {
             settings[kGnome][kGnomeAnimations] = animations;
         }
@@ -95,10 +97,9 @@ void SystemAppearance::attach()
         return;
     }
     QDBusConnection bus = m_bus.connection();
-    bus.connect(portal(), portalPath(), portalInterface(), QStringLiteral("SettingChanged"), this,
+    bus.connect(portal(), portalPath(), portalInterface(), u"SettingChanged"_s, this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(portal(), portalPath(), portalInterface(), QStringLiteral("ReadAll"));
+    QDBusMessage call = QDBusMessage::createMethodCall(portal(), portalPath(), portalInterface(), u"ReadAll"_s);
     call.setArguments({QStringList{kCommon, kGnome, kPlasma}});
     auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {

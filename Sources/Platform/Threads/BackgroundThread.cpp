@@ -8,6 +8,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -36,7 +38,7 @@ int physicalCores()
         if (!CPU_ISSET(cpu, &allowed)) {
             continue;
         }
-        QFile siblings(QStringLiteral("/sys/devices/system/cpu/cpu%1/topology/thread_siblings_list").arg(cpu));
+        QFile siblings(u"/sys/devices/system/cpu/cpu%1/topology/thread_siblings_list"_s.arg(cpu));
         cores.insert(siblings.open(QIODevice::ReadOnly) ? siblings.readAll() : QByteArray::number(cpu));
     }
     return std::max(1, static_cast<int>(cores.size()));

@@ -13,6 +13,9 @@
 
 namespace quorvane {
 
+/// How long one question to the desktop waits for its answer, in all.
+inline constexpr std::chrono::milliseconds kDesktopLimit{5000};
+
 /// Runs work(std::stop_token) on a thread of its own, for calls into libraries that know no time limit. Its result, or
 /// nothing when it took longer than limit. In that case the thread goes on alone until whatever it hangs on gives way:
 /// work must own everything it uses, and must look at the token before it changes anything. What it throws in time is

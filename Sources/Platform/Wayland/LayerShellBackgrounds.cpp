@@ -1,6 +1,7 @@
 #include "Platform/Wayland/LayerShellBackgrounds.h"
 
 #include "Platform/Pictures/PictureFile.h"
+#include "Platform/Threads/TimeLimit.h"
 
 #include <QCoreApplication>
 

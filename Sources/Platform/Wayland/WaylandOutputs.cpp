@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -73,7 +75,7 @@ void WaylandOutputs::add(uint32_t id, const QByteArray &interface, uint32_t vers
     m_globals.insert_or_assign(interface, Global{id, version});
     if (interface == wl_output_interface.name) {
         auto output = std::make_unique<WaylandOutput>();
-        output->name = QStringLiteral("screen-%1").arg(id);
+        output->name = u"screen-%1"_s.arg(id);
         output->proxy.reset(static_cast<wl_output *>(
             wl_registry_bind(m_registry.get(), id, &wl_output_interface, std::min(version, kNamedOutputVersion))));
         wl_output_add_listener(output->proxy.get(), &kOutputListener, output.get());

@@ -4,6 +4,8 @@
 
 #include <xcb/randr.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 X11Connection::X11Connection(const QByteArray &display)
@@ -34,7 +36,7 @@ QList<X11Connection::Monitor> X11Connection::monitors() const
     const QRect root(0, 0, m_screen->width_in_pixels, m_screen->height_in_pixels);
     const std::optional<QList<Monitor>> described = randrMonitors();
     if (!described) {
-        return isUsable() ? QList<Monitor>{{QStringLiteral("screen"), root}} : QList<Monitor>();
+        return isUsable() ? QList<Monitor>{{u"screen"_s, root}} : QList<Monitor>();
     }
     QList<Monitor> monitors;
     for (const Monitor &monitor : *described) {

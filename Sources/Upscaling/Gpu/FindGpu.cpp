@@ -8,11 +8,13 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 std::optional<GpuProgram> findGpu()
 {
-    if (!hasGpu(QStringLiteral("/dev"))) {
+    if (!hasGpu(u"/dev"_s)) {
         return std::nullopt;
     }
     // Relative to the program, so that a tree that was moved still has it.
@@ -27,9 +29,8 @@ std::optional<GpuProgram> findGpu()
 
 bool hasGpu(const QString &devices)
 {
-    const QFileInfoList nodes =
-        QDir(devices + QStringLiteral("/dri")).entryInfoList({QStringLiteral("renderD*")}, QDir::System | QDir::Files) +
-        QDir(devices).entryInfoList({QStringLiteral("nvidia[0-9]*")}, QDir::System | QDir::Files);
+    const QFileInfoList nodes = QDir(devices + u"/dri"_s).entryInfoList({u"renderD*"_s}, QDir::System | QDir::Files) +
+                                QDir(devices).entryInfoList({u"nvidia[0-9]*"_s}, QDir::System | QDir::Files);
     return std::any_of(nodes.begin(), nodes.end(),
                        [](const QFileInfo &node) { return node.isReadable() && node.isWritable(); });
 }

@@ -1,7 +1,7 @@
 #include "Platform/Threads/BackgroundThread.h"
 #include "Upscaling/Gpu/GpuWorker.h"
-#include "Upscaling/Network/SuperResolutionModel.h"
 #include "Upscaling/Gpu/VulkanDevices.h"
+#include "Upscaling/Network/SuperResolutionModel.h"
 
 #include <QFile>
 
@@ -14,6 +14,8 @@
 #include <sys/prctl.h>
 #include <unistd.h>
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 // The process that GpuWorker starts. Reads tiles from standard input, each [3, 512, 512] float32, and writes
 // [3, 2048, 2048] float32 for each to standard output, until the input ends. Says why it gives up on standard error,
@@ -53,7 +55,7 @@ std::unique_ptr<SuperResolutionModel> load(const QString &path, std::span<char *
 {
     for (const char *name : providers) {
         const QString provider = QString::fromUtf8(name);
-        if (provider == QStringLiteral("WebGpuExecutionProvider") && !hasVulkanCard()) {
+        if (provider == u"WebGpuExecutionProvider"_s && !hasVulkanCard()) {
             continue;
         }
         try {

@@ -1,17 +1,19 @@
 #include "Upscaling/Network/ModelFiles.h"
 
 #include "Platform/Files/AtomicFile.h"
-#include "Platform/Threads/BackgroundThread.h"
 #include "Platform/Files/Paths.h"
-#include "Upscaling/Network/SuperResolutionModel.h"
+#include "Platform/Threads/BackgroundThread.h"
 #include "Upscaling/Image/TileGrid.h"
 #include "Upscaling/Image/UpscaleErrors.h"
+#include "Upscaling/Network/SuperResolutionModel.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -22,23 +24,23 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(ModelFiles)
 };
 
-const QString kInDataFolder = QStringLiteral("/quorvane/models/RealESRGAN.onnx");
+const QString kInDataFolder = u"/quorvane/models/RealESRGAN.onnx"_s;
 
 /// The folders that hold what is installed, best first.
 QStringList dataFolders()
 {
     QString folders = QFile::decodeName(qgetenv("XDG_DATA_DIRS"));
     if (folders.isEmpty()) {
-        folders = QStringLiteral("/usr/local/share:/usr/share");
+        folders = u"/usr/local/share:/usr/share"_s;
     }
     QStringList result;
-    for (const QString &folder : folders.split(QLatin1Char(':'), Qt::SkipEmptyParts)) {
+    for (const QString &folder : folders.split(':'_L1, Qt::SkipEmptyParts)) {
         if (QDir::isAbsolutePath(folder)) {
             result.append(QDir::cleanPath(folder));
         }
     }
     // A program installed under a prefix of its own has its share folder beside its bin folder.
-    result.append(QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share")));
+    result.append(QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../share"_s));
     return result;
 }
 

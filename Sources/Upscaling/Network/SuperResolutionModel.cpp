@@ -1,9 +1,9 @@
 #include "Upscaling/Network/SuperResolutionModel.h"
 
 #include "Providers/ProviderError.h"
-#include "Upscaling/Network/BoundedAllocator.h"
 #include "Upscaling/Image/TileGrid.h"
 #include "Upscaling/Image/UpscaleErrors.h"
+#include "Upscaling/Network/BoundedAllocator.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -18,6 +18,8 @@
 #include <onnxruntime_session_options_config_keys.h>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -28,9 +30,9 @@ struct Tr
 };
 
 constexpr qint64 kLargestFile = qint64(1) << 30;
-const QString kCuda = QStringLiteral("CUDAExecutionProvider");
-const QString kWebGpu = QStringLiteral("WebGpuExecutionProvider");
-const QString kProcessor = QStringLiteral("CPUExecutionProvider");
+const QString kCuda = u"CUDAExecutionProvider"_s;
+const QString kWebGpu = u"WebGpuExecutionProvider"_s;
+const QString kProcessor = u"CPUExecutionProvider"_s;
 constexpr std::array<std::int64_t, 4> kTileShape{1, 3, TileGrid::kTileEdge, TileGrid::kTileEdge};
 constexpr std::array<std::int64_t, 4> kResultShape{1, 3, TileGrid::kResultEdge, TileGrid::kResultEdge};
 
@@ -38,9 +40,9 @@ QString elementName(ONNXTensorElementDataType type)
 {
     switch (type) {
     case ONNX_TENSOR_ELEMENT_DATA_TYPE_FLOAT:
-        return QStringLiteral("float32");
+        return u"float32"_s;
     case ONNX_TENSOR_ELEMENT_DATA_TYPE_FLOAT16:
-        return QStringLiteral("float16");
+        return u"float16"_s;
     default:
         return Tr::tr("element type %1").arg(int(type));
     }
@@ -52,7 +54,7 @@ QString shapeText(std::span<const std::int64_t> shape)
     for (const std::int64_t side : shape) {
         sides.append(side < 0 ? Tr::tr("any", "a length") : QString::number(side));
     }
-    return QStringLiteral("[%1]").arg(sides.join(QStringLiteral(", ")));
+    return u"[%1]"_s.arg(sides.join(u", "_s));
 }
 
 [[noreturn]] void refuse(const QString &found, const QString &needed)

@@ -6,6 +6,8 @@
 #include <QGuiApplication>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 void PictureActions::showInFiles(const QString &path)
@@ -24,7 +26,7 @@ void PictureActions::copy(const QString &path)
 QVariantMap PictureActions::draggedData(const QString &path)
 {
     const QByteArray address = QUrl::fromLocalFile(path).toEncoded() + "\r\n";
-    return {{QStringLiteral("text/uri-list"), QString::fromLatin1(address)}};
+    return {{u"text/uri-list"_s, QString::fromLatin1(address)}};
 }
 
 } // namespace quorvane

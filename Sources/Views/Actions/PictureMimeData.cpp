@@ -3,12 +3,14 @@
 #include <QImageReader>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 /// Qt's name for pixels, which it offers to other programs in every image format that it can write.
-const QString kPixels = QStringLiteral("application/x-qt-image");
+const QString kPixels = u"application/x-qt-image"_s;
 
 } // namespace
 

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -67,7 +69,7 @@ class ControlInterface final : public LeafInterface, public QAccessibleActionInt
 
 QAccessibleInterface *interfaceFor(const QString &className, QObject *object)
 {
-    constexpr std::array kControls{QLatin1String("QQuickAbstractButton"), QLatin1String("QQuickComboBox")};
+    constexpr std::array kControls{"QQuickAbstractButton"_L1, "QQuickComboBox"_L1};
     const bool isControl = std::find(kControls.begin(), kControls.end(), className) != kControls.end();
     auto *item = isControl ? qobject_cast<QQuickItem *>(object) : nullptr;
     return item != nullptr ? new ControlInterface(item) : nullptr;

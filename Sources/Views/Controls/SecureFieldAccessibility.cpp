@@ -2,6 +2,8 @@
 
 #include "Views/Controls/LeafAccessibility.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -36,7 +38,7 @@ class SecureFieldInterface final : public LeafInterface
 QAccessibleInterface *interfaceFor(const QString &className, QObject *object)
 {
     // The name that QML gives the type of a file begins with the file's.
-    auto *item = className.startsWith(QLatin1String("SecureField_QML")) ? qobject_cast<QQuickItem *>(object) : nullptr;
+    auto *item = className.startsWith("SecureField_QML"_L1) ? qobject_cast<QQuickItem *>(object) : nullptr;
     return item != nullptr ? new SecureFieldInterface(item) : nullptr;
 }
 

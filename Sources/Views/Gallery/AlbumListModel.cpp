@@ -2,6 +2,8 @@
 
 #include "Views/Pictures/PictureUrl.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 QVariant AlbumListModel::data(const QModelIndex &index, int role) const
@@ -35,7 +37,7 @@ QHash<int, QByteArray> AlbumListModel::roleNames() const
 QString AlbumListModel::keyOf(const AlbumEntry &entry) const
 {
     // A prompt may be "Favorites", too.
-    return (entry.album.isFavorites ? QLatin1Char('*') : QLatin1Char('-')) + entry.album.id;
+    return (entry.album.isFavorites ? '*'_L1 : '-'_L1) + entry.album.id;
 }
 
 } // namespace quorvane

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 QStringList previewList(const std::optional<QString> &selectedAlbumId, const std::vector<AlbumEntry> &albums,
@@ -98,8 +100,7 @@ void GalleryModel::select(std::optional<QString> id)
 
 bool GalleryModel::canUsePrompt() const
 {
-    return m_selectedAlbumId && m_selectedAlbumId != QLatin1String("Favorites") &&
-           m_selectedAlbumId != QLatin1String("Uncategorized");
+    return m_selectedAlbumId && m_selectedAlbumId != "Favorites"_L1 && m_selectedAlbumId != "Uncategorized"_L1;
 }
 
 void GalleryModel::usePrompt()

@@ -4,6 +4,8 @@
 
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -12,8 +14,8 @@ QString addressOf(QLatin1String provider, const QString &path, const FileStamp &
 {
     // The path is encoded twice: Qt decodes an address once on the way to the provider.
     const QByteArray encoded = QUrl::toPercentEncoding(path).toPercentEncoding();
-    return QStringLiteral("image://%1/%2/%3-%4")
-        .arg(provider, QString::number(stamp.modified), QString::number(stamp.sizeBytes), QString::fromLatin1(encoded));
+    return u"image://%1/%2/%3-%4"_s.arg(provider, QString::number(stamp.modified), QString::number(stamp.sizeBytes),
+                                        QString::fromLatin1(encoded));
 }
 
 } // namespace
@@ -35,9 +37,9 @@ QString pictureUrl(const QString &path)
 
 QString pathFromPictureId(const QString &id)
 {
-    const QString encoded = id.section(QLatin1Char('/'), 1).section(QLatin1Char('-'), 1);
+    const QString encoded = id.section('/'_L1, 1).section('-'_L1, 1);
     QString path = QUrl::fromPercentEncoding(encoded.toUtf8());
-    return path.startsWith(QLatin1Char('/')) ? path : QUrl::fromPercentEncoding(path.toUtf8());
+    return path.startsWith('/'_L1) ? path : QUrl::fromPercentEncoding(path.toUtf8());
 }
 
 } // namespace quorvane

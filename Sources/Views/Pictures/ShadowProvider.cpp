@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -25,9 +27,9 @@ ShadowProvider::ShadowProvider()
 
 QImage ShadowProvider::requestImage(const QString &id, QSize *size, const QSize & /*requestedSize*/)
 {
-    const double radius = id.section(QLatin1Char('/'), 0, 0).toDouble();
-    const double reach = id.section(QLatin1Char('/'), 1, 1).toDouble();
-    const double darkest = id.section(QLatin1Char('/'), 2, 2).toDouble() / 100;
+    const double radius = id.section('/'_L1, 0, 0).toDouble();
+    const double reach = id.section('/'_L1, 1, 1).toDouble();
+    const double darkest = id.section('/'_L1, 2, 2).toDouble() / 100;
     constexpr double kCore = 2;     // What is stretched.
     constexpr double kOffset = 0.3; // Light comes from above: the shadow lies this share of its reach lower.
     const int side = int(2 * (radius + reach + kCore));

@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 SymbolProvider::SymbolProvider()
@@ -13,9 +15,9 @@ SymbolProvider::SymbolProvider()
 
 QImage SymbolProvider::requestImage(const QString &id, QSize *size, const QSize &requestedSize)
 {
-    const QString name = id.section(QLatin1Char('/'), 0, 0);
-    const QColor color(id.section(QLatin1Char('/'), 1));
-    QSvgRenderer renderer(QStringLiteral(":/qt/qml/Quorvane/Views/Symbols/%1.svg").arg(name));
+    const QString name = id.section('/'_L1, 0, 0);
+    const QColor color(id.section('/'_L1, 1));
+    QSvgRenderer renderer(u":/qt/qml/Quorvane/Views/Symbols/%1.svg"_s.arg(name));
     if (!renderer.isValid()) {
         return {};
     }

@@ -9,14 +9,15 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 QString folder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
-           QStringLiteral("/quorvane/thumbnails");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + u"/quorvane/thumbnails"_s;
 }
 
 /// A cache that cannot be written only costs time.
@@ -47,11 +48,10 @@ std::optional<QString> ThumbnailCache::fileFor(const QString &path)
     if (!picture.exists()) {
         return std::nullopt;
     }
-    const QString identity = QStringLiteral("%1\n%2\n%3")
-                                 .arg(picture.absoluteFilePath(), QString::number(picture.size()),
-                                      QString::number(picture.lastModified().toMSecsSinceEpoch()));
+    const QString identity = u"%1\n%2\n%3"_s.arg(picture.absoluteFilePath(), QString::number(picture.size()),
+                                                 QString::number(picture.lastModified().toMSecsSinceEpoch()));
     const QByteArray hash = QCryptographicHash::hash(identity.toUtf8(), QCryptographicHash::Sha256).toHex();
-    return folder() + QLatin1Char('/') + QString::fromLatin1(hash);
+    return folder() + '/'_L1 + QString::fromLatin1(hash);
 }
 
 QImage ThumbnailCache::thumbnail(const QString &path)

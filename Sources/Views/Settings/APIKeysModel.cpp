@@ -1,5 +1,7 @@
 #include "Views/Settings/APIKeysModel.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 APIKeyRow::APIKeyRow(const QString &section, const QString &label, const QString &providerId, const QString &help,
@@ -67,12 +69,11 @@ void APIKeyRow::load(const TextMap &keys)
 
 APIKeysModel::APIKeysModel(QObject *parent)
     : ViewModel(parent)
-    , m_rows{
-          new APIKeyRow(tr("Gemini"), tr("Gemini"), QStringLiteral("gemini"),
-                        tr("Used for default generation and 4K upscaling."), this),
-          new APIKeyRow(tr("Grok (xAI)"), tr("Grok"), QStringLiteral("grok"), tr("Used when NSFW is enabled."), this),
-          new APIKeyRow(tr("OpenAI"), tr("OpenAI"), QStringLiteral("openai"),
-                        tr("Available as an override in Advanced settings."), this)}
+    , m_rows{new APIKeyRow(tr("Gemini"), tr("Gemini"), u"gemini"_s, tr("Used for default generation and 4K upscaling."),
+                           this),
+             new APIKeyRow(tr("Grok (xAI)"), tr("Grok"), u"grok"_s, tr("Used when NSFW is enabled."), this),
+             new APIKeyRow(tr("OpenAI"), tr("OpenAI"), u"openai"_s,
+                           tr("Available as an override in Advanced settings."), this)}
 {
 }
 

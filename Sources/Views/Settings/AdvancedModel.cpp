@@ -1,5 +1,7 @@
 #include "Views/Settings/AdvancedModel.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 void ModelPicker::load()
@@ -57,7 +59,7 @@ QStringList AdvancedModel::providerNames() const
 
 QStringList AdvancedModel::providerIds() const
 {
-    QStringList ids{QStringLiteral("auto")};
+    QStringList ids{u"auto"_s};
     for (const auto &provider : manager()->providers()) {
         ids.append(provider->id());
     }
@@ -89,12 +91,12 @@ QStringList AdvancedModel::upscaleMethods()
 
 int AdvancedModel::upscaleMethodIndex() const
 {
-    return manager()->upscaleMethod() == QLatin1String("local") ? 1 : 0;
+    return manager()->upscaleMethod() == "local"_L1 ? 1 : 0;
 }
 
 void AdvancedModel::chooseUpscaleMethod(int index)
 {
-    manager()->setUpscaleMethod(index == 1 ? QStringLiteral("local") : QStringLiteral("gemini"));
+    manager()->setUpscaleMethod(index == 1 ? u"local"_s : u"gemini"_s);
 }
 
 } // namespace quorvane

@@ -5,6 +5,8 @@
 
 #include <QLocale>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 SidebarModel::SidebarModel(QObject *parent)
@@ -92,7 +94,7 @@ QString SidebarModel::upscaleHint() const
     if (!manager()->fourKEnabled() || manager()->providerProducesNative4K()) {
         return {};
     }
-    return manager()->upscaleMethod() == QLatin1String("local") ? tr("+ Local 4K") : tr("+ Gemini 4K");
+    return manager()->upscaleMethod() == "local"_L1 ? tr("+ Local 4K") : tr("+ Gemini 4K");
 }
 
 bool SidebarModel::isLoading() const

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 // No password storage answers: a launch is delayed by less than 200 ms, and nothing changes.
 namespace quorvane {
 
@@ -41,14 +43,13 @@ TEST_F(KeyringAbsent, withoutABus)
 
 TEST_F(KeyringAbsent, withoutARunTimeFolder)
 {
-    m_session.environment().remove(QStringLiteral("XDG_RUNTIME_DIR"));
+    m_session.environment().remove(u"XDG_RUNTIME_DIR"_s);
     expectQuickAndUnchanged();
 }
 
 TEST_F(KeyringAbsent, withTheAddressOfABusThatIsGone)
 {
-    m_session.environment().insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
-                                   QStringLiteral("unix:path=/nonexistent/bus"));
+    m_session.environment().insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nonexistent/bus"_s);
     expectQuickAndUnchanged();
 }
 
@@ -72,8 +73,8 @@ TEST_F(KeyringAbsentFromBus, withAStorageThatStartsButNeverArrives)
 
 TEST_F(KeyringAbsentFromBus, onPlasmaWithoutAWallet)
 {
-    m_session.environment().insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("KDE"));
-    m_session.environment().insert(QStringLiteral("KDE_SESSION_VERSION"), QStringLiteral("5"));
+    m_session.environment().insert(u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s);
+    m_session.environment().insert(u"KDE_SESSION_VERSION"_s, u"5"_s);
     ASSERT_TRUE(m_session.startBus("[D-BUS Service]\nName=org.kde.kwalletd5\nExec=/bin/sleep 2\n"));
     expectQuickAndUnchanged();
 }

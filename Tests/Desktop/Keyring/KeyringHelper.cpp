@@ -11,6 +11,8 @@
 
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 // migrate                  moves the old keys as a launch does, prints the milliseconds it took, and then runs the
 // event
 //                          loop until standard input ends
@@ -20,10 +22,10 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
 
-    if (arguments.value(1) == QStringLiteral("migrate")) {
+    if (arguments.value(1) == u"migrate"_s) {
         QElapsedTimer timer;
         timer.start();
-        const bool isPatient = arguments.value(2) == QStringLiteral("patient");
+        const bool isPatient = arguments.value(2) == u"patient"_s;
         const auto store =
             quorvane::makeSecretStore(isPatient ? std::chrono::seconds(10) : quorvane::kSecretStorePatience);
         quorvane::Keychain::migrateLegacyKey(*store);
@@ -34,10 +36,10 @@ int main(int argc, char **argv)
         return QCoreApplication::exec();
     }
 
-    if (arguments.value(1) == QStringLiteral("write")) {
-        auto *job = new QKeychain::WritePasswordJob(QStringLiteral("app.quorvane.Quorvane"));
+    if (arguments.value(1) == u"write"_s) {
+        auto *job = new QKeychain::WritePasswordJob(u"app.quorvane.Quorvane"_s);
         job->setKey(arguments.value(2));
-        if (arguments.value(3) == QStringLiteral("binary")) {
+        if (arguments.value(3) == u"binary"_s) {
             job->setBinaryData(arguments.value(4).toUtf8());
         } else {
             job->setTextData(arguments.value(4));

@@ -9,6 +9,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 // Storages that no daemon at hand can play: one that stops answering in the middle, and Plasma's wallet.
 namespace quorvane {
 
@@ -46,7 +48,7 @@ class Peer : public QDBusVirtualObject
     void refuseAll()
     {
         for (const QDBusMessage &message : std::as_const(m_waiting)) {
-            m_connection.send(message.createErrorReply(QDBusError::Failed, QStringLiteral("too late")));
+            m_connection.send(message.createErrorReply(QDBusError::Failed, u"too late"_s));
         }
         m_waiting.clear();
     }
@@ -79,12 +81,12 @@ class WalletPeer : public KeyringPeer
   protected:
     void SetUp() override
     {
-        m_session.environment().insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("KDE"));
-        m_session.environment().insert(QStringLiteral("KDE_SESSION_VERSION"), QStringLiteral("5"));
+        m_session.environment().insert(u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s);
+        m_session.environment().insert(u"KDE_SESSION_VERSION"_s, u"5"_s);
         KeyringPeer::SetUp();
         if (!IsSkipped()) {
             m_wallet = std::make_unique<Peer>(
-                m_session.connection(), QStringLiteral("org.kde.kwalletd5"), QStringLiteral("/modules/kwalletd5"),
+                m_session.connection(), u"org.kde.kwalletd5"_s, u"/modules/kwalletd5"_s,
                 [this](const QString &method, const QVariantList &arguments) { return answer(method, arguments); });
             ASSERT_TRUE(m_wallet->isThere());
         }
@@ -94,14 +96,14 @@ class WalletPeer : public KeyringPeer
     {
         const auto is = [&method](const char *name) { return method == QLatin1String(name); };
         if (is("networkWallet")) {
-            return QVariantList{QStringLiteral("kdewallet")};
+            return QVariantList{u"kdewallet"_s};
         }
         if (is("isOpen")) {
             return QVariantList{m_isOpen};
         }
         if (is("keyDoesNotExist")) {
-            return QVariantList{arguments.value(1) != QStringLiteral("app.quorvane.Quorvane") ||
-                                arguments.value(2) != QStringLiteral("grok-api-key") || !m_hasKey};
+            return QVariantList{arguments.value(1) != u"app.quorvane.Quorvane"_s ||
+                                arguments.value(2) != u"grok-api-key"_s || !m_hasKey};
         }
         if (is("open")) {
             return QVariantList{1};
@@ -110,7 +112,7 @@ class WalletPeer : public KeyringPeer
             return QVariantList{m_hasKey ? 1 : 0};
         }
         if (is("readPassword")) {
-            return QVariantList{QStringLiteral("ké 2")};
+            return QVariantList{u"ké 2"_s};
         }
         if (is("removeEntry")) {
             m_hasKey = false;
@@ -128,15 +130,14 @@ class WalletPeer : public KeyringPeer
 
 TEST_F(KeyringPeer, aStorageThatFallsSilentInTheMiddleDelaysALittleAndMayAnswerLater)
 {
-    Peer service(
-        m_session.connection(), QStringLiteral("org.freedesktop.secrets"), QStringLiteral("/org/freedesktop/secrets"),
-        [](const QString &method, const QVariantList &) -> std::optional<QVariantList> {
-            if (method != QStringLiteral("SearchItems")) {
-                return std::nullopt;
-            }
-            const QList readable{QDBusObjectPath(QStringLiteral("/org/freedesktop/secrets/collection/login/1"))};
-            return QVariantList{QVariant::fromValue(readable), QVariant::fromValue(QList<QDBusObjectPath>())};
-        });
+    Peer service(m_session.connection(), u"org.freedesktop.secrets"_s, u"/org/freedesktop/secrets"_s,
+                 [](const QString &method, const QVariantList &) -> std::optional<QVariantList> {
+                     if (method != u"SearchItems"_s) {
+                         return std::nullopt;
+                     }
+                     const QList readable{QDBusObjectPath(u"/org/freedesktop/secrets/collection/login/1"_s)};
+                     return QVariantList{QVariant::fromValue(readable), QVariant::fromValue(QList<QDBusObjectPath>())};
+                 });
     ASSERT_TRUE(service.isThere());
     const auto milliseconds = m_session.beginMigration();
     ASSERT_TRUE(milliseconds);
@@ -161,7 +162,7 @@ TEST_F(WalletPeer, aClosedWalletIsNeverOpened)
     m_isOpen = false;
     ASSERT_TRUE(m_session.migrate());
     EXPECT_TRUE(m_session.keyFile().isNull());
-    EXPECT_FALSE(m_wallet->calls.contains(QStringLiteral("open")));
+    EXPECT_FALSE(m_wallet->calls.contains(u"open"_s));
     EXPECT_TRUE(m_hasKey);
 }
 
@@ -172,7 +173,7 @@ TEST_F(WalletPeer, aWalletWithoutOurKeysIsNeverOpened)
     ASSERT_TRUE(milliseconds);
     EXPECT_LT(*milliseconds, 200);
     EXPECT_TRUE(m_session.keyFile().isNull());
-    EXPECT_FALSE(m_wallet->calls.contains(QStringLiteral("open")));
+    EXPECT_FALSE(m_wallet->calls.contains(u"open"_s));
 }
 
 } // namespace quorvane

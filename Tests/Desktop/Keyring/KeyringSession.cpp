@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -20,7 +22,7 @@ QString missingProgram(const QStringList &programs)
 {
     for (const QString &program : programs) {
         if (QStandardPaths::findExecutable(program).isEmpty()) {
-            return program + QStringLiteral(" is not installed");
+            return program + u" is not installed"_s;
         }
     }
     return {};
@@ -38,21 +40,20 @@ void end(QProcess *process)
 
 QString whyNoBus()
 {
-    return missingProgram({QStringLiteral("dbus-daemon")});
+    return missingProgram({u"dbus-daemon"_s});
 }
 
 QString whyNoKeyring()
 {
-    return missingProgram(
-        {QStringLiteral("dbus-daemon"), QStringLiteral("gnome-keyring-daemon"), QStringLiteral("secret-tool")});
+    return missingProgram({u"dbus-daemon"_s, u"gnome-keyring-daemon"_s, u"secret-tool"_s});
 }
 
 KeyringSession::KeyringSession()
     : m_environment(QProcessEnvironment::systemEnvironment())
 {
-    const QString runtime = m_home.path() + QStringLiteral("/run");
+    const QString runtime = m_home.path() + u"/run"_s;
     QDir().mkdir(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    m_environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime);
+    m_environment.insert(u"XDG_RUNTIME_DIR"_s, runtime);
     for (const char *name :
          {"DBUS_SESSION_BUS_ADDRESS", "DISPLAY", "WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP", "DESKTOP_SESSION",
           "KDE_FULL_SESSION", "KDE_SESSION_VERSION", "GNOME_DESKTOP_SESSION_ID", "GNOME_KEYRING_CONTROL"}) {
@@ -72,27 +73,27 @@ KeyringSession::~KeyringSession()
 
 bool KeyringSession::startBus(const QByteArray &serviceFile)
 {
-    const QString folder = m_environment.value(QStringLiteral("XDG_RUNTIME_DIR"));
-    m_address = QStringLiteral("unix:path=") + folder + QStringLiteral("/bus");
+    const QString folder = m_environment.value(u"XDG_RUNTIME_DIR"_s);
+    m_address = u"unix:path="_s + folder + u"/bus"_s;
     // A configuration of its own, because the usual one would let every installed service be activated.
     const QByteArray configuration = "<busconfig><type>session</type><listen>" + m_address.toUtf8() +
                                      "</listen><servicedir>" + folder.toUtf8() +
                                      "/services</servicedir><policy context=\"default\"><allow send_destination=\"*\"/>"
                                      "<allow receive_sender=\"*\"/><allow own=\"*\"/></policy></busconfig>";
-    if (!putFile(folder + QStringLiteral("/bus.conf"), configuration) ||
-        (!serviceFile.isEmpty() && !putFile(folder + QStringLiteral("/services/any.service"), serviceFile))) {
+    if (!putFile(folder + u"/bus.conf"_s, configuration) ||
+        (!serviceFile.isEmpty() && !putFile(folder + u"/services/any.service"_s, serviceFile))) {
         return false;
     }
     m_bus.setProcessEnvironment(m_environment);
     m_bus.setProcessChannelMode(QProcess::SeparateChannels);
-    m_bus.start(QStringLiteral("dbus-daemon"), {QStringLiteral("--config-file=") + folder + QStringLiteral("/bus.conf"),
-                                                QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
+    m_bus.start(u"dbus-daemon"_s,
+                {u"--config-file="_s + folder + u"/bus.conf"_s, u"--nofork"_s, u"--print-address=1"_s});
     // The address is printed once the bus listens.
     if (!m_bus.waitForReadyRead(kProcessLimitMs)) {
         return false;
     }
-    m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_address);
-    m_connectionName = QStringLiteral("session in ") + folder;
+    m_environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, m_address);
+    m_connectionName = u"session in "_s + folder;
     return QDBusConnection::connectToBus(m_address, m_connectionName).isConnected();
 }
 
@@ -115,13 +116,11 @@ QDBusConnection KeyringSession::connection() const
 bool KeyringSession::startKeyring()
 {
     m_keyring.setProcessEnvironment(m_environment);
-    m_keyring.start(QStringLiteral("gnome-keyring-daemon"), {QStringLiteral("--foreground"), QStringLiteral("--unlock"),
-                                                             QStringLiteral("--components=secrets")});
+    m_keyring.start(u"gnome-keyring-daemon"_s, {u"--foreground"_s, u"--unlock"_s, u"--components=secrets"_s});
     m_keyring.write("password of the test");
     m_keyring.closeWriteChannel();
-    return waitFor([this] {
-        return connection().interface()->isServiceRegistered(QStringLiteral("org.freedesktop.secrets")).value();
-    });
+    return waitFor(
+        [this] { return connection().interface()->isServiceRegistered(u"org.freedesktop.secrets"_s).value(); });
 }
 
 void KeyringSession::stopKeyring()
@@ -131,29 +130,24 @@ void KeyringSession::stopKeyring()
 
 bool KeyringSession::lockKeyring()
 {
-    QDBusMessage lock = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.secrets"), QStringLiteral("/org/freedesktop/secrets"),
-        QStringLiteral("org.freedesktop.Secret.Service"), QStringLiteral("Lock"));
-    lock.setArguments(
-        {QVariant::fromValue(QList{QDBusObjectPath(QStringLiteral("/org/freedesktop/secrets/collection/login"))})});
+    QDBusMessage lock = QDBusMessage::createMethodCall(u"org.freedesktop.secrets"_s, u"/org/freedesktop/secrets"_s,
+                                                       u"org.freedesktop.Secret.Service"_s, u"Lock"_s);
+    lock.setArguments({QVariant::fromValue(QList{QDBusObjectPath(u"/org/freedesktop/secrets/collection/login"_s)})});
     return connection().call(lock).type() == QDBusMessage::ReplyMessage;
 }
 
 bool KeyringSession::storeSecret(const QString &account, const QByteArray &secret, const QString &service,
                                  const QString &schema)
 {
-    const QStringList arguments{QStringLiteral("store"),      QStringLiteral("--label=") + service,
-                                QStringLiteral("xdg:schema"), schema,
-                                QStringLiteral("user"),       account,
-                                QStringLiteral("server"),     service,
-                                QStringLiteral("type"),       QStringLiteral("plaintext")};
-    return run(QStringLiteral("secret-tool"), arguments, secret).first == 0;
+    const QStringList arguments{
+        u"store"_s, u"--label="_s + service, u"xdg:schema"_s, schema, u"user"_s, account, u"server"_s, service,
+        u"type"_s,  u"plaintext"_s};
+    return run(u"secret-tool"_s, arguments, secret).first == 0;
 }
 
 std::optional<QByteArray> KeyringSession::secret(const QString &account, const QString &service)
 {
-    const auto [status, output] = run(QStringLiteral("secret-tool"), {QStringLiteral("lookup"), QStringLiteral("user"),
-                                                                      account, QStringLiteral("server"), service});
+    const auto [status, output] = run(u"secret-tool"_s, {u"lookup"_s, u"user"_s, account, u"server"_s, service});
     return status == 0 ? std::optional(output) : std::nullopt;
 }
 
@@ -182,9 +176,9 @@ std::optional<int> KeyringSession::beginMigration(Patience patience)
 {
     m_migration = std::make_unique<QProcess>();
     m_migration->setProcessEnvironment(m_environment);
-    QStringList arguments{QStringLiteral("migrate")};
+    QStringList arguments{u"migrate"_s};
     if (patience == Patience::Long) {
-        arguments.append(QStringLiteral("patient"));
+        arguments.append(u"patient"_s);
     }
     m_migration->start(QStringLiteral(KEYRING_HELPER), arguments);
     // Not waitForReadyRead(): the test's own peers on the bus need the event loop to answer.
@@ -207,7 +201,7 @@ bool KeyringSession::endMigration()
 
 QByteArray KeyringSession::keyFile() const
 {
-    return contentOf(m_home.path() + QStringLiteral("/Library/Application Support/Quorvane/keys.json"));
+    return contentOf(m_home.path() + u"/Library/Application Support/Quorvane/keys.json"_s);
 }
 
 std::pair<int, QByteArray> KeyringSession::run(const QString &program, const QStringList &arguments,

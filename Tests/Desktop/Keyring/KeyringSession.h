@@ -13,6 +13,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// A login session of the test's own: home, run-time folder and message bus, and no desktop. Everything that it starts
 /// ends with it.
 class KeyringSession
@@ -44,11 +46,11 @@ class KeyringSession
 
     /// Stores an item with secret-tool under the attributes that QtKeychain gives, or others.
     [[nodiscard]] bool storeSecret(const QString &account, const QByteArray &secret,
-                                   const QString &service = QStringLiteral("app.quorvane.Quorvane"),
-                                   const QString &schema = QStringLiteral("org.qt.keychain"));
+                                   const QString &service = u"app.quorvane.Quorvane"_s,
+                                   const QString &schema = u"org.qt.keychain"_s);
     /// What secret-tool finds.
     [[nodiscard]] std::optional<QByteArray> secret(const QString &account,
-                                                   const QString &service = QStringLiteral("app.quorvane.Quorvane"));
+                                                   const QString &service = u"app.quorvane.Quorvane"_s);
 
     /// The helper with arguments; it must end well.
     [[nodiscard]] bool runHelper(const QStringList &arguments);

@@ -4,6 +4,8 @@
 
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 // The old keys in a real keyring daemon, read and deleted by a process of its own as at a launch of the program.
 namespace quorvane {
 
@@ -22,9 +24,9 @@ class Keyring : public testing::Test
     }
 
     KeyringSession m_session;
-    const QString m_gemini = QStringLiteral("gemini-api-key");
-    const QString m_grok = QStringLiteral("grok-api-key");
-    const QString m_openai = QStringLiteral("openai-api-key");
+    const QString m_gemini = u"gemini-api-key"_s;
+    const QString m_grok = u"grok-api-key"_s;
+    const QString m_openai = u"openai-api-key"_s;
 };
 
 } // namespace
@@ -32,9 +34,8 @@ class Keyring : public testing::Test
 TEST_F(Keyring, itemsMoveIntoTheKeyFile)
 {
     ASSERT_TRUE(m_session.storeSecret(m_gemini, "ké 1"));
-    ASSERT_TRUE(m_session.runHelper({QStringLiteral("write"), m_grok, QStringLiteral("text"), QStringLiteral("ké 2")}));
-    ASSERT_TRUE(
-        m_session.runHelper({QStringLiteral("write"), m_openai, QStringLiteral("binary"), QStringLiteral("ké 3")}));
+    ASSERT_TRUE(m_session.runHelper({u"write"_s, m_grok, u"text"_s, u"ké 2"_s}));
+    ASSERT_TRUE(m_session.runHelper({u"write"_s, m_openai, u"binary"_s, u"ké 3"_s}));
     ASSERT_TRUE(m_session.secret(m_grok) && m_session.secret(m_openai));
     ASSERT_TRUE(m_session.migrate());
     EXPECT_EQ(m_session.keyFile(), "{\"gemini\":\"ké 1\",\"grok\":\"ké 2\",\"openai\":\"ké 3\"}");
@@ -75,10 +76,9 @@ TEST_F(Keyring, anItemThatIsNoTextIsNeitherCopiedNorDeleted)
 
 TEST_F(Keyring, itemsOfOtherProgramsAreLeftAlone)
 {
-    const QString other = QStringLiteral("org.example.other");
+    const QString other = u"org.example.other"_s;
     ASSERT_TRUE(m_session.storeSecret(m_gemini, "theirs", other));
-    ASSERT_TRUE(m_session.storeSecret(m_grok, "another kind", QStringLiteral("app.quorvane.Quorvane"),
-                                      QStringLiteral("org.example")));
+    ASSERT_TRUE(m_session.storeSecret(m_grok, "another kind", u"app.quorvane.Quorvane"_s, u"org.example"_s));
     ASSERT_TRUE(m_session.migrate());
     EXPECT_TRUE(m_session.keyFile().isNull());
     EXPECT_EQ(m_session.secret(m_gemini, other), "theirs");
@@ -120,7 +120,7 @@ TEST_F(Keyring, withoutTheEventLoopOfTheDesktopLibrariesNothingIsLostOrDelayedFo
 {
     // QtKeychain's answers then never arrive.
     ASSERT_TRUE(m_session.storeSecret(m_gemini, "k1"));
-    m_session.environment().insert(QStringLiteral("QT_NO_GLIB"), QStringLiteral("1"));
+    m_session.environment().insert(u"QT_NO_GLIB"_s, u"1"_s);
     const auto milliseconds = m_session.migrate();
     ASSERT_TRUE(milliseconds);
     EXPECT_LT(*milliseconds, 5000);

@@ -25,6 +25,8 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -100,7 +102,7 @@ class Hyprpaper
         const std::lock_guard lock(m_mutex);
         const QString value = QString::fromUtf8(request.mid(request.indexOf(' ') + 1)).trimmed();
         if (request == "listloaded" && m_version == Version::Listing) {
-            return m_loaded.isEmpty() ? "no wallpapers loaded" : m_loaded.join(QLatin1Char('\n')).toUtf8();
+            return m_loaded.isEmpty() ? "no wallpapers loaded" : m_loaded.join('\n'_L1).toUtf8();
         }
         if (request.startsWith("preload ")) {
             if (!QFile::exists(value)) {
@@ -110,7 +112,7 @@ class Hyprpaper
             return "ok";
         }
         if (request.startsWith("wallpaper ")) {
-            const qsizetype comma = value.indexOf(QLatin1Char(','));
+            const qsizetype comma = value.indexOf(','_L1);
             const QString file = value.mid(comma + 1);
             if (!m_loaded.contains(file)) {
                 return "wallpaper failed (not preloaded)";
@@ -136,23 +138,23 @@ class Hyprpaper
 class DesktopPictureHyprlandTest : public testing::Test
 {
   protected:
-    [[nodiscard]] QString socket() const { return m_home.path() + QStringLiteral("/.hyprpaper.sock"); }
+    [[nodiscard]] QString socket() const { return m_home.path() + u"/.hyprpaper.sock"_s; }
 
     [[nodiscard]] DesktopPictureHyprland makeDesktop(const QString &display = {}) const
     {
-        return {{m_home.path() + QStringLiteral("/nowhere"), m_home.path()}, display, {}, ProgramLife::Application};
+        return {{m_home.path() + u"/nowhere"_s, m_home.path()}, display, {}, ProgramLife::Application};
     }
 
     [[nodiscard]] QString save(const QString &name, int mark) const
     {
-        const QString path = m_home.library() + QLatin1Char('/') + name;
+        const QString path = m_home.library() + '/'_L1 + name;
         QDir().mkpath(QFileInfo(path).path());
         EXPECT_TRUE(positionPicture(kSource, mark).save(path, "png"));
         return path;
     }
 
     PrivateHome m_home;
-    const QList<Screen> m_screens{{QStringLiteral("DP-1"), QSize(800, 450)}, {QStringLiteral("DP-2"), QSize(400, 600)}};
+    const QList<Screen> m_screens{{u"DP-1"_s, QSize(800, 450)}, {u"DP-2"_s, QSize(400, 600)}};
 };
 
 } // namespace
@@ -162,11 +164,10 @@ TEST_F(DesktopPictureHyprlandTest, tellsHyprpaperThePictureOfEachScreenAndLetsTh
     const Hyprpaper hyprpaper(socket());
     DesktopPictureHyprland desktop = makeDesktop();
     EXPECT_FALSE(desktop.endsWithTheProgram());
-    const QString first = save(QStringLiteral("one.png"), 40);
+    const QString first = save(u"one.png"_s, 40);
     ASSERT_EQ(desktop.setPicture(first, m_screens), std::nullopt);
-    EXPECT_EQ(hyprpaper.shown(),
-              (QMap<QString, QString>{{QStringLiteral("DP-1"), first}, {QStringLiteral("DP-2"), first}}));
-    const QString second = save(QStringLiteral("two.png"), 40);
+    EXPECT_EQ(hyprpaper.shown(), (QMap<QString, QString>{{u"DP-1"_s, first}, {u"DP-2"_s, first}}));
+    const QString second = save(u"two.png"_s, 40);
     ASSERT_EQ(desktop.setPicture(second, m_screens), std::nullopt);
     EXPECT_EQ(hyprpaper.loaded(), QStringList{second});
 }
@@ -175,11 +176,11 @@ TEST_F(DesktopPictureHyprlandTest, aPathThatHyprpaperHasReadAlreadyOrCannotReadI
 {
     const Hyprpaper hyprpaper(socket());
     DesktopPictureHyprland desktop = makeDesktop();
-    const QString path = save(QStringLiteral("one.png"), 40);
+    const QString path = save(u"one.png"_s, 40);
     ASSERT_EQ(desktop.setPicture(path, m_screens), std::nullopt);
     ASSERT_EQ(desktop.setPicture(path, m_screens), std::nullopt);
     EXPECT_EQ(hyprpaper.loaded(), QStringList{path}) << "the same content is the same file";
-    for (const QString &name : {QStringLiteral("one.png"), QString::fromUtf8("a, b #\n日本/two.png")}) {
+    for (const QString &name : {u"one.png"_s, QString::fromUtf8("a, b #\n日本/two.png")}) {
         const QString other = save(name, 200);
         ASSERT_EQ(desktop.setPicture(other, m_screens), std::nullopt);
         ASSERT_EQ(hyprpaper.loaded().size(), 1);
@@ -194,11 +195,11 @@ TEST_F(DesktopPictureHyprlandTest, anOlderOneWithoutListsDoesAsWell)
 {
     const Hyprpaper hyprpaper(socket(), Hyprpaper::Version::Old);
     DesktopPictureHyprland desktop = makeDesktop();
-    const QString path = save(QStringLiteral("one.png"), 40);
+    const QString path = save(u"one.png"_s, 40);
     ASSERT_EQ(desktop.setPicture(path, m_screens), std::nullopt);
-    ASSERT_EQ(desktop.setPicture(save(QStringLiteral("one.png"), 90), m_screens), std::nullopt);
-    EXPECT_NE(hyprpaper.shown().value(QStringLiteral("DP-2")), path);
-    EXPECT_TRUE(QFile::exists(hyprpaper.shown().value(QStringLiteral("DP-2"))));
+    ASSERT_EQ(desktop.setPicture(save(u"one.png"_s, 90), m_screens), std::nullopt);
+    EXPECT_NE(hyprpaper.shown().value(u"DP-2"_s), path);
+    EXPECT_TRUE(QFile::exists(hyprpaper.shown().value(u"DP-2"_s)));
 }
 
 TEST_F(DesktopPictureHyprlandTest, aRefusalIsInItsOwnWordsAndLeavesNoCopy)
@@ -206,10 +207,10 @@ TEST_F(DesktopPictureHyprlandTest, aRefusalIsInItsOwnWordsAndLeavesNoCopy)
     DesktopPictureHyprland desktop = makeDesktop();
     const Hyprpaper hyprpaper(socket());
     const QString path = save(QString::fromUtf8("a b/one.png"), 40);
-    const QList<Screen> strange{{QStringLiteral("DP,1"), QSize(1, 1)}};
-    EXPECT_EQ(desktop.setPicture(path, strange), QStringLiteral("wallpaper failed (not preloaded)"));
-    EXPECT_EQ(QDir(Paths::stateHome() + QStringLiteral("/quorvane")).entryList(QDir::Files), QStringList());
-    EXPECT_NE(desktop.setPicture(m_home.path() + QStringLiteral("/missing.png"), m_screens), std::nullopt);
+    const QList<Screen> strange{{u"DP,1"_s, QSize(1, 1)}};
+    EXPECT_EQ(desktop.setPicture(path, strange), u"wallpaper failed (not preloaded)"_s);
+    EXPECT_EQ(QDir(Paths::stateHome() + u"/quorvane"_s).entryList(QDir::Files), QStringList());
+    EXPECT_NE(desktop.setPicture(m_home.path() + u"/missing.png"_s, m_screens), std::nullopt);
     EXPECT_EQ(hyprpaper.shown().size(), 0);
 }
 
@@ -220,37 +221,34 @@ TEST_F(DesktopPictureHyprlandTest, withoutHyprpaperOrWithAnotherProtocolOurOwnSu
     }
     const PrivateSway sway({QSize(800, 450)});
     ASSERT_TRUE(sway.isReady());
-    DesktopPictureHyprland desktop = makeDesktop(sway.runtimeFolder() + QStringLiteral("/wayland-1"));
+    DesktopPictureHyprland desktop = makeDesktop(sway.runtimeFolder() + u"/wayland-1"_s);
     const auto shows = [&sway](int mark) {
-        return waitFor(
-            [&] { return differenceFromFill(sway.screenshot(QStringLiteral("HEADLESS-1")), kSource, mark).isEmpty(); });
+        return waitFor([&] { return differenceFromFill(sway.screenshot(u"HEADLESS-1"_s), kSource, mark).isEmpty(); });
     };
     EXPECT_TRUE(desktop.endsWithTheProgram());
-    ASSERT_EQ(desktop.setPicture(save(QStringLiteral("one.png"), 40), desktop.screens()), std::nullopt);
+    ASSERT_EQ(desktop.setPicture(save(u"one.png"_s, 40), desktop.screens()), std::nullopt);
     EXPECT_TRUE(shows(40));
     {
         const Hyprpaper other(socket(), Hyprpaper::Version::Binary);
-        ASSERT_EQ(desktop.setPicture(save(QStringLiteral("two.png"), 90), desktop.screens()), std::nullopt);
+        ASSERT_EQ(desktop.setPicture(save(u"two.png"_s, 90), desktop.screens()), std::nullopt);
         EXPECT_TRUE(shows(90));
     }
     // As soon as it is there, hyprpaper's own picture must be seen.
     QFile::remove(socket());
     const Hyprpaper hyprpaper(socket());
-    ASSERT_EQ(desktop.setPicture(save(QStringLiteral("three.png"), 140), desktop.screens()), std::nullopt);
+    ASSERT_EQ(desktop.setPicture(save(u"three.png"_s, 140), desktop.screens()), std::nullopt);
     EXPECT_EQ(hyprpaper.shown().size(), 1);
-    EXPECT_TRUE(waitFor(
-        [&] { return !differenceFromFill(sway.screenshot(QStringLiteral("HEADLESS-1")), kSource, 90).isEmpty(); }));
+    EXPECT_TRUE(waitFor([&] { return !differenceFromFill(sway.screenshot(u"HEADLESS-1"_s), kSource, 90).isEmpty(); }));
 }
 
 TEST_F(DesktopPictureHyprlandTest, isThereWhenItListensAndItsSignatureIsAFoldersName)
 {
     EXPECT_FALSE(DesktopPictureHyprland::answers({m_home.path()}));
-    const Hyprpaper hyprland(m_home.path() + QStringLiteral("/.socket.sock"), Hyprpaper::Version::Binary);
+    const Hyprpaper hyprland(m_home.path() + u"/.socket.sock"_s, Hyprpaper::Version::Binary);
     EXPECT_TRUE(DesktopPictureHyprland::answers({m_home.path()}));
-    EXPECT_EQ(DesktopPictureHyprland::socketFolders(QStringLiteral("../other")), QStringList());
+    EXPECT_EQ(DesktopPictureHyprland::socketFolders(u"../other"_s), QStringList());
     EXPECT_EQ(DesktopPictureHyprland::socketFolders(QString()), QStringList());
-    EXPECT_TRUE(
-        DesktopPictureHyprland::socketFolders(QStringLiteral("v1_2")).contains(QStringLiteral("/tmp/hypr/v1_2")));
+    EXPECT_TRUE(DesktopPictureHyprland::socketFolders(u"v1_2"_s).contains(u"/tmp/hypr/v1_2"_s));
 }
 
 } // namespace quorvane

@@ -20,12 +20,14 @@
 
 #include <sys/syscall.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
-const QString kFirst = QStringLiteral("HEADLESS-1");
-const QString kSecond = QStringLiteral("HEADLESS-2");
+const QString kFirst = u"HEADLESS-1"_s;
+const QString kSecond = u"HEADLESS-2"_s;
 constexpr QSize kSource(1200, 1000);
 
 /// A picture with as much detail as its pixels can have, so that any scaling or moving would be seen.
@@ -45,10 +47,10 @@ QImage finePicture(QSize size)
 /// The one thread of this process that has the name.
 QString folderOfThread(const QByteArray &name)
 {
-    const QDir tasks(QStringLiteral("/proc/self/task"));
+    const QDir tasks(u"/proc/self/task"_s);
     const QStringList ids = tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QString &id : ids) {
-        if (contentOf(tasks.filePath(id) + QStringLiteral("/comm")).trimmed() == name) {
+        if (contentOf(tasks.filePath(id) + u"/comm"_s).trimmed() == name) {
             return tasks.filePath(id);
         }
     }
@@ -58,7 +60,7 @@ QString folderOfThread(const QByteArray &name)
 /// Whether the thread waits for descriptors, for as long as it takes.
 bool sleepsWithoutLimit(const QString &thread)
 {
-    const QList<QByteArray> words = contentOf(thread + QStringLiteral("/syscall")).split(' ');
+    const QList<QByteArray> words = contentOf(thread + u"/syscall"_s).split(' ');
     if (words.size() < 4) {
         return false;
     }
@@ -74,7 +76,7 @@ bool sleepsWithoutLimit(const QString &thread)
 
 QByteArray wakeUpsOf(const QString &thread)
 {
-    const QByteArray status = contentOf(thread + QStringLiteral("/status"));
+    const QByteArray status = contentOf(thread + u"/status"_s);
     return status.mid(status.indexOf("voluntary_ctxt_switches")).split('\n').value(0);
 }
 
@@ -98,7 +100,7 @@ class DesktopPictureLayerShellTest : public testing::Test
         }
     }
 
-    [[nodiscard]] QString display() const { return m_sway->runtimeFolder() + QStringLiteral("/wayland-1"); }
+    [[nodiscard]] QString display() const { return m_sway->runtimeFolder() + u"/wayland-1"_s; }
 
     [[nodiscard]] std::unique_ptr<DesktopPictureLayerShell>
     makeDesktop(std::chrono::milliseconds limit = kDesktopLimit) const
@@ -108,7 +110,7 @@ class DesktopPictureLayerShellTest : public testing::Test
 
     [[nodiscard]] QString save(const QString &name, const QImage &picture) const
     {
-        const QString path = m_home.path() + QLatin1Char('/') + name;
+        const QString path = m_home.path() + '/'_L1 + name;
         QDir().mkpath(QFileInfo(path).path());
         EXPECT_TRUE(picture.save(path, "png"));
         return path;
@@ -120,8 +122,7 @@ class DesktopPictureLayerShellTest : public testing::Test
 
     void tell(const char *command) const
     {
-        EXPECT_FALSE(
-            outputOf(QStringLiteral("swaymsg"), {QString::fromUtf8(command)}, m_sway->clientEnvironment()).isNull())
+        EXPECT_FALSE(outputOf(u"swaymsg"_s, {QString::fromUtf8(command)}, m_sway->clientEnvironment()).isNull())
             << command;
     }
 
@@ -157,8 +158,8 @@ TEST_F(DesktopPictureLayerShellTest, fillsEachOutputAroundTheCentreAndRefreshesT
     EXPECT_EQ(waitForBoth(40), QString());
     const QByteArray screenshots = qgetenv("QUORVANE_TEST_SCREENSHOTS");
     if (!screenshots.isEmpty()) {
-        m_sway->screenshot(kFirst).save(QFile::decodeName(screenshots) + QStringLiteral("/layer-shell-1.png"));
-        m_sway->screenshot(kSecond).save(QFile::decodeName(screenshots) + QStringLiteral("/layer-shell-2.png"));
+        m_sway->screenshot(kFirst).save(QFile::decodeName(screenshots) + u"/layer-shell-1.png"_s);
+        m_sway->screenshot(kSecond).save(QFile::decodeName(screenshots) + u"/layer-shell-2.png"_s);
     }
     ASSERT_TRUE(positionPicture(kSource, 200).save(path));
     ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
@@ -169,7 +170,7 @@ TEST_F(DesktopPictureLayerShellTest, thePictureGoesWithTheObject)
 {
     start();
     const QImage before = m_sway->screenshot(kFirst);
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 40), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), m_desktop->screens()), std::nullopt);
     ASSERT_EQ(waitForBoth(40), QString());
     EXPECT_TRUE(m_desktop->endsWithTheProgram());
     m_desktop.reset();
@@ -183,7 +184,7 @@ TEST_F(DesktopPictureLayerShellTest, isExactToThePixelAtAnyScaleAndTurn)
         return waitFor([&] { return m_sway->screenshot(kFirst).convertToFormat(QImage::Format_RGB32) == picture; });
     };
     const QImage wide = finePicture(QSize(800, 450));
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("wide.png"), wide), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"wide.png"_s, wide), m_desktop->screens()), std::nullopt);
     EXPECT_TRUE(shows(wide));
     // The surface follows each change by itself.
     for (const char *scale : {"output HEADLESS-1 scale 2", "output HEADLESS-1 scale 1.25"}) {
@@ -193,14 +194,14 @@ TEST_F(DesktopPictureLayerShellTest, isExactToThePixelAtAnyScaleAndTurn)
     tell("output HEADLESS-1 scale 1 transform 90");
     ASSERT_TRUE(waitFor([&] { return m_desktop->screens().value(0).pixels == QSize(450, 800); }));
     const QImage high = finePicture(QSize(450, 800));
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("high.png"), high), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"high.png"_s, high), m_desktop->screens()), std::nullopt);
     EXPECT_TRUE(shows(high));
 }
 
 TEST_F(DesktopPictureLayerShellTest, followsModesScalesTurnsAndNewOutputsByItself)
 {
     start();
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 90), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 90), m_desktop->screens()), std::nullopt);
     ASSERT_EQ(waitForBoth(90), QString());
     tell("output HEADLESS-1 mode 1024x768");
     ASSERT_TRUE(waitFor([&] { return m_sway->screenshot(kFirst).size() == QSize(1024, 768); }));
@@ -211,7 +212,7 @@ TEST_F(DesktopPictureLayerShellTest, followsModesScalesTurnsAndNewOutputsByItsel
     ASSERT_TRUE(waitFor([&] { return m_sway->screenshot(kSecond).size() == QSize(600, 400); }));
     EXPECT_EQ(waitForPicture(*m_sway, kSecond, 90), QString());
     tell("create_output");
-    EXPECT_EQ(waitForPicture(*m_sway, QStringLiteral("HEADLESS-3"), 90), QString());
+    EXPECT_EQ(waitForPicture(*m_sway, u"HEADLESS-3"_s, 90), QString());
 }
 
 TEST_F(DesktopPictureLayerShellTest, anOutputThatIsUnpluggedAndComesBackShowsThePicture)
@@ -220,23 +221,22 @@ TEST_F(DesktopPictureLayerShellTest, anOutputThatIsUnpluggedAndComesBackShowsThe
     ASSERT_TRUE(outer.isReady());
     const NestedSway inner(outer, 2);
     ASSERT_TRUE(inner.isReady());
-    DesktopPictureLayerShell desktop(outer.runtimeFolder() + QStringLiteral("/wayland-2"), QString(),
-                                     ProgramLife::Application);
+    DesktopPictureLayerShell desktop(outer.runtimeFolder() + u"/wayland-2"_s, QString(), ProgramLife::Application);
     ASSERT_EQ(desktop.screens().size(), 2);
-    ASSERT_EQ(desktop.setPicture(save(QStringLiteral("one.png"), 120), desktop.screens()), std::nullopt);
-    EXPECT_EQ(waitForPicture(inner, QStringLiteral("WL-2"), 120), QString());
-    ASSERT_TRUE(inner.unplug(QStringLiteral("WL-2")));
+    ASSERT_EQ(desktop.setPicture(save(u"one.png"_s, 120), desktop.screens()), std::nullopt);
+    EXPECT_EQ(waitForPicture(inner, u"WL-2"_s, 120), QString());
+    ASSERT_TRUE(inner.unplug(u"WL-2"_s));
     ASSERT_TRUE(waitFor([&] { return desktop.screens().size() == 1; }));
     ASSERT_TRUE(inner.plugIn());
-    EXPECT_EQ(waitForPicture(inner, QStringLiteral("WL-3"), 120), QString());
-    EXPECT_EQ(waitForPicture(inner, QStringLiteral("WL-1"), 120), QString());
+    EXPECT_EQ(waitForPicture(inner, u"WL-3"_s, 120), QString());
+    EXPECT_EQ(waitForPicture(inner, u"WL-1"_s, 120), QString());
 }
 
 TEST_F(DesktopPictureLayerShellTest, onePictureFollowsTheOtherWithoutAFrameInBetween)
 {
     start({QSize(800, 450)});
-    const QString even = save(QStringLiteral("even.png"), 40);
-    const QString odd = save(QStringLiteral("odd.png"), 200);
+    const QString even = save(u"even.png"_s, 40);
+    const QString odd = save(u"odd.png"_s, 200);
     ASSERT_EQ(m_desktop->setPicture(even, m_desktop->screens()), std::nullopt);
     ASSERT_EQ(waitForPicture(*m_sway, kFirst, 40), QString());
     std::atomic<int> shots = 0;
@@ -261,11 +261,11 @@ TEST_F(DesktopPictureLayerShellTest, onePictureFollowsTheOtherWithoutAFrameInBet
 TEST_F(DesktopPictureLayerShellTest, sleepsOnceItHasDrawnAndHoldsNothing)
 {
     start();
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 40), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), m_desktop->screens()), std::nullopt);
     ASSERT_EQ(waitForBoth(40), QString());
     const QString thread = folderOfThread("wallpaper");
     ASSERT_NE(thread, QString());
-    if (contentOf(thread + QStringLiteral("/syscall")).isEmpty()) {
+    if (contentOf(thread + u"/syscall"_s).isEmpty()) {
         GTEST_SKIP() << "this kernel does not tell what a thread waits for";
     }
     ASSERT_TRUE(waitFor([&] { return sleepsWithoutLimit(thread); }));
@@ -275,11 +275,11 @@ TEST_F(DesktopPictureLayerShellTest, sleepsOnceItHasDrawnAndHoldsNothing)
     }
     EXPECT_EQ(wakeUpsOf(thread), before) << "frames of the compositor are none of its business";
     EXPECT_TRUE(sleepsWithoutLimit(thread));
-    EXPECT_FALSE(contentOf(QStringLiteral("/proc/self/maps")).contains("memfd:wallpaper"));
-    const QDir descriptors(QStringLiteral("/proc/self/fd"));
+    EXPECT_FALSE(contentOf(u"/proc/self/maps"_s).contains("memfd:wallpaper"));
+    const QDir descriptors(u"/proc/self/fd"_s);
     const QStringList names = descriptors.entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System);
     for (const QString &name : names) {
-        EXPECT_FALSE(QFile::symLinkTarget(descriptors.filePath(name)).contains(QStringLiteral("memfd:wallpaper")));
+        EXPECT_FALSE(QFile::symLinkTarget(descriptors.filePath(name)).contains(u"memfd:wallpaper"_s));
     }
 }
 
@@ -287,15 +287,15 @@ TEST_F(DesktopPictureLayerShellTest, refusesWhatItCannotShowAndLeavesThePictureT
 {
     start();
     const QList<Screen> screens = m_desktop->screens();
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 40), screens), std::nullopt);
-    EXPECT_NE(m_desktop->setPicture(m_home.path() + QStringLiteral("/missing.png"), screens), std::nullopt);
-    const QString other = save(QStringLiteral("other.png"), 240);
-    EXPECT_EQ(m_desktop->setPicture(other, screens + QList<Screen>{{QStringLiteral("DP-9"), QSize(1, 1)}}),
-              QStringLiteral("The compositor has no screen \"DP-9\""));
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), std::nullopt);
+    EXPECT_NE(m_desktop->setPicture(m_home.path() + u"/missing.png"_s, screens), std::nullopt);
+    const QString other = save(u"other.png"_s, 240);
+    EXPECT_EQ(m_desktop->setPicture(other, screens + QList<Screen>{{u"DP-9"_s, QSize(1, 1)}}),
+              u"The compositor has no screen \"DP-9\""_s);
     DesktopPictureLayerShell command(display(), QString(), ProgramLife::OneCommand);
     EXPECT_EQ(command.screens(), screens);
     const std::optional<QString> refusal = command.setPicture(other, screens);
-    EXPECT_TRUE(refusal && refusal->contains(QStringLiteral("start Quorvane")));
+    EXPECT_TRUE(refusal && refusal->contains(u"start Quorvane"_s));
     EXPECT_EQ(waitForBoth(40), QString());
 }
 
@@ -303,7 +303,7 @@ TEST_F(DesktopPictureLayerShellTest, aKilledCompositorIsAnErrorAndHasNoScreens)
 {
     start();
     const QList<Screen> screens = m_desktop->screens();
-    const QString path = save(QStringLiteral("one.png"), 40);
+    const QString path = save(u"one.png"_s, 40);
     ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
     m_sway->program().signal(SIGSTOP);
     std::optional<QString> failure;
@@ -312,7 +312,7 @@ TEST_F(DesktopPictureLayerShellTest, aKilledCompositorIsAnErrorAndHasNoScreens)
     setting.join();
     EXPECT_NE(failure, std::nullopt);
     EXPECT_EQ(m_desktop->screens(), QList<Screen>());
-    EXPECT_EQ(m_desktop->setPicture(path, screens), QStringLiteral("The compositor cannot be reached"));
+    EXPECT_EQ(m_desktop->setPicture(path, screens), u"The compositor cannot be reached"_s);
 }
 
 TEST_F(DesktopPictureLayerShellTest, aCompositorThatHangsIsGivenUpAndKeepsItsPicture)
@@ -320,13 +320,12 @@ TEST_F(DesktopPictureLayerShellTest, aCompositorThatHangsIsGivenUpAndKeepsItsPic
     start();
     const QList<Screen> screens = m_desktop->screens();
     const auto impatient = makeDesktop(std::chrono::milliseconds(1000));
-    ASSERT_EQ(impatient->setPicture(save(QStringLiteral("one.png"), 40), screens), std::nullopt);
+    ASSERT_EQ(impatient->setPicture(save(u"one.png"_s, 40), screens), std::nullopt);
     m_sway->program().signal(SIGSTOP);
-    EXPECT_EQ(impatient->setPicture(save(QStringLiteral("two.png"), 90), screens),
-              QStringLiteral("The compositor does not answer"));
+    EXPECT_EQ(impatient->setPicture(save(u"two.png"_s, 90), screens), u"The compositor does not answer"_s);
     m_sway->program().signal(SIGCONT);
     EXPECT_EQ(waitForBoth(40), QString());
-    ASSERT_EQ(impatient->setPicture(save(QStringLiteral("three.png"), 140), screens), std::nullopt);
+    ASSERT_EQ(impatient->setPicture(save(u"three.png"_s, 140), screens), std::nullopt);
     EXPECT_EQ(waitForBoth(140), QString());
 }
 
@@ -337,7 +336,7 @@ TEST_F(DesktopPictureLayerShellTest, whatACompositorOffersIsToldWithoutStaying)
     EXPECT_TRUE(facts.isConnected);
     EXPECT_TRUE(facts.hasLayerShell);
     EXPECT_EQ(facts.screens.size(), 2);
-    EXPECT_FALSE(waylandFacts(QStringLiteral("nobody-listens"), QDeadlineTimer(kDesktopLimit)).isConnected);
+    EXPECT_FALSE(waylandFacts(u"nobody-listens"_s, QDeadlineTimer(kDesktopLimit)).isConnected);
     EXPECT_FALSE(waylandFacts(QString(), QDeadlineTimer(kDesktopLimit)).isConnected);
 }
 

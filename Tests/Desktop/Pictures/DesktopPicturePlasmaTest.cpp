@@ -6,8 +6,8 @@
 #include "DesktopSession.h"
 
 #include "Platform/Bus/BusClient.h"
-#include "Platform/Files/Paths.h"
 #include "Platform/Desktops/Protocols/PlasmaScript.h"
+#include "Platform/Files/Paths.h"
 #include "Support/Files.h"
 #include "Support/PositionPicture.h"
 #include "Support/PrivateHome.h"
@@ -21,6 +21,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -33,17 +35,16 @@ constexpr std::chrono::seconds kStartLimit{120};
 /// Started by path: it is in no folder of programs.
 QString activityManager()
 {
-    const QStringList folders{QStringLiteral("/usr/lib/x86_64-linux-gnu/libexec"),
-                              QStringLiteral("/usr/lib/aarch64-linux-gnu/libexec"), QStringLiteral("/usr/libexec"),
-                              QStringLiteral("/usr/lib/libexec")};
-    return QStandardPaths::findExecutable(QStringLiteral("kactivitymanagerd"), folders);
+    const QStringList folders{u"/usr/lib/x86_64-linux-gnu/libexec"_s, u"/usr/lib/aarch64-linux-gnu/libexec"_s,
+                              u"/usr/libexec"_s, u"/usr/lib/libexec"_s};
+    return QStandardPaths::findExecutable(u"kactivitymanagerd"_s, folders);
 }
 
 /// The daemon of the Plasma that is installed, 6 or 5.
 QString settingsDaemon()
 {
-    const QString newer = QStandardPaths::findExecutable(QStringLiteral("kded6"));
-    return newer.isEmpty() ? QStandardPaths::findExecutable(QStringLiteral("kded5")) : newer;
+    const QString newer = QStandardPaths::findExecutable(u"kded6"_s);
+    return newer.isEmpty() ? QStandardPaths::findExecutable(u"kded5"_s) : newer;
 }
 
 } // namespace
@@ -56,16 +57,16 @@ class DesktopPicturePlasmaTest : public testing::Test
         if (!bigDesktopsAreWanted()) {
             GTEST_SKIP() << kBigDesktopsText;
         }
-        m_missing = DesktopSession::missing({QStringLiteral("plasmashell")});
+        m_missing = DesktopSession::missing({u"plasmashell"_s});
         if (m_missing.isEmpty() && (activityManager().isEmpty() || settingsDaemon().isEmpty())) {
-            m_missing = QStringLiteral("kactivitymanagerd or kded");
+            m_missing = u"kactivitymanagerd or kded"_s;
         }
     }
 
     [[nodiscard]] static QString missingOnX11()
     {
         const QString missing = PrivateXorg::missingProgram();
-        return missing.isEmpty() ? firstMissing({QStringLiteral("kwin_x11")}) : missing;
+        return missing.isEmpty() ? firstMissing({u"kwin_x11"_s}) : missing;
     }
 
     [[nodiscard]] static QString missingOnWayland()
@@ -75,14 +76,14 @@ class DesktopPicturePlasmaTest : public testing::Test
             return missing;
         }
         // Plasma 5 needs the older Qt's way to Wayland.
-        const QDir libraries(QStringLiteral("/usr/lib"));
+        const QDir libraries(u"/usr/lib"_s);
         const QString version = settingsDaemon().right(1);
         const QStringList triplets = libraries.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
         const bool hasPlugin = std::any_of(triplets.begin(), triplets.end(), [&](const QString &triplet) {
             return QFile::exists(libraries.filePath(triplet) +
-                                 QStringLiteral("/qt%1/plugins/platforms/libqwayland-generic.so").arg(version));
+                                 u"/qt%1/plugins/platforms/libqwayland-generic.so"_s.arg(version));
         });
-        return hasPlugin ? firstMissing({QStringLiteral("kwin_wayland")}) : QStringLiteral("qtwayland") + version;
+        return hasPlugin ? firstMissing({u"kwin_wayland"_s}) : u"qtwayland"_s + version;
     }
 
     /// False where the test ends here.
@@ -102,11 +103,11 @@ class DesktopPicturePlasmaTest : public testing::Test
         ASSERT_TRUE(m_server->isReady());
         m_display.x11 = m_server->display();
         prepare();
-        m_session->environment().insert(QStringLiteral("DISPLAY"), QString::fromLatin1(m_display.x11));
-        m_session->environment().insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-        m_session->environment().insert(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("x11"));
-        m_session->environment().insert(QStringLiteral("KWIN_COMPOSE"), QStringLiteral("N"));
-        m_session->start(QStringLiteral("kwin_x11"));
+        m_session->environment().insert(u"DISPLAY"_s, QString::fromLatin1(m_display.x11));
+        m_session->environment().insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+        m_session->environment().insert(u"XDG_SESSION_TYPE"_s, u"x11"_s);
+        m_session->environment().insert(u"KWIN_COMPOSE"_s, u"N"_s);
+        m_session->start(u"kwin_x11"_s);
         startPlasma();
     }
 
@@ -118,31 +119,28 @@ class DesktopPicturePlasmaTest : public testing::Test
         ASSERT_TRUE(m_sway->isReady());
         prepare();
         // A copy has not the rights of the installed one, which a container does not grant.
-        const QString compositor = m_session->folder() + QStringLiteral("/kwin_wayland");
-        ASSERT_TRUE(QFile::copy(QStandardPaths::findExecutable(QStringLiteral("kwin_wayland")), compositor));
-        ASSERT_TRUE(QFile::link(m_sway->runtimeFolder() + QStringLiteral("/wayland-1"),
-                                m_session->runtimeFolder() + QStringLiteral("/wayland-1")));
+        const QString compositor = m_session->folder() + u"/kwin_wayland"_s;
+        ASSERT_TRUE(QFile::copy(QStandardPaths::findExecutable(u"kwin_wayland"_s), compositor));
+        ASSERT_TRUE(
+            QFile::link(m_sway->runtimeFolder() + u"/wayland-1"_s, m_session->runtimeFolder() + u"/wayland-1"_s));
         QProcessEnvironment &environment = m_session->environment();
-        environment.insert(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
-        environment.insert(QStringLiteral("KWIN_COMPOSE"), QStringLiteral("Q"));
-        if (settingsDaemon().endsWith(QLatin1Char('6'))) {
-            environment.remove(QStringLiteral("QT_QUICK_BACKEND")); // With it, Plasma 6 leaves the desktops black here.
+        environment.insert(u"XDG_SESSION_TYPE"_s, u"wayland"_s);
+        environment.insert(u"KWIN_COMPOSE"_s, u"Q"_s);
+        if (settingsDaemon().endsWith('6'_L1)) {
+            environment.remove(u"QT_QUICK_BACKEND"_s); // With it, Plasma 6 leaves the desktops black here.
         }
-        const OwnedProgram &running = m_session->start(
-            compositor, QStringLiteral("--wayland-display wayland-1 --width 1280 --height 720 --output-count 2 "
-                                       "--socket wayland-9 --no-lockscreen --no-global-shortcuts")
-                            .split(QLatin1Char(' ')));
-        m_display.wayland = m_session->runtimeFolder() + QStringLiteral("/wayland-9");
+        const OwnedProgram &running =
+            m_session->start(compositor, u"--wayland-display wayland-1 --width 1280 --height 720 --output-count 2 "
+                                         "--socket wayland-9 --no-lockscreen --no-global-shortcuts"_s.split(' '_L1));
+        m_display.wayland = m_session->runtimeFolder() + u"/wayland-9"_s;
         ASSERT_TRUE(waitFor([&] { return m_display.screens(std::chrono::seconds(1)).size() == 2; }, kStartLimit));
         ASSERT_TRUE(running.isRunning());
         for (int screen = 0; screen < 2; ++screen) {
-            const QString move =
-                QStringLiteral("[title=\"WL-%1\"] move absolute position %2 0").arg(screen).arg(1280 * screen);
-            ASSERT_TRUE(waitFor(
-                [&] { return !outputOf(QStringLiteral("swaymsg"), {move}, m_sway->clientEnvironment()).isNull(); }));
+            const QString move = u"[title=\"WL-%1\"] move absolute position %2 0"_s.arg(screen).arg(1280 * screen);
+            ASSERT_TRUE(waitFor([&] { return !outputOf(u"swaymsg"_s, {move}, m_sway->clientEnvironment()).isNull(); }));
         }
-        environment.insert(QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-9"));
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
+        environment.insert(u"WAYLAND_DISPLAY"_s, u"wayland-9"_s);
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
         startPlasma();
     }
 
@@ -151,10 +149,10 @@ class DesktopPicturePlasmaTest : public testing::Test
         m_session = std::make_unique<DesktopSession>();
         ASSERT_TRUE(m_session->isReady());
         QProcessEnvironment &environment = m_session->environment();
-        environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("KDE"));
-        environment.insert(QStringLiteral("KDE_FULL_SESSION"), QStringLiteral("true"));
-        environment.insert(QStringLiteral("KDE_SESSION_VERSION"), settingsDaemon().right(1));
-        environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
+        environment.insert(u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s);
+        environment.insert(u"KDE_FULL_SESSION"_s, u"true"_s);
+        environment.insert(u"KDE_SESSION_VERSION"_s, settingsDaemon().right(1));
+        environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
     }
 
     void startPlasma()
@@ -167,7 +165,7 @@ class DesktopPicturePlasmaTest : public testing::Test
 
     void startShell()
     {
-        m_shell = &m_session->start(QStringLiteral("plasmashell"), {QStringLiteral("--no-respawn")});
+        m_shell = &m_session->start(u"plasmashell"_s, {u"--no-respawn"_s});
         ASSERT_TRUE(waitForDesktops(2)) << m_shell->errors().constData();
     }
 
@@ -177,11 +175,10 @@ class DesktopPicturePlasmaTest : public testing::Test
         BusClient client(m_session->busAddress());
         return waitFor(
             [&] {
-                const auto answer = client.call(QDBusMessage::createMethodCall(QStringLiteral("org.kde.plasmashell"),
-                                                                               QStringLiteral("/PlasmaShell"),
-                                                                               QStringLiteral("org.kde.PlasmaShell"),
-                                                                               QStringLiteral("evaluateScript")),
-                                                {PlasmaScript::reading()}, QDeadlineTimer(1000));
+                const auto answer =
+                    client.call(QDBusMessage::createMethodCall(u"org.kde.plasmashell"_s, u"/PlasmaShell"_s,
+                                                               u"org.kde.PlasmaShell"_s, u"evaluateScript"_s),
+                                {PlasmaScript::reading()}, QDeadlineTimer(1000));
                 const auto report = PlasmaScript::reportOf(answer.arguments.value(0).toString());
                 return report && report->visible() == count;
             },
@@ -191,9 +188,9 @@ class DesktopPicturePlasmaTest : public testing::Test
     /// Puts a picture at name as the library does: whole, in place of what was there.
     [[nodiscard]] QString save(const QString &name, int mark) const
     {
-        const QString path = m_home.library() + QLatin1Char('/') + name;
+        const QString path = m_home.library() + '/'_L1 + name;
         QDir().mkpath(QFileInfo(path).path());
-        const QString draft = m_home.path() + QStringLiteral("/draft.png");
+        const QString draft = m_home.path() + u"/draft.png"_s;
         EXPECT_TRUE(positionPicture(kSource, mark).save(draft));
         EXPECT_EQ(::rename(QFile::encodeName(draft).constData(), QFile::encodeName(path).constData()), 0);
         return path;
@@ -201,12 +198,12 @@ class DesktopPicturePlasmaTest : public testing::Test
 
     [[nodiscard]] static QStringList copies()
     {
-        return QDir(Paths::stateHome() + QStringLiteral("/quorvane")).entryList(QDir::Files | QDir::Hidden);
+        return QDir(Paths::stateHome() + u"/quorvane"_s).entryList(QDir::Files | QDir::Hidden);
     }
 
     [[nodiscard]] QImage screenshot() const
     {
-        return m_server ? m_server->rootWindow() : m_sway->screenshot(QStringLiteral("HEADLESS-1"));
+        return m_server ? m_server->rootWindow() : m_sway->screenshot(u"HEADLESS-1"_s);
     }
 
     [[nodiscard]] QRect area(int screen) const
@@ -230,8 +227,8 @@ class DesktopPicturePlasmaTest : public testing::Test
             kDrawingLimit);
         const QByteArray folder = qgetenv("QUORVANE_TEST_SCREENSHOTS");
         if (!folder.isEmpty()) {
-            const QString where = m_server ? QStringLiteral("x11") : QStringLiteral("wayland");
-            screenshot().save(QFile::decodeName(folder) + QStringLiteral("/plasma-%1-%2.png").arg(where).arg(mark));
+            const QString where = m_server ? u"x11"_s : u"wayland"_s;
+            screenshot().save(QFile::decodeName(folder) + u"/plasma-%1-%2.png"_s.arg(where).arg(mark));
         }
         return found;
     }
@@ -253,8 +250,7 @@ TEST_F(DesktopPicturePlasmaTest, fillsEveryScreenAndRefreshesTheSamePath)
     }
     ASSERT_NO_FATAL_FAILURE(startOnX11());
     const QList<Screen> screens = m_desktop->screens();
-    EXPECT_EQ(screens, (QList<Screen>{{QStringLiteral("DUMMY0"), QSize(1280, 720)},
-                                      {QStringLiteral("DUMMY1"), QSize(800, 600)}}));
+    EXPECT_EQ(screens, (QList<Screen>{{u"DUMMY0"_s, QSize(1280, 720)}, {u"DUMMY1"_s, QSize(800, 600)}}));
     const QString name = QString::fromUtf8("o'brien $(touch x) #1 100% \"q\" ;\\ \n Ünïcødé 日本/one.png");
     const QString path = save(name, 40);
     ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
@@ -278,7 +274,7 @@ TEST_F(DesktopPicturePlasmaTest, fillsEveryScreenAndRefreshesTheSamePath)
     EXPECT_EQ(waitForPicture(80), QString());
 
     // Another picture in between.
-    ASSERT_EQ(other.setPicture(save(QStringLiteral("two.png"), 160), screens), std::nullopt);
+    ASSERT_EQ(other.setPicture(save(u"two.png"_s, 160), screens), std::nullopt);
     EXPECT_EQ(waitForPicture(160), QString());
     ASSERT_EQ(other.setPicture(save(name, 240), screens), std::nullopt);
     EXPECT_EQ(waitForPicture(240), QString());
@@ -290,7 +286,7 @@ TEST_F(DesktopPicturePlasmaTest, aScreenThatIsPluggedInGetsThePictureToo)
         return;
     }
     ASSERT_NO_FATAL_FAILURE(startOnX11());
-    const QString path = save(QStringLiteral("one.png"), 90);
+    const QString path = save(u"one.png"_s, 90);
     ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
     ASSERT_EQ(waitForPicture(90), QString());
     ASSERT_TRUE(m_server->plugIn());
@@ -307,25 +303,25 @@ TEST_F(DesktopPicturePlasmaTest, aShellThatIsKilledOrHangsIsAnErrorAndTheNextOne
     }
     ASSERT_NO_FATAL_FAILURE(startOnX11());
     const QList<Screen> screens = m_desktop->screens();
-    const QString path = save(QStringLiteral("one.png"), 50);
+    const QString path = save(u"one.png"_s, 50);
     ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
     ASSERT_EQ(waitForPicture(50), QString());
-    const auto missing = m_desktop->setPicture(m_home.path() + QStringLiteral("/missing.png"), screens);
-    EXPECT_TRUE(missing && missing->contains(QStringLiteral("cannot be read")));
-    ASSERT_TRUE(putFile(m_home.path() + QStringLiteral("/broken.png"), "no picture"));
-    EXPECT_NE(m_desktop->setPicture(m_home.path() + QStringLiteral("/broken.png"), screens), std::nullopt);
+    const auto missing = m_desktop->setPicture(m_home.path() + u"/missing.png"_s, screens);
+    EXPECT_TRUE(missing && missing->contains(u"cannot be read"_s));
+    ASSERT_TRUE(putFile(m_home.path() + u"/broken.png"_s, "no picture"));
+    EXPECT_NE(m_desktop->setPicture(m_home.path() + u"/broken.png"_s, screens), std::nullopt);
 
     m_shell->signal(SIGSTOP);
     DesktopPicturePlasma impatient(m_session->busAddress(), m_display, QString(), std::chrono::milliseconds(500));
-    EXPECT_NE(impatient.setPicture(save(QStringLiteral("two.png"), 130), screens), std::nullopt);
+    EXPECT_NE(impatient.setPicture(save(u"two.png"_s, 130), screens), std::nullopt);
     m_shell->signal(SIGKILL);
     BusClient bus(m_session->busAddress());
-    ASSERT_TRUE(waitFor([&] { return !bus.isOwned(QStringLiteral("org.kde.plasmashell"), QDeadlineTimer(1000)); }));
+    ASSERT_TRUE(waitFor([&] { return !bus.isOwned(u"org.kde.plasmashell"_s, QDeadlineTimer(1000)); }));
     const auto gone = m_desktop->setPicture(path, screens);
-    EXPECT_TRUE(gone && gone->contains(QStringLiteral("org.kde.plasmashell is not on the session bus")));
+    EXPECT_TRUE(gone && gone->contains(u"org.kde.plasmashell is not on the session bus"_s));
 
     ASSERT_NO_FATAL_FAILURE(startShell());
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("three.png"), 210), screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"three.png"_s, 210), screens), std::nullopt);
     EXPECT_EQ(waitForPicture(210), QString());
 }
 

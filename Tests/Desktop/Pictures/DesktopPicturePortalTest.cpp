@@ -19,6 +19,8 @@
 #include <atomic>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -41,9 +43,9 @@ constexpr char kNoQuestion[] =
     " if (open.length > 0) throw new Error('asking');"
     "})()";
 
-const QString kLibexec = QStringLiteral("/usr/libexec/");
-const QString kShell = QStringLiteral("org.gnome.Shell");
-const QString kPermissions = QStringLiteral("org.freedesktop.impl.portal.PermissionStore");
+const QString kLibexec = u"/usr/libexec/"_s;
+const QString kShell = u"org.gnome.Shell"_s;
+const QString kPermissions = u"org.freedesktop.impl.portal.PermissionStore"_s;
 
 QString missingPart()
 {
@@ -53,7 +55,7 @@ QString missingPart()
             return kLibexec + QLatin1String(name);
         }
     }
-    return DesktopSession::missing({QStringLiteral("gnome-shell"), QStringLiteral("gsettings")});
+    return DesktopSession::missing({u"gnome-shell"_s, u"gsettings"_s});
 }
 
 } // namespace
@@ -70,11 +72,11 @@ class DesktopPicturePortalTest : public testing::Test
         qDBusRegisterMetaType<Permissions>();
         m_session = std::make_unique<DesktopSession>();
         ASSERT_TRUE(m_session->isReady());
-        m_session->environment().insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("GNOME"));
-        m_session->environment().insert(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
+        m_session->environment().insert(u"XDG_CURRENT_DESKTOP"_s, u"GNOME"_s);
+        m_session->environment().insert(u"XDG_SESSION_TYPE"_s, u"wayland"_s);
         m_client = std::make_unique<BusClient>(m_session->busAddress());
-        m_session->start(kLibexec + QStringLiteral("dconf-service"));
-        ASSERT_TRUE(waitForName(QStringLiteral("ca.desrt.dconf")));
+        m_session->start(kLibexec + u"dconf-service"_s);
+        ASSERT_TRUE(waitForName(u"ca.desrt.dconf"_s));
         // Nothing shall lie over the picture.
         set("org.gnome.shell", "welcome-dialog-last-shown-version", "99.0");
         set("org.gnome.desktop.notifications", "show-banners", "false");
@@ -83,30 +85,29 @@ class DesktopPicturePortalTest : public testing::Test
 
     void set(const char *schema, const char *key, const char *value)
     {
-        const QStringList words{QStringLiteral("set"), QString::fromLatin1(schema), QString::fromLatin1(key),
+        const QStringList words{u"set"_s, QString::fromLatin1(schema), QString::fromLatin1(key),
                                 QString::fromLatin1(value)};
-        EXPECT_FALSE(outputOf(QStringLiteral("gsettings"), words, m_session->environment()).isNull()) << key;
+        EXPECT_FALSE(outputOf(u"gsettings"_s, words, m_session->environment()).isNull()) << key;
     }
 
     void startShell()
     {
-        OwnedProgram &shell = m_session->start(QStringLiteral("gnome-shell"),
-                                               {QStringLiteral("--headless"), QStringLiteral("--unsafe-mode"),
-                                                QStringLiteral("--wayland"), QStringLiteral("--no-x11"),
-                                                QStringLiteral("--virtual-monitor"), QStringLiteral("1280x720")});
+        OwnedProgram &shell =
+            m_session->start(u"gnome-shell"_s, {u"--headless"_s, u"--unsafe-mode"_s, u"--wayland"_s, u"--no-x11"_s,
+                                                u"--virtual-monitor"_s, u"1280x720"_s});
         ASSERT_TRUE(waitFor([this] { return shellDid("Main.overview.hide()"); }, kStartLimit))
             << shell.errors().constData();
-        m_display.wayland = m_session->runtimeFolder() + QStringLiteral("/wayland-0");
-        m_session->environment().insert(QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-0"));
-        m_session->environment().insert(QStringLiteral("GDK_BACKEND"), QStringLiteral("wayland"));
+        m_display.wayland = m_session->runtimeFolder() + u"/wayland-0"_s;
+        m_session->environment().insert(u"WAYLAND_DISPLAY"_s, u"wayland-0"_s);
+        m_session->environment().insert(u"GDK_BACKEND"_s, u"wayland"_s);
     }
 
     void startPortal()
     {
         startService("xdg-permission-store", kPermissions);
-        startService("xdg-desktop-portal-gtk", QStringLiteral("org.freedesktop.impl.portal.desktop.gtk"));
-        startService("xdg-desktop-portal-gnome", QStringLiteral("org.freedesktop.impl.portal.desktop.gnome"));
-        m_portal = &startService("xdg-desktop-portal", QStringLiteral("org.freedesktop.portal.Desktop"));
+        startService("xdg-desktop-portal-gtk", u"org.freedesktop.impl.portal.desktop.gtk"_s);
+        startService("xdg-desktop-portal-gnome", u"org.freedesktop.impl.portal.desktop.gnome"_s);
+        m_portal = &startService("xdg-desktop-portal", u"org.freedesktop.portal.Desktop"_s);
     }
 
     OwnedProgram &startService(const char *program, const QString &name)
@@ -123,9 +124,9 @@ class DesktopPicturePortalTest : public testing::Test
 
     [[nodiscard]] bool shellDid(const char *script)
     {
-        const auto answer = m_client->call(
-            QDBusMessage::createMethodCall(kShell, QStringLiteral("/org/gnome/Shell"), kShell, QStringLiteral("Eval")),
-            {QString::fromUtf8(script)}, QDeadlineTimer(1000));
+        const auto answer =
+            m_client->call(QDBusMessage::createMethodCall(kShell, u"/org/gnome/Shell"_s, kShell, u"Eval"_s),
+                           {QString::fromUtf8(script)}, QDeadlineTimer(1000));
         return answer.arguments.value(0).toBool();
     }
 
@@ -133,24 +134,23 @@ class DesktopPicturePortalTest : public testing::Test
     void permit(const QString &answer)
     {
         const Permissions permissions{{QString(), {answer}}};
-        const auto set = m_client->call(
-            QDBusMessage::createMethodCall(kPermissions, QStringLiteral("/org/freedesktop/impl/portal/PermissionStore"),
-                                           kPermissions, QStringLiteral("Set")),
-            {QStringLiteral("wallpaper"), true, QStringLiteral("wallpaper"), QVariant::fromValue(permissions),
-             QVariant::fromValue(QDBusVariant(QVariant::fromValue(uchar(0))))},
-            QDeadlineTimer(5000));
+        const auto set =
+            m_client->call(QDBusMessage::createMethodCall(
+                               kPermissions, u"/org/freedesktop/impl/portal/PermissionStore"_s, kPermissions, u"Set"_s),
+                           {u"wallpaper"_s, true, u"wallpaper"_s, QVariant::fromValue(permissions),
+                            QVariant::fromValue(QDBusVariant(QVariant::fromValue(uchar(0))))},
+                           QDeadlineTimer(5000));
         ASSERT_EQ(set.error, QString());
     }
 
     [[nodiscard]] QImage screenshot()
     {
         EXPECT_TRUE(shellDid("Main.overview.hide()")); // It opens by itself some time after the start.
-        const QString file = m_session->folder() + QStringLiteral("/shot.png");
-        const auto answer = m_client->call(QDBusMessage::createMethodCall(QStringLiteral("org.gnome.Shell.Screenshot"),
-                                                                          QStringLiteral("/org/gnome/Shell/Screenshot"),
-                                                                          QStringLiteral("org.gnome.Shell.Screenshot"),
-                                                                          QStringLiteral("Screenshot")),
-                                           {false, false, file}, QDeadlineTimer(5000));
+        const QString file = m_session->folder() + u"/shot.png"_s;
+        const auto answer = m_client->call(
+            QDBusMessage::createMethodCall(u"org.gnome.Shell.Screenshot"_s, u"/org/gnome/Shell/Screenshot"_s,
+                                           u"org.gnome.Shell.Screenshot"_s, u"Screenshot"_s),
+            {false, false, file}, QDeadlineTimer(5000));
         return answer.error.isEmpty() ? QImage(file) : QImage();
     }
 
@@ -161,14 +161,14 @@ class DesktopPicturePortalTest : public testing::Test
                       std::chrono::seconds(60));
         const QByteArray folder = qgetenv("QUORVANE_TEST_SCREENSHOTS");
         if (!folder.isEmpty()) {
-            screenshot().save(QFile::decodeName(folder) + QStringLiteral("/portal-%1.png").arg(mark));
+            screenshot().save(QFile::decodeName(folder) + u"/portal-%1.png"_s.arg(mark));
         }
         return found;
     }
 
     [[nodiscard]] QString save(const QString &name, int mark) const
     {
-        const QString path = m_home.library() + QLatin1Char('/') + name;
+        const QString path = m_home.library() + '/'_L1 + name;
         QDir().mkpath(QFileInfo(path).path());
         EXPECT_TRUE(positionPicture(kSource, mark).save(path, "png"));
         return path;
@@ -192,7 +192,7 @@ TEST_F(DesktopPicturePortalTest, onceAllowedThePictureIsShown)
     EXPECT_FALSE(DesktopPicturePortal::answers(m_session->busAddress())) << "nobody has started it yet";
     ASSERT_NO_FATAL_FAILURE(startPortal());
     EXPECT_TRUE(DesktopPicturePortal::answers(m_session->busAddress()));
-    ASSERT_NO_FATAL_FAILURE(permit(QStringLiteral("yes")));
+    ASSERT_NO_FATAL_FAILURE(permit(u"yes"_s));
     const auto desktop = makeDesktop();
     const QList<Screen> screens = desktop->screens();
     ASSERT_EQ(screens.size(), 1);
@@ -204,16 +204,16 @@ TEST_F(DesktopPicturePortalTest, onceAllowedThePictureIsShown)
     ASSERT_EQ(desktop->setPicture(path, screens), std::nullopt);
     EXPECT_EQ(waitForPicture(200), QString());
 
-    EXPECT_NE(desktop->setPicture(m_home.path() + QStringLiteral("/missing.png"), screens), std::nullopt);
-    ASSERT_NO_FATAL_FAILURE(permit(QStringLiteral("no")));
-    EXPECT_NE(desktop->setPicture(save(QStringLiteral("two.png"), 90), screens), std::nullopt);
+    EXPECT_NE(desktop->setPicture(m_home.path() + u"/missing.png"_s, screens), std::nullopt);
+    ASSERT_NO_FATAL_FAILURE(permit(u"no"_s));
+    EXPECT_NE(desktop->setPicture(save(u"two.png"_s, 90), screens), std::nullopt);
     EXPECT_EQ(waitForPicture(200), QString());
 }
 
 TEST_F(DesktopPicturePortalTest, whileTheUserIsAskedItSaysSoAndWaitsUntilItIsTold)
 {
     ASSERT_NO_FATAL_FAILURE(startPortal());
-    const QString path = save(QStringLiteral("one.png"), 40);
+    const QString path = save(u"one.png"_s, 40);
     std::atomic<int> questions = 0;
     const auto ask = [&](DesktopPicturePortal &desktop, const std::function<void()> &then) {
         desktop.asking = [&questions](const QString &line) { questions += line.isEmpty() ? 0 : 1; };
@@ -229,28 +229,26 @@ TEST_F(DesktopPicturePortalTest, whileTheUserIsAskedItSaysSoAndWaitsUntilItIsTol
         then();
         EXPECT_TRUE(waitFor([&] { return hasEnded.load(); }, kStartLimit));
         setting.join();
-        return failure.value_or(QStringLiteral("it was set"));
+        return failure.value_or(u"it was set"_s);
     };
 
     // The user allows it.
     const auto allowed = makeDesktop(std::chrono::milliseconds(1500));
     EXPECT_EQ(ask(*allowed, [&] { EXPECT_TRUE(waitFor([this] { return shellDid(kAllow); }, kStartLimit)); }),
-              QStringLiteral("it was set"));
+              u"it was set"_s);
     EXPECT_EQ(waitForPicture(40), QString());
 
-    ASSERT_NO_FATAL_FAILURE(permit(QStringLiteral("ask")));
+    ASSERT_NO_FATAL_FAILURE(permit(u"ask"_s));
     // The program ends while the question is open, and no new one is asked.
     const auto ending = makeDesktop(std::chrono::milliseconds(1500));
-    EXPECT_EQ(ask(*ending, [&] { ending->stopAsking(); }),
-              QStringLiteral("Nobody waits for the desktop's question any more"));
+    EXPECT_EQ(ask(*ending, [&] { ending->stopAsking(); }), u"Nobody waits for the desktop's question any more"_s);
 
     // Newer portals leave the question open although nobody waits for the answer, and ask no other meanwhile.
     ASSERT_TRUE(waitFor([this] { return shellDid(kNoQuestion); }, kStartLimit));
 
     // The portal dies.
     const auto orphan = makeDesktop(std::chrono::milliseconds(1500));
-    EXPECT_EQ(ask(*orphan, [&] { m_portal->signal(SIGKILL); }),
-              QStringLiteral("The desktop's portal ended before it answered"));
+    EXPECT_EQ(ask(*orphan, [&] { m_portal->signal(SIGKILL); }), u"The desktop's portal ended before it answered"_s);
 }
 
 } // namespace quorvane

@@ -12,6 +12,8 @@
 #include <iostream>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QByteArray answerTo(const QString &path, quorvane::DesktopPicture &desktop)
@@ -19,14 +21,13 @@ QByteArray answerTo(const QString &path, quorvane::DesktopPicture &desktop)
     const QList<quorvane::Screen> screens = desktop.screens();
     QJsonArray names;
     for (const quorvane::Screen &screen : screens) {
-        names.append(
-            QStringLiteral("%1 %2x%3").arg(screen.name).arg(screen.pixels.width()).arg(screen.pixels.height()));
+        names.append(u"%1 %2x%3"_s.arg(screen.name).arg(screen.pixels.width()).arg(screen.pixels.height()));
     }
     const std::optional<QString> failure = desktop.setPicture(path, screens);
-    const QJsonObject answer{{QStringLiteral("desktop"), desktop.name()},
-                             {QStringLiteral("reason"), desktop.reason()},
-                             {QStringLiteral("screens"), names},
-                             {QStringLiteral("failure"), failure ? QJsonValue(*failure) : QJsonValue()}};
+    const QJsonObject answer{{u"desktop"_s, desktop.name()},
+                             {u"reason"_s, desktop.reason()},
+                             {u"screens"_s, names},
+                             {u"failure"_s, failure ? QJsonValue(*failure) : QJsonValue()}};
     return QJsonDocument(answer).toJson(QJsonDocument::Compact);
 }
 

@@ -15,12 +15,14 @@
 #include <csignal>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
-const QString kFirst = QStringLiteral("HEADLESS-1");
-const QString kSecond = QStringLiteral("HEADLESS-2");
+const QString kFirst = u"HEADLESS-1"_s;
+const QString kSecond = u"HEADLESS-2"_s;
 
 /// Wide on one screen, high on the other, so that each crops another pair of edges.
 constexpr QSize kSource(1200, 1000);
@@ -48,7 +50,7 @@ class DesktopPictureSwayTest : public testing::Test
         return path;
     }
 
-    QString library(const QString &name) { return m_home.library() + QLatin1Char('/') + name; }
+    QString library(const QString &name) { return m_home.library() + '/'_L1 + name; }
 
     /// Why the screens do not come to show the picture with the mark; empty when they do.
     QString waitForPicture(int mark)
@@ -65,10 +67,7 @@ class DesktopPictureSwayTest : public testing::Test
         return first + second;
     }
 
-    QStringList copies()
-    {
-        return QDir(Paths::stateHome() + QStringLiteral("/quorvane")).entryList(QDir::Files | QDir::Hidden);
-    }
+    QStringList copies() { return QDir(Paths::stateHome() + u"/quorvane"_s).entryList(QDir::Files | QDir::Hidden); }
 
     PrivateHome m_home;
     std::unique_ptr<PrivateSway> m_sway;
@@ -84,21 +83,21 @@ TEST_F(DesktopPictureSwayTest, listsTheActiveOutputsWithTheSizesTheyHaveAsTheyAr
     EXPECT_EQ(screens.size(), 2);
     EXPECT_TRUE(screens.contains({kFirst, QSize(800, 450)}));
     EXPECT_TRUE(screens.contains({kSecond, QSize(400, 600)}));
-    const QStringList turn{QStringLiteral("output HEADLESS-1 transform 90 scale 2")};
-    ASSERT_FALSE(outputOf(QStringLiteral("swaymsg"), turn, m_sway->clientEnvironment()).isNull());
+    const QStringList turn{u"output HEADLESS-1 transform 90 scale 2"_s};
+    ASSERT_FALSE(outputOf(u"swaymsg"_s, turn, m_sway->clientEnvironment()).isNull());
     EXPECT_TRUE(waitFor([&] { return m_desktop->screens().contains({kFirst, QSize(450, 800)}); }));
 }
 
 TEST_F(DesktopPictureSwayTest, fillsEachScreenAroundTheCentreAndRefreshesTheSamePath)
 {
-    const QString path = save(library(QStringLiteral("one.png")), 40);
+    const QString path = save(library(u"one.png"_s), 40);
     ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
     EXPECT_EQ(waitForPicture(40), QString());
     EXPECT_EQ(copies(), QStringList()) << "a plain path needs no copy";
     const QByteArray screenshots = qgetenv("QUORVANE_TEST_SCREENSHOTS");
     if (!screenshots.isEmpty()) {
-        m_sway->screenshot(kFirst).save(QFile::decodeName(screenshots) + QStringLiteral("/sway-1.png"));
-        m_sway->screenshot(kSecond).save(QFile::decodeName(screenshots) + QStringLiteral("/sway-2.png"));
+        m_sway->screenshot(kFirst).save(QFile::decodeName(screenshots) + u"/sway-1.png"_s);
+        m_sway->screenshot(kSecond).save(QFile::decodeName(screenshots) + u"/sway-2.png"_s);
     }
 
     save(path, 200);
@@ -109,7 +108,7 @@ TEST_F(DesktopPictureSwayTest, fillsEachScreenAroundTheCentreAndRefreshesTheSame
 TEST_F(DesktopPictureSwayTest, showsPicturesFromFoldersWithAnyNameAndRunsNothingInThem)
 {
     const QString name = QString::fromUtf8("o'brien $(touch x) `touch x` #1 100% \"q\" ;,\\ \n Ünïcødé 日本");
-    const QString path = save(library(name + QStringLiteral("/picture.png")), 120);
+    const QString path = save(library(name + u"/picture.png"_s), 120);
     ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
     EXPECT_EQ(waitForPicture(120), QString());
     const QStringList first = copies();
@@ -120,34 +119,33 @@ TEST_F(DesktopPictureSwayTest, showsPicturesFromFoldersWithAnyNameAndRunsNothing
     EXPECT_EQ(waitForPicture(220), QString());
     EXPECT_EQ(copies().size(), 1) << "the copy before is deleted";
     EXPECT_NE(copies(), first) << "the new one has a new name";
-    EXPECT_FALSE(QFile::exists(m_sway->runtimeFolder() + QStringLiteral("/x")));
-    EXPECT_FALSE(QFile::exists(QStringLiteral("x")));
+    EXPECT_FALSE(QFile::exists(m_sway->runtimeFolder() + u"/x"_s));
+    EXPECT_FALSE(QFile::exists(u"x"_s));
 
     // Back at a plain path nothing needs the copy any more.
-    ASSERT_EQ(m_desktop->setPicture(save(library(QStringLiteral("plain.png")), 10), m_desktop->screens()),
-              std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(library(u"plain.png"_s), 10), m_desktop->screens()), std::nullopt);
     EXPECT_EQ(waitForPicture(10), QString());
     EXPECT_EQ(copies(), QStringList());
 }
 
 TEST_F(DesktopPictureSwayTest, usesTheSessionFolderWhereTheHomeHasAnAwkwardNameToo)
 {
-    const QString stateHome = m_home.path() + QStringLiteral("/it's mine");
-    const QString session = m_home.path() + QStringLiteral("/session");
+    const QString stateHome = m_home.path() + u"/it's mine"_s;
+    const QString session = m_home.path() + u"/session"_s;
     qputenv("XDG_STATE_HOME", QFile::encodeName(stateHome));
     const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(session));
-    const QString path = save(library(QStringLiteral("it's/picture.png")), 70);
+    const QString path = save(library(u"it's/picture.png"_s), 70);
     EXPECT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
     EXPECT_EQ(waitForPicture(70), QString());
-    EXPECT_EQ(QDir(session + QStringLiteral("/quorvane")).entryList(QDir::Files).size(), 1);
-    EXPECT_FALSE(QFile::exists(stateHome + QStringLiteral("/quorvane")));
+    EXPECT_EQ(QDir(session + u"/quorvane"_s).entryList(QDir::Files).size(), 1);
+    EXPECT_FALSE(QFile::exists(stateHome + u"/quorvane"_s));
     before.isNull() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", before);
 }
 
 TEST_F(DesktopPictureSwayTest, showsFormatsThatSwaysOwnProgramMayNotRead)
 {
-    const QString path = save(library(QStringLiteral("picture.png")), 90, "bmp");
+    const QString path = save(library(u"picture.png"_s), 90, "bmp");
     ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
     EXPECT_EQ(waitForPicture(90), QString());
     EXPECT_EQ(copies().size(), 1);
@@ -156,23 +154,23 @@ TEST_F(DesktopPictureSwayTest, showsFormatsThatSwaysOwnProgramMayNotRead)
 TEST_F(DesktopPictureSwayTest, refusesWhatSwayWouldCallASuccess)
 {
     const QList<Screen> screens = m_desktop->screens();
-    const QString path = save(library(QStringLiteral("one.png")), 40);
+    const QString path = save(library(u"one.png"_s), 40);
     ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
     ASSERT_EQ(waitForPicture(40), QString());
 
-    const auto missing = m_desktop->setPicture(library(QStringLiteral("missing.png")), screens);
-    EXPECT_TRUE(missing && missing->contains(QStringLiteral("cannot be read"))) << missing->toStdString();
+    const auto missing = m_desktop->setPicture(library(u"missing.png"_s), screens);
+    EXPECT_TRUE(missing && missing->contains(u"cannot be read"_s)) << missing->toStdString();
 
-    QFile broken(library(QStringLiteral("broken.png")));
+    QFile broken(library(u"broken.png"_s));
     QFile whole(path);
     ASSERT_TRUE(whole.open(QIODevice::ReadOnly) && broken.open(QIODevice::WriteOnly));
     broken.write(whole.read(whole.size() / 2));
     broken.close();
     EXPECT_NE(m_desktop->setPicture(broken.fileName(), screens), std::nullopt);
 
-    const QString other = save(library(QStringLiteral("it's/other.png")), 240);
-    const QList<Screen> gone{{QStringLiteral("DP-9"), QSize(1, 1)}};
-    EXPECT_EQ(m_desktop->setPicture(other, gone), QStringLiteral("sway has no screen \"DP-9\""));
+    const QString other = save(library(u"it's/other.png"_s), 240);
+    const QList<Screen> gone{{u"DP-9"_s, QSize(1, 1)}};
+    EXPECT_EQ(m_desktop->setPicture(other, gone), u"sway has no screen \"DP-9\""_s);
     EXPECT_EQ(copies(), QStringList()) << "the copy that no screen shows is deleted";
     EXPECT_EQ(waitForPicture(40), QString());
 }
@@ -180,7 +178,7 @@ TEST_F(DesktopPictureSwayTest, refusesWhatSwayWouldCallASuccess)
 TEST_F(DesktopPictureSwayTest, aKilledSwayIsAnErrorAtOnceAndHasNoScreens)
 {
     const QList<Screen> screens = m_desktop->screens();
-    const QString path = save(library(QStringLiteral("one.png")), 40);
+    const QString path = save(library(u"one.png"_s), 40);
     m_sway->program().signal(SIGSTOP);
     std::optional<QString> failure;
     QElapsedTimer clock;
@@ -189,19 +187,19 @@ TEST_F(DesktopPictureSwayTest, aKilledSwayIsAnErrorAtOnceAndHasNoScreens)
     m_sway->program().signal(SIGKILL); // Wherever the other thread is by now, it was not answered.
     setting.join();
     EXPECT_LT(clock.elapsed(), 5000);
-    EXPECT_TRUE(failure && failure->startsWith(QStringLiteral("sway ")));
+    EXPECT_TRUE(failure && failure->startsWith(u"sway "_s));
     EXPECT_EQ(m_desktop->screens(), QList<Screen>());
-    EXPECT_NE(m_desktop->setPicture(save(library(QStringLiteral("it's/two.png")), 80), screens), std::nullopt);
+    EXPECT_NE(m_desktop->setPicture(save(library(u"it's/two.png"_s), 80), screens), std::nullopt);
     EXPECT_EQ(copies(), QStringList()) << "no failure leaves a copy behind that nobody shows";
 }
 
 TEST_F(DesktopPictureSwayTest, aSwayThatHangsIsGivenUp)
 {
     const QList<Screen> screens = m_desktop->screens();
-    const QString path = save(library(QStringLiteral("one.png")), 40);
+    const QString path = save(library(u"one.png"_s), 40);
     DesktopPictureSway impatient(m_sway->socketPath(), QString(), std::chrono::milliseconds(200));
     m_sway->program().signal(SIGSTOP);
-    EXPECT_EQ(impatient.setPicture(path, screens), QStringLiteral("sway does not answer"));
+    EXPECT_EQ(impatient.setPicture(path, screens), u"sway does not answer"_s);
     EXPECT_EQ(impatient.screens(), QList<Screen>());
 }
 

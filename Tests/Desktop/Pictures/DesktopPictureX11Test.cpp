@@ -17,6 +17,8 @@
 
 #include <xcb/xcb.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -47,13 +49,13 @@ class DesktopPictureX11Test : public testing::Test
     void startWithTwoMonitors(int depth = 24)
     {
         start(depth);
-        ASSERT_TRUE(m_server->addMonitor(QStringLiteral("LEFT"), kLeft));
-        ASSERT_TRUE(m_server->addMonitor(QStringLiteral("RIGHT"), kRight));
+        ASSERT_TRUE(m_server->addMonitor(u"LEFT"_s, kLeft));
+        ASSERT_TRUE(m_server->addMonitor(u"RIGHT"_s, kRight));
     }
 
     QString save(const QString &name, int mark, QSize size = kSource)
     {
-        const QString path = m_home.path() + QLatin1Char('/') + name;
+        const QString path = m_home.path() + '/'_L1 + name;
         QDir().mkpath(QFileInfo(path).path());
         EXPECT_TRUE(positionPicture(size, mark).save(path, "png"));
         return path;
@@ -63,7 +65,7 @@ class DesktopPictureX11Test : public testing::Test
     static QString differenceOn(const QImage &root, int mark)
     {
         if (root.size() != kRoot) {
-            return QStringLiteral("no picture of the root window's size");
+            return u"no picture of the root window's size"_s;
         }
         return differenceFromFill(root.copy(kLeft), kSource, mark) +
                differenceFromFill(root.copy(kRight), kSource, mark);
@@ -88,18 +90,17 @@ class DesktopPictureX11Test : public testing::Test
 TEST_F(DesktopPictureX11Test, fillsEachMonitorAroundTheCentreAndReplacesItsOwnPicture)
 {
     startWithTwoMonitors();
-    EXPECT_EQ(m_desktop->screens(),
-              (QList<Screen>{{QStringLiteral("LEFT"), kLeft.size()}, {QStringLiteral("RIGHT"), kRight.size()}}));
-    const QString path = save(QStringLiteral("one.png"), 40);
+    EXPECT_EQ(m_desktop->screens(), (QList<Screen>{{u"LEFT"_s, kLeft.size()}, {u"RIGHT"_s, kRight.size()}}));
+    const QString path = save(u"one.png"_s, 40);
     ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
     EXPECT_EQ(differenceEverywhere(40), QString());
     EXPECT_EQ(m_server->rootWindow().pixel(600, 600), qRgb(0, 0, 0)) << "outside every monitor";
     const QByteArray screenshots = qgetenv("QUORVANE_TEST_SCREENSHOTS");
     if (!screenshots.isEmpty()) {
-        m_server->rootWindow().save(QFile::decodeName(screenshots) + QStringLiteral("/x11.png"));
+        m_server->rootWindow().save(QFile::decodeName(screenshots) + u"/x11.png"_s);
     }
 
-    save(QStringLiteral("one.png"), 200);
+    save(u"one.png"_s, 200);
     ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
     EXPECT_EQ(differenceEverywhere(200), QString());
 }
@@ -122,10 +123,10 @@ TEST_F(DesktopPictureX11Test, thePictureStaysWhenTheProcessEnds)
     }
     startWithTwoMonitors();
     QProcessEnvironment environment = m_server->clientEnvironment();
-    environment.insert(QString::fromLatin1(kChildsPicture), save(QStringLiteral("one.png"), 40));
+    environment.insert(QString::fromLatin1(kChildsPicture), save(u"one.png"_s, 40));
     const auto *self = testing::UnitTest::GetInstance()->current_test_info();
-    const QString filter = QStringLiteral("--gtest_filter=%1.%2")
-                               .arg(QString::fromLatin1(self->test_suite_name()), QString::fromLatin1(self->name()));
+    const QString filter =
+        u"--gtest_filter=%1.%2"_s.arg(QString::fromLatin1(self->test_suite_name()), QString::fromLatin1(self->name()));
     const QByteArray output = outputOf(QCoreApplication::applicationFilePath(), {filter}, environment);
     ASSERT_TRUE(output.contains("[  PASSED  ] 1 test")) << output.constData();
     EXPECT_EQ(differenceEverywhere(40), QString());
@@ -133,7 +134,7 @@ TEST_F(DesktopPictureX11Test, thePictureStaysWhenTheProcessEnds)
     // What one process left behind, the next one frees.
     const quint32 left = m_server->announcedPixmap();
     ASSERT_FALSE(m_server->pixelsOf(left).isNull());
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("two.png"), 80), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"two.png"_s, 80), m_desktop->screens()), std::nullopt);
     EXPECT_EQ(differenceEverywhere(80), QString());
     EXPECT_TRUE(m_server->pixelsOf(left).isNull());
 }
@@ -155,7 +156,7 @@ TEST_F(DesktopPictureX11Test, aProgramThatAnnouncedItsPixmapOnlyForReadingLivesO
     xcb_flush(other);
     ASSERT_TRUE(waitFor([&] { return m_server->announcedPixmap() == pixmap; }));
 
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 40), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), m_desktop->screens()), std::nullopt);
     EXPECT_EQ(differenceEverywhere(40), QString());
     EXPECT_EQ(m_server->pixelsOf(pixmap).size(), QSize(10, 10));
     xcb_disconnect(other);
@@ -163,18 +164,17 @@ TEST_F(DesktopPictureX11Test, aProgramThatAnnouncedItsPixmapOnlyForReadingLivesO
 
 TEST_F(DesktopPictureX11Test, takesTurnsWithAnotherProgramThatSetsThePicture)
 {
-    if (!firstMissing({QStringLiteral("feh")}).isEmpty()) {
+    if (!firstMissing({u"feh"_s}).isEmpty()) {
         GTEST_SKIP() << "feh is not installed";
     }
     startWithTwoMonitors();
-    const QString ours = save(QStringLiteral("ours.png"), 40);
-    const QString theirs = save(QStringLiteral("theirs.png"), 220, kRoot);
-    const QStringList feh{QStringLiteral("--no-fehbg"), QStringLiteral("--no-xinerama"), QStringLiteral("--bg-fill"),
-                          theirs};
+    const QString ours = save(u"ours.png"_s, 40);
+    const QString theirs = save(u"theirs.png"_s, 220, kRoot);
+    const QStringList feh{u"--no-fehbg"_s, u"--no-xinerama"_s, u"--bg-fill"_s, theirs};
     for (int turn = 0; turn < 2; ++turn) {
         ASSERT_EQ(m_desktop->setPicture(ours, m_desktop->screens()), std::nullopt);
         EXPECT_EQ(differenceEverywhere(40), QString());
-        ASSERT_FALSE(outputOf(QStringLiteral("feh"), feh, m_server->clientEnvironment()).isNull());
+        ASSERT_FALSE(outputOf(u"feh"_s, feh, m_server->clientEnvironment()).isNull());
         EXPECT_EQ(differenceFromFill(announced("_XROOTPMAP_ID"), kRoot, 220), QString());
     }
 }
@@ -182,7 +182,7 @@ TEST_F(DesktopPictureX11Test, takesTurnsWithAnotherProgramThatSetsThePicture)
 TEST_F(DesktopPictureX11Test, worksOnSixteenBitColours)
 {
     startWithTwoMonitors(16);
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 128), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 128), m_desktop->screens()), std::nullopt);
     // Five bits a colour are 8 levels apart, which the comparison is too sharp for; two corners tell the orientation.
     const QImage left = m_server->rootWindow().copy(kLeft);
     ASSERT_EQ(left.size(), kLeft.size());
@@ -193,10 +193,10 @@ TEST_F(DesktopPictureX11Test, worksOnSixteenBitColours)
 
 TEST_F(DesktopPictureX11Test, withoutRandRTheRootWindowIsTheScreen)
 {
-    start(24, {QStringLiteral("-extension"), QStringLiteral("RANDR")});
+    start(24, {u"-extension"_s, u"RANDR"_s});
     const QList<Screen> screens = m_desktop->screens();
-    ASSERT_EQ(screens, (QList<Screen>{{QStringLiteral("screen"), kRoot}}));
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 40), screens), std::nullopt);
+    ASSERT_EQ(screens, (QList<Screen>{{u"screen"_s, kRoot}}));
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), std::nullopt);
     EXPECT_EQ(differenceFromFill(m_server->rootWindow(), kSource, 40), QString());
 }
 
@@ -204,11 +204,10 @@ TEST_F(DesktopPictureX11Test, aMonitorThatIsGoneIsAnErrorAndNothingChanges)
 {
     startWithTwoMonitors();
     const QList<Screen> screens = m_desktop->screens();
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 40), screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), std::nullopt);
     QList<Screen> more = screens;
-    more.append({QStringLiteral("GONE"), QSize(10, 10)});
-    EXPECT_EQ(m_desktop->setPicture(save(QStringLiteral("two.png"), 90), more),
-              QStringLiteral("The X server has no screen \"GONE\""));
+    more.append({u"GONE"_s, QSize(10, 10)});
+    EXPECT_EQ(m_desktop->setPicture(save(u"two.png"_s, 90), more), u"The X server has no screen \"GONE\""_s);
     EXPECT_NE(m_desktop->setPicture(m_home.path(), screens), std::nullopt) << "a folder is no picture";
     EXPECT_EQ(differenceEverywhere(40), QString());
 }
@@ -217,15 +216,14 @@ TEST_F(DesktopPictureX11Test, noServerMeansNoScreensAndAnError)
 {
     DesktopPictureX11 nowhere(":7654", QString());
     EXPECT_EQ(nowhere.screens(), QList<Screen>());
-    EXPECT_EQ(nowhere.setPicture(save(QStringLiteral("one.png"), 40), {{QStringLiteral("screen"), kRoot}}),
-              QStringLiteral("The X server cannot be reached"));
+    EXPECT_EQ(nowhere.setPicture(save(u"one.png"_s, 40), {{u"screen"_s, kRoot}}), u"The X server cannot be reached"_s);
 }
 
 TEST_F(DesktopPictureX11Test, aKilledServerIsAnErrorAtOnce)
 {
     startWithTwoMonitors();
     const QList<Screen> screens = m_desktop->screens();
-    const QString path = save(QStringLiteral("one.png"), 40);
+    const QString path = save(u"one.png"_s, 40);
     m_server->program().signal(SIGSTOP);
     std::optional<QString> failure;
     QElapsedTimer clock;
@@ -242,13 +240,12 @@ TEST_F(DesktopPictureX11Test, aServerThatHangsIsGivenUpAndIsLeftAloneWhenItWakes
 {
     startWithTwoMonitors();
     const QList<Screen> screens = m_desktop->screens();
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("one.png"), 40), screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), std::nullopt);
     DesktopPictureX11 impatient(m_server->display(), QString(), std::chrono::milliseconds(200));
     m_server->program().signal(SIGSTOP);
-    EXPECT_EQ(impatient.setPicture(save(QStringLiteral("two.png"), 90), screens),
-              QStringLiteral("The X server does not answer"));
+    EXPECT_EQ(impatient.setPicture(save(u"two.png"_s, 90), screens), u"The X server does not answer"_s);
     m_server->program().signal(SIGCONT);
-    ASSERT_EQ(m_desktop->setPicture(save(QStringLiteral("three.png"), 140), screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"three.png"_s, 140), screens), std::nullopt);
     EXPECT_EQ(differenceEverywhere(140), QString());
 }
 

@@ -9,6 +9,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// A session for the programs of a big desktop: a home, a runtime folder, a session bus on which nobody is started by
 /// being called, and a system bus with nobody on it. What was started in it is gone with it, grandchildren too.
 class DesktopSession
@@ -27,9 +29,9 @@ class DesktopSession
     /// Whether the buses came up; look at this first.
     [[nodiscard]] bool isReady() const { return m_isReady; }
 
-    [[nodiscard]] QString busAddress() const { return addressOf(QStringLiteral("session-bus")); }
+    [[nodiscard]] QString busAddress() const { return addressOf(u"session-bus"_s); }
     [[nodiscard]] QString folder() const { return m_folder.path(); }
-    [[nodiscard]] QString runtimeFolder() const { return m_folder.filePath(QStringLiteral("run")); }
+    [[nodiscard]] QString runtimeFolder() const { return m_folder.filePath(u"run"_s); }
 
     /// What programs of the session are started with; add to it before.
     [[nodiscard]] QProcessEnvironment &environment() { return m_environment; }

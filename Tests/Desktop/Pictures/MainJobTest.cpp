@@ -13,6 +13,8 @@
 #include <QFile>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -30,7 +32,7 @@ class MainJobTest : public testing::Test
         service.setPictureMaker([](const QString & /*prompt*/, QSize size) { return positionPicture(size, kMark); });
         // sway runs as another user where the tests run as root, and must be able to read the pictures.
         QFile::setPermissions(home.path(), QFile::Permissions(0x7055));
-        QFile authority(home.path() + QStringLiteral("/authority.pem"));
+        QFile authority(home.path() + u"/authority.pem"_s);
         EXPECT_TRUE(authority.open(QIODevice::WriteOnly));
         authority.write(certificates.authority().toPem());
     }
@@ -41,27 +43,21 @@ class MainJobTest : public testing::Test
         for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME"}) {
             environment.insert(QLatin1String(name), qEnvironmentVariable(name));
         }
-        environment.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
-        environment.insert(QStringLiteral("QUORVANE_GEMINI_BASE_URL"), service.baseAddress().toString());
-        environment.insert(QStringLiteral("SSL_CERT_FILE"), home.path() + QStringLiteral("/authority.pem"));
-        EXPECT_EQ(
-            runQuorvane({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, environment, "KEY")
-                .status,
-            0);
-        const CommandRun made = runQuorvane({QStringLiteral("generate"), QStringLiteral("--prompt"),
-                                             QStringLiteral("a lake"), QStringLiteral("--json")},
-                                            environment);
+        environment.remove(u"DBUS_SESSION_BUS_ADDRESS"_s);
+        environment.insert(u"QUORVANE_GEMINI_BASE_URL"_s, service.baseAddress().toString());
+        environment.insert(u"SSL_CERT_FILE"_s, home.path() + u"/authority.pem"_s);
+        EXPECT_EQ(runQuorvane({u"key"_s, u"set"_s, u"gemini"_s}, environment, "KEY").status, 0);
+        const CommandRun made = runQuorvane({u"generate"_s, u"--prompt"_s, u"a lake"_s, u"--json"_s}, environment);
         EXPECT_EQ(made.status, 0) << made.errors.constData();
-        EXPECT_EQ(made.json()[QLatin1String("status")].toString(), QStringLiteral("Wallpaper set!"));
-        const QString path = made.json()[QLatin1String("file")].toString();
+        EXPECT_EQ(made.json()["status"_L1].toString(), u"Wallpaper set!"_s);
+        const QString path = made.json()["file"_L1].toString();
         EXPECT_EQ(QImage(path).size(), QSize(3840, 2160));
-        const QJsonValue newest =
-            runQuorvane({QStringLiteral("history"), QStringLiteral("--json")}, environment).json()[0];
-        EXPECT_EQ(newest[QLatin1String("path")].toString(), path);
-        EXPECT_EQ(newest[QLatin1String("prompt")].toString(), QStringLiteral("a lake"));
-        const QJsonValue status = runQuorvane({QStringLiteral("status"), QStringLiteral("--json")}, environment).json();
-        EXPECT_EQ(status[QLatin1String("currentWallpaper")].toString(), path);
-        EXPECT_EQ(status[QLatin1String("screens")].toArray().size(), 2);
+        const QJsonValue newest = runQuorvane({u"history"_s, u"--json"_s}, environment).json()[0];
+        EXPECT_EQ(newest["path"_L1].toString(), path);
+        EXPECT_EQ(newest["prompt"_L1].toString(), u"a lake"_s);
+        const QJsonValue status = runQuorvane({u"status"_s, u"--json"_s}, environment).json();
+        EXPECT_EQ(status["currentWallpaper"_L1].toString(), path);
+        EXPECT_EQ(status["screens"_L1].toArray().size(), 2);
         return path;
     }
 
@@ -81,8 +77,8 @@ TEST_F(MainJobTest, aPromptBecomesTheWallpaperOfBothScreensOfSway)
     QString first;
     QString second;
     EXPECT_TRUE(waitFor([&] {
-        first = differenceFromFill(sway.screenshot(QStringLiteral("HEADLESS-1")), QSize(3840, 2160), kMark);
-        second = differenceFromFill(sway.screenshot(QStringLiteral("HEADLESS-2")), QSize(3840, 2160), kMark);
+        first = differenceFromFill(sway.screenshot(u"HEADLESS-1"_s), QSize(3840, 2160), kMark);
+        second = differenceFromFill(sway.screenshot(u"HEADLESS-2"_s), QSize(3840, 2160), kMark);
         return first.isEmpty() && second.isEmpty();
     })) << first.toStdString()
         << second.toStdString();
@@ -97,8 +93,8 @@ TEST_F(MainJobTest, aPromptBecomesTheWallpaperOfBothMonitorsOfAnXServerAndStaysT
     ASSERT_TRUE(server.isReady());
     const QRect left(0, 0, 800, 450);
     const QRect right(800, 0, 400, 600);
-    ASSERT_TRUE(server.addMonitor(QStringLiteral("left"), left));
-    ASSERT_TRUE(server.addMonitor(QStringLiteral("right"), right));
+    ASSERT_TRUE(server.addMonitor(u"left"_s, left));
+    ASSERT_TRUE(server.addMonitor(u"right"_s, right));
     (void)makeWallpaper(server.clientEnvironment());
     // The program has ended by now; the picture has not.
     const QImage root = server.rootWindow();
@@ -114,17 +110,17 @@ TEST_F(MainJobTest, aCommandAloneRefusesABackgroundThatWouldEndWithIt)
     const PrivateSway sway({QSize(800, 450)});
     ASSERT_TRUE(sway.isReady());
     QProcessEnvironment environment = sway.clientEnvironment();
-    environment.insert(QStringLiteral("HOME"), home.path());
-    environment.insert(QStringLiteral("QUORVANE_DESKTOP"), QStringLiteral("layer-shell"));
-    const QString picture = home.path() + QStringLiteral("/picture.png");
+    environment.insert(u"HOME"_s, home.path());
+    environment.insert(u"QUORVANE_DESKTOP"_s, u"layer-shell"_s);
+    const QString picture = home.path() + u"/picture.png"_s;
     ASSERT_TRUE(positionPicture(QSize(800, 450), kMark).save(picture));
-    const CommandRun set = runQuorvane({QStringLiteral("set"), picture, QStringLiteral("--json")}, environment);
+    const CommandRun set = runQuorvane({u"set"_s, picture, u"--json"_s}, environment);
     EXPECT_EQ(set.status, 1);
-    EXPECT_TRUE(set.json()[QLatin1String("status")].toString().contains(QStringLiteral("start Quorvane")));
-    const QJsonValue status = runQuorvane({QStringLiteral("status"), QStringLiteral("--json")}, environment).json();
-    EXPECT_EQ(status[QLatin1String("desktop")].toString(), QStringLiteral("layer-shell"));
-    EXPECT_EQ(status[QLatin1String("screens")].toArray().size(), 1);
-    EXPECT_TRUE(status[QLatin1String("currentWallpaper")].isNull());
+    EXPECT_TRUE(set.json()["status"_L1].toString().contains(u"start Quorvane"_s));
+    const QJsonValue status = runQuorvane({u"status"_s, u"--json"_s}, environment).json();
+    EXPECT_EQ(status["desktop"_L1].toString(), u"layer-shell"_s);
+    EXPECT_EQ(status["screens"_L1].toArray().size(), 1);
+    EXPECT_TRUE(status["currentWallpaper"_L1].isNull());
 }
 
 } // namespace quorvane

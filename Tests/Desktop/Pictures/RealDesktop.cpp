@@ -7,6 +7,8 @@
 
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -16,7 +18,7 @@ constexpr std::chrono::seconds kCallLimit{20};
 
 QStringList setting(const char *schema, const char *key, const char *value)
 {
-    return {QStringLiteral("gsettings"), QStringLiteral("set"), QString::fromLatin1(schema), QString::fromLatin1(key),
+    return {u"gsettings"_s, u"set"_s, QString::fromLatin1(schema), QString::fromLatin1(key),
             QString::fromLatin1(value)};
 }
 
@@ -40,7 +42,7 @@ class X11Desktop final : public RealDesktop
     [[nodiscard]] QImage screenshot() override { return m_server->rootWindow(); }
     [[nodiscard]] QList<QRect> areas() override { return m_server->areas(); }
     [[nodiscard]] bool plugIn() override { return m_server->plugIn() && m_server->areas().size() == 3; }
-    [[nodiscard]] QString platform() const override { return QStringLiteral("xcb"); }
+    [[nodiscard]] QString platform() const override { return u"xcb"_s; }
 
   private:
     X11Desktop(const Plan &plan, std::unique_ptr<PrivateXorg> server)
@@ -52,11 +54,11 @@ class X11Desktop final : public RealDesktop
     static QProcessEnvironment variables(const Plan &plan, const PrivateXorg &server)
     {
         QProcessEnvironment environment;
-        environment.insert(QStringLiteral("DISPLAY"), QString::fromLatin1(server.display()));
-        environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), plan.currentDesktop);
-        environment.insert(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("x11"));
-        environment.insert(QStringLiteral("GDK_BACKEND"), QStringLiteral("x11"));
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+        environment.insert(u"DISPLAY"_s, QString::fromLatin1(server.display()));
+        environment.insert(u"XDG_CURRENT_DESKTOP"_s, plan.currentDesktop);
+        environment.insert(u"XDG_SESSION_TYPE"_s, u"x11"_s);
+        environment.insert(u"GDK_BACKEND"_s, u"x11"_s);
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
         return environment;
     }
 
@@ -78,33 +80,30 @@ class GnomeDesktop final : public RealDesktop
     /// name.
     [[nodiscard]] bool start() override
     {
-        const QString started = QStringLiteral("org.gnome.Shell.Started");
-        const QString tell = QStringLiteral("imports.gi.Gio.DBus.session.own_name('%1', 0, null, null)").arg(started);
-        const QString tellOnceStarted =
-            QStringLiteral("Main.layoutManager._startingUp "
-                           "? Main.layoutManager.connect('startup-complete', () => %1) : %1")
-                .arg(tell);
+        const QString started = u"org.gnome.Shell.Started"_s;
+        const QString tell = u"imports.gi.Gio.DBus.session.own_name('%1', 0, null, null)"_s.arg(started);
+        const QString tellOnceStarted = u"Main.layoutManager._startingUp "
+                                        "? Main.layoutManager.connect('startup-complete', () => %1) : %1"_s.arg(tell);
         return RealDesktop::start() && waitFor([&] { return !evaluate(tellOnceStarted).isEmpty(); }, kStartLimit) &&
-               waitForName(started) && evaluate(QStringLiteral("Main.overview.hide(); true")) == QLatin1String("true");
+               waitForName(started) && evaluate(u"Main.overview.hide(); true"_s) == "true"_L1;
     }
 
     [[nodiscard]] QImage screenshot() override
     {
-        const QString file = session().runtimeFolder() + QStringLiteral("/screenshot.png");
+        const QString file = session().runtimeFolder() + u"/screenshot.png"_s;
         DesktopBus bus(session().busAddress(), QDeadlineTimer(kCallLimit));
-        const auto answer =
-            bus.call(QStringLiteral("org.gnome.Shell.Screenshot"), QStringLiteral("/org/gnome/Shell/Screenshot"),
-                     QStringLiteral("org.gnome.Shell.Screenshot"), QStringLiteral("Screenshot"), {false, false, file});
+        const auto answer = bus.call(u"org.gnome.Shell.Screenshot"_s, u"/org/gnome/Shell/Screenshot"_s,
+                                     u"org.gnome.Shell.Screenshot"_s, u"Screenshot"_s, {false, false, file});
         return answer && answer->value(0).toBool() ? QImage(file) : QImage();
     }
 
     [[nodiscard]] QList<QRect> areas() override
     {
-        const QString text = evaluate(
-            QStringLiteral("Main.layoutManager.monitors.map(m => [m.x, m.y, m.width, m.height].join()).join(';')"));
+        const QString text =
+            evaluate(u"Main.layoutManager.monitors.map(m => [m.x, m.y, m.width, m.height].join()).join(';')"_s);
         QList<QRect> result;
-        for (const QString &area : QString(text).remove(QLatin1Char('"')).split(QLatin1Char(';'))) {
-            const QStringList numbers = area.split(QLatin1Char(','));
+        for (const QString &area : QString(text).remove('"'_L1).split(';'_L1)) {
+            const QStringList numbers = area.split(','_L1);
             result.append(QRect(numbers.value(0).toInt(), numbers.value(1).toInt(), numbers.value(2).toInt(),
                                 numbers.value(3).toInt()));
         }
@@ -114,21 +113,21 @@ class GnomeDesktop final : public RealDesktop
     /// Takes the second screen away and brings it back, as somebody does who unplugs a cable.
     [[nodiscard]] bool plugIn() override
     {
-        const QString first = QStringLiteral("(0,0,1.0,uint32 0,true,[('Meta-0','1280x720@60.000',@a{sv} {})])");
-        const QString second = QStringLiteral("(1280,0,1.0,uint32 0,false,[('Meta-1','800x600@60.000',@a{sv} {})])");
-        return arrange(first) && waitFor([&] { return areas().size() == 1; }) &&
-               arrange(first + QLatin1Char(',') + second) && waitFor([&] { return areas().size() == 2; });
+        const QString first = u"(0,0,1.0,uint32 0,true,[('Meta-0','1280x720@60.000',@a{sv} {})])"_s;
+        const QString second = u"(1280,0,1.0,uint32 0,false,[('Meta-1','800x600@60.000',@a{sv} {})])"_s;
+        return arrange(first) && waitFor([&] { return areas().size() == 1; }) && arrange(first + ','_L1 + second) &&
+               waitFor([&] { return areas().size() == 2; });
     }
 
-    [[nodiscard]] QString platform() const override { return QStringLiteral("wayland"); }
+    [[nodiscard]] QString platform() const override { return u"wayland"_s; }
 
   private:
     static QProcessEnvironment variables(const Plan &plan)
     {
         QProcessEnvironment environment;
-        environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), plan.currentDesktop);
-        environment.insert(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
-        environment.insert(QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-0"));
+        environment.insert(u"XDG_CURRENT_DESKTOP"_s, plan.currentDesktop);
+        environment.insert(u"XDG_SESSION_TYPE"_s, u"wayland"_s);
+        environment.insert(u"WAYLAND_DISPLAY"_s, u"wayland-0"_s);
         return environment;
     }
 
@@ -136,23 +135,20 @@ class GnomeDesktop final : public RealDesktop
     [[nodiscard]] QString evaluate(const QString &line)
     {
         DesktopBus bus(session().busAddress(), QDeadlineTimer(kCallLimit));
-        const auto answer = bus.call(QStringLiteral("org.gnome.Shell"), QStringLiteral("/org/gnome/Shell"),
-                                     QStringLiteral("org.gnome.Shell"), QStringLiteral("Eval"), {line});
+        const auto answer =
+            bus.call(u"org.gnome.Shell"_s, u"/org/gnome/Shell"_s, u"org.gnome.Shell"_s, u"Eval"_s, {line});
         return answer && answer->value(0).toBool() ? answer->value(1).toString() : QString();
     }
 
     [[nodiscard]] bool arrange(const QString &screens)
     {
-        const QString name = QStringLiteral("org.gnome.Mutter.DisplayConfig");
-        const QString path = QStringLiteral("/org/gnome/Mutter/DisplayConfig");
+        const QString name = u"org.gnome.Mutter.DisplayConfig"_s;
+        const QString path = u"/org/gnome/Mutter/DisplayConfig"_s;
         DesktopBus bus(session().busAddress(), QDeadlineTimer(kCallLimit));
-        const auto state = bus.call(name, path, name, QStringLiteral("GetCurrentState"));
-        return state && session().run(QStringLiteral("gdbus"),
-                                      {QStringLiteral("call"), QStringLiteral("--session"), QStringLiteral("-d"), name,
-                                       QStringLiteral("-o"), path, QStringLiteral("-m"),
-                                       name + QStringLiteral(".ApplyMonitorsConfig"), state->value(0).toString(),
-                                       QStringLiteral("1"), QLatin1Char('[') + screens + QLatin1Char(']'),
-                                       QStringLiteral("@a{sv} {}")});
+        const auto state = bus.call(name, path, name, u"GetCurrentState"_s);
+        return state && session().run(u"gdbus"_s, {u"call"_s, u"--session"_s, u"-d"_s, name, u"-o"_s, path, u"-m"_s,
+                                                   name + u".ApplyMonitorsConfig"_s, state->value(0).toString(), u"1"_s,
+                                                   '['_L1 + screens + ']'_L1, u"@a{sv} {}"_s});
     }
 };
 
@@ -168,13 +164,13 @@ template <typename Kind> TestedDesktop tested(const RealDesktop::Plan &plan)
 /// In no folder of programs since Debian 13.
 QString mateSettingsDaemon()
 {
-    const QString name = QStringLiteral("mate-settings-daemon");
-    return firstMissing({name}).isEmpty() ? name : QStringLiteral("/usr/libexec/") + name;
+    const QString name = u"mate-settings-daemon"_s;
+    return firstMissing({name}).isEmpty() ? name : u"/usr/libexec/"_s + name;
 }
 
 QStringList words(const char *command)
 {
-    return QString::fromLatin1(command).split(QLatin1Char(' '));
+    return QString::fromLatin1(command).split(' '_L1);
 }
 
 } // namespace
@@ -213,9 +209,9 @@ bool RealDesktop::kill()
     m_programs.back()->signal(SIGKILL);
     // A session manager is one program and what draws another.
     DesktopBus bus(m_session.busAddress(), QDeadlineTimer(kCallLimit));
-    const QString busName = QStringLiteral("org.freedesktop.DBus");
-    const auto painter = bus.call(busName, QStringLiteral("/org/freedesktop/DBus"), busName,
-                                  QStringLiteral("GetConnectionUnixProcessID"), {m_plan.painter});
+    const QString busName = u"org.freedesktop.DBus"_s;
+    const auto painter =
+        bus.call(busName, u"/org/freedesktop/DBus"_s, busName, u"GetConnectionUnixProcessID"_s, {m_plan.painter});
     if (painter) {
         ::kill(static_cast<pid_t>(painter->value(0).toUInt()), SIGKILL);
     }

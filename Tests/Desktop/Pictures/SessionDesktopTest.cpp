@@ -18,6 +18,8 @@
 #include <algorithm>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -52,8 +54,7 @@ class SessionDesktopTest : public testing::TestWithParam<TestedDesktop>
     {
         const QByteArray folder = qgetenv("QUORVANE_TEST_SCREENSHOTS");
         if (m_desktop != nullptr && !folder.isEmpty()) {
-            m_desktop->screenshot().save(QFile::decodeName(folder) + QLatin1Char('/') + GetParam().name +
-                                         QStringLiteral(".png"));
+            m_desktop->screenshot().save(QFile::decodeName(folder) + '/'_L1 + GetParam().name + u".png"_s);
         }
     }
 
@@ -61,7 +62,7 @@ class SessionDesktopTest : public testing::TestWithParam<TestedDesktop>
     QString save(const QString &name, int mark)
     {
         const QString path = m_pictures.filePath(name);
-        const QString draft = m_pictures.filePath(QStringLiteral("draft.png"));
+        const QString draft = m_pictures.filePath(u"draft.png"_s);
         EXPECT_TRUE(QDir().mkpath(QFileInfo(path).path()) && positionPicture(kSource, mark).save(draft));
         EXPECT_EQ(::rename(QFile::encodeName(draft).constData(), QFile::encodeName(path).constData()), 0);
         return path;
@@ -82,10 +83,7 @@ class SessionDesktopTest : public testing::TestWithParam<TestedDesktop>
     }
 
     /// Why setting the picture failed; empty when it did not.
-    std::string failureToSet(const QString &path)
-    {
-        return set(path).value(QLatin1String("failure")).toString().toStdString();
-    }
+    std::string failureToSet(const QString &path) { return set(path).value("failure"_L1).toString().toStdString(); }
 
     /// Why one screen does not show the picture, given where all screens are; empty when it does.
     [[nodiscard]] QString differenceOn(const QImage &screen, const QList<QRect> &areas, int mark) const
@@ -129,28 +127,27 @@ TEST_P(SessionDesktopTest, fillsEachScreenWhateverTheFolderIsCalledAndHoweverOft
     ASSERT_TRUE(m_desktop->start());
     const QString name = QString::fromUtf8("o'brien $(touch x) #1 100% %41 \"q\" \n Ünïcødé 日本/picture.png");
     const QJsonObject first = set(save(name, 40));
-    EXPECT_EQ(first.value(QLatin1String("failure")).toString().toStdString(), "");
-    EXPECT_TRUE(first.value(QLatin1String("failure")).isNull());
-    EXPECT_EQ(first.value(QLatin1String("desktop")).toString(), m_desktop->plan().way);
-    EXPECT_TRUE(
-        first.value(QLatin1String("reason")).toString().startsWith(QStringLiteral("XDG_CURRENT_DESKTOP names")));
+    EXPECT_EQ(first.value("failure"_L1).toString().toStdString(), "");
+    EXPECT_TRUE(first.value("failure"_L1).isNull());
+    EXPECT_EQ(first.value("desktop"_L1).toString(), m_desktop->plan().way);
+    EXPECT_TRUE(first.value("reason"_L1).toString().startsWith(u"XDG_CURRENT_DESKTOP names"_s));
     EXPECT_EQ(waitForPicture(40), "");
     for (const int mark : {200, 90, 140}) {
         EXPECT_EQ(failureToSet(save(name, mark)), "");
         EXPECT_EQ(waitForPicture(mark), "");
     }
-    const QJsonObject other = set(save(QStringLiteral("other.png"), 60));
-    EXPECT_TRUE(other.value(QLatin1String("failure")).isNull());
+    const QJsonObject other = set(save(u"other.png"_s, 60));
+    EXPECT_TRUE(other.value("failure"_L1).isNull());
     EXPECT_EQ(waitForPicture(60), "");
     QStringList sizes;
     for (const QRect &area : m_desktop->areas()) {
-        sizes.append(QStringLiteral("%1x%2").arg(area.width()).arg(area.height()));
+        sizes.append(u"%1x%2"_s.arg(area.width()).arg(area.height()));
     }
     QStringList toldSizes;
-    for (const QJsonValue &screen : other.value(QLatin1String("screens")).toArray()) {
-        toldSizes.append(screen.toString().section(QLatin1Char(' '), 1));
+    for (const QJsonValue &screen : other.value("screens"_L1).toArray()) {
+        toldSizes.append(screen.toString().section(' '_L1, 1));
     }
-    EXPECT_EQ(toldSizes.join(QLatin1Char(' ')).toStdString(), sizes.join(QLatin1Char(' ')).toStdString());
+    EXPECT_EQ(toldSizes.join(' '_L1).toStdString(), sizes.join(' '_L1).toStdString());
     EXPECT_EQ(sizes.size(), 2);
     EXPECT_NE(sizes.constFirst(), sizes.constLast());
     EXPECT_EQ(failureToSet(save(name, 240)), "");
@@ -160,9 +157,8 @@ TEST_P(SessionDesktopTest, fillsEachScreenWhateverTheFolderIsCalledAndHoweverOft
 TEST_P(SessionDesktopTest, aScreenThatComesLaterShowsThePictureToo)
 {
     ASSERT_TRUE(m_desktop->start());
-    m_desktop->session().setVariable(QStringLiteral("QT_QPA_PLATFORM"), m_desktop->platform());
-    const auto keeper =
-        m_desktop->session().start(QStringLiteral(WALLPAPER_KEEPER), {save(QStringLiteral("picture.png"), 80)});
+    m_desktop->session().setVariable(u"QT_QPA_PLATFORM"_s, m_desktop->platform());
+    const auto keeper = m_desktop->session().start(QStringLiteral(WALLPAPER_KEEPER), {save(u"picture.png"_s, 80)});
     ASSERT_EQ(keeper->readLine(), "Wallpaper set!") << keeper->errors().constData();
     EXPECT_EQ(waitForPicture(80), "");
     ASSERT_TRUE(m_desktop->plugIn());
@@ -171,7 +167,7 @@ TEST_P(SessionDesktopTest, aScreenThatComesLaterShowsThePictureToo)
 
 TEST_P(SessionDesktopTest, isUsedOnceItIsThereAndMissedWhenItIsKilled)
 {
-    const QString picture = save(QStringLiteral("picture.png"), 40);
+    const QString picture = save(u"picture.png"_s, 40);
     const std::string painter = m_desktop->plan().painter.toStdString();
     EXPECT_THAT(failureToSet(picture), testing::HasSubstr(painter));
 
@@ -181,9 +177,9 @@ TEST_P(SessionDesktopTest, isUsedOnceItIsThereAndMissedWhenItIsKilled)
 
     // Killed while it is asked: whether it took the picture before is a matter of luck, an answer comes in any case.
     m_desktop->freeze();
-    ask(save(QStringLiteral("other.png"), 200));
+    ask(save(u"other.png"_s, 200));
     ASSERT_TRUE(m_desktop->kill());
-    EXPECT_TRUE(answer().contains(QLatin1String("failure")));
+    EXPECT_TRUE(answer().contains("failure"_L1));
     EXPECT_THAT(failureToSet(picture), testing::HasSubstr(painter));
 }
 

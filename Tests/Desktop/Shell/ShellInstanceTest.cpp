@@ -14,6 +14,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 using ShellInstanceTest = ShellTest;
@@ -36,11 +38,11 @@ TEST_F(ShellInstanceTest, aSecondStartOpensTheWindowOfTheFirstAndEnds)
 TEST_F(ShellInstanceTest, withoutADisplayASecondStartStillReachesTheFirst)
 {
     const auto first = startAndWait();
-    session.environment().remove(QStringLiteral("QT_QPA_PLATFORM"));
+    session.environment().remove(u"QT_QPA_PLATFORM"_s);
     const auto second = start({});
     EXPECT_EQ(second->waitForEnd(), 0);
     EXPECT_TRUE(first->says("main opened"));
-    EXPECT_EQ(command({QStringLiteral("quit")}).status, 0);
+    EXPECT_EQ(command({u"quit"_s}).status, 0);
     EXPECT_EQ(first->waitForEnd(), 0);
     const auto alone = start({});
     EXPECT_EQ(alone->waitForEnd(), 1);
@@ -63,15 +65,15 @@ TEST_F(ShellInstanceTest, ofTenStartsAtOnceOneStays)
         opened += each->count("main opened");
     }
     EXPECT_LE(opened, 1);
-    EXPECT_EQ(command({QStringLiteral("quit")}).status, 0);
+    EXPECT_EQ(command({u"quit"_s}).status, 0);
     EXPECT_TRUE(waitFor([&] { return running() == 0; }));
 }
 
 TEST_F(ShellInstanceTest, withoutABusALockKeepsItOne)
 {
     session.stopBus();
-    session.environment().remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
-    QFile::remove(session.environment().value(QStringLiteral("XDG_RUNTIME_DIR")) + QStringLiteral("/bus"));
+    session.environment().remove(u"DBUS_SESSION_BUS_ADDRESS"_s);
+    QFile::remove(session.environment().value(u"XDG_RUNTIME_DIR"_s) + u"/bus"_s);
     const auto first = start({});
     ASSERT_TRUE(first->says("main opened"));
     first->tell("Ctrl+Q");
@@ -80,9 +82,9 @@ TEST_F(ShellInstanceTest, withoutABusALockKeepsItOne)
     EXPECT_EQ(second->waitForEnd(), 0) << second->errors().constData();
     EXPECT_TRUE(first->says("main opened", 2));
     // Commands do their work themselves.
-    EXPECT_EQ(command({QStringLiteral("settings"), QStringLiteral("intervalMinutes"), QStringLiteral("5")}).status, 0);
-    EXPECT_EQ(command({QStringLiteral("quit")}).status, 1);
-    const auto action = start({QStringLiteral("--action"), QStringLiteral("settings")});
+    EXPECT_EQ(command({u"settings"_s, u"intervalMinutes"_s, u"5"_s}).status, 0);
+    EXPECT_EQ(command({u"quit"_s}).status, 1);
+    const auto action = start({u"--action"_s, u"settings"_s});
     EXPECT_EQ(action->waitForEnd(), 1);
     EXPECT_EQ(action->errors(),
               "quorvane: the application runs already and can be told nothing without a session bus\n");
@@ -105,68 +107,63 @@ TEST_F(ShellInstanceTest, everyEndSignalEndsItCleanlyWithWindowsOpen)
 TEST_F(ShellInstanceTest, commandsAreCarriedOutByTheRunningApplication)
 {
     const auto application = startAndWait();
-    ASSERT_EQ(command({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY\n").status, 0);
-    EXPECT_EQ(command({QStringLiteral("key"), QStringLiteral("list"), QStringLiteral("--json")}).output,
-              "[\"gemini\"]\n");
-    const CommandRun made = command(
-        {QStringLiteral("generate"), QStringLiteral("--prompt"), QStringLiteral("a lake"), QStringLiteral("--json")});
+    ASSERT_EQ(command({u"key"_s, u"set"_s, u"gemini"_s}, "KEY\n").status, 0);
+    EXPECT_EQ(command({u"key"_s, u"list"_s, u"--json"_s}).output, "[\"gemini\"]\n");
+    const CommandRun made = command({u"generate"_s, u"--prompt"_s, u"a lake"_s, u"--json"_s});
     EXPECT_EQ(made.status, 0) << made.errors.constData();
     EXPECT_EQ(made.errors, "Wallpaper set!\n");
-    const QString file = made.json()[QLatin1String("file")].toString();
-    EXPECT_EQ(made.json()[QLatin1String("status")].toString(), QStringLiteral("Wallpaper set!"));
+    const QString file = made.json()["file"_L1].toString();
+    EXPECT_EQ(made.json()["status"_L1].toString(), u"Wallpaper set!"_s);
     // That it was the application, its own property tells.
-    EXPECT_EQ(property(QStringLiteral("CurrentWallpaper")).toString(), file);
+    EXPECT_EQ(property(u"CurrentWallpaper"_s).toString(), file);
     ASSERT_EQ(service.requests().size(), 1);
     EXPECT_EQ(service.requests().first().header("x-goog-api-key"), "KEY");
 
-    EXPECT_EQ(command({QStringLiteral("set"), QFileInfo(file).fileName()}).output, "Wallpaper set!\n");
-    const CommandRun favorite =
-        command({QStringLiteral("favorite"), QFileInfo(file).fileName(), QStringLiteral("--json")});
-    EXPECT_TRUE(favorite.json()[QLatin1String("favorite")].toBool());
-    EXPECT_EQ(command({QStringLiteral("auto"), QStringLiteral("on"), QStringLiteral("--json")}).output,
-              "{\"autoEnabled\":true}\n");
-    EXPECT_TRUE(property(QStringLiteral("AutoEnabled")).toBool());
-    const QString next = property(QStringLiteral("NextFireDate")).toString();
+    EXPECT_EQ(command({u"set"_s, QFileInfo(file).fileName()}).output, "Wallpaper set!\n");
+    const CommandRun favorite = command({u"favorite"_s, QFileInfo(file).fileName(), u"--json"_s});
+    EXPECT_TRUE(favorite.json()["favorite"_L1].toBool());
+    EXPECT_EQ(command({u"auto"_s, u"on"_s, u"--json"_s}).output, "{\"autoEnabled\":true}\n");
+    EXPECT_TRUE(property(u"AutoEnabled"_s).toBool());
+    const QString next = property(u"NextFireDate"_s).toString();
     EXPECT_FALSE(next.isEmpty());
-    EXPECT_EQ(command({QStringLiteral("status"), QStringLiteral("--json")}).json()[QLatin1String("nextFireDate")],
-              QJsonValue(next));
-    EXPECT_EQ(command({QStringLiteral("settings"), QStringLiteral("autoEnabled"), QStringLiteral("off")}).status, 0);
-    EXPECT_FALSE(property(QStringLiteral("AutoEnabled")).toBool());
-    EXPECT_EQ(command({QStringLiteral("settings"), QStringLiteral("lastPrompt")}).output, "a lake\n");
-    EXPECT_EQ(command({QStringLiteral("settings"), QStringLiteral("--unset"), QStringLiteral("lastPrompt")}).status, 0);
-    EXPECT_EQ(command({QStringLiteral("settings"), QStringLiteral("lastPrompt")}).output, "\n");
-    EXPECT_EQ(command({QStringLiteral("delete"), file}).status, 0);
+    EXPECT_EQ(command({u"status"_s, u"--json"_s}).json()["nextFireDate"_L1], QJsonValue(next));
+    EXPECT_EQ(command({u"settings"_s, u"autoEnabled"_s, u"off"_s}).status, 0);
+    EXPECT_FALSE(property(u"AutoEnabled"_s).toBool());
+    EXPECT_EQ(command({u"settings"_s, u"lastPrompt"_s}).output, "a lake\n");
+    EXPECT_EQ(command({u"settings"_s, u"--unset"_s, u"lastPrompt"_s}).status, 0);
+    EXPECT_EQ(command({u"settings"_s, u"lastPrompt"_s}).output, "\n");
+    EXPECT_EQ(command({u"delete"_s, file}).status, 0);
     EXPECT_FALSE(QFile::exists(file));
-    EXPECT_EQ(command({QStringLiteral("key"), QStringLiteral("delete"), QStringLiteral("gemini")}).status, 0);
+    EXPECT_EQ(command({u"key"_s, u"delete"_s, u"gemini"_s}).status, 0);
     EXPECT_EQ(session.keyFile(), "{}");
 }
 
 TEST_F(ShellInstanceTest, aForwardedUpscaleTellsItsWayAndItsEnd)
 {
     const auto application = startAndWait();
-    ASSERT_EQ(command({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status, 0);
+    ASSERT_EQ(command({u"key"_s, u"set"_s, u"gemini"_s}, "KEY").status, 0);
     QImage source(16, 9, QImage::Format_RGB32);
     source.fill(Qt::red);
-    const QString older = session.home().library() + QStringLiteral("/older.png");
+    const QString older = session.home().library() + u"/older.png"_s;
     ASSERT_TRUE(QDir().mkpath(session.home().library()) && source.save(older));
-    const CommandRun made = command({QStringLiteral("upscale"), QStringLiteral("older.png"), QStringLiteral("--json")});
+    const CommandRun made = command({u"upscale"_s, u"older.png"_s, u"--json"_s});
     EXPECT_EQ(made.status, 0);
     EXPECT_EQ(made.errors, "Upscaling to 4K...\nWallpaper set!\n");
-    EXPECT_EQ(made.json()[QLatin1String("original")], QJsonValue(older));
+    EXPECT_EQ(made.json()["original"_L1], QJsonValue(older));
 }
 
 TEST_F(ShellInstanceTest, forwardedCommandsLookLikeTheCommandItself)
 {
     const QList<QStringList> commands{
-        {QStringLiteral("generate")},
-        {QStringLiteral("generate"), QStringLiteral("--json")},
-        {QStringLiteral("set"), QStringLiteral("gone.png")},
-        {QStringLiteral("delete"), QStringLiteral("gone.png")},
-        {QStringLiteral("settings"), QStringLiteral("unknown")},
-        {QStringLiteral("settings"), QStringLiteral("intervalMinutes"), QStringLiteral("0")},
-        {QStringLiteral("settings"), QStringLiteral("--unset"), QStringLiteral("unknown")},
-        {QStringLiteral("settings")},
-        {QStringLiteral("key"), QStringLiteral("list")},
+        {u"generate"_s},
+        {u"generate"_s, u"--json"_s},
+        {u"set"_s, u"gone.png"_s},
+        {u"delete"_s, u"gone.png"_s},
+        {u"settings"_s, u"unknown"_s},
+        {u"settings"_s, u"intervalMinutes"_s, u"0"_s},
+        {u"settings"_s, u"--unset"_s, u"unknown"_s},
+        {u"settings"_s},
+        {u"key"_s, u"list"_s},
     };
     QList<CommandRun> alone;
     for (const QStringList &arguments : commands) {
@@ -175,7 +172,7 @@ TEST_F(ShellInstanceTest, forwardedCommandsLookLikeTheCommandItself)
     const auto application = startAndWait();
     for (qsizetype index = 0; index < commands.size(); ++index) {
         const CommandRun forwarded = command(commands.at(index));
-        const std::string what = commands.at(index).join(QLatin1Char(' ')).toStdString();
+        const std::string what = commands.at(index).join(' '_L1).toStdString();
         EXPECT_EQ(forwarded.status, alone.at(index).status) << what;
         EXPECT_EQ(forwarded.output, alone.at(index).output) << what;
         EXPECT_EQ(forwarded.errors, alone.at(index).errors) << what;
@@ -185,10 +182,10 @@ TEST_F(ShellInstanceTest, forwardedCommandsLookLikeTheCommandItself)
 TEST_F(ShellInstanceTest, quitEndsItAndTheNextStartIsTheApplication)
 {
     const auto first = startAndWait();
-    EXPECT_EQ(command({QStringLiteral("quit")}).status, 0);
+    EXPECT_EQ(command({u"quit"_s}).status, 0);
     EXPECT_FALSE(isOnBus());
     EXPECT_EQ(first->waitForEnd(), 0);
-    const CommandRun none = command({QStringLiteral("quit")});
+    const CommandRun none = command({u"quit"_s});
     EXPECT_EQ(none.status, 1);
     EXPECT_EQ(none.errors, "quorvane: the application is not running\n");
     const auto next = startAndWait();
@@ -199,16 +196,16 @@ TEST_F(ShellInstanceTest, desktopActionsReachIt)
 {
     const auto application = startAndWait();
     const auto act = [this](const char *action) {
-        return call(Control::objectPath(), Control::applicationInterface(), QStringLiteral("ActivateAction"),
+        return call(Control::objectPath(), Control::applicationInterface(), u"ActivateAction"_s,
                     {QLatin1String(action), QVariantList(), QVariantMap()})
             .type();
     };
     EXPECT_EQ(act("toggle-auto"), QDBusMessage::ReplyMessage);
-    EXPECT_TRUE(property(QStringLiteral("AutoEnabled")).toBool());
+    EXPECT_TRUE(property(u"AutoEnabled"_s).toBool());
     EXPECT_EQ(act("settings"), QDBusMessage::ReplyMessage);
     EXPECT_TRUE(application->says("settings opened"));
     EXPECT_EQ(act("generate"), QDBusMessage::ReplyMessage);
-    EXPECT_TRUE(property(QStringLiteral("Status")).toString().startsWith(QStringLiteral("Missing Gemini API key")));
+    EXPECT_TRUE(property(u"Status"_s).toString().startsWith(u"Missing Gemini API key"_s));
     EXPECT_EQ(act("explode"), QDBusMessage::ErrorMessage);
     EXPECT_EQ(act("quit"), QDBusMessage::ReplyMessage);
     EXPECT_EQ(application->waitForEnd(), 0);
@@ -222,37 +219,37 @@ TEST_F(ShellInstanceTest, theBusOffersWhatTheCommandLineDoes)
         EXPECT_EQ(reply.type(), QDBusMessage::ReplyMessage) << reply.errorMessage().toStdString();
         return QJsonDocument::fromJson("[" + reply.arguments().value(0).toString().toUtf8() + "]").array().first();
     };
-    (void)ask(QStringLiteral("Auto"), {true});
-    const QJsonValue status = ask(QStringLiteral("Status"), {});
-    EXPECT_TRUE(status[QLatin1String("autoEnabled")].toBool());
-    EXPECT_EQ(status[QLatin1String("nextFireDate")].toString(), property(QStringLiteral("NextFireDate")).toString());
-    EXPECT_EQ(command({QStringLiteral("status"), QStringLiteral("--json")}).json(), status);
+    (void)ask(u"Auto"_s, {true});
+    const QJsonValue status = ask(u"Status"_s, {});
+    EXPECT_TRUE(status["autoEnabled"_L1].toBool());
+    EXPECT_EQ(status["nextFireDate"_L1].toString(), property(u"NextFireDate"_s).toString());
+    EXPECT_EQ(command({u"status"_s, u"--json"_s}).json(), status);
 
-    const QString entry = session.home().path() + QStringLiteral("/.config/autostart/app.quorvane.Quorvane.desktop");
-    EXPECT_EQ(ask(QStringLiteral("Autostart"), {true})[QLatin1String("autostart")], QJsonValue(true));
+    const QString entry = session.home().path() + u"/.config/autostart/app.quorvane.Quorvane.desktop"_s;
+    EXPECT_EQ(ask(u"Autostart"_s, {true})["autostart"_L1], QJsonValue(true));
     EXPECT_TRUE(QFile::exists(entry));
-    EXPECT_EQ(ask(QStringLiteral("Autostart"), {false})[QLatin1String("autostart")], QJsonValue(false));
+    EXPECT_EQ(ask(u"Autostart"_s, {false})["autostart"_L1], QJsonValue(false));
     EXPECT_FALSE(QFile::exists(entry));
 
-    EXPECT_EQ(ask(QStringLiteral("Model"), {}), command({QStringLiteral("model"), QStringLiteral("--json")}).json());
-    const QDBusMessage refused = call(Control::objectPath(), Control::interfaceName(), QStringLiteral("InstallModel"),
-                                      {QStringLiteral("/nonexistent.onnx")});
+    EXPECT_EQ(ask(u"Model"_s, {}), command({u"model"_s, u"--json"_s}).json());
+    const QDBusMessage refused =
+        call(Control::objectPath(), Control::interfaceName(), u"InstallModel"_s, {u"/nonexistent.onnx"_s});
     EXPECT_EQ(refused.errorName(), Control::failedError());
     // It still answers, and knows itself to be the same.
-    EXPECT_EQ(ask(QStringLiteral("Status"), {}), status);
+    EXPECT_EQ(ask(u"Status"_s, {}), status);
 }
 
 TEST_F(ShellInstanceTest, theTokenOfASecondStartIsThereWhenTheWindowComesUp)
 {
     const auto first = startAndWait();
-    session.environment().insert(QStringLiteral("XDG_ACTIVATION_TOKEN"), QStringLiteral("token 1"));
+    session.environment().insert(u"XDG_ACTIVATION_TOKEN"_s, u"token 1"_s);
     EXPECT_EQ(start({})->waitForEnd(), 0);
     ASSERT_TRUE(first->says("main opened"));
     first->tell("$XDG_ACTIVATION_TOKEN");
     EXPECT_TRUE(first->says("XDG_ACTIVATION_TOKEN=token 1\n"));
     // What X11 desktops give; and for a window that is open already.
-    session.environment().remove(QStringLiteral("XDG_ACTIVATION_TOKEN"));
-    session.environment().insert(QStringLiteral("DESKTOP_STARTUP_ID"), QStringLiteral("token 2"));
+    session.environment().remove(u"XDG_ACTIVATION_TOKEN"_s);
+    session.environment().insert(u"DESKTOP_STARTUP_ID"_s, u"token 2"_s);
     EXPECT_EQ(start({})->waitForEnd(), 0);
     EXPECT_EQ(first->count("main opened"), 1);
     first->tell("$XDG_ACTIVATION_TOKEN");
@@ -263,10 +260,10 @@ TEST_F(ShellInstanceTest, endsInTheMiddleOfAGeneration)
 {
     const auto application = startAndWait({});
     ASSERT_TRUE(application->says("main opened"));
-    ASSERT_EQ(command({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status, 0);
+    ASSERT_EQ(command({u"key"_s, u"set"_s, u"gemini"_s}, "KEY").status, 0);
     service.setMisbehaviour(Misbehaviour::Kind::Silence);
     click(MenuItem::GenerateNow); // Disabled, for want of a prompt.
-    ASSERT_EQ(command({QStringLiteral("settings"), QStringLiteral("lastPrompt"), QStringLiteral("a lake")}).status, 0);
+    ASSERT_EQ(command({u"settings"_s, u"lastPrompt"_s, u"a lake"_s}).status, 0);
     click(MenuItem::GenerateNow);
     ASSERT_TRUE(waitFor([this] { return service.requests().size() == 1; }));
     application->signal(SIGTERM);

@@ -7,14 +7,16 @@
 #include <QDBusArgument>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
-const QString kLabel = QStringLiteral("label");
-const QString kEnabled = QStringLiteral("enabled");
-const QString kToggle = QStringLiteral("toggle-state");
-const QString kStatus = QStringLiteral("Status");
+const QString kLabel = u"label"_s;
+const QString kEnabled = u"enabled"_s;
+const QString kToggle = u"toggle-state"_s;
+const QString kStatus = u"Status"_s;
 
 } // namespace
 
@@ -25,11 +27,10 @@ TEST_F(ShellMenuTest, hasItsItemsInTheirOrder)
     const auto application = startAndWait();
     QStringList labels;
     for (const DBusMenuLayout &each : menu()) {
-        const bool isDivider = each.properties.value(QStringLiteral("type")) == QStringLiteral("separator");
-        labels.append(isDivider ? QStringLiteral("-") : each.properties.value(kLabel).toString());
+        const bool isDivider = each.properties.value(u"type"_s) == u"separator"_s;
+        labels.append(isDivider ? u"-"_s : each.properties.value(kLabel).toString());
     }
-    EXPECT_EQ(labels.join(QLatin1Char('|')).toStdString(),
-              "Idle|-|Generate Now|Auto-Generate|-|Open Window|Settings...|-|Quit");
+    EXPECT_EQ(labels.join('|'_L1).toStdString(), "Idle|-|Generate Now|Auto-Generate|-|Open Window|Settings...|-|Quit");
     EXPECT_FALSE(menuProperty(MenuItem::StateLine, kEnabled).toBool());
     EXPECT_FALSE(menuProperty(MenuItem::GenerateNow, kEnabled).toBool());
     EXPECT_TRUE(menuProperty(MenuItem::Quit, kEnabled).toBool());
@@ -40,12 +41,12 @@ TEST_F(ShellMenuTest, autoGenerateIsASwitchAndTheStateLineFollows)
 {
     const auto application = startAndWait();
     click(MenuItem::AutoGenerate);
-    EXPECT_TRUE(property(QStringLiteral("AutoEnabled")).toBool());
+    EXPECT_TRUE(property(u"AutoEnabled"_s).toBool());
     EXPECT_EQ(menuProperty(MenuItem::AutoGenerate, kToggle), QVariant(1));
-    EXPECT_TRUE(menuProperty(MenuItem::StateLine, kLabel).toString().startsWith(QStringLiteral("Next: ")));
-    EXPECT_FALSE(property(QStringLiteral("NextFireDate")).toString().isEmpty());
+    EXPECT_TRUE(menuProperty(MenuItem::StateLine, kLabel).toString().startsWith(u"Next: "_s));
+    EXPECT_FALSE(property(u"NextFireDate"_s).toString().isEmpty());
     click(MenuItem::AutoGenerate);
-    EXPECT_EQ(menuProperty(MenuItem::StateLine, kLabel).toString(), QStringLiteral("Idle"));
+    EXPECT_EQ(menuProperty(MenuItem::StateLine, kLabel).toString(), u"Idle"_s);
 }
 
 TEST_F(ShellMenuTest, generateNowWorksOnceThereIsAPromptAndAKey)
@@ -53,19 +54,17 @@ TEST_F(ShellMenuTest, generateNowWorksOnceThereIsAPromptAndAKey)
     const auto application = startAndWait();
     click(MenuItem::GenerateNow); // Disabled: nothing happens.
     EXPECT_EQ(property(kStatus).toString(), QString());
-    ASSERT_EQ(command({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status, 0);
+    ASSERT_EQ(command({u"key"_s, u"set"_s, u"gemini"_s}, "KEY").status, 0);
     EXPECT_FALSE(menuProperty(MenuItem::GenerateNow, kEnabled).toBool());
-    ASSERT_EQ(command({QStringLiteral("settings"), QStringLiteral("lastPrompt"), QStringLiteral(" ")}).status, 0);
+    ASSERT_EQ(command({u"settings"_s, u"lastPrompt"_s, u" "_s}).status, 0);
     EXPECT_TRUE(menuProperty(MenuItem::GenerateNow, kEnabled).toBool());
     click(MenuItem::GenerateNow);
-    EXPECT_TRUE(waitFor([this] {
-        return property(kStatus).toString() == QStringLiteral("Wallpaper set!") &&
-               !property(QStringLiteral("IsLoading")).toBool();
-    }));
+    EXPECT_TRUE(waitFor(
+        [this] { return property(kStatus).toString() == u"Wallpaper set!"_s && !property(u"IsLoading"_s).toBool(); }));
     EXPECT_EQ(service.requests().size(), 1);
-    EXPECT_TRUE(QFile::exists(property(QStringLiteral("CurrentWallpaper")).toString()));
+    EXPECT_TRUE(QFile::exists(property(u"CurrentWallpaper"_s).toString()));
     EXPECT_TRUE(menuProperty(MenuItem::GenerateNow, kEnabled).toBool());
-    ASSERT_EQ(command({QStringLiteral("settings"), QStringLiteral("lastPrompt"), QString()}).status, 0);
+    ASSERT_EQ(command({u"settings"_s, u"lastPrompt"_s, QString()}).status, 0);
     EXPECT_FALSE(menuProperty(MenuItem::GenerateNow, kEnabled).toBool());
 }
 
@@ -120,25 +119,23 @@ TEST_F(ShellMenuTest, theIconComesWithAPanelThatComesLaterAndAgainWhenThatWasRes
     const Panel restarted(session.connection());
     EXPECT_TRUE(waitFor([&restarted] { return restarted.items.size() == 1; }));
     // What a panel reads of it.
-    const QDBusMessage reply =
-        call(QStringLiteral("/StatusNotifierItem"), QStringLiteral("org.freedesktop.DBus.Properties"),
-             QStringLiteral("GetAll"), {QStringLiteral("org.kde.StatusNotifierItem")});
+    const QDBusMessage reply = call(u"/StatusNotifierItem"_s, u"org.freedesktop.DBus.Properties"_s, u"GetAll"_s,
+                                    {u"org.kde.StatusNotifierItem"_s});
     const auto properties = qdbus_cast<QVariantMap>(reply.arguments().value(0));
-    EXPECT_EQ(properties.value(QStringLiteral("Id")).toString(), QStringLiteral("app.quorvane.Quorvane"));
-    EXPECT_EQ(properties.value(QStringLiteral("Menu")).value<QDBusObjectPath>().path(), DBusMenu::path());
-    const auto pixmaps = properties.value(QStringLiteral("IconPixmap")).value<QDBusArgument>();
-    EXPECT_EQ(pixmaps.currentSignature(), QStringLiteral("a(iiay)"));
+    EXPECT_EQ(properties.value(u"Id"_s).toString(), u"app.quorvane.Quorvane"_s);
+    EXPECT_EQ(properties.value(u"Menu"_s).value<QDBusObjectPath>().path(), DBusMenu::path());
+    const auto pixmaps = properties.value(u"IconPixmap"_s).value<QDBusArgument>();
+    EXPECT_EQ(pixmaps.currentSignature(), u"a(iiay)"_s);
 }
 
 TEST_F(ShellMenuTest, theToolTipIsTheStateLineAndTheLastStatus)
 {
     const auto application = startAndWait();
     const auto toolTip = [this] {
-        const QDBusMessage reply =
-            call(QStringLiteral("/StatusNotifierItem"), QStringLiteral("org.freedesktop.DBus.Properties"),
-                 QStringLiteral("Get"), {QStringLiteral("org.kde.StatusNotifierItem"), QStringLiteral("ToolTip")});
+        const QDBusMessage reply = call(u"/StatusNotifierItem"_s, u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
+                                        {u"org.kde.StatusNotifierItem"_s, u"ToolTip"_s});
         const auto argument = reply.arguments().value(0).value<QDBusVariant>().variant().value<QDBusArgument>();
-        EXPECT_EQ(argument.currentSignature(), QStringLiteral("(sa(iiay)ss)"));
+        EXPECT_EQ(argument.currentSignature(), u"(sa(iiay)ss)"_s);
         QString icon;
         QString title;
         QString text;
@@ -148,16 +145,15 @@ TEST_F(ShellMenuTest, theToolTipIsTheStateLineAndTheLastStatus)
         argument.endArray();
         argument >> title >> text;
         argument.endStructure();
-        return title + QLatin1Char('|') + text;
+        return title + '|'_L1 + text;
     };
-    EXPECT_EQ(toolTip(), QStringLiteral("Quorvane|Idle"));
-    EXPECT_EQ(command({QStringLiteral("generate")}).status, 1);
+    EXPECT_EQ(toolTip(), u"Quorvane|Idle"_s);
+    EXPECT_EQ(command({u"generate"_s}).status, 1);
     const QString status = property(kStatus).toString();
-    EXPECT_TRUE(status.startsWith(QStringLiteral("Missing Gemini API key"))) << status.toStdString();
-    EXPECT_EQ(toolTip(), QStringLiteral("Quorvane|Idle\n") + status);
+    EXPECT_TRUE(status.startsWith(u"Missing Gemini API key"_s)) << status.toStdString();
+    EXPECT_EQ(toolTip(), u"Quorvane|Idle\n"_s + status);
     click(MenuItem::AutoGenerate);
-    EXPECT_EQ(toolTip(), QStringLiteral("Quorvane|") + menuProperty(MenuItem::StateLine, kLabel).toString() +
-                             QLatin1Char('\n') + status);
+    EXPECT_EQ(toolTip(), u"Quorvane|"_s + menuProperty(MenuItem::StateLine, kLabel).toString() + '\n'_L1 + status);
 }
 
 TEST_F(ShellMenuTest, everythingComesBackWithARestartedBus)
@@ -175,7 +171,7 @@ TEST_F(ShellMenuTest, everythingComesBackWithARestartedBus)
 
 TEST_F(ShellMenuTest, aWindowThatCannotBeMadeIsToldAndTheProgramStays)
 {
-    session.environment().insert(QStringLiteral("TEST_WINDOWS"), QStringLiteral("/nonexistent"));
+    session.environment().insert(u"TEST_WINDOWS"_s, u"/nonexistent"_s);
     const auto application = startAndWait({});
     EXPECT_TRUE(application->says("MainWindow.qml cannot be opened: "));
     EXPECT_EQ(menu().size(), 9);

@@ -6,11 +6,13 @@
 
 #include <QDBusArgument>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
-const QString kStatus = QStringLiteral("Status");
+const QString kStatus = u"Status"_s;
 const QByteArray kHalfHour = "sleep 1800";
 
 /// One call of the daemon.
@@ -32,8 +34,8 @@ Shown lastOf(const Daemon &daemon)
 /// Size of the picture that goes along, and its first pixel.
 std::pair<QSize, QColor> pictureIn(const QVariantMap &hints)
 {
-    const auto argument = hints.value(QStringLiteral("image-data")).value<QDBusArgument>();
-    if (argument.currentSignature() != QLatin1String("(iiibiiay)")) {
+    const auto argument = hints.value(u"image-data"_s).value<QDBusArgument>();
+    if (argument.currentSignature() != "(iiibiiay)"_L1) {
         return {};
     }
     int width = 0;
@@ -58,8 +60,8 @@ class ShellNoticeTest : public ShellTest
   protected:
     [[nodiscard]] bool hasAllThatAGenerationNeeds()
     {
-        return command({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status == 0 &&
-               command({QStringLiteral("auto"), QStringLiteral("on")}).status == 0;
+        return command({u"key"_s, u"set"_s, u"gemini"_s}, "KEY").status == 0 &&
+               command({u"auto"_s, u"on"_s}).status == 0;
     }
     [[nodiscard]] bool becomes(const QString &status) const
     {
@@ -78,13 +80,12 @@ TEST_F(ShellNoticeTest, aTimedFailureIsToldAndWhatComesNextTakesItsPlace)
     application->tell(kHalfHour);
     ASSERT_TRUE(waitFor([&daemon] { return daemon.shown.size() == 1; }));
     EXPECT_EQ(lastOf(daemon).replaces, 0U);
-    EXPECT_EQ(lastOf(daemon).title, QStringLiteral("No new wallpaper"));
-    EXPECT_TRUE(lastOf(daemon).text.contains(QStringLiteral("too &lt;many&gt; pictures")))
-        << lastOf(daemon).text.toStdString();
-    EXPECT_FALSE(lastOf(daemon).hints.contains(QStringLiteral("image-data")));
-    EXPECT_EQ(lastOf(daemon).hints.value(QStringLiteral("urgency")).toUInt(), 0U);
+    EXPECT_EQ(lastOf(daemon).title, u"No new wallpaper"_s);
+    EXPECT_TRUE(lastOf(daemon).text.contains(u"too &lt;many&gt; pictures"_s)) << lastOf(daemon).text.toStdString();
+    EXPECT_FALSE(lastOf(daemon).hints.contains(u"image-data"_s));
+    EXPECT_EQ(lastOf(daemon).hints.value(u"urgency"_s).toUInt(), 0U);
     // The user who asked sees the failure where they asked.
-    EXPECT_EQ(command({QStringLiteral("generate")}).status, 1);
+    EXPECT_EQ(command({u"generate"_s}).status, 1);
     EXPECT_EQ(daemon.shown.size(), 1);
 
     service.setMisbehaviour({});
@@ -96,7 +97,7 @@ TEST_F(ShellNoticeTest, aTimedFailureIsToldAndWhatComesNextTakesItsPlace)
     application->tell(kHalfHour);
     ASSERT_TRUE(waitFor([&daemon] { return daemon.shown.size() == 2; }));
     EXPECT_EQ(lastOf(daemon).replaces, Daemon::kNumber);
-    EXPECT_EQ(lastOf(daemon).title, QStringLiteral("New wallpaper"));
+    EXPECT_EQ(lastOf(daemon).title, u"New wallpaper"_s);
     const auto [size, color] = pictureIn(lastOf(daemon).hints);
     EXPECT_EQ(size, QSize(192, 108));
     EXPECT_EQ(color, QColor(10, 120, 200));
@@ -109,12 +110,12 @@ TEST_F(ShellNoticeTest, withAWindowOpenOnlyFailuresOfTheScheduleAreTold)
     ASSERT_TRUE(application->says("main opened"));
     ASSERT_TRUE(hasAllThatAGenerationNeeds());
     application->tell(kHalfHour);
-    ASSERT_TRUE(becomes(QStringLiteral("Wallpaper set!")));
+    ASSERT_TRUE(becomes(u"Wallpaper set!"_s));
     service.setMisbehaviour(Misbehaviour::Kind::ErrorObject);
     application->tell(kHalfHour);
     ASSERT_TRUE(waitFor([&daemon] { return !daemon.shown.isEmpty(); }));
     EXPECT_EQ(daemon.shown.size(), 1);
-    EXPECT_EQ(lastOf(daemon).title, QStringLiteral("No new wallpaper"));
+    EXPECT_EQ(lastOf(daemon).title, u"No new wallpaper"_s);
 }
 
 TEST_F(ShellNoticeTest, withoutADaemonOrWithASilentOneEverythingGoesOn)
@@ -122,7 +123,7 @@ TEST_F(ShellNoticeTest, withoutADaemonOrWithASilentOneEverythingGoesOn)
     const auto application = startAndWait();
     ASSERT_TRUE(hasAllThatAGenerationNeeds());
     application->tell(kHalfHour);
-    ASSERT_TRUE(becomes(QStringLiteral("Wallpaper set!")));
+    ASSERT_TRUE(becomes(u"Wallpaper set!"_s));
     Daemon silent(session.connection());
     silent.answers = false;
     application->tell(kHalfHour);
@@ -131,7 +132,7 @@ TEST_F(ShellNoticeTest, withoutADaemonOrWithASilentOneEverythingGoesOn)
     ASSERT_TRUE(waitFor([&silent] { return silent.shown.size() >= 2; }));
     // The notice of the first may have found the daemon that came after its picture.
     EXPECT_TRUE(waitFor([this] { return service.requests().size() == 3; }));
-    EXPECT_EQ(command({QStringLiteral("quit")}).status, 0);
+    EXPECT_EQ(command({u"quit"_s}).status, 0);
     EXPECT_EQ(application->waitForEnd(), 0) << application->errors().constData();
 }
 

@@ -16,11 +16,13 @@
 #include <cstdlib>
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
-const QString kOutput = QStringLiteral("HEADLESS-1");
+const QString kOutput = u"HEADLESS-1"_s;
 
 /// How many pixels of the area are far from the background in brightness, so that people see them.
 int contrasting(const QImage &image, const QRect &area, const QColor &background)
@@ -49,7 +51,7 @@ void keep(const QImage &image, const QString &name)
 {
     const QString folder = qEnvironmentVariable("QUORVANE_SCREENSHOTS");
     if (!folder.isEmpty()) {
-        image.save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
+        image.save(folder + '/'_L1 + name + u".png"_s);
     }
 }
 
@@ -62,8 +64,7 @@ class SwaySessionTest : public testing::Test
     void SetUp() override
     {
         const QString missing =
-            firstMissing({QStringLiteral("sway"), QStringLiteral("swaybar"), QStringLiteral("swaymsg"),
-                          QStringLiteral("grim"), QStringLiteral("dbus-daemon"), QStringLiteral("setpriv")});
+            firstMissing({u"sway"_s, u"swaybar"_s, u"swaymsg"_s, u"grim"_s, u"dbus-daemon"_s, u"setpriv"_s});
         if (!missing.isEmpty()) {
             GTEST_SKIP() << missing.toStdString() << " is not installed";
         }
@@ -75,40 +76,37 @@ class SwaySessionTest : public testing::Test
         sway = std::make_unique<PrivateSway>(QList<QSize>{{640, 240}}, bar);
         ASSERT_TRUE(sway->isReady());
         environment = sway->clientEnvironment();
-        const QString address = QStringLiteral("unix:path=") + sway->runtimeFolder() + QStringLiteral("/bus");
-        const QString configuration = sway->runtimeFolder() + QStringLiteral("/bus.conf");
+        const QString address = u"unix:path="_s + sway->runtimeFolder() + u"/bus"_s;
+        const QString configuration = sway->runtimeFolder() + u"/bus.conf"_s;
         ASSERT_TRUE(
             putFile(configuration, "<busconfig><type>session</type><listen>" + address.toUtf8() +
                                        "</listen><policy context=\"default\"><allow user=\"*\"/>"
                                        "<allow send_destination=\"*\"/><allow receive_sender=\"*\"/><allow own=\"*\"/>"
                                        "</policy></busconfig>"));
         QFile::setPermissions(configuration, QFile::ReadOwner | QFile::ReadOther);
-        m_bus =
-            std::make_unique<OwnedProgram>(QStringLiteral("dbus-daemon"),
-                                           QStringList{QStringLiteral("--config-file=") + configuration,
-                                                       QStringLiteral("--nofork"), QStringLiteral("--print-address=1")},
-                                           environment, sway->runtimeFolder(), OwnedProgram::User::NotRoot);
+        m_bus = std::make_unique<OwnedProgram>(
+            u"dbus-daemon"_s, QStringList{u"--config-file="_s + configuration, u"--nofork"_s, u"--print-address=1"_s},
+            environment, sway->runtimeFolder(), OwnedProgram::User::NotRoot);
         ASSERT_FALSE(m_bus->readLine().isEmpty()) << m_bus->errors().constData();
-        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address);
+        environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, address);
     }
 
     [[nodiscard]] std::unique_ptr<OwnedProgram> startBar() const
     {
-        return std::make_unique<OwnedProgram>(
-            QStringLiteral("swaybar"),
-            QStringList{QStringLiteral("-b"), QStringLiteral("panel"), QStringLiteral("-s"), sway->socketPath()},
-            environment, sway->runtimeFolder(), OwnedProgram::User::NotRoot);
+        return std::make_unique<OwnedProgram>(u"swaybar"_s,
+                                              QStringList{u"-b"_s, u"panel"_s, u"-s"_s, sway->socketPath()},
+                                              environment, sway->runtimeFolder(), OwnedProgram::User::NotRoot);
     }
-    [[nodiscard]] std::unique_ptr<Application>
-    startApplication(const QStringList &arguments = {QStringLiteral("--hidden")}, const QString &token = {}) const
+    [[nodiscard]] std::unique_ptr<Application> startApplication(const QStringList &arguments = {u"--hidden"_s},
+                                                                const QString &token = {}) const
     {
         QProcessEnvironment ours = environment;
-        ours.insert(QStringLiteral("XDG_ACTIVATION_TOKEN"), token);
-        ours.insert(QStringLiteral("HOME"), m_home.path());
-        ours.insert(QStringLiteral("XDG_CONFIG_HOME"), m_home.path());
-        ours.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
-        ours.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
-        ours.insert(QStringLiteral("TEST_WINDOWS"), QStringLiteral(TEST_WINDOWS));
+        ours.insert(u"XDG_ACTIVATION_TOKEN"_s, token);
+        ours.insert(u"HOME"_s, m_home.path());
+        ours.insert(u"XDG_CONFIG_HOME"_s, m_home.path());
+        ours.insert(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
+        ours.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
+        ours.insert(u"TEST_WINDOWS"_s, QStringLiteral(TEST_WINDOWS));
         return std::make_unique<Application>(ours, arguments);
     }
 
@@ -125,7 +123,7 @@ class SwaySessionTest : public testing::Test
 
     [[nodiscard]] QByteArray ask(const QStringList &arguments) const
     {
-        return outputOf(QStringLiteral("swaymsg"), arguments, sway->clientEnvironment());
+        return outputOf(u"swaymsg"_s, arguments, sway->clientEnvironment());
     }
 
     QColor barColor{0x20, 0x20, 0x20};
@@ -153,7 +151,7 @@ TEST_P(SwayBarTest, theIconComesLateAndSurvivesThePanelsCrash)
     ASSERT_TRUE(waitFor([this] { return seenInTray() == 0; }));
     auto bar = startBar();
     ASSERT_TRUE(showsIcon()) << bar->errors().constData() << application->errors().constData();
-    keep(sway->screenshot(kOutput), QStringLiteral("swaybar-%1").arg(QLatin1String(GetParam() + 1)));
+    keep(sway->screenshot(kOutput), u"swaybar-%1"_s.arg(QLatin1String(GetParam() + 1)));
     bar->signal(SIGKILL);
     ASSERT_TRUE(waitFor([this] { return seenInTray() == 0; }));
     bar = startBar();
@@ -220,28 +218,28 @@ TEST_F(SwaySessionTest, aSecondStartWithATokenGetsTheFocusForTheWindow)
     const auto first = startApplication({});
     ASSERT_TRUE(first->says("main opened"));
     const auto focused = [this] {
-        const QJsonDocument tree = QJsonDocument::fromJson(ask({QStringLiteral("-rt"), QStringLiteral("get_tree")}));
+        const QJsonDocument tree = QJsonDocument::fromJson(ask({u"-rt"_s, u"get_tree"_s}));
         QList<QJsonObject> left{tree.object()};
         while (!left.isEmpty()) {
             const QJsonObject node = left.takeFirst();
-            if (node.value(QLatin1String("focused")).toBool()) {
-                return node.value(QLatin1String("app_id")).toString();
+            if (node.value("focused"_L1).toBool()) {
+                return node.value("app_id"_L1).toString();
             }
-            const QJsonArray children = node.value(QLatin1String("nodes")).toArray();
+            const QJsonArray children = node.value("nodes"_L1).toArray();
             for (const QJsonValue child : children) {
                 left.append(child.toObject());
             }
         }
         return QString();
     };
-    const QString ours = QStringLiteral("app.quorvane.Quorvane");
+    const QString ours = u"app.quorvane.Quorvane"_s;
     ASSERT_TRUE(waitFor([&] { return focused() == ours; }));
-    (void)ask({QStringLiteral("workspace 2")});
+    (void)ask({u"workspace 2"_s});
     ASSERT_TRUE(waitFor([&] { return focused() != ours; }));
     // Without a token it stays where it is.
     EXPECT_EQ(startApplication({})->waitForEnd(), 0);
     EXPECT_NE(focused(), ours);
-    const QByteArray token = activationToken(sway->runtimeFolder() + QStringLiteral("/wayland-1"));
+    const QByteArray token = activationToken(sway->runtimeFolder() + u"/wayland-1"_s);
     ASSERT_FALSE(token.isEmpty());
     EXPECT_EQ(startApplication({}, QString::fromLatin1(token))->waitForEnd(), 0);
     EXPECT_TRUE(waitFor([&] { return focused() == ours; }));
@@ -254,8 +252,7 @@ class EmbeddedTrayTest : public ShellTest
   protected:
     void SetUp() override
     {
-        const QString missing = firstMissing(
-            {QStringLiteral("Xvfb"), QStringLiteral("xrandr"), QStringLiteral("trayer"), QStringLiteral("xdotool")});
+        const QString missing = firstMissing({u"Xvfb"_s, u"xrandr"_s, u"trayer"_s, u"xdotool"_s});
         if (!missing.isEmpty()) {
             GTEST_SKIP() << missing.toStdString() << " is not installed";
         }
@@ -265,29 +262,23 @@ class EmbeddedTrayTest : public ShellTest
         }
         x = std::make_unique<PrivateXServer>(kScreen);
         ASSERT_TRUE(x->isReady());
-        session.environment().insert(QStringLiteral("DISPLAY"), QString::fromLatin1(x->display()));
-        session.environment().insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+        session.environment().insert(u"DISPLAY"_s, QString::fromLatin1(x->display()));
+        session.environment().insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
     }
 
     [[nodiscard]] std::unique_ptr<OwnedProgram> startTray() const
     {
         return std::make_unique<OwnedProgram>(
-            QStringLiteral("trayer"),
-            QStringList{QStringLiteral("--edge"), QStringLiteral("bottom"), QStringLiteral("--align"),
-                        QStringLiteral("right"), QStringLiteral("--widthtype"), QStringLiteral("pixel"),
-                        QStringLiteral("--width"), QString::number(kTray.width()), QStringLiteral("--height"),
-                        QString::number(kTray.height()), QStringLiteral("--tint"), QStringLiteral("0x202020"),
-                        QStringLiteral("--transparent"), QStringLiteral("true"), QStringLiteral("--alpha"),
-                        QStringLiteral("0")},
+            u"trayer"_s,
+            QStringList{u"--edge"_s, u"bottom"_s, u"--align"_s, u"right"_s, u"--widthtype"_s, u"pixel"_s, u"--width"_s,
+                        QString::number(kTray.width()), u"--height"_s, QString::number(kTray.height()), u"--tint"_s,
+                        u"0x202020"_s, u"--transparent"_s, u"true"_s, u"--alpha"_s, u"0"_s},
             session.environment(), session.home().path());
     }
     /// Whether the tray holds a light glyph.
     [[nodiscard]] bool showsIcon() const { return isGlyph(contrasting(x->rootWindow(), kTray, Qt::black)); }
 
-    void press(const QStringList &what) const
-    {
-        (void)outputOf(QStringLiteral("xdotool"), what, session.environment());
-    }
+    void press(const QStringList &what) const { (void)outputOf(u"xdotool"_s, what, session.environment()); }
 
     static constexpr QSize kScreen{640, 480};
     static constexpr QRect kTray{640 - 48, 480 - 48, 48, 48};
@@ -300,7 +291,7 @@ TEST_F(EmbeddedTrayTest, theIconAndItsMenuAreInATrayOfTheOldKindUntilAPanelComes
     auto tray = startTray();
     ASSERT_TRUE(waitFor([this] { return showsIcon(); }))
         << tray->errors().constData() << application->errors().constData();
-    keep(x->rootWindow(), QStringLiteral("trayer"));
+    keep(x->rootWindow(), u"trayer"_s);
     {
         const Panel panel(session.connection());
         EXPECT_TRUE(waitFor([this] { return !showsIcon(); }));
@@ -312,17 +303,17 @@ TEST_F(EmbeddedTrayTest, theIconAndItsMenuAreInATrayOfTheOldKindUntilAPanelComes
     ASSERT_TRUE(waitFor([this] { return showsIcon(); })) << tray->errors().constData();
     const QString middleX = QString::number(kTray.right() - 16);
     const QString middleY = QString::number(kTray.bottom() - 24);
-    press({QStringLiteral("mousemove"), middleX, middleY, QStringLiteral("click"), QStringLiteral("1")});
+    press({u"mousemove"_s, middleX, middleY, u"click"_s, u"1"_s});
     EXPECT_TRUE(application->says("main opened"));
     // The icon's own window keeps nothing from quitting the way a window does.
     application->tell("Ctrl+Q");
     EXPECT_TRUE(application->says("main closed"));
 
     const QImage before = x->rootWindow();
-    press({QStringLiteral("mousemove"), middleX, middleY, QStringLiteral("click"), QStringLiteral("3")});
+    press({u"mousemove"_s, middleX, middleY, u"click"_s, u"3"_s});
     ASSERT_TRUE(waitFor([&] { return x->rootWindow() != before; }));
-    keep(x->rootWindow(), QStringLiteral("trayer-menu"));
-    press({QStringLiteral("key"), QStringLiteral("Up"), QStringLiteral("Return")}); // The last item, "Quit".
+    keep(x->rootWindow(), u"trayer-menu"_s);
+    press({u"key"_s, u"Up"_s, u"Return"_s}); // The last item, "Quit".
     EXPECT_EQ(application->waitForEnd(), 0) << application->errors().constData();
 }
 

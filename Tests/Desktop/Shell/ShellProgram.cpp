@@ -15,6 +15,8 @@
 #include <iostream>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the program makes it, the test's lines move it
@@ -40,9 +42,9 @@ void obeyNext()
         return;
     }
     const QString line = QString::fromStdString(text);
-    if (line.startsWith(QLatin1String("sleep "))) {
+    if (line.startsWith("sleep "_L1)) {
         testClock->pass(std::chrono::seconds(line.mid(6).toInt()));
-    } else if (line.startsWith(QLatin1Char('$'))) {
+    } else if (line.startsWith('$'_L1)) {
         const QByteArray value = qgetenv(line.mid(1).toLocal8Bit().constData());
         std::cerr << text << '=' << value.constData() << std::endl;
     } else {
@@ -76,7 +78,7 @@ int main(int argc, char **argv)
 {
     const QString folder = qEnvironmentVariable("TEST_WINDOWS");
     return quorvane::runProgram(argc, argv,
-                                {QUrl::fromLocalFile(folder + QStringLiteral("/MainWindow.qml")),
-                                 QUrl::fromLocalFile(folder + QStringLiteral("/SettingsWindow.qml")),
+                                {QUrl::fromLocalFile(folder + u"/MainWindow.qml"_s),
+                                 QUrl::fromLocalFile(folder + u"/SettingsWindow.qml"_s),
                                  {}});
 }

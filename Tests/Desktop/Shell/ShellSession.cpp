@@ -10,12 +10,14 @@
 
 #include <sys/prctl.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
-const QString kWatcher = QStringLiteral("org.kde.StatusNotifierWatcher");
-const QString kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
+const QString kWatcher = u"org.kde.StatusNotifierWatcher"_s;
+const QString kWatcherPath = u"/StatusNotifierWatcher"_s;
 constexpr int kLimitMilliseconds = 20'000;
 
 } // namespace
@@ -82,7 +84,7 @@ Panel::~Panel()
 
 bool Panel::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
 {
-    if (message.member() == QLatin1String("RegisterStatusNotifierItem")) {
+    if (message.member() == "RegisterStatusNotifierItem"_L1) {
         items.append(message.arguments().value(0).toString());
         return connection.send(message.createReply());
     }
@@ -91,8 +93,8 @@ bool Panel::handleMessage(const QDBusMessage &message, const QDBusConnection &co
 
 Daemon::Daemon(QDBusConnection bus)
 {
-    bus.registerVirtualObject(QStringLiteral("/org/freedesktop/Notifications"), this);
-    EXPECT_TRUE(bus.registerService(QStringLiteral("org.freedesktop.Notifications")));
+    bus.registerVirtualObject(u"/org/freedesktop/Notifications"_s, this);
+    EXPECT_TRUE(bus.registerService(u"org.freedesktop.Notifications"_s));
 }
 
 bool Daemon::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
@@ -118,12 +120,12 @@ void ShellTest::SetUp()
     for (const char *name : {"QUORVANE_GEMINI_BASE_URL", "QUORVANE_XAI_BASE_URL", "QUORVANE_OPENAI_BASE_URL"}) {
         environment.insert(QLatin1String(name), service.baseAddress().toString());
     }
-    environment.remove(QStringLiteral("SWAYSOCK"));
-    environment.insert(QStringLiteral("QUORVANE_WALLPAPER_COMMAND"), QStringLiteral("/bin/true"));
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    environment.insert(QStringLiteral("TEST_WINDOWS"), QStringLiteral(TEST_WINDOWS));
+    environment.remove(u"SWAYSOCK"_s);
+    environment.insert(u"QUORVANE_WALLPAPER_COMMAND"_s, u"/bin/true"_s);
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+    environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
+    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+    environment.insert(u"TEST_WINDOWS"_s, QStringLiteral(TEST_WINDOWS));
     ASSERT_TRUE(session.startBus());
 }
 
@@ -143,8 +145,8 @@ bool ShellTest::isThere() const
 {
     // The menu comes last.
     const auto answers = [this] {
-        return call(DBusMenu::path(), QStringLiteral("com.canonical.dbusmenu"), QStringLiteral("AboutToShow"), {0})
-                   .type() == QDBusMessage::ReplyMessage;
+        return call(DBusMenu::path(), u"com.canonical.dbusmenu"_s, u"AboutToShow"_s, {0}).type() ==
+               QDBusMessage::ReplyMessage;
     };
     return waitFor([this] { return isOnBus(); }) && waitFor(answers);
 }
@@ -183,16 +185,16 @@ QDBusMessage ShellTest::call(const QString &path, const QString &interface, cons
 
 QVariant ShellTest::property(const QString &name) const
 {
-    const QDBusMessage reply = call(Control::objectPath(), QStringLiteral("org.freedesktop.DBus.Properties"),
-                                    QStringLiteral("Get"), {Control::interfaceName(), name});
+    const QDBusMessage reply =
+        call(Control::objectPath(), u"org.freedesktop.DBus.Properties"_s, u"Get"_s, {Control::interfaceName(), name});
     return reply.arguments().value(0).value<QDBusVariant>().variant();
 }
 
 QList<DBusMenuLayout> ShellTest::menu() const
 {
-    const QDBusMessage reply = call(DBusMenu::path(), QStringLiteral("com.canonical.dbusmenu"),
-                                    QStringLiteral("GetLayout"), {0, -1, QStringList()});
-    EXPECT_EQ(reply.signature(), QStringLiteral("u(ia{sv}av)")) << reply.errorMessage().toStdString();
+    const QDBusMessage reply =
+        call(DBusMenu::path(), u"com.canonical.dbusmenu"_s, u"GetLayout"_s, {0, -1, QStringList()});
+    EXPECT_EQ(reply.signature(), u"u(ia{sv}av)"_s) << reply.errorMessage().toStdString();
     const auto root = qdbus_cast<DBusMenuLayout>(reply.arguments().value(1));
     QList<DBusMenuLayout> items;
     for (const QVariant &child : root.children) {
@@ -215,8 +217,8 @@ QVariant ShellTest::menuProperty(MenuItem::Id id, const QString &name) const
 void ShellTest::click(MenuItem::Id id) const
 {
     const QVariant nothing = QVariant::fromValue(QDBusVariant(QString()));
-    (void)call(DBusMenu::path(), QStringLiteral("com.canonical.dbusmenu"), QStringLiteral("Event"),
-               {static_cast<int>(id), QStringLiteral("clicked"), nothing, 0U});
+    (void)call(DBusMenu::path(), u"com.canonical.dbusmenu"_s, u"Event"_s,
+               {static_cast<int>(id), u"clicked"_s, nothing, 0U});
 }
 
 } // namespace quorvane

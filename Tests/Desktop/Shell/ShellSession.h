@@ -13,6 +13,8 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// One start of the application, ended with the object at the latest.
 class Application
 {
@@ -84,12 +86,11 @@ class ShellTest : public testing::Test
   protected:
     void SetUp() override;
 
-    [[nodiscard]] std::unique_ptr<Application> start(const QStringList &arguments = {QStringLiteral("--hidden")});
+    [[nodiscard]] std::unique_ptr<Application> start(const QStringList &arguments = {u"--hidden"_s});
     /// Until the application answers on the bus, with all that it has there.
     [[nodiscard]] bool isThere() const;
     /// start(), and waits until it answers on the bus.
-    [[nodiscard]] std::unique_ptr<Application> startAndWait(const QStringList &arguments = {
-                                                                QStringLiteral("--hidden")});
+    [[nodiscard]] std::unique_ptr<Application> startAndWait(const QStringList &arguments = {u"--hidden"_s});
     /// A command, while the test's own objects on the bus answer.
     [[nodiscard]] CommandRun command(const QStringList &arguments, const QByteArray &input = {});
 

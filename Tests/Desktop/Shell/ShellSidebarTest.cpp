@@ -2,14 +2,16 @@
 
 #include "ShellSession.h"
 
-#include "App/Control/ControlService.h"
 #include "App/Command/Services.h"
+#include "App/Control/ControlService.h"
 #include "Platform/Bus/SessionBus.h"
 #include "Support/WaitFor.h"
 #include "Views/Settings/AdvancedModel.h"
 #include "Views/Sidebar/SidebarModel.h"
 
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -23,8 +25,7 @@ class ShellSidebarTest : public ShellTest
         if (IsSkipped() || HasFatalFailure()) {
             return;
         }
-        qputenv("DBUS_SESSION_BUS_ADDRESS",
-                session.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")).toUtf8());
+        qputenv("DBUS_SESSION_BUS_ADDRESS", session.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s).toUtf8());
         m_bus = std::make_unique<SessionBus>();
         m_control = std::make_unique<ControlService>(*m_bus);
         ASSERT_EQ(m_control->claim(), ControlService::Claim::Owned);
@@ -62,35 +63,34 @@ class ShellSidebarTest : public ShellTest
 
 TEST_F(ShellSidebarTest, aKeyThatIsSetIsNotMissingAnyMore)
 {
-    EXPECT_TRUE(isMissing(QStringList{QStringLiteral("Gemini")}));
-    ASSERT_EQ(command({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status, 0);
+    EXPECT_TRUE(isMissing(QStringList{u"Gemini"_s}));
+    ASSERT_EQ(command({u"key"_s, u"set"_s, u"gemini"_s}, "KEY").status, 0);
     EXPECT_TRUE(isMissing(QStringList()));
-    ASSERT_EQ(command({QStringLiteral("key"), QStringLiteral("delete"), QStringLiteral("gemini")}).status, 0);
-    EXPECT_TRUE(isMissing(QStringList{QStringLiteral("Gemini")}));
+    ASSERT_EQ(command({u"key"_s, u"delete"_s, u"gemini"_s}).status, 0);
+    EXPECT_TRUE(isMissing(QStringList{u"Gemini"_s}));
 }
 
 TEST_F(ShellSidebarTest, settingsArriveInTheWindows)
 {
     const auto set = [this](const char *key, const char *value) {
-        return command({QStringLiteral("settings"), QLatin1String(key), QLatin1String(value)}).status;
+        return command({u"settings"_s, QLatin1String(key), QLatin1String(value)}).status;
     };
     ASSERT_EQ(set("providerOverride", "openai"), 0);
     ASSERT_EQ(set("selectedModel_openai", "gpt-image-1"), 0);
     ASSERT_EQ(set("fourKEnabled", "on"), 0);
-    EXPECT_EQ(sidebar.upscaleHint(), QStringLiteral("+ Gemini 4K"));
-    const QStringList both{QStringLiteral("OpenAI"), QStringLiteral("Gemini (for 4K upscale)")};
+    EXPECT_EQ(sidebar.upscaleHint(), u"+ Gemini 4K"_s);
+    const QStringList both{u"OpenAI"_s, u"Gemini (for 4K upscale)"_s};
     EXPECT_TRUE(isMissing(both));
     ASSERT_EQ(set("upscaleMethod", "local"), 0);
-    EXPECT_EQ(sidebar.upscaleHint(), QStringLiteral("+ Local 4K"));
-    EXPECT_TRUE(isMissing(QStringList{QStringLiteral("OpenAI")}));
+    EXPECT_EQ(sidebar.upscaleHint(), u"+ Local 4K"_s);
+    EXPECT_TRUE(isMissing(QStringList{u"OpenAI"_s}));
     EXPECT_EQ(advanced.upscaleMethodIndex(), 1);
-    ASSERT_EQ(command({QStringLiteral("settings"), QStringLiteral("--unset"), QStringLiteral("upscaleMethod")}).status,
-              0);
+    ASSERT_EQ(command({u"settings"_s, u"--unset"_s, u"upscaleMethod"_s}).status, 0);
     EXPECT_EQ(advanced.upscaleMethodIndex(), 0);
     EXPECT_TRUE(isMissing(both));
     ASSERT_EQ(set("selectedModel_openai", "gpt-image-2"), 0);
     EXPECT_EQ(sidebar.upscaleHint(), QString());
-    EXPECT_TRUE(isMissing(QStringList{QStringLiteral("OpenAI")}));
+    EXPECT_TRUE(isMissing(QStringList{u"OpenAI"_s}));
 }
 
 } // namespace quorvane

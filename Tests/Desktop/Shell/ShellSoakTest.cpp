@@ -15,6 +15,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -55,7 +57,7 @@ class ShellSoakTest : public ShellTest
     {
         QString missing = PrivateSway::missingProgram();
         if (missing.isEmpty()) {
-            missing = firstMissing({QStringLiteral("strace")});
+            missing = firstMissing({u"strace"_s});
         }
         if (!missing.isEmpty()) {
             GTEST_SKIP() << missing.toStdString() << " is not installed";
@@ -67,22 +69,20 @@ class ShellSoakTest : public ShellTest
         sway = std::make_unique<PrivateSway>(QList<QSize>{{1280, 800}});
         ASSERT_TRUE(sway->isReady());
         QProcessEnvironment &environment = session.environment();
-        environment.insert(QStringLiteral("WAYLAND_DISPLAY"), sway->runtimeFolder() + QStringLiteral("/wayland-1"));
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
-        environment.remove(QStringLiteral("QT_QUICK_BACKEND")); // As the program itself chooses.
+        environment.insert(u"WAYLAND_DISPLAY"_s, sway->runtimeFolder() + u"/wayland-1"_s);
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
+        environment.remove(u"QT_QUICK_BACKEND"_s); // As the program itself chooses.
         service.setPictureMaker([](const QString & /*prompt*/, QSize /*size*/) {
             QImage image(960, 540, QImage::Format_RGB32);
             image.fill(Qt::darkCyan);
             return image;
         });
-        ASSERT_EQ(command({QStringLiteral("key"), QStringLiteral("set"), QStringLiteral("gemini")}, "KEY").status, 0);
-        ASSERT_EQ(command({QStringLiteral("settings"), QStringLiteral("lastPrompt"), QStringLiteral("a lake")}).status,
-                  0);
-        ASSERT_EQ(
-            command({QStringLiteral("settings"), QStringLiteral("intervalMinutes"), QStringLiteral("1440")}).status, 0);
-        ASSERT_EQ(command({QStringLiteral("auto"), QStringLiteral("on")}).status, 0);
+        ASSERT_EQ(command({u"key"_s, u"set"_s, u"gemini"_s}, "KEY").status, 0);
+        ASSERT_EQ(command({u"settings"_s, u"lastPrompt"_s, u"a lake"_s}).status, 0);
+        ASSERT_EQ(command({u"settings"_s, u"intervalMinutes"_s, u"1440"_s}).status, 0);
+        ASSERT_EQ(command({u"auto"_s, u"on"_s}).status, 0);
         application = startAndWait();
-        ASSERT_TRUE(property(QStringLiteral("AutoEnabled")).toBool());
+        ASSERT_TRUE(property(u"AutoEnabled"_s).toBool());
     }
 
     void note(const char *what) const { print(what, memory(), descriptorsOf(application->pid())); }
@@ -90,21 +90,20 @@ class ShellSoakTest : public ShellTest
 
     [[nodiscard]] bool hasWindow() const
     {
-        return outputOf(QStringLiteral("swaymsg"), {QStringLiteral("-rt"), QStringLiteral("get_tree")},
-                        sway->clientEnvironment())
+        return outputOf(u"swaymsg"_s, {u"-rt"_s, u"get_tree"_s}, sway->clientEnvironment())
             .contains("app.quorvane.Quorvane");
     }
     void openWindow()
     {
-        (void)call(Control::objectPath(), Control::applicationInterface(), QStringLiteral("Activate"), {QVariantMap()});
+        (void)call(Control::objectPath(), Control::applicationInterface(), u"Activate"_s, {QVariantMap()});
         ASSERT_TRUE(waitFor([this] { return hasWindow(); }));
     }
     void closeWindow()
     {
-        (void)outputOf(QStringLiteral("swaymsg"), {QStringLiteral("[title=\".*\"] kill")}, sway->clientEnvironment());
+        (void)outputOf(u"swaymsg"_s, {u"[title=\".*\"] kill"_s}, sway->clientEnvironment());
         ASSERT_TRUE(waitFor([this] { return !hasWindow(); }));
         // An answer says that what the close left to do is done.
-        (void)property(QStringLiteral("Status"));
+        (void)property(u"Status"_s);
     }
 
     /// After windows or pictures: the pages of files go last.
@@ -118,8 +117,8 @@ class ShellSoakTest : public ShellTest
     {
         for (int each = 0; each < times; ++each) {
             const QDBusMessage reply =
-                call(Control::objectPath(), Control::interfaceName(), QStringLiteral("Generate"), {QVariantMap()});
-            ASSERT_TRUE(reply.arguments().value(0).toString().contains(QStringLiteral("Wallpaper set!")))
+                call(Control::objectPath(), Control::interfaceName(), u"Generate"_s, {QVariantMap()});
+            ASSERT_TRUE(reply.arguments().value(0).toString().contains(u"Wallpaper set!"_s))
                 << reply.arguments().value(0).toString().toStdString() << reply.errorMessage().toStdString();
         }
     }
@@ -127,12 +126,11 @@ class ShellSoakTest : public ShellTest
     /// Looks on for two minutes, or ten seconds: the system calls that all threads made.
     [[nodiscard]] QByteArrayList callsWhileIdle() const
     {
-        const QString log = session.home().path() + QStringLiteral("/calls");
+        const QString log = session.home().path() + u"/calls"_s;
         const std::chrono::seconds duration(isFull() ? 120 : 10);
         const qint64 ticks = processorTicksOf(application->pid());
         QProcess strace;
-        strace.start(QStringLiteral("strace"), {QStringLiteral("-f"), QStringLiteral("-o"), log, QStringLiteral("-p"),
-                                                QString::number(application->pid())});
+        strace.start(u"strace"_s, {u"-f"_s, u"-o"_s, log, u"-p"_s, QString::number(application->pid())});
         EXPECT_TRUE(waitFor([&] { return strace.readAllStandardError().contains("attached"); }));
         (void)waitFor([&strace] { return strace.state() == QProcess::NotRunning; }, duration);
         EXPECT_EQ(strace.state(), QProcess::Running) << strace.readAllStandardError().constData();

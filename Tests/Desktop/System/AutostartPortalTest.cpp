@@ -7,12 +7,14 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 // The Background portal as a sandboxed program sees it, played by an object of the test's own on a private bus.
 namespace quorvane {
 
 namespace {
 
-const QString kPortal = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString kPortal = u"org.freedesktop.portal.Desktop"_s;
 
 /// Keeps an autostart entry as the portal does: what a request does not name is ended by it.
 class Portal : public QDBusVirtualObject
@@ -24,31 +26,29 @@ class Portal : public QDBusVirtualObject
         : m_bus(std::move(bus))
         , m_user(user)
     {
-        EXPECT_TRUE(m_bus.registerVirtualObject(QStringLiteral("/org/freedesktop/portal/desktop"), this));
+        EXPECT_TRUE(m_bus.registerVirtualObject(u"/org/freedesktop/portal/desktop"_s, this));
         EXPECT_TRUE(m_bus.registerService(kPortal));
     }
 
     [[nodiscard]] QString introspect(const QString & /*path*/) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
     {
-        if (message.interface() != QLatin1String("org.freedesktop.portal.Background") ||
-            message.member() != QLatin1String("RequestBackground") || message.signature() != QLatin1String("sa{sv}")) {
+        if (message.interface() != "org.freedesktop.portal.Background"_L1 ||
+            message.member() != "RequestBackground"_L1 || message.signature() != "sa{sv}"_L1) {
             return false;
         }
         options = qdbus_cast<QVariantMap>(message.arguments().at(1));
         QString sender = message.service().mid(1);
-        sender.replace(QLatin1Char('.'), QLatin1Char('_'));
-        const QString path =
-            QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2")
-                .arg(sender, options.value(QStringLiteral("handle_token"), QStringLiteral("none")).toString());
+        sender.replace('.'_L1, '_'_L1);
+        const QString path = u"/org/freedesktop/portal/desktop/request/%1/%2"_s.arg(
+            sender, options.value(u"handle_token"_s, u"none"_s).toString());
         // The signal may come before the reply.
         if (m_user != User::SaysNothing) {
-            hasEntry = m_user == User::Agrees && options.value(QStringLiteral("autostart")).toBool();
-            QDBusMessage response = QDBusMessage::createSignal(path, QStringLiteral("org.freedesktop.portal.Request"),
-                                                               QStringLiteral("Response"));
-            response.setArguments(
-                {m_user == User::Agrees ? 0U : 1U, QVariantMap{{QStringLiteral("background"), m_user == User::Agrees},
-                                                               {QStringLiteral("autostart"), hasEntry}}});
+            hasEntry = m_user == User::Agrees && options.value(u"autostart"_s).toBool();
+            QDBusMessage response =
+                QDBusMessage::createSignal(path, u"org.freedesktop.portal.Request"_s, u"Response"_s);
+            response.setArguments({m_user == User::Agrees ? 0U : 1U,
+                                   QVariantMap{{u"background"_s, m_user == User::Agrees}, {u"autostart"_s, hasEntry}}});
             connection.send(response);
         }
         return connection.send(message.createReply(QVariant::fromValue(QDBusObjectPath(path))));
@@ -77,11 +77,11 @@ class AutostartPortal : public testing::Test
     [[nodiscard]] std::optional<QString> ask(Autostart autostart,
                                              std::chrono::milliseconds limit = std::chrono::seconds(20)) const
     {
-        const QString address = m_session.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+        const QString address = m_session.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s);
         return askPortalForAutostart(QDBusConnection::connectToBus(address, m_name), autostart, limit);
     }
 
-    const QString m_name = QStringLiteral("the sandboxed program");
+    const QString m_name = u"the sandboxed program"_s;
     mutable KeyringSession m_session;
 };
 
@@ -92,18 +92,17 @@ TEST_F(AutostartPortal, isSwitchedOnAndOff)
     const Portal portal(m_session.connection(), Portal::User::Agrees);
     EXPECT_EQ(ask(Autostart::On), std::nullopt);
     EXPECT_TRUE(portal.hasEntry);
-    EXPECT_EQ(portal.options.value(QStringLiteral("commandline")).toStringList(),
-              (QStringList{QStringLiteral("quorvane"), QStringLiteral("--hidden")}));
+    EXPECT_EQ(portal.options.value(u"commandline"_s).toStringList(), (QStringList{u"quorvane"_s, u"--hidden"_s}));
     EXPECT_EQ(ask(Autostart::Off), std::nullopt);
     EXPECT_FALSE(portal.hasEntry);
     // Said, not left out.
-    EXPECT_EQ(portal.options.value(QStringLiteral("autostart")).typeId(), QMetaType::Bool);
+    EXPECT_EQ(portal.options.value(u"autostart"_s).typeId(), QMetaType::Bool);
 }
 
 TEST_F(AutostartPortal, aRefusalIsAProblemOnlyForOn)
 {
     const Portal portal(m_session.connection(), Portal::User::Refuses);
-    EXPECT_EQ(ask(Autostart::On), QStringLiteral("the desktop did not allow the change"));
+    EXPECT_EQ(ask(Autostart::On), u"the desktop did not allow the change"_s);
     EXPECT_EQ(ask(Autostart::Off), std::nullopt);
 }
 
@@ -118,7 +117,7 @@ TEST_F(AutostartPortal, anUnansweredQuestionEnds)
 {
     const Portal portal(m_session.connection(), Portal::User::SaysNothing);
     EXPECT_EQ(ask(Autostart::On, std::chrono::milliseconds(100)),
-              QStringLiteral("the desktop did not answer whether Quorvane may start with the session"));
+              u"the desktop did not answer whether Quorvane may start with the session"_s);
 }
 
 } // namespace quorvane

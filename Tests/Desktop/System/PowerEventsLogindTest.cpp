@@ -16,13 +16,15 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
-const QString kLogind = QStringLiteral("org.freedesktop.login1");
-const QString kStranger = QStringLiteral("a stranger");
-const QString kOurs = QStringLiteral("ours");
+const QString kLogind = u"org.freedesktop.login1"_s;
+const QString kStranger = u"a stranger"_s;
+const QString kOurs = u"ours"_s;
 
 /// A "system" bus of the test's own, and a logind that is its name and its signal.
 class PowerEventsLogindTest : public testing::Test
@@ -30,21 +32,19 @@ class PowerEventsLogindTest : public testing::Test
   protected:
     void SetUp() override
     {
-        if (!firstMissing({QStringLiteral("dbus-daemon")}).isEmpty()) {
+        if (!firstMissing({u"dbus-daemon"_s}).isEmpty()) {
             GTEST_SKIP() << "dbus-daemon is not installed";
         }
-        m_environment.insert(QStringLiteral("PATH"), qEnvironmentVariable("PATH"));
-        const QStringList options{QStringLiteral("--session"), QStringLiteral("--nofork"),
-                                  QStringLiteral("--print-address=1"),
-                                  QStringLiteral("--address=unix:dir=") + m_folder.path()};
-        m_bus = std::make_unique<OwnedProgram>(QStringLiteral("dbus-daemon"), options, m_environment, m_folder.path());
+        m_environment.insert(u"PATH"_s, qEnvironmentVariable("PATH"));
+        const QStringList options{u"--session"_s, u"--nofork"_s, u"--print-address=1"_s,
+                                  u"--address=unix:dir="_s + m_folder.path()};
+        m_bus = std::make_unique<OwnedProgram>(u"dbus-daemon"_s, options, m_environment, m_folder.path());
         m_address = QString::fromUtf8(m_bus->readLine());
         ASSERT_FALSE(m_address.isEmpty()) << m_bus->errors().constData();
         ASSERT_TRUE(QDBusConnection::connectToBus(m_address, kStranger).isConnected());
         m_events = std::make_unique<PowerEventsLogind>(QDBusConnection::connectToBus(m_address, kOurs));
         m_wakings = std::make_unique<QSignalSpy>(m_events.get(), &PowerEvents::woke);
-        ASSERT_TRUE(QDBusConnection(kOurs).connect(QString(), QString(), QString(), QStringLiteral("Last"), &m_last,
-                                                   SLOT(quit())));
+        ASSERT_TRUE(QDBusConnection(kOurs).connect(QString(), QString(), QString(), u"Last"_s, &m_last, SLOT(quit())));
         // The bus has heard of both connections once it has answered something later.
         ASSERT_FALSE(QDBusConnection(kOurs).interface()->isServiceRegistered(kLogind).value());
     }
@@ -71,22 +71,22 @@ class PowerEventsLogindTest : public testing::Test
 
     static void send(const QString &sender, const QString &name, const QVariantList &arguments = {})
     {
-        QDBusMessage signal = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/login1"),
-                                                         QStringLiteral("org.freedesktop.login1.Manager"), name);
+        QDBusMessage signal =
+            QDBusMessage::createSignal(u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s, name);
         signal.setArguments(arguments);
         ASSERT_TRUE(QDBusConnection(sender).send(signal));
     }
 
     static void tell(bool isStarting, const QString &sender = kLogind)
     {
-        send(sender, QStringLiteral("PrepareForSleep"), {isStarting});
+        send(sender, u"PrepareForSleep"_s, {isStarting});
     }
 
     /// How often we were woken by everything that sender told before; negative when that never arrived.
     [[nodiscard]] qsizetype wakings(const QString &sender = kLogind)
     {
         // A bus keeps the order of what one sends, so what comes last comes after everything before it.
-        send(sender, QStringLiteral("Last"));
+        send(sender, u"Last"_s);
         QTimer::singleShot(std::chrono::seconds(20), &m_last, [this] { m_last.exit(1); });
         return m_last.exec() == 0 ? m_wakings->count() : -1;
     }
@@ -94,9 +94,8 @@ class PowerEventsLogindTest : public testing::Test
     /// The first line of the program that listens to the system bus of its environment.
     [[nodiscard]] QByteArray probe(const QString &address)
     {
-        m_environment.insert(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"), address);
-        return OwnedProgram(QStringLiteral(SYSTEM_EVENTS_PROBE), {QStringLiteral("power")}, m_environment,
-                            m_folder.path())
+        m_environment.insert(u"DBUS_SYSTEM_BUS_ADDRESS"_s, address);
+        return OwnedProgram(QStringLiteral(SYSTEM_EVENTS_PROBE), {u"power"_s}, m_environment, m_folder.path())
             .readLine();
     }
 
@@ -147,8 +146,8 @@ TEST_F(PowerEventsLogindTest, nobodyElseCanWakeUs)
 TEST_F(PowerEventsLogindTest, aSignalOfAnotherShapeIsIgnored)
 {
     startLogind();
-    send(kLogind, QStringLiteral("PrepareForSleep"));
-    send(kLogind, QStringLiteral("PrepareForSleep"), {QStringLiteral("false")});
+    send(kLogind, u"PrepareForSleep"_s);
+    send(kLogind, u"PrepareForSleep"_s, {u"false"_s});
     EXPECT_EQ(wakings(), 0);
     tell(false);
     EXPECT_EQ(wakings(), 1);
@@ -161,32 +160,28 @@ TEST_F(PowerEventsLogindTest, theSystemBusOfTheEnvironmentIsListenedTo)
 
 TEST_F(PowerEventsLogindTest, withoutASystemBusThereIsNothingToListenTo)
 {
-    EXPECT_EQ(probe(QStringLiteral("unix:path=/nonexistent/bus")), "none");
+    EXPECT_EQ(probe(u"unix:path=/nonexistent/bus"_s), "none");
 }
 
 /// The mock that other programs are tested with sends the signal by a call.
 TEST_F(PowerEventsLogindTest, theCommonMockOfLogindWakesUsToo)
 {
-    const QString python = QStringLiteral("/usr/bin/python3");
-    m_environment.insert(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"), m_address);
-    if (outputOf(python, {QStringLiteral("-c"), QStringLiteral("import dbusmock")}, m_environment).isNull()) {
+    const QString python = u"/usr/bin/python3"_s;
+    m_environment.insert(u"DBUS_SYSTEM_BUS_ADDRESS"_s, m_address);
+    if (outputOf(python, {u"-c"_s, u"import dbusmock"_s}, m_environment).isNull()) {
         GTEST_SKIP() << "python3-dbusmock is not installed";
     }
     QEventLoop appeared;
     QDBusServiceWatcher watcher(kLogind, QDBusConnection(kOurs), QDBusServiceWatcher::WatchForRegistration);
     QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &appeared, [&appeared] { appeared.quit(); });
     QTimer::singleShot(std::chrono::seconds(20), &appeared, [&appeared] { appeared.exit(1); });
-    const OwnedProgram mock(python,
-                            {QStringLiteral("-m"), QStringLiteral("dbusmock"), QStringLiteral("--system"),
-                             QStringLiteral("--template"), QStringLiteral("logind")},
+    const OwnedProgram mock(python, {u"-m"_s, u"dbusmock"_s, u"--system"_s, u"--template"_s, u"logind"_s},
                             m_environment, m_folder.path());
     ASSERT_EQ(appeared.exec(), 0);
 
-    QDBusMessage emission =
-        QDBusMessage::createMethodCall(kLogind, QStringLiteral("/org/freedesktop/login1"),
-                                       QStringLiteral("org.freedesktop.DBus.Mock"), QStringLiteral("EmitSignal"));
-    emission.setArguments({QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("PrepareForSleep"),
-                           QStringLiteral("b"), QVariantList{false}});
+    QDBusMessage emission = QDBusMessage::createMethodCall(kLogind, u"/org/freedesktop/login1"_s,
+                                                           u"org.freedesktop.DBus.Mock"_s, u"EmitSignal"_s);
+    emission.setArguments({u"org.freedesktop.login1.Manager"_s, u"PrepareForSleep"_s, u"b"_s, QVariantList{false}});
     // The mock has its name a moment before it has its objects.
     ASSERT_TRUE(waitFor([&] { return QDBusConnection(kOurs).call(emission).type() == QDBusMessage::ReplyMessage; }));
     EXPECT_TRUE(waitFor([this] { return m_wakings->count() == 1; }));

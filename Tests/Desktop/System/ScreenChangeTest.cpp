@@ -12,6 +12,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -29,13 +31,13 @@ class ScreenChangeTest : public testing::Test
         EXPECT_TRUE(positionPicture(kSource, kMark).save(picture()));
     }
 
-    [[nodiscard]] QString picture() const { return m_folder.filePath(QStringLiteral("picture.png")); }
+    [[nodiscard]] QString picture() const { return m_folder.filePath(u"picture.png"_s); }
 
     void keep(QProcessEnvironment environment, const QString &platform, OwnedProgram::User user)
     {
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), platform);
+        environment.insert(u"QT_QPA_PLATFORM"_s, platform);
         m_keeper = std::make_unique<OwnedProgram>(QStringLiteral(WALLPAPER_KEEPER), QStringList{picture()}, environment,
-                                                  QStringLiteral("/"), user);
+                                                  u"/"_s, user);
         ASSERT_EQ(m_keeper->readLine(), "Wallpaper set!") << m_keeper->errors().constData();
     }
 
@@ -64,12 +66,12 @@ TEST_F(ScreenChangeTest, aScreenThatIsUnpluggedAndComesBackShowsThePictureOnSway
     ASSERT_TRUE(outer.isReady());
     const NestedSway sway(outer, 2);
     ASSERT_TRUE(sway.isReady());
-    keep(sway.clientEnvironment(), QStringLiteral("wayland"), OwnedProgram::User::NotRoot);
-    EXPECT_EQ(waitForPicture([&] { return sway.screenshot(QStringLiteral("WL-2")); }), QString());
-    ASSERT_TRUE(sway.unplug(QStringLiteral("WL-2")));
+    keep(sway.clientEnvironment(), u"wayland"_s, OwnedProgram::User::NotRoot);
+    EXPECT_EQ(waitForPicture([&] { return sway.screenshot(u"WL-2"_s); }), QString());
+    ASSERT_TRUE(sway.unplug(u"WL-2"_s));
     ASSERT_TRUE(sway.plugIn());
-    EXPECT_EQ(waitForPicture([&] { return sway.screenshot(QStringLiteral("WL-3")); }), QString());
-    EXPECT_EQ(waitForPicture([&] { return sway.screenshot(QStringLiteral("WL-1")); }), QString());
+    EXPECT_EQ(waitForPicture([&] { return sway.screenshot(u"WL-3"_s); }), QString());
+    EXPECT_EQ(waitForPicture([&] { return sway.screenshot(u"WL-1"_s); }), QString());
 }
 
 TEST_F(ScreenChangeTest, aMonitorThatIsAddedShowsThePictureOnX11)
@@ -82,10 +84,10 @@ TEST_F(ScreenChangeTest, aMonitorThatIsAddedShowsThePictureOnX11)
     constexpr QRect kRight(800, 100, 400, 600);
     PrivateXServer server(QSize(1200, 700));
     ASSERT_TRUE(server.isReady());
-    ASSERT_TRUE(server.addMonitor(QStringLiteral("LEFT"), kLeft));
-    keep(server.clientEnvironment(), QStringLiteral("xcb"), OwnedProgram::User::Same);
+    ASSERT_TRUE(server.addMonitor(u"LEFT"_s, kLeft));
+    keep(server.clientEnvironment(), u"xcb"_s, OwnedProgram::User::Same);
     EXPECT_EQ(waitForPicture([&] { return server.rootWindow().copy(kLeft); }), QString());
-    ASSERT_TRUE(server.addMonitor(QStringLiteral("RIGHT"), kRight));
+    ASSERT_TRUE(server.addMonitor(u"RIGHT"_s, kRight));
     EXPECT_EQ(waitForPicture([&] { return server.rootWindow().copy(kRight); }), QString());
 }
 
@@ -97,18 +99,18 @@ TEST_F(ScreenChangeTest, aPictureOnSurfacesOfOurOwnIsShownAgainWhenTheApplicatio
     }
     const PrivateSway sway({QSize(800, 450)});
     ASSERT_TRUE(sway.isReady());
-    const QString screen = QStringLiteral("HEADLESS-1");
+    const QString screen = u"HEADLESS-1"_s;
     const QImage empty = sway.screenshot(screen);
     QProcessEnvironment environment = sway.clientEnvironment();
-    environment.insert(QStringLiteral("QUORVANE_DESKTOP"), QStringLiteral("layer-shell"));
-    keep(environment, QStringLiteral("wayland"), OwnedProgram::User::NotRoot);
+    environment.insert(u"QUORVANE_DESKTOP"_s, u"layer-shell"_s);
+    keep(environment, u"wayland"_s, OwnedProgram::User::NotRoot);
     EXPECT_EQ(waitForPicture([&] { return sway.screenshot(screen); }), QString());
     m_keeper.reset();
     ASSERT_TRUE(waitFor([&] { return sway.screenshot(screen) == empty; }));
 
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
-    m_keeper = std::make_unique<OwnedProgram>(QStringLiteral(WALLPAPER_KEEPER), QStringList(), environment,
-                                              QStringLiteral("/"), OwnedProgram::User::NotRoot);
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
+    m_keeper = std::make_unique<OwnedProgram>(QStringLiteral(WALLPAPER_KEEPER), QStringList(), environment, u"/"_s,
+                                              OwnedProgram::User::NotRoot);
     EXPECT_EQ(waitForPicture([&] { return sway.screenshot(screen); }), QString());
 }
 

@@ -11,6 +11,8 @@
 #include <memory>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -25,9 +27,9 @@ constexpr QRect kRight(800, 100, 400, 600);
 std::unique_ptr<OwnedProgram> probe(QProcessEnvironment environment, const QString &platform,
                                     OwnedProgram::User user = OwnedProgram::User::Same)
 {
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), platform);
-    return std::make_unique<OwnedProgram>(QStringLiteral(SYSTEM_EVENTS_PROBE), QStringList{QStringLiteral("screens")},
-                                          environment, QStringLiteral("/"), user);
+    environment.insert(u"QT_QPA_PLATFORM"_s, platform);
+    return std::make_unique<OwnedProgram>(QStringLiteral(SYSTEM_EVENTS_PROBE), QStringList{u"screens"_s}, environment,
+                                          u"/"_s, user);
 }
 
 class ScreensX11Test : public testing::Test
@@ -43,11 +45,11 @@ class ScreensX11Test : public testing::Test
         ASSERT_TRUE(m_server->isReady());
     }
 
-    void listen() { m_probe = probe(m_server->clientEnvironment(), QStringLiteral("xcb")); }
+    void listen() { m_probe = probe(m_server->clientEnvironment(), u"xcb"_s); }
 
     [[nodiscard]] bool xrandr(const QStringList &arguments) const
     {
-        return !outputOf(QStringLiteral("xrandr"), arguments, m_server->clientEnvironment()).isNull();
+        return !outputOf(u"xrandr"_s, arguments, m_server->clientEnvironment()).isNull();
     }
 
     std::unique_ptr<PrivateXServer> m_server;
@@ -73,12 +75,12 @@ class ScreensSwayTest : public testing::Test
 
     void listen(const QProcessEnvironment &environment)
     {
-        m_probe = probe(environment, QStringLiteral("wayland"), OwnedProgram::User::NotRoot);
+        m_probe = probe(environment, u"wayland"_s, OwnedProgram::User::NotRoot);
     }
 
     [[nodiscard]] bool command(const QString &text) const
     {
-        return !outputOf(QStringLiteral("swaymsg"), {text}, m_sway->clientEnvironment()).isNull();
+        return !outputOf(u"swaymsg"_s, {text}, m_sway->clientEnvironment()).isNull();
     }
 
     std::unique_ptr<PrivateSway> m_sway;
@@ -95,14 +97,14 @@ TEST(Screens, aProgramWithoutWindowsHasNone)
 
 TEST_F(ScreensX11Test, monitorsThatComeAndGoAreEachToldOnce)
 {
-    ASSERT_TRUE(m_server->addMonitor(QStringLiteral("LEFT"), kLeft));
+    ASSERT_TRUE(m_server->addMonitor(u"LEFT"_s, kLeft));
     listen();
     ASSERT_EQ(m_probe->readLine(), "0 LEFT=800x450+0+0") << m_probe->errors().constData();
-    ASSERT_TRUE(m_server->addMonitor(QStringLiteral("RIGHT"), kRight));
+    ASSERT_TRUE(m_server->addMonitor(u"RIGHT"_s, kRight));
     EXPECT_EQ(m_probe->readLine(), "1 LEFT=800x450+0+0 RIGHT=400x600+800+100");
-    ASSERT_TRUE(xrandr({QStringLiteral("--delmonitor"), QStringLiteral("RIGHT")}));
+    ASSERT_TRUE(xrandr({u"--delmonitor"_s, u"RIGHT"_s}));
     EXPECT_EQ(m_probe->readLine(), "2 LEFT=800x450+0+0");
-    ASSERT_TRUE(m_server->addMonitor(QStringLiteral("RIGHT"), kRight));
+    ASSERT_TRUE(m_server->addMonitor(u"RIGHT"_s, kRight));
     EXPECT_EQ(m_probe->readLine(), "3 LEFT=800x450+0+0 RIGHT=400x600+800+100");
 }
 
@@ -110,13 +112,12 @@ TEST_F(ScreensX11Test, aNewModeIsToldOnce)
 {
     listen();
     ASSERT_EQ(m_probe->readLine(), "0 screen=1200x700+0+0") << m_probe->errors().constData();
-    const QString timing = QStringLiteral("--newmode small 48 800 840 900 1000 600 620 640 800");
-    ASSERT_TRUE(xrandr(timing.split(QLatin1Char(' '))));
-    ASSERT_TRUE(xrandr({QStringLiteral("--addmode"), QStringLiteral("screen"), QStringLiteral("small")}));
+    const QString timing = u"--newmode small 48 800 840 900 1000 600 620 640 800"_s;
+    ASSERT_TRUE(xrandr(timing.split(' '_L1)));
+    ASSERT_TRUE(xrandr({u"--addmode"_s, u"screen"_s, u"small"_s}));
     for (const auto &[mode, line] :
          {std::pair("small", "1 screen=800x600+0+0"), std::pair("1200x700", "2 screen=1200x700+0+0")}) {
-        ASSERT_TRUE(xrandr({QStringLiteral("--output"), QStringLiteral("screen"), QStringLiteral("--mode"),
-                            QString::fromLatin1(mode)}));
+        ASSERT_TRUE(xrandr({u"--output"_s, u"screen"_s, u"--mode"_s, QString::fromLatin1(mode)}));
         EXPECT_EQ(m_probe->readLine(), line);
     }
 }
@@ -126,12 +127,12 @@ TEST_F(ScreensSwayTest, newScreensModesAndScalesAreEachToldOnce)
     start({QSize(800, 600)});
     listen(m_sway->clientEnvironment());
     ASSERT_EQ(m_probe->readLine(), "0 HEADLESS-1=800x600+0+0") << m_probe->errors().constData();
-    ASSERT_TRUE(command(QStringLiteral("output HEADLESS-1 mode 1000x500")));
+    ASSERT_TRUE(command(u"output HEADLESS-1 mode 1000x500"_s));
     EXPECT_EQ(m_probe->readLine(), "1 HEADLESS-1=1000x500+0+0");
-    ASSERT_TRUE(command(QStringLiteral("output HEADLESS-1 scale 2")));
+    ASSERT_TRUE(command(u"output HEADLESS-1 scale 2"_s));
     EXPECT_EQ(m_probe->readLine(), "2 HEADLESS-1=500x250+0+0");
-    ASSERT_TRUE(command(QStringLiteral("output HEADLESS-2 mode 640x480 position 2000 0")));
-    ASSERT_TRUE(command(QStringLiteral("create_output")));
+    ASSERT_TRUE(command(u"output HEADLESS-2 mode 640x480 position 2000 0"_s));
+    ASSERT_TRUE(command(u"create_output"_s));
     EXPECT_EQ(m_probe->readLine(), "3 HEADLESS-1=500x250+0+0 HEADLESS-2=640x480+2000+0");
 }
 
@@ -143,14 +144,13 @@ TEST_F(ScreensSwayTest, aBurstOfChangesIsToldOnceAtItsEndAndABackgroundIsNone)
         << m_probe->errors().constData();
     SwaySocket socket(m_sway->socketPath(), QDeadlineTimer(std::chrono::seconds(20)));
     for (int width = 500; width < 900; width += 20) {
-        const QString change =
-            QStringLiteral("output HEADLESS-1 mode %1x600; output HEADLESS-2 position %1 0").arg(width);
+        const QString change = u"output HEADLESS-1 mode %1x600; output HEADLESS-2 position %1 0"_s.arg(width);
         ASSERT_TRUE(socket.ask(SwaySocket::Message::RunCommand, change.toUtf8())) << socket.error().toStdString();
     }
     EXPECT_EQ(m_probe->readLine(), "1 HEADLESS-1=880x600+0+0 HEADLESS-2=400x300+880+0");
     // Whoever answers a change with a background must not be told of a change for it.
-    ASSERT_TRUE(command(QStringLiteral("output * bg #204060 solid_color")));
-    ASSERT_TRUE(command(QStringLiteral("output HEADLESS-1 scale 2")));
+    ASSERT_TRUE(command(u"output * bg #204060 solid_color"_s));
+    ASSERT_TRUE(command(u"output HEADLESS-1 scale 2"_s));
     EXPECT_EQ(m_probe->readLine(), "2 HEADLESS-1=440x300+0+0 HEADLESS-2=400x300+880+0");
 }
 
@@ -168,14 +168,14 @@ TEST_F(ScreensSwayTest, unpluggedScreensThatComeBackAreTold)
         return words.join(' ');
     };
     ASSERT_EQ(names(), "0 WL-1 WL-2") << m_probe->errors().constData();
-    ASSERT_TRUE(m_inner->unplug(QStringLiteral("WL-2")));
+    ASSERT_TRUE(m_inner->unplug(u"WL-2"_s));
     EXPECT_EQ(names(), "1 WL-1");
     ASSERT_TRUE(m_inner->plugIn());
     EXPECT_EQ(names(), "2 WL-1 WL-3");
-    ASSERT_TRUE(m_inner->unplug(QStringLiteral("WL-1")));
+    ASSERT_TRUE(m_inner->unplug(u"WL-1"_s));
     EXPECT_EQ(names(), "3 WL-3");
     // The last one, which leaves a placeholder that must not be told as a screen.
-    ASSERT_TRUE(m_inner->unplug(QStringLiteral("WL-3")));
+    ASSERT_TRUE(m_inner->unplug(u"WL-3"_s));
     EXPECT_EQ(names(), "4");
     ASSERT_TRUE(m_inner->plugIn());
     EXPECT_EQ(names(), "5 WL-4");

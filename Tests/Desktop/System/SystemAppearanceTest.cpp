@@ -13,14 +13,16 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 using ColorScheme = Appearance::ColorScheme;
 
-const QString kCommon = QStringLiteral("org.freedesktop.appearance");
-const QString kScheme = QStringLiteral("color-scheme");
+const QString kCommon = u"org.freedesktop.appearance"_s;
+const QString kScheme = u"color-scheme"_s;
 
 PortalSettings with(const char *space, const char *key, const QVariant &value)
 {
@@ -35,25 +37,24 @@ class Portal : public QDBusVirtualObject
         : m_bus(std::move(bus))
         , m_settings(std::move(settings))
     {
-        m_bus.registerVirtualObject(QStringLiteral("/org/freedesktop/portal/desktop"), this);
-        EXPECT_TRUE(m_bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+        m_bus.registerVirtualObject(u"/org/freedesktop/portal/desktop"_s, this);
+        EXPECT_TRUE(m_bus.registerService(u"org.freedesktop.portal.Desktop"_s));
     }
     ~Portal() override
     {
-        m_bus.unregisterService(QStringLiteral("org.freedesktop.portal.Desktop"));
-        m_bus.unregisterObject(QStringLiteral("/org/freedesktop/portal/desktop"));
+        m_bus.unregisterService(u"org.freedesktop.portal.Desktop"_s);
+        m_bus.unregisterObject(u"/org/freedesktop/portal/desktop"_s);
     }
     [[nodiscard]] QString introspect(const QString & /*path*/) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
     {
-        return message.member() == QLatin1String("ReadAll") &&
+        return message.member() == "ReadAll"_L1 &&
                connection.send(message.createReply(QVariant::fromValue(m_settings)));
     }
     void set(const QString &space, const QString &key, const QVariant &value)
     {
-        QDBusMessage signal = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/portal/desktop"),
-                                                         QStringLiteral("org.freedesktop.portal.Settings"),
-                                                         QStringLiteral("SettingChanged"));
+        QDBusMessage signal = QDBusMessage::createSignal(u"/org/freedesktop/portal/desktop"_s,
+                                                         u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
         signal.setArguments({space, key, QVariant::fromValue(QDBusVariant(value))});
         EXPECT_TRUE(m_bus.send(signal));
     }
@@ -69,8 +70,8 @@ class Files : public QDBusVirtualObject
   public:
     explicit Files(QDBusConnection bus)
     {
-        bus.registerVirtualObject(QStringLiteral("/org/freedesktop/FileManager1"), this);
-        EXPECT_TRUE(bus.registerService(QStringLiteral("org.freedesktop.FileManager1")));
+        bus.registerVirtualObject(u"/org/freedesktop/FileManager1"_s, this);
+        EXPECT_TRUE(bus.registerService(u"org.freedesktop.FileManager1"_s));
     }
     [[nodiscard]] QString introspect(const QString & /*path*/) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
@@ -101,22 +102,21 @@ TEST(AppearanceOf, readsWhatEachDesktopSays)
     EXPECT_FALSE(isReduced("org.freedesktop.appearance", "reduced-motion", 0U));
     EXPECT_TRUE(isReduced("org.gnome.desktop.interface", "enable-animations", false));
     EXPECT_FALSE(isReduced("org.gnome.desktop.interface", "enable-animations", true));
-    EXPECT_TRUE(isReduced("org.kde.kdeglobals.KDE", "AnimationDurationFactor", QStringLiteral("0")));
-    EXPECT_FALSE(isReduced("org.kde.kdeglobals.KDE", "AnimationDurationFactor", QStringLiteral("0.5")));
-    EXPECT_FALSE(isReduced("org.kde.kdeglobals.KDE", "AnimationDurationFactor", QStringLiteral("nonsense")));
+    EXPECT_TRUE(isReduced("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"0"_s));
+    EXPECT_FALSE(isReduced("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"0.5"_s));
+    EXPECT_FALSE(isReduced("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"nonsense"_s));
 }
 
 TEST(SettingsInFiles, areThoseOfPlasmaAndOfGtk)
 {
     const PrivateHome home;
     EXPECT_EQ(settingsInFiles(), PortalSettings());
-    ASSERT_TRUE(QDir().mkpath(home.path() + QStringLiteral("/.config/gtk-4.0")));
-    ASSERT_TRUE(putFile(home.path() + QStringLiteral("/.config/kdeglobals"), "[KDE]\nAnimationDurationFactor=0\n"));
+    ASSERT_TRUE(QDir().mkpath(home.path() + u"/.config/gtk-4.0"_s));
+    ASSERT_TRUE(putFile(home.path() + u"/.config/kdeglobals"_s, "[KDE]\nAnimationDurationFactor=0\n"));
     EXPECT_TRUE(appearanceOf(settingsInFiles()).reducesMotion);
-    ASSERT_TRUE(putFile(home.path() + QStringLiteral("/.config/kdeglobals"), "[KDE]\nAnimationDurationFactor=0.5\n"));
+    ASSERT_TRUE(putFile(home.path() + u"/.config/kdeglobals"_s, "[KDE]\nAnimationDurationFactor=0.5\n"));
     EXPECT_FALSE(appearanceOf(settingsInFiles()).reducesMotion);
-    ASSERT_TRUE(putFile(home.path() + QStringLiteral("/.config/gtk-4.0/settings.ini"),
-                        "[Settings]\ngtk-enable-animations=false\n"));
+    ASSERT_TRUE(putFile(home.path() + u"/.config/gtk-4.0/settings.ini"_s, "[Settings]\ngtk-enable-animations=false\n"));
     EXPECT_TRUE(appearanceOf(settingsInFiles()).reducesMotion);
 }
 
@@ -131,8 +131,7 @@ class SystemAppearanceTest : public testing::Test
         }
         qDBusRegisterMetaType<PortalSettings>();
         ASSERT_TRUE(session.startBus());
-        qputenv("DBUS_SESSION_BUS_ADDRESS",
-                session.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")).toLocal8Bit());
+        qputenv("DBUS_SESSION_BUS_ADDRESS", session.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s).toLocal8Bit());
     }
     ~SystemAppearanceTest() override { qunsetenv("DBUS_SESSION_BUS_ADDRESS"); }
 
@@ -147,7 +146,7 @@ TEST_F(SystemAppearanceTest, itFollowsThePortalWhileItLives)
     portal.set(kCommon, kScheme, 2U);
     EXPECT_TRUE(waitFor([&] { return system.appearance().colorScheme == ColorScheme::Light; }));
     EXPECT_FALSE(system.appearance().reducesMotion);
-    portal.set(QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("enable-animations"), false);
+    portal.set(u"org.gnome.desktop.interface"_s, u"enable-animations"_s, false);
     EXPECT_TRUE(waitFor([&] { return system.appearance().reducesMotion; }));
     EXPECT_EQ(system.appearance().colorScheme, ColorScheme::Light);
 }
@@ -158,7 +157,7 @@ TEST_F(SystemAppearanceTest, settingsOfOtherProgramsAreNoNews)
     const SystemAppearance system;
     int changes = 0;
     QObject::connect(&system, &SystemAppearance::changed, [&changes] { ++changes; });
-    portal.set(QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("font-name"), QStringLiteral("Sans 11"));
+    portal.set(u"org.gnome.desktop.interface"_s, u"font-name"_s, u"Sans 11"_s);
     portal.set(kCommon, kScheme, 1U);
     EXPECT_TRUE(waitFor([&] { return system.appearance().colorScheme == ColorScheme::Dark; }));
     EXPECT_EQ(changes, 1);
@@ -168,29 +167,28 @@ TEST_F(SystemAppearanceTest, aFileManagerIsAskedToShowTheFile)
 {
     const Files files(session.connection());
     FileManager manager;
-    manager.show(QStringLiteral("/tmp/a lake #1.png"));
-    ASSERT_TRUE(waitFor([&] { return files.asked.member() == QLatin1String("ShowItems"); }));
-    EXPECT_EQ(files.asked.arguments().at(0).toStringList(),
-              QStringList{QStringLiteral("file:///tmp/a%20lake%20%231.png")});
-    EXPECT_EQ(files.asked.signature(), QStringLiteral("ass"));
+    manager.show(u"/tmp/a lake #1.png"_s);
+    ASSERT_TRUE(waitFor([&] { return files.asked.member() == "ShowItems"_L1; }));
+    EXPECT_EQ(files.asked.arguments().at(0).toStringList(), QStringList{u"file:///tmp/a%20lake%20%231.png"_s});
+    EXPECT_EQ(files.asked.signature(), u"ass"_s);
 }
 
 TEST_F(SystemAppearanceTest, withoutAFileManagerOnTheBusTheFolderIsOpened)
 {
     const QString folder = session.home().path();
-    ASSERT_TRUE(QDir().mkpath(folder + QStringLiteral("/bin")));
-    const QString opener = folder + QStringLiteral("/bin/xdg-open");
+    ASSERT_TRUE(QDir().mkpath(folder + u"/bin"_s));
+    const QString opener = folder + u"/bin/xdg-open"_s;
     ASSERT_TRUE(
         putFile(opener, "#!/bin/sh\nprintf %s \"$1\" > \"$HOME/part\" && mv \"$HOME/part\" \"$HOME/opened\"\n"));
     ASSERT_TRUE(QFile::setPermissions(opener, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     const QByteArray before = qgetenv("PATH");
-    qputenv("PATH", (folder + QStringLiteral("/bin:")).toLocal8Bit() + before);
+    qputenv("PATH", (folder + u"/bin:"_s).toLocal8Bit() + before);
     FileManager manager;
-    manager.show(folder + QStringLiteral("/Pictures/one.png"));
-    const QString opened = folder + QStringLiteral("/opened");
+    manager.show(folder + u"/Pictures/one.png"_s);
+    const QString opened = folder + u"/opened"_s;
     EXPECT_TRUE(waitFor([&] { return QFile::exists(opened); }));
     qputenv("PATH", before);
-    EXPECT_EQ(contentOf(opened), (folder + QStringLiteral("/Pictures")).toLocal8Bit());
+    EXPECT_EQ(contentOf(opened), (folder + u"/Pictures"_s).toLocal8Bit());
 }
 
 } // namespace quorvane

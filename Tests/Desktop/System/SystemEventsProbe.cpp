@@ -12,6 +12,8 @@
 #include <cstdio>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace quorvane;
@@ -28,8 +30,7 @@ void printScreens(int changes)
     for (const QScreen *screen : QGuiApplication::screens()) {
         const QRect area = screen->geometry();
         if (!screen->name().isEmpty() && !area.isEmpty()) {
-            screens.append(QStringLiteral("%1=%2x%3+%4+%5")
-                               .arg(screen->name())
+            screens.append(u"%1=%2x%3+%4+%5"_s.arg(screen->name())
                                .arg(area.width())
                                .arg(area.height())
                                .arg(area.x())
@@ -37,7 +38,7 @@ void printScreens(int changes)
         }
     }
     screens.sort();
-    print(QStringLiteral("%1 %2").arg(changes).arg(screens.join(QLatin1Char(' '))).trimmed());
+    print(u"%1 %2"_s.arg(changes).arg(screens.join(' '_L1)).trimmed());
 }
 
 int runScreens()
@@ -58,6 +59,6 @@ int main(int argc, char **argv)
         return runScreens();
     }
     const QCoreApplication application(argc, argv);
-    print(makePowerEvents() ? QStringLiteral("ready") : QStringLiteral("none"));
+    print(makePowerEvents() ? u"ready"_s : u"none"_s);
     return 0;
 }

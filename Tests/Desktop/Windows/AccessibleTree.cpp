@@ -5,6 +5,8 @@
 #include <QDBusVariant>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -41,10 +43,9 @@ bool AccessibleTree::connectToBus()
         return true;
     }
     const QDBusMessage ask =
-        QDBusMessage::createMethodCall(QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
-                                       QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress"));
+        QDBusMessage::createMethodCall(u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.a11y.Bus"_s, u"GetAddress"_s);
     m_address = m_session.call(ask).arguments().value(0).toString();
-    const QString name = QStringLiteral("accessibility at ") + m_address;
+    const QString name = u"accessibility at "_s + m_address;
     if (m_address.isEmpty() || !QDBusConnection::connectToBus(m_address, name).isConnected()) {
         return false;
     }
@@ -112,9 +113,9 @@ QString AccessibleTree::addressOfEvents()
         return {};
     }
     // Programs send what somebody listens to.
-    const QVariantList all{QStringLiteral("object:"), QStringList(), QString()};
-    (void)call(QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("/org/a11y/atspi/registry"),
-               "org.a11y.atspi.Registry", "RegisterEvent", all);
+    const QVariantList all{u"object:"_s, QStringList(), QString()};
+    (void)call(u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/registry"_s, "org.a11y.atspi.Registry", "RegisterEvent",
+               all);
     return m_address;
 }
 
@@ -122,8 +123,7 @@ QList<AccessibleElement> AccessibleTree::elements()
 {
     QList<AccessibleElement> found;
     if (connectToBus()) {
-        collect(QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("/org/a11y/atspi/accessible/root"), 0,
-                &found);
+        collect(u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/accessible/root"_s, 0, &found);
     }
     return found;
 }

@@ -9,6 +9,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Receiver final : public QRasterWindow
@@ -20,10 +22,10 @@ class Receiver final : public QRasterWindow
         case QEvent::DragEnter:
         case QEvent::DragMove:
             take(static_cast<QDropEvent *>(event));
-            setTitle(QStringLiteral("something is over it"));
+            setTitle(u"something is over it"_s);
             return true;
         case QEvent::DragLeave:
-            setTitle(QStringLiteral("nothing is over it"));
+            setTitle(u"nothing is over it"_s);
             return true;
         case QEvent::Drop:
             take(static_cast<QDropEvent *>(event));
@@ -39,11 +41,11 @@ class Receiver final : public QRasterWindow
     static void take(QDropEvent *event)
     {
         event->setDropAction(Qt::CopyAction);
-        event->setAccepted(event->mimeData()->hasFormat(QStringLiteral("text/uri-list")));
+        event->setAccepted(event->mimeData()->hasFormat(u"text/uri-list"_s));
     }
     static void tell(const QDropEvent &event)
     {
-        const QByteArray list = event.mimeData()->data(QStringLiteral("text/uri-list"));
+        const QByteArray list = event.mimeData()->data(u"text/uri-list"_s);
         std::printf("%s %s\n", event.possibleActions() == Qt::CopyAction ? "copy" : "more than copy",
                     list.trimmed().constData());
         std::fflush(stdout);
@@ -57,14 +59,14 @@ int main(int argc, char **argv)
     const QGuiApplication application(argc, argv);
     Receiver window;
     window.setFlags(Qt::FramelessWindowHint);
-    if (QGuiApplication::arguments().contains(QStringLiteral("panel"))) {
+    if (QGuiApplication::arguments().contains(u"panel"_s)) {
         constexpr int kDock = 4;
         window.setProperty("_q_xcb_wm_window_type", kDock);
         window.setGeometry(1280, 0, 800, 24);
     } else {
         window.setGeometry(1000, 300, 180, 180);
     }
-    window.setTitle(QStringLiteral("nothing is over it"));
+    window.setTitle(u"nothing is over it"_s);
     window.show();
     return QCoreApplication::exec();
 }

@@ -26,17 +26,18 @@
 #include <algorithm>
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
-const QString kButton = QStringLiteral("push button");
+const QString kButton = u"push button"_s;
 
 /// Whether a window of the program has the keyboard, as sway has it.
 bool isFocused(const QJsonObject &node)
 {
-    if (node[QLatin1String("focused")].toBool() &&
-        node[QLatin1String("app_id")].toString() == QLatin1String("app.quorvane.Quorvane")) {
+    if (node["focused"_L1].toBool() && node["app_id"_L1].toString() == "app.quorvane.Quorvane"_L1) {
         return true;
     }
     for (const char *kind : {"nodes", "floating_nodes"}) {
@@ -58,11 +59,11 @@ class WindowTest : public testing::Test
     [[nodiscard]] static QString missing(const QStringList &programs)
     {
         if (AccessibleTree::launcher().isEmpty()) {
-            return QStringLiteral("at-spi2-core is not installed");
+            return u"at-spi2-core is not installed"_s;
         }
         const QString bus = whyNoBus();
         const QString program = firstMissing(programs);
-        return !bus.isEmpty() ? bus : program.isEmpty() ? QString() : program + QStringLiteral(" is not installed");
+        return !bus.isEmpty() ? bus : program.isEmpty() ? QString() : program + u" is not installed"_s;
     }
 
     /// The program with its window, as a client of a display.
@@ -75,27 +76,24 @@ class WindowTest : public testing::Test
                 environment.insert(QLatin1String(name), display.value(QLatin1String(name)));
             }
         }
-        if (display.contains(QStringLiteral("WAYLAND_DISPLAY"))) {
+        if (display.contains(u"WAYLAND_DISPLAY"_s)) {
             // A full path, because the session has a run-time folder of its own.
-            environment.insert(QStringLiteral("WAYLAND_DISPLAY"), display.value(QStringLiteral("XDG_RUNTIME_DIR")) +
-                                                                      QLatin1Char('/') +
-                                                                      display.value(QStringLiteral("WAYLAND_DISPLAY")));
+            environment.insert(u"WAYLAND_DISPLAY"_s,
+                               display.value(u"XDG_RUNTIME_DIR"_s) + '/'_L1 + display.value(u"WAYLAND_DISPLAY"_s));
         }
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QLatin1String(platform));
-        environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
-        environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
-        environment.insert(QStringLiteral("QUORVANE_WALLPAPER_COMMAND"), QStringLiteral("/bin/true"));
-        environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+        environment.insert(u"QT_QPA_PLATFORM"_s, QLatin1String(platform));
+        environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
+        environment.insert(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, u"1"_s);
+        environment.insert(u"QUORVANE_WALLPAPER_COMMAND"_s, u"/bin/true"_s);
+        environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
         const QString folder = session.home().path();
-        accessibility.emplace(AccessibleTree::launcher(), QStringList{QStringLiteral("--launch-immediately")},
-                              environment, folder);
+        accessibility.emplace(AccessibleTree::launcher(), QStringList{u"--launch-immediately"_s}, environment, folder);
         tree.emplace(session.connection());
-        ASSERT_TRUE(waitFor([&] {
-            return session.connection().interface()->isServiceRegistered(QStringLiteral("org.a11y.Bus")).value();
-        }));
+        ASSERT_TRUE(
+            waitFor([&] { return session.connection().interface()->isServiceRegistered(u"org.a11y.Bus"_s).value(); }));
         ASSERT_NO_FATAL_FAILURE(prepareDisplay());
         program.emplace(QStringLiteral(QUORVANE_PROGRAM), QStringList(), environment, folder);
-        ASSERT_TRUE(comes(kButton, QStringLiteral("Generate & Set Wallpaper"))) << program->errors().constData();
+        ASSERT_TRUE(comes(kButton, u"Generate & Set Wallpaper"_s)) << program->errors().constData();
     }
 
     /// What is to be there before the program, in the session's environment.
@@ -137,7 +135,7 @@ class WindowTest : public testing::Test
     [[nodiscard]] bool isChosen(const char *picker, const char *choice)
     {
         return waitFor([&] {
-            const auto found = tree->find(QStringLiteral("combo box"), QLatin1String(picker));
+            const auto found = tree->find(u"combo box"_s, QLatin1String(picker));
             return found && found->description == QLatin1String(choice);
         });
     }
@@ -149,21 +147,18 @@ class WindowTest : public testing::Test
     /// Opens the album, and the picture in it.
     void openPreview()
     {
-        press([](const QString &name) { return name == QLatin1String("a lake, 1 picture"); });
+        press([](const QString &name) { return name == "a lake, 1 picture"_L1; });
         // The tile of the picture is the one that is named after its prompt and its date.
-        press([](const QString &name) {
-            return name.startsWith(QLatin1String("a lake, ")) && name != QLatin1String("a lake, 1 picture");
-        });
+        press([](const QString &name) { return name.startsWith("a lake, "_L1) && name != "a lake, 1 picture"_L1; });
     }
 
     void openSettings()
     {
         QDBusMessage open = QDBusMessage::createMethodCall(Control::busName(), Control::objectPath(),
-                                                           QStringLiteral("org.freedesktop.Application"),
-                                                           QStringLiteral("ActivateAction"));
-        open.setArguments({QStringLiteral("settings"), QVariantList(), QVariantMap()});
+                                                           u"org.freedesktop.Application"_s, u"ActivateAction"_s);
+        open.setArguments({u"settings"_s, QVariantList(), QVariantMap()});
         EXPECT_EQ(session.connection().call(open).type(), QDBusMessage::ReplyMessage);
-        ASSERT_TRUE(comes(QStringLiteral("text"), QStringLiteral("Gemini API Key")));
+        ASSERT_TRUE(comes(u"text"_s, u"Gemini API Key"_s));
     }
 
     static void putPicture(const QString &prompt)
@@ -173,7 +168,7 @@ class WindowTest : public testing::Test
         QImage image(400, 400, QImage::Format_RGB32);
         image.fill(Qt::red);
         EXPECT_TRUE(image.save(&buffer, "PNG"));
-        ImageStore::savePrompt(prompt, ImageStore::saveImage(QStringLiteral("one.png"), bytes).value_or(QString()));
+        ImageStore::savePrompt(prompt, ImageStore::saveImage(u"one.png"_s, bytes).value_or(QString()));
     }
 
     KeyringSession session;
@@ -187,12 +182,12 @@ class X11WindowTest : public WindowTest
   protected:
     void SetUp() override
     {
-        const QString reason = missing({QStringLiteral("Xvfb"), QStringLiteral("xdotool")});
+        const QString reason = missing({u"Xvfb"_s, u"xdotool"_s});
         if (!reason.isEmpty()) {
             GTEST_SKIP() << reason.toStdString();
         }
         ASSERT_NO_FATAL_FAILURE(startServer());
-        putPicture(QStringLiteral("a lake"));
+        putPicture(u"a lake"_s);
     }
 
     virtual void startServer()
@@ -204,15 +199,14 @@ class X11WindowTest : public WindowTest
     /// What xdotool does with these arguments; it must end well.
     void act(const QStringList &arguments) const
     {
-        EXPECT_FALSE(outputOf(QStringLiteral("xdotool"), arguments, server->clientEnvironment()).isNull())
-            << arguments.join(QLatin1Char(' ')).toStdString();
+        EXPECT_FALSE(outputOf(u"xdotool"_s, arguments, server->clientEnvironment()).isNull())
+            << arguments.join(' '_L1).toStdString();
     }
     void click(const QString &role, const QString &name)
     {
         ASSERT_TRUE(comes(role, name)) << name.toStdString();
         const QPoint middle = tree->areaOf(*tree->find(role, name)).center();
-        act({QStringLiteral("mousemove"), QString::number(middle.x()), QString::number(middle.y()),
-             QStringLiteral("click"), QStringLiteral("1")});
+        act({u"mousemove"_s, QString::number(middle.x()), QString::number(middle.y()), u"click"_s, u"1"_s});
     }
 
     std::unique_ptr<PrivateXServer> server;
@@ -231,70 +225,69 @@ TEST_F(X11WindowTest, aScreenReaderFindsTheControlsByRoleNameAndState)
                                      {"push button", "a lake, 1 picture"}}) {
         EXPECT_TRUE(comes(QLatin1String(role), QString::fromUtf8(name))) << role << ' ' << name;
     }
-    const auto prompt = tree->find(QStringLiteral("text"), QStringLiteral("Prompt"));
+    const auto prompt = tree->find(u"text"_s, u"Prompt"_s);
     ASSERT_TRUE(prompt.has_value());
     EXPECT_TRUE(prompt->has(AccessibleElement::Focusable) && prompt->has(AccessibleElement::Editable));
     // Whatever can be used has a name.
     for (const AccessibleElement &each : tree->elements()) {
-        const bool isControl = each.role == kButton || each.role == QLatin1String("check box") ||
-                               each.role == QLatin1String("text") || each.role == QLatin1String("combo box");
+        const bool isControl = each.role == kButton || each.role == "check box"_L1 || each.role == "text"_L1 ||
+                               each.role == "combo box"_L1;
         EXPECT_FALSE(isControl && each.name.isEmpty()) << each.role.toStdString() << ' ' << each.path.toStdString();
     }
 }
 
 TEST_F(X11WindowTest, aStoredKeyIsToldToNobody)
 {
-    Keychain::save(QStringLiteral("SECRET-KEY"), QStringLiteral("gemini"));
+    Keychain::save(u"SECRET-KEY"_s, u"gemini"_s);
     start(server->clientEnvironment(), "xcb");
     openSettings();
-    EXPECT_TRUE(comes(QStringLiteral("text"), QStringLiteral("OpenAI API Key")));
-    EXPECT_TRUE(comes(kButton, QStringLiteral("Update")));
+    EXPECT_TRUE(comes(u"text"_s, u"OpenAI API Key"_s));
+    EXPECT_TRUE(comes(kButton, u"Update"_s));
     for (const AccessibleElement &each : tree->elements()) {
-        EXPECT_FALSE((each.name + each.text + each.description).contains(QLatin1String("SECRET-KEY")))
-            << each.role.toStdString();
+        EXPECT_FALSE((each.name + each.text + each.description).contains("SECRET-KEY"_L1)) << each.role.toStdString();
     }
 }
 
 TEST_F(X11WindowTest, thePointerAndTheKeyboardReachTheControls)
 {
     start(server->clientEnvironment(), "xcb");
-    click(QStringLiteral("text"), QStringLiteral("Prompt"));
-    act({QStringLiteral("type"), QStringLiteral("a quiet hill")});
+    click(u"text"_s, u"Prompt"_s);
+    act({u"type"_s, u"a quiet hill"_s});
     EXPECT_TRUE(waitFor([&] {
-        const auto prompt = tree->find(QStringLiteral("text"), QStringLiteral("Prompt"));
-        return prompt && prompt->text == QLatin1String("a quiet hill");
+        const auto prompt = tree->find(u"text"_s, u"Prompt"_s);
+        return prompt && prompt->text == "a quiet hill"_L1;
     }));
-    click(QStringLiteral("check box"), QStringLiteral("4K resolution"));
+    click(u"check box"_s, u"4K resolution"_s);
     EXPECT_TRUE(waitFor([&] {
-        const auto toggle = tree->find(QStringLiteral("check box"), QStringLiteral("4K resolution"));
+        const auto toggle = tree->find(u"check box"_s, u"4K resolution"_s);
         return toggle && toggle->has(AccessibleElement::Checked);
     }));
-    click(kButton, QStringLiteral("a lake, 1 picture"));
-    EXPECT_TRUE(comes(kButton, QStringLiteral("Use Prompt")));
-    act({QStringLiteral("key"), QStringLiteral("Escape")});
-    EXPECT_TRUE(comes(kButton, QStringLiteral("a lake, 1 picture")));
+    click(kButton, u"a lake, 1 picture"_s);
+    EXPECT_TRUE(comes(kButton, u"Use Prompt"_s));
+    act({u"key"_s, u"Escape"_s});
+    EXPECT_TRUE(comes(kButton, u"a lake, 1 picture"_s));
 }
 
 TEST_F(X11WindowTest, aScreenReaderPressesTheControls)
 {
     start(server->clientEnvironment(), "xcb");
     const auto isChecked = [&](const char *name) {
-        const auto toggle = tree->find(QStringLiteral("check box"), QLatin1String(name));
+        const auto toggle = tree->find(u"check box"_s, QLatin1String(name));
         return toggle && toggle->has(AccessibleElement::Checked);
     };
     for (const char *name : {"4K resolution", "Auto-generate"}) {
         ASSERT_FALSE(isChecked(name)) << name;
-        EXPECT_TRUE(tree->press(*tree->find(QStringLiteral("check box"), QLatin1String(name))));
+        EXPECT_TRUE(tree->press(*tree->find(u"check box"_s, QLatin1String(name))));
         EXPECT_TRUE(waitFor([&] { return isChecked(name); })) << name;
     }
     openPreview();
-    press([](const QString &name) { return name == QLatin1String("Unfavorite") || name == QLatin1String("Favorite"); });
-    press([](const QString &name) { return name == QLatin1String("Close"); });
-    EXPECT_TRUE(waitFor([&] { return !tree->find(kButton, QStringLiteral("Close")); }));
-    press([](const QString &name) { return name == QLatin1String("Albums"); });
-    press([](const QString &name) { return name.startsWith(QLatin1String("Favorites, 1")); });
-    press([](const QString &name) { return name == QLatin1String("Menu"); });
-    EXPECT_TRUE(comes(QStringLiteral("menu item"), QStringLiteral("Settings...")));
+    press([](const QString &name) { return name == "Unfavorite"_L1 || name == "Favorite"_L1; });
+    press([](const QString &name) { return name == "Close"_L1; });
+    EXPECT_TRUE(waitFor([&] { return !tree->find(kButton, u"Close"_s); }));
+    press([](const QString &name) { return name == "Albums"_L1; });
+    press([](const QString &name) { return name.startsWith("Favorites, 1"_L1); });
+    press([](const QString &name) { return name == "Menu"_L1; });
+    EXPECT_TRUE(comes(u"menu item"_s, u"Settings..."_s));
 }
 
 TEST_F(X11WindowTest, aScreenReaderPressesMenuLinesTabsAndPickers)
@@ -302,16 +295,16 @@ TEST_F(X11WindowTest, aScreenReaderPressesMenuLinesTabsAndPickers)
     start(server->clientEnvironment(), "xcb");
     press("push button", "Menu");
     press("menu item", "Settings...");
-    EXPECT_TRUE(comes(QStringLiteral("text"), QStringLiteral("Gemini API Key")));
-    EXPECT_TRUE(waitFor([&] { return !tree->find(QStringLiteral("menu item"), QStringLiteral("Settings...")); }));
+    EXPECT_TRUE(comes(u"text"_s, u"Gemini API Key"_s));
+    EXPECT_TRUE(waitFor([&] { return !tree->find(u"menu item"_s, u"Settings..."_s); }));
     press("page tab", "Advanced");
-    EXPECT_TRUE(waitFor([&] { return !tree->find(QStringLiteral("text"), QStringLiteral("Gemini API Key")); }));
+    EXPECT_TRUE(waitFor([&] { return !tree->find(u"text"_s, u"Gemini API Key"_s); }));
     EXPECT_TRUE(isChosen("Provider", "Auto"));
     press("combo box", "Provider");
     press("list item", "OpenAI");
     EXPECT_TRUE(isChosen("Provider", "OpenAI"));
     press("page tab", "API Keys");
-    EXPECT_TRUE(comes(QStringLiteral("text"), QStringLiteral("Gemini API Key")));
+    EXPECT_TRUE(comes(u"text"_s, u"Gemini API Key"_s));
 
     press("check box", "Auto-generate");
     press("combo box", "Every");
@@ -319,57 +312,55 @@ TEST_F(X11WindowTest, aScreenReaderPressesMenuLinesTabsAndPickers)
     EXPECT_TRUE(isChosen("Every", "2 hours"));
     press("push button", "Menu");
     press("menu item", "Auto-Generate");
-    EXPECT_TRUE(waitFor([&] { return !tree->find(QStringLiteral("combo box"), QStringLiteral("Every")); }));
+    EXPECT_TRUE(waitFor([&] { return !tree->find(u"combo box"_s, u"Every"_s); }));
 }
 
 TEST_F(X11WindowTest, whatLiesUnderThePreviewIsNotReadOutAndNotPressed)
 {
     start(server->clientEnvironment(), "xcb");
     press("push button", "a lake, 1 picture");
-    const auto tile = button([](const QString &name) {
-        return name.startsWith(QLatin1String("a lake, ")) && name != QLatin1String("a lake, 1 picture");
-    });
+    const auto tile =
+        button([](const QString &name) { return name.startsWith("a lake, "_L1) && name != "a lake, 1 picture"_L1; });
     ASSERT_TRUE(tile && tree->press(*tile));
-    EXPECT_TRUE(comes(kButton, QStringLiteral("Close")));
+    EXPECT_TRUE(comes(kButton, u"Close"_s));
     const auto count = [&](const QString &name) {
         const QList<AccessibleElement> all = tree->elements();
         return std::count_if(all.begin(), all.end(), [&](const AccessibleElement &each) {
             return each.name == name && each.role == kButton && each.has(AccessibleElement::Showing);
         });
     };
-    EXPECT_TRUE(waitFor([&] { return count(QStringLiteral("Use Prompt")) == 1; }));
-    EXPECT_EQ(count(QStringLiteral("Albums")), 0);
+    EXPECT_TRUE(waitFor([&] { return count(u"Use Prompt"_s) == 1; }));
+    EXPECT_EQ(count(u"Albums"_s), 0);
     EXPECT_EQ(count(tile->name), 0);
     // A reader that still knows them gets nothing done by pressing.
     press("push button", "Favorite");
-    EXPECT_TRUE(comes(kButton, QStringLiteral("Unfavorite")));
+    EXPECT_TRUE(comes(kButton, u"Unfavorite"_s));
     press("push button", "Close");
-    EXPECT_TRUE(waitFor([&] { return count(tile->name) == 1 && count(QStringLiteral("Use Prompt")) == 1; }));
-    EXPECT_EQ(count(QStringLiteral("Albums")), 1);
+    EXPECT_TRUE(waitFor([&] { return count(tile->name) == 1 && count(u"Use Prompt"_s) == 1; }));
+    EXPECT_EQ(count(u"Albums"_s), 1);
 }
 
 TEST_F(X11WindowTest, aDisabledButtonSaysSoAndIsNotPressed)
 {
     start(server->clientEnvironment(), "xcb");
     openSettings();
-    EXPECT_FALSE(isEnabled(QStringLiteral("Save")));
-    EXPECT_FALSE(isEnabled(QStringLiteral("Generate & Set Wallpaper")));
-    (void)tree->press(*tree->find(kButton, QStringLiteral("Save")));
+    EXPECT_FALSE(isEnabled(u"Save"_s));
+    EXPECT_FALSE(isEnabled(u"Generate & Set Wallpaper"_s));
+    (void)tree->press(*tree->find(kButton, u"Save"_s));
     EXPECT_TRUE(session.keyFile().isNull());
-    click(QStringLiteral("text"), QStringLiteral("Gemini API Key"));
-    act({QStringLiteral("type"), QStringLiteral("a-key")});
-    EXPECT_TRUE(waitFor([&] { return isEnabled(QStringLiteral("Save")); }));
+    click(u"text"_s, u"Gemini API Key"_s);
+    act({u"type"_s, u"a-key"_s});
+    EXPECT_TRUE(waitFor([&] { return isEnabled(u"Save"_s); }));
     press("push button", "Save");
-    EXPECT_TRUE(comes(kButton, QStringLiteral("Update")));
+    EXPECT_TRUE(comes(kButton, u"Update"_s));
     EXPECT_TRUE(session.keyFile().contains("a-key"));
 }
 
 TEST_F(X11WindowTest, aKeyThatIsTypedIsToldToNobodyEither)
 {
     start(server->clientEnvironment(), "xcb");
-    OwnedProgram monitor(QStringLiteral("dbus-monitor"),
-                         {QStringLiteral("--address"), tree->addressOfEvents(),
-                          QStringLiteral("interface='org.a11y.atspi.Event.Object'")},
+    OwnedProgram monitor(u"dbus-monitor"_s,
+                         {u"--address"_s, tree->addressOfEvents(), u"interface='org.a11y.atspi.Event.Object'"_s},
                          session.environment(), session.home().path());
     const auto saidUntil = [&](const char *last) {
         QByteArray said;
@@ -382,15 +373,14 @@ TEST_F(X11WindowTest, aKeyThatIsTypedIsToldToNobodyEither)
         ADD_FAILURE() << "nobody said " << last << ": " << said.constData();
         return said;
     };
-    click(QStringLiteral("text"), QStringLiteral("Prompt"));
+    click(u"text"_s, u"Prompt"_s);
     (void)saidUntil("string \"focused\"");
     openSettings();
-    click(QStringLiteral("text"), QStringLiteral("Gemini API Key"));
-    act({QStringLiteral("type"), QStringLiteral("ZZZZ")});
-    ASSERT_TRUE(waitFor([&] { return isEnabled(QStringLiteral("Save")); }));
+    click(u"text"_s, u"Gemini API Key"_s);
+    act({u"type"_s, u"ZZZZ"_s});
+    ASSERT_TRUE(waitFor([&] { return isEnabled(u"Save"_s); }));
     for (const AccessibleElement &each : tree->elements()) {
-        EXPECT_FALSE((each.name + each.text + each.description).contains(QLatin1String("ZZ")))
-            << each.role.toStdString();
+        EXPECT_FALSE((each.name + each.text + each.description).contains("ZZ"_L1)) << each.role.toStdString();
     }
     press("check box", "4K resolution");
     EXPECT_FALSE(saidUntil("string \"checked\"").contains('Z'));
@@ -406,28 +396,23 @@ class X11DropTest : public X11WindowTest
         ASSERT_TRUE(waitFor([&] { return server->rootWindow().pixelColor(kTarget) == QColor(Qt::blue); }))
             << receiver->errors().constData();
     }
-    void moveTo(QPoint place) const
-    {
-        act({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
-    }
+    void moveTo(QPoint place) const { act({u"mousemove"_s, QString::number(place.x()), QString::number(place.y())}); }
     /// Takes what is at a place and lets it go over the other program; what that was given.
     [[nodiscard]] QByteArray dropped(QPoint from)
     {
         moveTo(from);
-        act({QStringLiteral("mousedown"), QStringLiteral("1")});
+        act({u"mousedown"_s, u"1"_s});
         // It is carried once the pointer has gone some way, and is over the other program with the first move there.
         moveTo(from + QPoint(20, 5));
         moveTo(from + QPoint(40, 10));
         int step = 0;
         EXPECT_TRUE(waitFor([&] {
             moveTo(kTarget + QPoint(++step % 20, 0));
-            return !outputOf(
-                        QStringLiteral("xdotool"),
-                        {QStringLiteral("search"), QStringLiteral("--name"), QStringLiteral("something is over it")},
-                        server->clientEnvironment())
+            return !outputOf(u"xdotool"_s, {u"search"_s, u"--name"_s, u"something is over it"_s},
+                             server->clientEnvironment())
                         .isEmpty();
         }));
-        act({QStringLiteral("mouseup"), QStringLiteral("1")});
+        act({u"mouseup"_s, u"1"_s});
         return receiver->readLine().trimmed();
     }
     [[nodiscard]] static QByteArray copyOfPicture()
@@ -443,13 +428,12 @@ TEST_F(X11DropTest, aTileGivesItsFileToTheProgramItIsDroppedOn)
 {
     start(server->clientEnvironment(), "xcb");
     press("push button", "a lake, 1 picture");
-    const auto tile = button([](const QString &name) {
-        return name.startsWith(QLatin1String("a lake, ")) && name != QLatin1String("a lake, 1 picture");
-    });
+    const auto tile =
+        button([](const QString &name) { return name.startsWith("a lake, "_L1) && name != "a lake, 1 picture"_L1; });
     ASSERT_TRUE(tile.has_value());
     EXPECT_EQ(dropped(tree->areaOf(*tile).topLeft() + QPoint(60, 80)), copyOfPicture());
     // It was a drag and no click, and the next one works as well.
-    EXPECT_FALSE(tree->find(kButton, QStringLiteral("Close")));
+    EXPECT_FALSE(tree->find(kButton, u"Close"_s));
     EXPECT_EQ(dropped(tree->areaOf(*tile).topLeft() + QPoint(60, 80)), copyOfPicture());
 }
 
@@ -459,7 +443,7 @@ TEST_F(X11DropTest, thePreviewGivesItsFileToTheProgramItIsDroppedOn)
     openPreview();
     ASSERT_TRUE(waitFor([&] { return server->rootWindow().pixelColor(620, 300) == QColor(Qt::red); }));
     EXPECT_EQ(dropped({620, 300}), copyOfPicture());
-    EXPECT_TRUE(comes(kButton, QStringLiteral("Close")));
+    EXPECT_TRUE(comes(kButton, u"Close"_s));
 }
 
 /// With what places and stacks the windows.
@@ -468,7 +452,7 @@ class X11ViewerTest : public X11WindowTest
   protected:
     void SetUp() override
     {
-        const QString program = firstMissing({QStringLiteral("xfwm4"), QStringLiteral("xprop"), QStringLiteral("feh")});
+        const QString program = firstMissing({u"xfwm4"_s, u"xprop"_s, u"feh"_s});
         if (!program.isEmpty()) {
             GTEST_SKIP() << program.toStdString() << " is not installed";
         }
@@ -477,21 +461,18 @@ class X11ViewerTest : public X11WindowTest
     void prepareDisplay() override
     {
         const QString folder = session.home().path();
-        manager.emplace(QStringLiteral("xfwm4"), QStringList{QStringLiteral("--compositor=off")}, session.environment(),
-                        folder);
+        manager.emplace(u"xfwm4"_s, QStringList{u"--compositor=off"_s}, session.environment(), folder);
         ASSERT_TRUE(waitFor([&] {
-            return outputOf(QStringLiteral("xprop"), {QStringLiteral("-root"), QStringLiteral("_NET_SUPPORTED")},
-                            server->clientEnvironment())
+            return outputOf(u"xprop"_s, {u"-root"_s, u"_NET_SUPPORTED"_s}, server->clientEnvironment())
                 .contains("_NET_WM_STATE_FULLSCREEN");
         })) << manager->errors().constData();
         // Another window, which takes the corner of the screen.
         QImage green(200, 200, QImage::Format_RGB32);
         green.fill(Qt::green);
-        const QString file = folder + QStringLiteral("/green.png");
+        const QString file = folder + u"/green.png"_s;
         ASSERT_TRUE(green.save(file));
-        stranger.emplace(QStringLiteral("feh"),
-                         QStringList{QStringLiteral("-x"), QStringLiteral("-g"), QStringLiteral("200x200+0+0"), file},
-                         session.environment(), folder);
+        stranger.emplace(u"feh"_s, QStringList{u"-x"_s, u"-g"_s, u"200x200+0+0"_s, file}, session.environment(),
+                         folder);
         ASSERT_TRUE(waitFor([&] { return isStrangerSeen(); })) << stranger->errors().constData();
     }
     [[nodiscard]] bool isStrangerSeen() const { return server->rootWindow().pixelColor(20, 20) == QColor(Qt::green); }
@@ -500,8 +481,8 @@ class X11ViewerTest : public X11WindowTest
     void openViewer()
     {
         openPreview();
-        ASSERT_TRUE(comes(kButton, QStringLiteral("Upscale to 4K")));
-        click(kButton, QStringLiteral("Full Screen"));
+        ASSERT_TRUE(comes(kButton, u"Upscale to 4K"_s));
+        click(kButton, u"Full Screen"_s);
         // The picture is square, so it leaves the sides of the screen black.
         EXPECT_TRUE(waitFor([&] {
             const QImage screen = server->rootWindow();
@@ -514,20 +495,19 @@ class X11ViewerTest : public X11WindowTest
     {
         EXPECT_TRUE(waitFor([&] { return isStrangerSeen(); }));
         EXPECT_TRUE(waitFor([&] { return activeTitle() == "Quorvane"; })) << activeTitle().constData();
-        EXPECT_TRUE(comes(kButton, QStringLiteral("Full Screen")));
-        act({QStringLiteral("key"), QStringLiteral("Escape")});
-        EXPECT_TRUE(waitFor([&] { return !tree->find(kButton, QStringLiteral("Full Screen")); }));
+        EXPECT_TRUE(comes(kButton, u"Full Screen"_s));
+        act({u"key"_s, u"Escape"_s});
+        EXPECT_TRUE(waitFor([&] { return !tree->find(kButton, u"Full Screen"_s); }));
     }
     [[nodiscard]] QByteArray activeTitle() const
     {
-        return outputOf(QStringLiteral("xdotool"), {QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")},
-                        server->clientEnvironment())
+        return outputOf(u"xdotool"_s, {u"getactivewindow"_s, u"getwindowname"_s}, server->clientEnvironment())
             .trimmed();
     }
     /// Whether the pointer's picture has anything to see. The libraries are there wherever xfwm4 is.
     [[nodiscard]] bool isPointerSeen() const
     {
-        const QString script = QStringLiteral(R"(
+        const QString script = uR"(
 from ctypes import CDLL, POINTER, Structure, c_char_p, c_short, c_ulong, c_ushort, c_void_p
 class Picture(Structure):
     _fields_ = [("x", c_short), ("y", c_short), ("width", c_ushort), ("height", c_ushort),
@@ -539,9 +519,8 @@ fixes.XFixesGetCursorImage.argtypes = [c_void_p]
 display = x11.XOpenDisplay(c_char_p(None))
 picture = fixes.XFixesGetCursorImage(display).contents
 print(any(picture.pixels[i] for i in range(picture.width * picture.height)))
-)");
-        const QByteArray answer =
-            outputOf(QStringLiteral("python3"), {QStringLiteral("-c"), script}, server->clientEnvironment()).trimmed();
+)"_s;
+        const QByteArray answer = outputOf(u"python3"_s, {u"-c"_s, script}, server->clientEnvironment()).trimmed();
         EXPECT_TRUE(answer == "True" || answer == "False") << answer.constData();
         return answer == "True";
     }
@@ -556,7 +535,7 @@ TEST_F(X11ViewerTest, itCoversTheScreenAndEscapeGivesTheWindowBack)
     openViewer();
     EXPECT_TRUE(waitFor([&] { return activeTitle() == "Quorvane"; }));
     EXPECT_TRUE(waitFor([&] { return !isPointerSeen(); }));
-    act({QStringLiteral("key"), QStringLiteral("Escape")});
+    act({u"key"_s, u"Escape"_s});
     EXPECT_TRUE(waitFor([&] { return isPointerSeen(); }));
     expectWindowBack();
 }
@@ -566,7 +545,7 @@ TEST_F(X11ViewerTest, itHidesThePointerUntilAClickEndsIt)
     start(server->clientEnvironment(), "xcb");
     openViewer();
     EXPECT_TRUE(waitFor([&] { return !isPointerSeen(); }));
-    act({QStringLiteral("click"), QStringLiteral("1")});
+    act({u"click"_s, u"1"_s});
     EXPECT_TRUE(waitFor([&] { return isPointerSeen(); }));
     expectWindowBack();
 }
@@ -593,7 +572,7 @@ class X11TwoScreensTest : public X11ViewerTest
     void prepareDisplay() override
     {
         ASSERT_NO_FATAL_FAILURE(X11ViewerTest::prepareDisplay());
-        panel.emplace(QStringLiteral(DROP_RECEIVER), QStringList{QStringLiteral("panel")}, session.environment(),
+        panel.emplace(QStringLiteral(DROP_RECEIVER), QStringList{u"panel"_s}, session.environment(),
                       session.home().path());
         ASSERT_TRUE(waitFor([&] { return isPanelSeen(); })) << panel->errors().constData();
     }
@@ -607,9 +586,8 @@ TEST_F(X11TwoScreensTest, theViewerComesOnTheWindowsScreenAboveItsPanel)
 {
     ASSERT_NO_FATAL_FAILURE(start(server->clientEnvironment(), "xcb"));
     openPreview();
-    act({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
-         QStringLiteral("^Quorvane$"), QStringLiteral("windowmove"), QStringLiteral("--sync"), QStringLiteral("1290"),
-         QStringLiteral("40")});
+    act({u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^Quorvane$"_s, u"windowmove"_s, u"--sync"_s, u"1290"_s,
+         u"40"_s});
     press("push button", "Full Screen");
     // The picture is square, so it leaves the sides of its screen black.
     EXPECT_TRUE(waitFor([&] {
@@ -619,9 +597,9 @@ TEST_F(X11TwoScreensTest, theViewerComesOnTheWindowsScreenAboveItsPanel)
     }));
     EXPECT_TRUE(isStrangerSeen());
     EXPECT_TRUE(waitFor([&] { return activeTitle() == "Quorvane"; }));
-    act({QStringLiteral("key"), QStringLiteral("Escape")});
+    act({u"key"_s, u"Escape"_s});
     EXPECT_TRUE(waitFor([&] { return isPanelSeen(); }));
-    EXPECT_TRUE(comes(kButton, QStringLiteral("Full Screen")));
+    EXPECT_TRUE(comes(kButton, u"Full Screen"_s));
 }
 
 class SwayWindowTest : public WindowTest
@@ -630,7 +608,7 @@ class SwayWindowTest : public WindowTest
     void SetUp() override
     {
         const QString programMissing = PrivateSway::missingProgram();
-        const QString reason = programMissing.isEmpty() ? missing({QStringLiteral("wtype")}) : programMissing;
+        const QString reason = programMissing.isEmpty() ? missing({u"wtype"_s}) : programMissing;
         if (!reason.isEmpty()) {
             GTEST_SKIP() << reason.toStdString();
         }
@@ -638,24 +616,20 @@ class SwayWindowTest : public WindowTest
         sway.emplace(QList<QSize>{QSize(1000, 700), QSize(600, 400)},
                      "bar {\n position top\n colors {\n background #00ff00\n }\n}\n");
         ASSERT_TRUE(sway->isReady());
-        putPicture(QStringLiteral("a lake"));
+        putPicture(u"a lake"_s);
     }
     /// Presses Escape until it has had its effect: the keyboard comes with each press, half a second before it, and
     /// goes after it; a busy program that has not taken notice of it by then loses the press.
     template <typename Condition> [[nodiscard]] bool escapeUntil(Condition condition) const
     {
         return waitFor([&] {
-            (void)outputOf(
-                QStringLiteral("wtype"),
-                {QStringLiteral("-s"), QStringLiteral("500"), QStringLiteral("-k"), QStringLiteral("Escape")},
-                sway->clientEnvironment());
+            (void)outputOf(u"wtype"_s, {u"-s"_s, u"500"_s, u"-k"_s, u"Escape"_s}, sway->clientEnvironment());
             return waitFor(condition, std::chrono::seconds(4));
         });
     }
     [[nodiscard]] bool hasKeyboard() const
     {
-        const QByteArray answer = outputOf(
-            QStringLiteral("swaymsg"), {QStringLiteral("-rt"), QStringLiteral("get_tree")}, sway->clientEnvironment());
+        const QByteArray answer = outputOf(u"swaymsg"_s, {u"-rt"_s, u"get_tree"_s}, sway->clientEnvironment());
         return isFocused(QJsonDocument::fromJson(answer).object());
     }
     [[nodiscard]] QColor colorAt(const char *output, QPoint place) const
@@ -688,20 +662,20 @@ TEST_F(SwayWindowTest, theViewerCoversItsScreenAndEscapeGivesTheWindowBack)
     EXPECT_TRUE(waitFor([&] { return colorAt("HEADLESS-1", inPanel) == QColor(Qt::green); }));
     const QPoint inPicture(500, 20);
     ASSERT_TRUE(waitFor([&] { return colorAt("HEADLESS-1", inPicture) != QColor(Qt::red); }));
-    const QImage other = sway->screenshot(QStringLiteral("HEADLESS-2"));
-    press([](const QString &name) { return name == QLatin1String("Full Screen"); });
+    const QImage other = sway->screenshot(u"HEADLESS-2"_s);
+    press([](const QString &name) { return name == "Full Screen"_L1; });
     // The picture is square, so it leaves the sides of the screen black.
     EXPECT_TRUE(waitFor([&] {
-        const QImage screen = sway->screenshot(QStringLiteral("HEADLESS-1"));
+        const QImage screen = sway->screenshot(u"HEADLESS-1"_s);
         return screen.pixelColor(inPicture) == QColor(Qt::red) && screen.pixelColor(500, 680) == QColor(Qt::red) &&
                screen.pixelColor(1, 1) == QColor(Qt::black) && screen.pixelColor(998, 698) == QColor(Qt::black) &&
                screen.pixelColor(inPanel) == QColor(Qt::black);
     }));
-    EXPECT_EQ(sway->screenshot(QStringLiteral("HEADLESS-2")), other);
+    EXPECT_EQ(sway->screenshot(u"HEADLESS-2"_s), other);
     EXPECT_TRUE(escapeUntil([&] { return colorAt("HEADLESS-1", inPicture) != QColor(Qt::red); }));
     // The preview is still open, and the next Escape is for it.
-    EXPECT_TRUE(comes(kButton, QStringLiteral("Full Screen")));
-    EXPECT_TRUE(escapeUntil([&] { return !tree->find(kButton, QStringLiteral("Full Screen")); }));
+    EXPECT_TRUE(comes(kButton, u"Full Screen"_s));
+    EXPECT_TRUE(escapeUntil([&] { return !tree->find(kButton, u"Full Screen"_s); }));
 }
 
 TEST_F(SwayWindowTest, theViewerFollowsTheWindowToAnotherScreen)
@@ -709,18 +683,17 @@ TEST_F(SwayWindowTest, theViewerFollowsTheWindowToAnotherScreen)
     start(sway->clientEnvironment(), "wayland");
     openPreview();
     const QColor empty = colorAt("HEADLESS-2", QPoint(300, 200));
-    (void)outputOf(QStringLiteral("swaymsg"),
-                   {QStringLiteral("[title=\".*\"] move container to output HEADLESS-2, focus")},
+    (void)outputOf(u"swaymsg"_s, {u"[title=\".*\"] move container to output HEADLESS-2, focus"_s},
                    sway->clientEnvironment());
     ASSERT_TRUE(waitFor([&] { return colorAt("HEADLESS-2", QPoint(300, 200)) != empty; }));
-    const QImage other = sway->screenshot(QStringLiteral("HEADLESS-1"));
-    press([](const QString &name) { return name == QLatin1String("Full Screen"); });
+    const QImage other = sway->screenshot(u"HEADLESS-1"_s);
+    press([](const QString &name) { return name == "Full Screen"_L1; });
     EXPECT_TRUE(waitFor([&] {
-        const QImage screen = sway->screenshot(QStringLiteral("HEADLESS-2"));
+        const QImage screen = sway->screenshot(u"HEADLESS-2"_s);
         return screen.pixelColor(300, 20) == QColor(Qt::red) && screen.pixelColor(300, 380) == QColor(Qt::red) &&
                screen.pixelColor(1, 1) == QColor(Qt::black) && screen.pixelColor(598, 398) == QColor(Qt::black);
     }));
-    EXPECT_EQ(sway->screenshot(QStringLiteral("HEADLESS-1")), other);
+    EXPECT_EQ(sway->screenshot(u"HEADLESS-1"_s), other);
 }
 
 } // namespace quorvane

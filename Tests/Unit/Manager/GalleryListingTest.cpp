@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class GalleryListingTest : public testing::Test
@@ -22,13 +24,13 @@ TEST_F(GalleryListingTest, itHasTheAlbumsAndThePicturesOfTheOneAskedFor)
 {
     const QString lake = put("lake.png");
     const QString other = put("other.png");
-    ImageStore::savePrompt(QStringLiteral("a lake"), lake);
-    const GalleryListing listing = readGallery({other, lake}, {}, QStringLiteral("a lake"));
+    ImageStore::savePrompt(u"a lake"_s, lake);
+    const GalleryListing listing = readGallery({other, lake}, {}, u"a lake"_s);
     ASSERT_EQ(listing.albums.size(), 2U);
     ASSERT_TRUE(listing.pictures && listing.pictures->size() == 1);
     const PictureEntry &entry = listing.pictures->front();
     EXPECT_EQ(entry.path, lake);
-    EXPECT_EQ(entry.prompt, QStringLiteral("a lake"));
+    EXPECT_EQ(entry.prompt, u"a lake"_s);
     EXPECT_EQ(entry.stamp.sizeBytes, 5);
     EXPECT_TRUE(entry.created.has_value());
 }
@@ -36,14 +38,14 @@ TEST_F(GalleryListingTest, itHasTheAlbumsAndThePicturesOfTheOneAskedFor)
 TEST_F(GalleryListingTest, anAlbumThatIsGoneAndNoAlbumHaveNoPictures)
 {
     const QString lake = put("lake.png");
-    EXPECT_FALSE(readGallery({lake}, {}, QStringLiteral("a hill")).pictures);
+    EXPECT_FALSE(readGallery({lake}, {}, u"a hill"_s).pictures);
     EXPECT_FALSE(readGallery({lake}, {}, std::nullopt).pictures);
 }
 
 TEST_F(GalleryListingTest, aPictureThatIsGoneIsListedWithoutItsFile)
 {
-    const QString path = home.library() + QStringLiteral("/gone.png");
-    const GalleryListing listing = readGallery({path}, {}, QStringLiteral("Uncategorized"));
+    const QString path = home.library() + u"/gone.png"_s;
+    const GalleryListing listing = readGallery({path}, {}, u"Uncategorized"_s);
     ASSERT_TRUE(listing.pictures && listing.pictures->size() == 1);
     EXPECT_EQ(listing.pictures->front().stamp, FileStamp());
     EXPECT_EQ(listing.pictures->front().created, std::nullopt);

@@ -2,17 +2,19 @@
 
 #include "Unit/Manager/ManagerFixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 using Kind = Misbehaviour::Kind;
 
-const QString kSet = QStringLiteral("Wallpaper set!");
-const QString kNoImage = QStringLiteral("Invalid response: No image in response");
-const QString kUnparsable = QStringLiteral("Invalid response: Failed to parse response");
-const QString kUndecodable = QStringLiteral("Invalid response: Failed to decode base64 image");
-const QString kNetwork = QStringLiteral("Network error: ");
+const QString kSet = u"Wallpaper set!"_s;
+const QString kNoImage = u"Invalid response: No image in response"_s;
+const QString kUnparsable = u"Invalid response: Failed to parse response"_s;
+const QString kUndecodable = u"Invalid response: Failed to decode base64 image"_s;
+const QString kNetwork = u"Network error: "_s;
 
 struct Case
 {
@@ -26,7 +28,7 @@ struct Case
 class HostileServiceTest : public ManagerTest, public testing::WithParamInterface<const char *>
 {
   protected:
-    HostileServiceTest() { Keychain::save(QStringLiteral("KEY"), QLatin1String(GetParam())); }
+    HostileServiceTest() { Keychain::save(u"KEY"_s, QLatin1String(GetParam())); }
 
     void expect(const Misbehaviour &misbehaviour, const QString &line)
     {
@@ -37,7 +39,7 @@ class HostileServiceTest : public ManagerTest, public testing::WithParamInterfac
         const QStringList shown = desktop.shown();
         generate();
         const std::string name = "kind " + std::to_string(static_cast<int>(misbehaviour.kind));
-        if (line.endsWith(QLatin1Char(' '))) {
+        if (line.endsWith(' '_L1)) {
             EXPECT_TRUE(manager->status().startsWith(line) && manager->status().size() > line.size())
                 << name << ": " << manager->status().toStdString();
         } else {
@@ -45,7 +47,7 @@ class HostileServiceTest : public ManagerTest, public testing::WithParamInterfac
         }
         EXPECT_EQ(manager->isError(), line != kSet) << name;
         EXPECT_FALSE(manager->isLoading()) << name;
-        EXPECT_FALSE(manager->status().contains(QStringLiteral("KEY"))) << name;
+        EXPECT_FALSE(manager->status().contains(u"KEY"_s)) << name;
         if (line != kSet) {
             EXPECT_EQ(files(), before) << name;
             EXPECT_EQ(desktop.shown(), shown) << name;
@@ -88,12 +90,12 @@ TEST_P(HostileServiceTest, eachKindHasItsStatusLine)
         {Kind::Gzip, kSet, kSet},
         {Kind::GzipBomb, kNetwork, kNetwork},
         {Kind::Garbage, kNetwork, kNetwork},
-        {Kind::RedirectLoop, kNetwork + QStringLiteral("The service redirected too many times."),
-         kNetwork + QStringLiteral("The service redirected too many times.")},
+        {Kind::RedirectLoop, kNetwork + u"The service redirected too many times."_s,
+         kNetwork + u"The service redirected too many times."_s},
     };
     const QString id = QLatin1String(GetParam());
     for (const Case &each : cases) {
-        QString line = id == QLatin1String("grok") ? each.grok : each.gemini;
+        QString line = id == "grok"_L1 ? each.grok : each.gemini;
         expect(each.kind, line);
     }
 }
@@ -102,13 +104,13 @@ TEST_P(HostileServiceTest, theServicesOwnWordsAreToldAsTheyAre)
 {
     Misbehaviour quota(Kind::ErrorObject);
     quota.text = "quota \"exceeded\"\n水";
-    expect(quota, QStringLiteral("API error: quota \"exceeded\"\n水"));
-    expect(Kind::OddErrorText, QStringLiteral("API error: "));
+    expect(quota, u"API error: quota \"exceeded\"\n水"_s);
+    expect(Kind::OddErrorText, u"API error: "_s);
 }
 
 TEST_P(HostileServiceTest, answersThatWouldFillTheMemoryAreRefused)
 {
-    const QString tooLarge = kNetwork + QStringLiteral("The answer is larger than 192 MiB.");
+    const QString tooLarge = kNetwork + u"The answer is larger than 192 MiB."_s;
     expect(Kind::HugeAnswer, tooLarge);
     expect(Kind::EndlessBody, tooLarge);
 }
@@ -117,11 +119,11 @@ TEST_P(HostileServiceTest, redirectsKeepTheKeyAtHome)
 {
     Misbehaviour away(Kind::Redirect);
     away.text = "http://service.example/";
-    expect(away, kNetwork + QStringLiteral("The service redirected to an address without encryption."));
+    expect(away, kNetwork + u"The service redirected to an address without encryption."_s);
 
     DemoService other;
     away.text = other.baseAddress().toEncoded() + "/elsewhere";
-    expect(away, QStringLiteral("API error: "));
+    expect(away, u"API error: "_s);
     ASSERT_EQ(other.requests().size(), 1);
     const HttpRequest arrived = other.requests().first();
     for (const auto &[name, value] : arrived.headers) {

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 TEST(IntervalLabel, everyOfferedIntervalHasItsLabel)
@@ -11,16 +13,14 @@ TEST(IntervalLabel, everyOfferedIntervalHasItsLabel)
     for (const int minutes : WallpaperManager::intervalOptions()) {
         labels.append(formatInterval(minutes));
     }
-    EXPECT_EQ(labels.join(QLatin1Char(',')),
-              QStringLiteral("5 min,15 min,30 min,1 hour,2 hours,4 hours,8 hours,12 hours,24 hours"));
+    EXPECT_EQ(labels.join(','_L1), u"5 min,15 min,30 min,1 hour,2 hours,4 hours,8 hours,12 hours,24 hours"_s);
 }
 
 TEST(IntervalLabel, minutesNeverStandBesideHours)
 {
     const QList<std::pair<qint64, QString>> cases{
-        {-5, QStringLiteral("-5 min")},   {0, QStringLiteral("0 min")},     {59, QStringLiteral("59 min")},
-        {60, QStringLiteral("1 hour")},   {90, QStringLiteral("1 hour")},   {119, QStringLiteral("1 hour")},
-        {120, QStringLiteral("2 hours")}, {150, QStringLiteral("2 hours")}, {1000000, QStringLiteral("16666 hours")}};
+        {-5, u"-5 min"_s},  {0, u"0 min"_s},     {59, u"59 min"_s},   {60, u"1 hour"_s},          {90, u"1 hour"_s},
+        {119, u"1 hour"_s}, {120, u"2 hours"_s}, {150, u"2 hours"_s}, {1000000, u"16666 hours"_s}};
     for (const auto &[minutes, label] : cases) {
         EXPECT_EQ(formatInterval(minutes), label);
     }

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Manager/WallpaperManager.h"
+#include "Platform/Files/UserDefaults.h"
 #include "Platform/Network/HttpClient.h"
 #include "Platform/System/PowerEvents.h"
 #include "Platform/System/Screens.h"
-#include "Platform/Files/UserDefaults.h"
 #include "Providers/ProviderError.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
@@ -21,6 +21,8 @@
 #include <memory>
 
 namespace quorvane {
+
+using namespace Qt::StringLiterals;
 
 /// A manager in a home of its own, with the demonstration service for all three services and a clock that goes on one
 /// second at each look, so that no two pictures share a name unless a test wants it.
@@ -70,7 +72,7 @@ class ManagerTest : public testing::Test
     }
 
     /// The button is pressed, and all is waited for.
-    void generate(const QString &prompt = QStringLiteral("a lake"))
+    void generate(const QString &prompt = u"a lake"_s)
     {
         statuses.clear();
         manager->setPrompt(prompt);
@@ -102,7 +104,7 @@ class ManagerTest : public testing::Test
 
     [[nodiscard]] QByteArray sideFile(const char *name) const
     {
-        return contentOf(home.library() + QLatin1Char('/') + QLatin1String(name));
+        return contentOf(home.library() + '/'_L1 + QLatin1String(name));
     }
 
     static constexpr std::array kAddresses{"QUORVANE_GEMINI_BASE_URL", "QUORVANE_XAI_BASE_URL",
@@ -118,7 +120,7 @@ class ManagerTest : public testing::Test
     LocalUpscale localUpscale = [](QByteArray image, std::stop_token,
                                    std::function<void(UpscaleProgress)> progress) -> QCoro::Task<UpscaledImage> {
         progress({1, 1, std::nullopt});
-        co_return UpscaledImage{"4K of " + image, QStringLiteral("png")};
+        co_return UpscaledImage{"4K of " + image, u"png"_s};
     };
     std::unique_ptr<HttpClient> http;
     std::unique_ptr<UserDefaults> defaults;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -29,29 +31,27 @@ MenuItem item(const MenuState &state, MenuItem::Id id)
 
 TEST(StateLine, tellsTheFirstThatHolds)
 {
-    EXPECT_EQ(stateLine({}, kGerman), QStringLiteral("Idle"));
+    EXPECT_EQ(stateLine({}, kGerman), u"Idle"_s);
     // Only the date counts: it is cleared when the schedule stops.
-    EXPECT_EQ(stateLine({.autoEnabled = true}, kGerman), QStringLiteral("Idle"));
-    EXPECT_EQ(stateLine({.nextFireDate = kAfternoon}, kGerman), QStringLiteral("Next: 14:05"));
-    EXPECT_EQ(stateLine({.isLoading = true}, kGerman), QStringLiteral("Generating..."));
-    EXPECT_EQ(stateLine({.isLoading = true, .nextFireDate = kAfternoon}, kGerman), QStringLiteral("Generating..."));
+    EXPECT_EQ(stateLine({.autoEnabled = true}, kGerman), u"Idle"_s);
+    EXPECT_EQ(stateLine({.nextFireDate = kAfternoon}, kGerman), u"Next: 14:05"_s);
+    EXPECT_EQ(stateLine({.isLoading = true}, kGerman), u"Generating..."_s);
+    EXPECT_EQ(stateLine({.isLoading = true, .nextFireDate = kAfternoon}, kGerman), u"Generating..."_s);
 }
 
 TEST(StateLine, showsTheTimeOfDayAsTheUsersCountryWritesIt)
 {
     const QString line = stateLine({.nextFireDate = kAfternoon}, kAmerican);
-    EXPECT_TRUE(line.startsWith(QStringLiteral("Next: 2:05")) && line.endsWith(QStringLiteral("PM")))
-        << line.toStdString();
+    EXPECT_TRUE(line.startsWith(u"Next: 2:05"_s) && line.endsWith(u"PM"_s)) << line.toStdString();
     // A date that is kept in another zone is shown in the user's.
-    EXPECT_EQ(stateLine({.nextFireDate = kAfternoon.toUTC()}, kGerman), QStringLiteral("Next: 14:05"));
+    EXPECT_EQ(stateLine({.nextFireDate = kAfternoon.toUTC()}, kGerman), u"Next: 14:05"_s);
 }
 
 TEST(MenuItems, standInTheirOrder)
 {
     const QList<MenuItem> items = menuItems({}, kGerman);
-    EXPECT_EQ(texts(items), (QStringList{QStringLiteral("Idle"), QString(), QStringLiteral("Generate Now"),
-                                         QStringLiteral("Auto-Generate"), QString(), QStringLiteral("Open Window"),
-                                         QStringLiteral("Settings..."), QString(), QStringLiteral("Quit")}));
+    EXPECT_EQ(texts(items), (QStringList{u"Idle"_s, QString(), u"Generate Now"_s, u"Auto-Generate"_s, QString(),
+                                         u"Open Window"_s, u"Settings..."_s, QString(), u"Quit"_s}));
     for (const MenuItem &each : items) {
         EXPECT_EQ(each.kind == MenuItem::Kind::Divider, each.text.isEmpty());
         EXPECT_EQ(each.kind == MenuItem::Kind::Toggle, each.id == MenuItem::AutoGenerate);

@@ -9,6 +9,8 @@
 #include <condition_variable>
 #include <mutex>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class WallpaperManagerGenerateTest : public ManagerTest
@@ -17,14 +19,11 @@ class WallpaperManagerGenerateTest : public ManagerTest
     WallpaperManagerGenerateTest()
     {
         for (const char *id : {"gemini", "grok", "openai"}) {
-            Keychain::save(QStringLiteral("key of ") + QLatin1String(id), QLatin1String(id));
+            Keychain::save(u"key of "_s + QLatin1String(id), QLatin1String(id));
         }
     }
 
-    [[nodiscard]] QString inLibrary(const char *name) const
-    {
-        return home.library() + QLatin1Char('/') + QLatin1String(name);
-    }
+    [[nodiscard]] QString inLibrary(const char *name) const { return home.library() + '/'_L1 + QLatin1String(name); }
 
     static QByteArray bodyOf(const HttpRequest &request) { return request.body; }
 };
@@ -32,8 +31,8 @@ class WallpaperManagerGenerateTest : public ManagerTest
 TEST_F(WallpaperManagerGenerateTest, aPromptBecomesASavedPictureWithItsPromptAndTheWallpaper)
 {
     start();
-    generate(QStringLiteral("a quiet lake"));
-    EXPECT_EQ(manager->status(), QStringLiteral("Wallpaper set!"));
+    generate(u"a quiet lake"_s);
+    EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
     EXPECT_FALSE(manager->isError());
     EXPECT_FALSE(manager->isLoading());
     const QString path = inLibrary("wallpaper_2026-01-31_23-59-01.png");
@@ -43,7 +42,7 @@ TEST_F(WallpaperManagerGenerateTest, aPromptBecomesASavedPictureWithItsPromptAnd
     EXPECT_EQ(result.file, path);
     EXPECT_EQ(QImage(path).size(), QSize(8, 8));
     EXPECT_EQ(sideFile("prompts.json"), R"({"wallpaper_2026-01-31_23-59-01.png":"a quiet lake"})");
-    EXPECT_EQ(statuses, (QStringList{QString(), QStringLiteral("Wallpaper set!")}));
+    EXPECT_EQ(statuses, (QStringList{QString(), u"Wallpaper set!"_s}));
     EXPECT_EQ(defaults->text(SettingsKeys::kCurrentWallpaperPath), path);
 }
 
@@ -51,94 +50,88 @@ TEST_F(WallpaperManagerGenerateTest, geminiWith4KMakesOneFileAndNoLink)
 {
     start().setFourKEnabled(true);
     generate();
-    EXPECT_EQ(files(),
-              (QStringList{QStringLiteral("prompts.json"), QStringLiteral("wallpaper_2026-01-31_23-59-01.png")}));
-    EXPECT_EQ(manager->status(), QStringLiteral("Wallpaper set!"));
+    EXPECT_EQ(files(), (QStringList{u"prompts.json"_s, u"wallpaper_2026-01-31_23-59-01.png"_s}));
+    EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
 }
 
 TEST_F(WallpaperManagerGenerateTest, grokWith4KLocallySavesTheOriginalThenTheUpscaledPictureAndLinksThem)
 {
     start().setFourKEnabled(true);
-    manager->setProviderOverride(QStringLiteral("grok"));
-    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+    manager->setProviderOverride(u"grok"_s);
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
     generate();
-    const QString original = QStringLiteral("wallpaper_2026-01-31_23-59-01.jpg");
-    const QString upscaled = QStringLiteral("wallpaper_2026-01-31_23-59-02.png");
-    EXPECT_EQ(sideFile("variants.json"), (QStringLiteral("{\"%1\":\"%2\"}").arg(original, upscaled)).toUtf8());
-    EXPECT_EQ(sideFile("prompts.json"),
-              (QStringLiteral("{\"%1\":\"a lake\",\"%2\":\"a lake\"}").arg(original, upscaled)).toUtf8());
+    const QString original = u"wallpaper_2026-01-31_23-59-01.jpg"_s;
+    const QString upscaled = u"wallpaper_2026-01-31_23-59-02.png"_s;
+    EXPECT_EQ(sideFile("variants.json"), (u"{\"%1\":\"%2\"}"_s.arg(original, upscaled)).toUtf8());
+    EXPECT_EQ(sideFile("prompts.json"), (u"{\"%1\":\"a lake\",\"%2\":\"a lake\"}"_s.arg(original, upscaled)).toUtf8());
     EXPECT_EQ(contentOf(inLibrary(upscaled.toLatin1())), "4K of " + contentOf(inLibrary(original.toLatin1())));
     EXPECT_EQ(manager->history(), QStringList{inLibrary(upscaled.toLatin1())});
     EXPECT_EQ(manager->currentWallpaperURL(), inLibrary(upscaled.toLatin1()));
     EXPECT_EQ(result.original, inLibrary(original.toLatin1()));
-    EXPECT_EQ(statuses,
-              (QStringList{QString(), QStringLiteral("Upscaling to 4K (local)..."), QStringLiteral("Wallpaper set!")}));
+    EXPECT_EQ(statuses, (QStringList{QString(), u"Upscaling to 4K (local)..."_s, u"Wallpaper set!"_s}));
     EXPECT_FALSE(manager->progress());
 }
 
 TEST_F(WallpaperManagerGenerateTest, grokWith4KRemotelyAsksGemini)
 {
     start().setFourKEnabled(true);
-    manager->setProviderOverride(QStringLiteral("grok"));
+    manager->setProviderOverride(u"grok"_s);
     generate();
     const auto requests = service.requests();
     ASSERT_EQ(requests.size(), 2);
     EXPECT_EQ(requests.at(0).header("Authorization"), "Bearer key of grok");
     EXPECT_EQ(requests.at(1).path, "/v1beta/models/gemini-3-pro-image-preview:generateContent");
     EXPECT_EQ(requests.at(1).header("x-goog-api-key"), "key of gemini");
-    EXPECT_EQ(statuses,
-              (QStringList{QString(), QStringLiteral("Upscaling to 4K..."), QStringLiteral("Wallpaper set!")}));
+    EXPECT_EQ(statuses, (QStringList{QString(), u"Upscaling to 4K..."_s, u"Wallpaper set!"_s}));
     EXPECT_EQ(manager->history(), QStringList{inLibrary("wallpaper_2026-01-31_23-59-02.png")});
 }
 
 TEST_F(WallpaperManagerGenerateTest, withoutAGeminiKeyTheOriginalIsSavedTwiceAndLinkedWithoutAWord)
 {
-    Keychain::remove(QStringLiteral("gemini"));
+    Keychain::remove(u"gemini"_s);
     start().setFourKEnabled(true);
-    manager->setProviderOverride(QStringLiteral("grok"));
+    manager->setProviderOverride(u"grok"_s);
     generate();
     const QByteArray first = contentOf(inLibrary("wallpaper_2026-01-31_23-59-01.jpg"));
     EXPECT_FALSE(first.isEmpty());
     EXPECT_EQ(contentOf(inLibrary("wallpaper_2026-01-31_23-59-02.jpg")), first);
     EXPECT_EQ(sideFile("variants.json"),
               R"({"wallpaper_2026-01-31_23-59-01.jpg":"wallpaper_2026-01-31_23-59-02.jpg"})");
-    EXPECT_EQ(statuses, (QStringList{QString(), QStringLiteral("Wallpaper set!")}));
+    EXPECT_EQ(statuses, (QStringList{QString(), u"Wallpaper set!"_s}));
     EXPECT_EQ(service.requests().size(), 1);
 }
 
 TEST_F(WallpaperManagerGenerateTest, twoSavesInOneSecondLinkThePictureToItselfAndHideIt)
 {
     clock.secondsPerLook = 0;
-    Keychain::remove(QStringLiteral("gemini"));
+    Keychain::remove(u"gemini"_s);
     start().setFourKEnabled(true);
-    manager->setProviderOverride(QStringLiteral("grok"));
+    manager->setProviderOverride(u"grok"_s);
     generate();
     EXPECT_EQ(sideFile("variants.json"),
               R"({"wallpaper_2026-01-31_23-59-00.jpg":"wallpaper_2026-01-31_23-59-00.jpg"})");
     EXPECT_TRUE(manager->history().isEmpty());
-    EXPECT_EQ(manager->status(), QStringLiteral("Wallpaper set!"));
+    EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
     EXPECT_EQ(manager->currentWallpaperURL(), inLibrary("wallpaper_2026-01-31_23-59-00.jpg"));
 }
 
 TEST_F(WallpaperManagerGenerateTest, aFailedUpscaleIsAWarningAndTheOriginalIsUsed)
 {
     localUpscale = [](QByteArray, std::stop_token, std::function<void(UpscaleProgress)>) -> QCoro::Task<UpscaledImage> {
-        throw ProviderError::invalidResponse(QStringLiteral("RealESRGAN model not found in app bundle"));
+        throw ProviderError::invalidResponse(u"RealESRGAN model not found in app bundle"_s);
         co_return UpscaledImage();
     };
     start().setFourKEnabled(true);
-    manager->setProviderOverride(QStringLiteral("grok"));
-    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+    manager->setProviderOverride(u"grok"_s);
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
     QList<bool> errors;
     QObject::connect(manager.get(), &WallpaperManager::statusChanged, manager.get(),
                      [&] { errors.append(manager->isError()); });
     generate();
-    EXPECT_EQ(
-        statuses,
-        (QStringList{QString(), QStringLiteral("Upscaling to 4K (local)..."),
-                     QStringLiteral("Local upscale failed, using original — Invalid response: RealESRGAN model not "
-                                    "found in app bundle"),
-                     QStringLiteral("Wallpaper set!")}));
+    EXPECT_EQ(statuses, (QStringList{QString(), u"Upscaling to 4K (local)..."_s,
+                                     u"Local upscale failed, using original — Invalid response: RealESRGAN model not "
+                                     "found in app bundle"_s,
+                                     u"Wallpaper set!"_s}));
     EXPECT_FALSE(errors.contains(true));
     EXPECT_EQ(contentOf(inLibrary("wallpaper_2026-01-31_23-59-01.jpg")),
               contentOf(inLibrary("wallpaper_2026-01-31_23-59-02.jpg")));
@@ -155,12 +148,11 @@ TEST_F(WallpaperManagerGenerateTest, aFailedRemoteUpscaleIsAWarningToo)
         return std::nullopt;
     });
     start().setFourKEnabled(true);
-    manager->setProviderOverride(QStringLiteral("grok"));
+    manager->setProviderOverride(u"grok"_s);
     generate();
-    EXPECT_EQ(statuses,
-              (QStringList{QString(), QStringLiteral("Upscaling to 4K..."),
-                           QStringLiteral("Upscale failed, using original — API error: Upscale failed: overloaded"),
-                           QStringLiteral("Wallpaper set!")}));
+    EXPECT_EQ(statuses, (QStringList{QString(), u"Upscaling to 4K..."_s,
+                                     u"Upscale failed, using original — API error: Upscale failed: overloaded"_s,
+                                     u"Wallpaper set!"_s}));
 }
 
 TEST_F(WallpaperManagerGenerateTest, anEmptyPromptGoesOutAsItIs)
@@ -173,7 +165,7 @@ TEST_F(WallpaperManagerGenerateTest, anEmptyPromptGoesOutAsItIs)
 
 TEST_F(WallpaperManagerGenerateTest, aProvidersErrorLeavesEverythingAsItWas)
 {
-    (void)putImage(QStringLiteral("before.png"));
+    (void)putImage(u"before.png"_s);
     start();
     const QStringList before = manager->history();
     Misbehaviour quota(Misbehaviour::Kind::ErrorObject);
@@ -181,20 +173,20 @@ TEST_F(WallpaperManagerGenerateTest, aProvidersErrorLeavesEverythingAsItWas)
     quota.text = "quota exceeded";
     service.setMisbehaviour(quota);
     generate();
-    EXPECT_EQ(manager->status(), QStringLiteral("API error: quota exceeded"));
+    EXPECT_EQ(manager->status(), u"API error: quota exceeded"_s);
     EXPECT_TRUE(manager->isError());
     EXPECT_FALSE(manager->isLoading());
     EXPECT_EQ(manager->history(), before);
-    EXPECT_EQ(files(), QStringList{QStringLiteral("before.png")});
+    EXPECT_EQ(files(), QStringList{u"before.png"_s});
     EXPECT_TRUE(desktop.shown().isEmpty());
 }
 
 TEST_F(WallpaperManagerGenerateTest, withoutAKeyNothingIsAsked)
 {
-    Keychain::remove(QStringLiteral("grok"));
-    start().setProviderOverride(QStringLiteral("grok"));
+    Keychain::remove(u"grok"_s);
+    start().setProviderOverride(u"grok"_s);
     generate();
-    EXPECT_EQ(manager->status(), QStringLiteral("Missing Grok API key — open Settings (⌘,)"));
+    EXPECT_EQ(manager->status(), u"Missing Grok API key — open Settings (⌘,)"_s);
     EXPECT_TRUE(manager->isError());
     EXPECT_FALSE(manager->isLoading());
     EXPECT_TRUE(service.requests().isEmpty());
@@ -202,12 +194,11 @@ TEST_F(WallpaperManagerGenerateTest, withoutAKeyNothingIsAsked)
 
 TEST_F(WallpaperManagerGenerateTest, anAddressThatIsNotAllowedIsToldBeforeTheKeyIsLookedFor)
 {
-    Keychain::remove(QStringLiteral("gemini"));
+    Keychain::remove(u"gemini"_s);
     qputenv("QUORVANE_GEMINI_BASE_URL", "http://service.example");
     start();
     generate();
-    EXPECT_EQ(manager->status(),
-              QStringLiteral("QUORVANE_GEMINI_BASE_URL must be an https address, or http on this machine."));
+    EXPECT_EQ(manager->status(), u"QUORVANE_GEMINI_BASE_URL must be an https address, or http on this machine."_s);
     EXPECT_TRUE(manager->isError());
     EXPECT_FALSE(manager->isLoading());
 }
@@ -219,7 +210,7 @@ TEST_F(WallpaperManagerGenerateTest, aFinalPictureThatCannotBeSavedIsAnError)
     QFile inTheWay(home.library());
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     generate();
-    EXPECT_EQ(manager->status(), QStringLiteral("Failed to save image"));
+    EXPECT_EQ(manager->status(), u"Failed to save image"_s);
     EXPECT_TRUE(manager->isError());
     EXPECT_FALSE(manager->isLoading());
     EXPECT_TRUE(desktop.shown().isEmpty());
@@ -229,12 +220,12 @@ TEST_F(WallpaperManagerGenerateTest, anOriginalThatCannotBeSavedLeavesNoLink)
 {
     clock.secondsPerLook = 0;
     start().setFourKEnabled(true);
-    manager->setProviderOverride(QStringLiteral("grok"));
-    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+    manager->setProviderOverride(u"grok"_s);
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
     // The original's name is taken by a folder; the upscaled picture has another extension.
-    ASSERT_TRUE(QDir(home.library()).mkpath(QStringLiteral("wallpaper_2026-01-31_23-59-00.jpg/inside")));
+    ASSERT_TRUE(QDir(home.library()).mkpath(u"wallpaper_2026-01-31_23-59-00.jpg/inside"_s));
     generate();
-    EXPECT_EQ(manager->status(), QStringLiteral("Wallpaper set!"));
+    EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
     EXPECT_EQ(sideFile("prompts.json"), R"({"wallpaper_2026-01-31_23-59-00.png":"a lake"})");
     EXPECT_TRUE(sideFile("variants.json").isEmpty());
     EXPECT_EQ(result.original, QString());
@@ -245,7 +236,7 @@ TEST_F(WallpaperManagerGenerateTest, withoutAScreenThePictureIsSavedAllTheSame)
     desktop.attached.clear();
     start();
     generate();
-    EXPECT_EQ(manager->status(), QStringLiteral("No screen found"));
+    EXPECT_EQ(manager->status(), u"No screen found"_s);
     EXPECT_TRUE(manager->isError());
     EXPECT_FALSE(manager->isLoading());
     EXPECT_EQ(manager->history(), QStringList{inLibrary("wallpaper_2026-01-31_23-59-01.png")});
@@ -255,10 +246,10 @@ TEST_F(WallpaperManagerGenerateTest, withoutAScreenThePictureIsSavedAllTheSame)
 
 TEST_F(WallpaperManagerGenerateTest, aScreenThatRefusesIsToldInTheDesktopsWords)
 {
-    desktop.refusal = QStringLiteral("out of paint");
+    desktop.refusal = u"out of paint"_s;
     start();
     generate();
-    EXPECT_EQ(manager->status(), QStringLiteral("Failed: out of paint"));
+    EXPECT_EQ(manager->status(), u"Failed: out of paint"_s);
     EXPECT_TRUE(manager->isError());
     EXPECT_EQ(manager->history().size(), 1);
     EXPECT_EQ(manager->currentWallpaperURL(), QString());
@@ -266,7 +257,7 @@ TEST_F(WallpaperManagerGenerateTest, aScreenThatRefusesIsToldInTheDesktopsWords)
 
 TEST_F(WallpaperManagerGenerateTest, wants4KIsWhatHoldsAtTheMomentOfTheCall)
 {
-    start().setProviderOverride(QStringLiteral("openai"));
+    start().setProviderOverride(u"openai"_s);
     generate();
     manager->setFourKEnabled(true);
     generate();
@@ -278,9 +269,9 @@ TEST_F(WallpaperManagerGenerateTest, wants4KIsWhatHoldsAtTheMomentOfTheCall)
 
 TEST_F(WallpaperManagerGenerateTest, openAIsOlderModelsAreUpscaled)
 {
-    start().setProviderOverride(QStringLiteral("openai"));
+    start().setProviderOverride(u"openai"_s);
     manager->setFourKEnabled(true);
-    defaults->set(SettingsKeys::selectedModel(QStringLiteral("openai")), QStringLiteral("gpt-image-1"));
+    defaults->set(SettingsKeys::selectedModel(u"openai"_s), u"gpt-image-1"_s);
     generate();
     ASSERT_EQ(service.requests().size(), 2);
     EXPECT_TRUE(service.requests().first().body.contains(R"("moderation":"low")"));
@@ -289,8 +280,8 @@ TEST_F(WallpaperManagerGenerateTest, openAIsOlderModelsAreUpscaled)
 
 TEST_F(WallpaperManagerGenerateTest, aStaleModelIsNotSent)
 {
-    start().setProviderOverride(QStringLiteral("openai"));
-    defaults->set(SettingsKeys::selectedModel(QStringLiteral("openai")), QStringLiteral("gpt-image-0"));
+    start().setProviderOverride(u"openai"_s);
+    defaults->set(SettingsKeys::selectedModel(u"openai"_s), u"gpt-image-0"_s);
     generate();
     ASSERT_EQ(service.requests().size(), 1);
     EXPECT_TRUE(service.requests().first().body.contains(R"("model":"gpt-image-2")"));
@@ -300,7 +291,7 @@ TEST_F(WallpaperManagerGenerateTest, nsfwPromptsGoToGrokUnlessAnotherProviderIsC
 {
     start().setNsfwEnabled(true);
     generate();
-    manager->setProviderOverride(QStringLiteral("openai"));
+    manager->setProviderOverride(u"openai"_s);
     generate();
     ASSERT_EQ(service.requests().size(), 2);
     EXPECT_TRUE(service.requests().at(0).body.contains("grok-imagine-image"));
@@ -310,9 +301,9 @@ TEST_F(WallpaperManagerGenerateTest, nsfwPromptsGoToGrokUnlessAnotherProviderIsC
 TEST_F(WallpaperManagerGenerateTest, twoRunsAtOnceAreBothCarriedOut)
 {
     start();
-    manager->setPrompt(QStringLiteral("first"));
+    manager->setPrompt(u"first"_s);
     manager->generateAndSet();
-    manager->setPrompt(QStringLiteral("second"));
+    manager->setPrompt(u"second"_s);
     manager->generateAndSet();
     manager->waitUntilIdle();
     EXPECT_EQ(manager->history().size(), 2);
@@ -341,20 +332,19 @@ TEST_F(WallpaperManagerGenerateTest, goingWhileAnUpscaleRunsKeepsTheOriginal)
             std::condition_variable_any stopped;
             std::unique_lock lock(mutex);
             stopped.wait(lock, stop, [] { return false; });
-            throw ProviderError::invalidResponse(QStringLiteral("stopped"));
+            throw ProviderError::invalidResponse(u"stopped"_s);
         };
         co_await onWorker(std::move(work));
         co_return UpscaledImage();
     };
     start().setFourKEnabled(true);
-    manager->setProviderOverride(QStringLiteral("grok"));
-    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
-    manager->setPrompt(QStringLiteral("a lake"));
+    manager->setProviderOverride(u"grok"_s);
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
+    manager->setPrompt(u"a lake"_s);
     manager->generateAndSet();
-    ASSERT_TRUE(waitFor([this] { return manager->status().startsWith(QStringLiteral("Upscaling")); }));
+    ASSERT_TRUE(waitFor([this] { return manager->status().startsWith(u"Upscaling"_s); }));
     manager.reset();
-    EXPECT_EQ(files(),
-              (QStringList{QStringLiteral("prompts.json"), QStringLiteral("wallpaper_2026-01-31_23-59-01.jpg")}));
+    EXPECT_EQ(files(), (QStringList{u"prompts.json"_s, u"wallpaper_2026-01-31_23-59-01.jpg"_s}));
     EXPECT_TRUE(desktop.shown().isEmpty());
 }
 
@@ -362,7 +352,7 @@ TEST_F(WallpaperManagerGenerateTest, theKeyStandsInItsHeaderAndNowhereElse)
 {
     start();
     generate();
-    manager->setProviderOverride(QStringLiteral("grok"));
+    manager->setProviderOverride(u"grok"_s);
     generate();
     const auto requests = service.requests();
     for (const HttpRequest &request : requests) {
@@ -380,12 +370,11 @@ TEST_F(WallpaperManagerGenerateTest, theKeyStandsInItsHeaderAndNowhereElse)
 
 TEST_F(WallpaperManagerGenerateTest, aKeyThatWouldBeginAnotherHeaderIsNotSent)
 {
-    Keychain::save(QStringLiteral("K\r\nX-Evil: 1"), QStringLiteral("gemini"));
+    Keychain::save(u"K\r\nX-Evil: 1"_s, u"gemini"_s);
     start();
     generate();
-    EXPECT_EQ(
-        manager->status(),
-        QStringLiteral("Network error: The stored API key has a character that cannot be sent. Save the key again."));
+    EXPECT_EQ(manager->status(),
+              u"Network error: The stored API key has a character that cannot be sent. Save the key again."_s);
     EXPECT_TRUE(service.requests().isEmpty());
 }
 

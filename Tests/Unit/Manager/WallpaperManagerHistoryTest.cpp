@@ -2,14 +2,16 @@
 
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 using WallpaperManagerHistoryTest = ManagerTest;
 
 TEST_F(WallpaperManagerHistoryTest, anOriginalIsHiddenWhileItsVariantIsThere)
 {
-    const QString original = putImage(QStringLiteral("a.png"));
-    const QString upscaled = putImage(QStringLiteral("b.png"));
+    const QString original = putImage(u"a.png"_s);
+    const QString upscaled = putImage(u"b.png"_s);
     ImageStore::saveVariantLink(original, upscaled);
     start();
     EXPECT_EQ(manager->history(), QStringList{upscaled});
@@ -20,9 +22,9 @@ TEST_F(WallpaperManagerHistoryTest, anOriginalIsHiddenWhileItsVariantIsThere)
 
 TEST_F(WallpaperManagerHistoryTest, brokenSideFilesCountAsEmpty)
 {
-    const QString original = putImage(QStringLiteral("a.png"));
+    const QString original = putImage(u"a.png"_s);
     for (const char *name : {"variants.json", "favorites.json", "prompts.json"}) {
-        QFile file(home.library() + QLatin1Char('/') + QLatin1String(name));
+        QFile file(home.library() + '/'_L1 + QLatin1String(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("{\"a.png\":");
     }
@@ -30,17 +32,17 @@ TEST_F(WallpaperManagerHistoryTest, brokenSideFilesCountAsEmpty)
     EXPECT_EQ(manager->history(), QStringList{original});
     EXPECT_TRUE(manager->favorites().isEmpty());
     ASSERT_EQ(manager->albums().size(), 1U);
-    EXPECT_EQ(manager->albums().front().id, QStringLiteral("Uncategorized"));
+    EXPECT_EQ(manager->albums().front().id, u"Uncategorized"_s);
 }
 
 TEST_F(WallpaperManagerHistoryTest, togglingAFavouriteTwiceLeavesThingsAsTheyWere)
 {
-    const QString path = putImage(QStringLiteral("a.png"));
+    const QString path = putImage(u"a.png"_s);
     start();
     const QSignalSpy announced(manager.get(), &WallpaperManager::favoritesChanged);
     manager->toggleFavorite(path);
     // What is shown changes before the file does.
-    EXPECT_EQ(manager->favorites(), QSet<QString>{QStringLiteral("a.png")});
+    EXPECT_EQ(manager->favorites(), QSet<QString>{u"a.png"_s});
     EXPECT_EQ(announced.count(), 1);
     manager->waitUntilIdle();
     EXPECT_EQ(sideFile("favorites.json"), R"(["a.png"])");
@@ -52,21 +54,21 @@ TEST_F(WallpaperManagerHistoryTest, togglingAFavouriteTwiceLeavesThingsAsTheyWer
 
 TEST_F(WallpaperManagerHistoryTest, favouritesOfFilesThatAreGoneStayInTheSetAndMakeNoAlbum)
 {
-    ImageStore::saveFavorite(QStringLiteral("gone.png"));
-    (void)putImage(QStringLiteral("a.png"));
+    ImageStore::saveFavorite(u"gone.png"_s);
+    (void)putImage(u"a.png"_s);
     start();
-    EXPECT_TRUE(manager->favorites().contains(QStringLiteral("gone.png")));
+    EXPECT_TRUE(manager->favorites().contains(u"gone.png"_s));
     ASSERT_EQ(manager->albums().size(), 1U);
     EXPECT_FALSE(manager->albums().front().isFavorites);
 }
 
 TEST_F(WallpaperManagerHistoryTest, albumsFollowTheFilesAtEveryCall)
 {
-    const QString path = putImage(QStringLiteral("a.png"));
+    const QString path = putImage(u"a.png"_s);
     start();
-    EXPECT_EQ(manager->albums().front().id, QStringLiteral("Uncategorized"));
-    ImageStore::savePrompt(QStringLiteral("a lake"), path);
-    EXPECT_EQ(manager->albums().front().id, QStringLiteral("a lake"));
+    EXPECT_EQ(manager->albums().front().id, u"Uncategorized"_s);
+    ImageStore::savePrompt(u"a lake"_s, path);
+    EXPECT_EQ(manager->albums().front().id, u"a lake"_s);
     manager->toggleFavorite(path);
     ASSERT_EQ(manager->albums().size(), 2U);
     EXPECT_TRUE(manager->albums().front().isFavorites);
@@ -74,8 +76,8 @@ TEST_F(WallpaperManagerHistoryTest, albumsFollowTheFilesAtEveryCall)
 
 TEST_F(WallpaperManagerHistoryTest, deletingTakesThePartnerAlongAndReloads)
 {
-    const QString original = putImage(QStringLiteral("a.png"));
-    const QString upscaled = putImage(QStringLiteral("b.png"));
+    const QString original = putImage(u"a.png"_s);
+    const QString upscaled = putImage(u"b.png"_s);
     ImageStore::saveVariantLink(original, upscaled);
     start();
     manager->deleteImage(upscaled);
@@ -88,35 +90,35 @@ TEST_F(WallpaperManagerHistoryTest, aFavouriteToggledWhileTheLibraryIsReadIsNotU
 {
     QStringList paths;
     for (int index = 0; index < 20; ++index) {
-        paths.append(putImage(QStringLiteral("%1.png").arg(index)));
+        paths.append(putImage(u"%1.png"_s.arg(index)));
     }
     start();
     for (int index = 1; index < 20; ++index) {
         manager->deleteImage(paths.at(index));
         manager->toggleFavorite(paths.first());
     }
-    const bool isFavorite = manager->favorites().contains(QStringLiteral("0.png"));
+    const bool isFavorite = manager->favorites().contains(u"0.png"_s);
     EXPECT_TRUE(isFavorite);
     manager->waitUntilIdle();
-    EXPECT_EQ(manager->favorites().contains(QStringLiteral("0.png")), isFavorite);
+    EXPECT_EQ(manager->favorites().contains(u"0.png"_s), isFavorite);
     EXPECT_EQ(sideFile("favorites.json"), R"(["0.png"])");
     EXPECT_EQ(manager->history(), QStringList{paths.first()});
 }
 
 TEST_F(WallpaperManagerHistoryTest, theStartOnlyBeginsToReadAndWhoAsksGetsTheWholeAnswer)
 {
-    const QString image = putImage(QStringLiteral("one.png"));
-    ImageStore::saveFavorite(QStringLiteral("one.png"));
+    const QString image = putImage(u"one.png"_s);
+    ImageStore::saveFavorite(u"one.png"_s);
     start();
     EXPECT_FALSE(manager->isHistoryRead());
     EXPECT_EQ(manager->history(), QStringList{image});
     EXPECT_TRUE(manager->isHistoryRead());
-    EXPECT_TRUE(manager->favorites().contains(QStringLiteral("one.png")));
+    EXPECT_TRUE(manager->favorites().contains(u"one.png"_s));
 }
 
 TEST_F(WallpaperManagerHistoryTest, theFirstReadingIsAnnounced)
 {
-    const QString image = putImage(QStringLiteral("one.png"));
+    const QString image = putImage(u"one.png"_s);
     int announced = 0;
     QObject::connect(&start(), &WallpaperManager::favoritesChanged, [&announced] { ++announced; });
     manager->waitUntilIdle();
@@ -127,9 +129,9 @@ TEST_F(WallpaperManagerHistoryTest, theFirstReadingIsAnnounced)
 
 TEST_F(WallpaperManagerHistoryTest, whatIsReadOnPurposeMeanwhileCountsMore)
 {
-    (void)putImage(QStringLiteral("one.png"));
+    (void)putImage(u"one.png"_s);
     start();
-    (void)putImage(QStringLiteral("two.png"));
+    (void)putImage(u"two.png"_s);
     manager->reloadHistory();
     manager->waitUntilIdle();
     EXPECT_EQ(manager->history().size(), 2);
@@ -137,10 +139,10 @@ TEST_F(WallpaperManagerHistoryTest, whatIsReadOnPurposeMeanwhileCountsMore)
 
 TEST_F(WallpaperManagerHistoryTest, aFavouriteToggledBeforeTheFirstReadingEndedIsNotUndone)
 {
-    const QString image = putImage(QStringLiteral("one.png"));
+    const QString image = putImage(u"one.png"_s);
     start().toggleFavorite(image);
     manager->waitUntilIdle();
-    EXPECT_TRUE(manager->favorites().contains(QStringLiteral("one.png")));
+    EXPECT_TRUE(manager->favorites().contains(u"one.png"_s));
 }
 
 } // namespace quorvane

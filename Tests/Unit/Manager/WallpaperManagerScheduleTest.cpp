@@ -1,6 +1,8 @@
 #include "Manager/SettingsKeys.h"
 #include "Unit/Manager/ManagerFixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -15,7 +17,7 @@ class WallpaperManagerScheduleTest : public ManagerTest
     WallpaperManagerScheduleTest()
     {
         clock.secondsPerLook = 0;
-        Keychain::save(QStringLiteral("K"), QStringLiteral("gemini"));
+        Keychain::save(u"K"_s, u"gemini"_s);
     }
 
     /// Automatic mode with the interval, from now on.
@@ -48,7 +50,7 @@ TEST_F(WallpaperManagerScheduleTest, turningAutomaticModeOnWaitsOneIntervalAndOf
     EXPECT_EQ(generations(), 0);
     clock.pass(1ms);
     EXPECT_EQ(generations(), 1);
-    EXPECT_EQ(manager->status(), QStringLiteral("Wallpaper set!"));
+    EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
     EXPECT_EQ(secondsLeft(), 30 * 60);
 
     manager->setAutoEnabled(false);
@@ -105,7 +107,7 @@ TEST_F(WallpaperManagerScheduleTest, longIntervalsAreWaitedForWithOneAlarm)
 
 TEST_F(WallpaperManagerScheduleTest, lateFiringsDoNotShiftTheRhythm)
 {
-    Keychain::remove(QStringLiteral("gemini")); // Each generation ends at once.
+    Keychain::remove(u"gemini"_s); // Each generation ends at once.
     startEvery(5);
     const auto begin = clock.uptime();
     clock.pass(1000 * 5min + 1s, 70ms);
@@ -122,12 +124,12 @@ TEST_F(WallpaperManagerScheduleTest, aGenerationThatStillRunsDoesNotSkipTheNext)
 
 TEST_F(WallpaperManagerScheduleTest, aFailedGenerationDoesNotEndTheSchedule)
 {
-    Keychain::remove(QStringLiteral("gemini"));
+    Keychain::remove(u"gemini"_s);
     startEvery(5);
     clock.pass(5min);
     EXPECT_EQ(generations(), 0);
     EXPECT_TRUE(manager->isError());
-    Keychain::save(QStringLiteral("K"), QStringLiteral("gemini"));
+    Keychain::save(u"K"_s, u"gemini"_s);
     clock.pass(5min);
     EXPECT_EQ(generations(), 1);
     EXPECT_FALSE(manager->isError());

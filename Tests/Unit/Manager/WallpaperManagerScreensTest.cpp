@@ -1,6 +1,8 @@
 #include "Manager/SettingsKeys.h"
 #include "Unit/Manager/ManagerFixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -9,7 +11,7 @@ class WallpaperManagerScreensTest : public ManagerTest
 {
   protected:
     /// With a current wallpaper.
-    QString startWithPicture(const QString &name = QStringLiteral("a.png"))
+    QString startWithPicture(const QString &name = u"a.png"_s)
     {
         const QString path = putImage(name);
         store(SettingsKeys::kCurrentWallpaperPath, path);
@@ -52,9 +54,9 @@ TEST_F(WallpaperManagerScreensTest, anEarlierStatusStaysWhenAllGoesWell)
 TEST_F(WallpaperManagerScreensTest, aRefusalIsTold)
 {
     const QString path = startWithPicture();
-    desktop.refusal = QStringLiteral("no room");
+    desktop.refusal = u"no room"_s;
     changeScreens();
-    EXPECT_EQ(manager->status(), QStringLiteral("Failed to sync wallpaper: no room"));
+    EXPECT_EQ(manager->status(), u"Failed to sync wallpaper: no room"_s);
     EXPECT_TRUE(manager->isError());
     EXPECT_EQ(manager->currentWallpaperURL(), path);
 }
@@ -103,19 +105,19 @@ TEST_F(WallpaperManagerScreensTest, changesWhileTheDesktopIsBusyAreOneMoreApplic
 TEST_F(WallpaperManagerScreensTest, aChangeWhileAPictureIsBeingSetDoesNotBringTheOldOneBack)
 {
     const QString old = startWithPicture();
-    const QString next = putImage(QStringLiteral("b.png"));
+    const QString next = putImage(u"b.png"_s);
     manager->setWallpaper(next);
     Q_EMIT screens.changed();
     manager->waitUntilIdle();
     EXPECT_EQ(desktop.shown(), (QStringList{next, next}));
-    EXPECT_EQ(manager->status(), QStringLiteral("Wallpaper set!"));
+    EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
 
-    desktop.refusal = QStringLiteral("no room");
+    desktop.refusal = u"no room"_s;
     manager->setWallpaper(old);
     Q_EMIT screens.changed();
     manager->waitUntilIdle();
     EXPECT_EQ(desktop.shown(), (QStringList{next, next, old, next}));
-    EXPECT_EQ(manager->status(), QStringLiteral("Failed to sync wallpaper: no room"));
+    EXPECT_EQ(manager->status(), u"Failed to sync wallpaper: no room"_s);
 }
 
 TEST_F(WallpaperManagerScreensTest, whatGoesWithTheProgramIsSetAgainAtTheStartAndSilently)
@@ -133,10 +135,10 @@ TEST_F(WallpaperManagerScreensTest, whatGoesWithTheProgramIsSetAgainAtTheStartAn
 TEST_F(WallpaperManagerScreensTest, theStatusTellsThatTheUserIsAskedAndTheEndStopsThat)
 {
     start();
-    desktop.question = QStringLiteral("Waiting for your answer");
-    manager->setWallpaper(putImage(QStringLiteral("a.png")));
+    desktop.question = u"Waiting for your answer"_s;
+    manager->setWallpaper(putImage(u"a.png"_s));
     manager->waitUntilIdle();
-    EXPECT_EQ(statuses, (QStringList{desktop.question, QStringLiteral("Wallpaper set!")}));
+    EXPECT_EQ(statuses, (QStringList{desktop.question, u"Wallpaper set!"_s}));
     EXPECT_TRUE(desktop.mayAsk);
     manager.reset();
     EXPECT_FALSE(desktop.mayAsk);

@@ -3,6 +3,8 @@
 
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 using WallpaperManagerTest = ManagerTest;
@@ -11,9 +13,9 @@ TEST_F(WallpaperManagerTest, aFreshInstallationHasItsDefaults)
 {
     const WallpaperManager &fresh = start();
     EXPECT_EQ(fresh.prompt(), QString());
-    EXPECT_EQ(fresh.providerOverride(), QStringLiteral("auto"));
-    EXPECT_EQ(fresh.resolvedProvider().id(), QStringLiteral("gemini"));
-    EXPECT_EQ(fresh.resolvedModelId(), QStringLiteral("gemini-2.5-flash-image"));
+    EXPECT_EQ(fresh.providerOverride(), u"auto"_s);
+    EXPECT_EQ(fresh.resolvedProvider().id(), u"gemini"_s);
+    EXPECT_EQ(fresh.resolvedModelId(), u"gemini-2.5-flash-image"_s);
     EXPECT_EQ(fresh.intervalMinutes(), 30);
     EXPECT_FALSE(fresh.autoEnabled());
     EXPECT_FALSE(fresh.nextFireDate().isValid());
@@ -28,7 +30,7 @@ TEST_F(WallpaperManagerTest, aFreshInstallationHasItsDefaults)
     EXPECT_EQ(fresh.currentWallpaperURL(), QString());
     EXPECT_TRUE(fresh.history().isEmpty());
     EXPECT_TRUE(fresh.favorites().isEmpty());
-    EXPECT_EQ(fresh.missingKeys(), QStringList{QStringLiteral("Gemini")});
+    EXPECT_EQ(fresh.missingKeys(), QStringList{u"Gemini"_s});
     EXPECT_EQ(fresh.providers().size(), 3U);
     // Nothing was written back.
     EXPECT_TRUE(defaults->sync());
@@ -42,7 +44,7 @@ TEST_F(WallpaperManagerTest, storedIntervalsBelowOneBecomeThirtyAndOthersStay)
         store(SettingsKeys::kIntervalMinutes, stored);
         EXPECT_EQ(start().intervalMinutes(), loaded);
     }
-    store(SettingsKeys::kIntervalMinutes, QStringLiteral("soon"));
+    store(SettingsKeys::kIntervalMinutes, u"soon"_s);
     EXPECT_EQ(start().intervalMinutes(), 30);
     store(SettingsKeys::kIntervalMinutes, std::numeric_limits<qint64>::max());
     EXPECT_EQ(start().intervalMinutes(), WallpaperManager::kLongestIntervalMinutes);
@@ -51,26 +53,26 @@ TEST_F(WallpaperManagerTest, storedIntervalsBelowOneBecomeThirtyAndOthersStay)
 TEST_F(WallpaperManagerTest, settingsSurviveARestart)
 {
     WallpaperManager &before = start();
-    before.setPrompt(QStringLiteral("@a, \"lake\"\n= 水; % \\ "));
+    before.setPrompt(u"@a, \"lake\"\n= 水; % \\ "_s);
     before.setFourKEnabled(true);
     before.setNsfwEnabled(true);
-    before.setProviderOverride(QStringLiteral("grok"));
+    before.setProviderOverride(u"grok"_s);
     before.setIntervalMinutes(45);
     WallpaperManager &after = start();
-    EXPECT_EQ(after.prompt(), QStringLiteral("@a, \"lake\"\n= 水; % \\ "));
+    EXPECT_EQ(after.prompt(), u"@a, \"lake\"\n= 水; % \\ "_s);
     EXPECT_TRUE(after.fourKEnabled());
     EXPECT_TRUE(after.nsfwEnabled());
-    EXPECT_EQ(after.providerOverride(), QStringLiteral("grok"));
+    EXPECT_EQ(after.providerOverride(), u"grok"_s);
     EXPECT_EQ(after.intervalMinutes(), 45);
 }
 
 TEST_F(WallpaperManagerTest, autoIsKeptByKeepingNothing)
 {
-    start().setProviderOverride(QStringLiteral("openai"));
-    EXPECT_EQ(defaults->text(SettingsKeys::kProviderOverride), QStringLiteral("openai"));
-    manager->setProviderOverride(QStringLiteral("auto"));
+    start().setProviderOverride(u"openai"_s);
+    EXPECT_EQ(defaults->text(SettingsKeys::kProviderOverride), u"openai"_s);
+    manager->setProviderOverride(u"auto"_s);
     EXPECT_FALSE(defaults->contains(SettingsKeys::kProviderOverride));
-    EXPECT_EQ(start().providerOverride(), QStringLiteral("auto"));
+    EXPECT_EQ(start().providerOverride(), u"auto"_s);
 }
 
 TEST_F(WallpaperManagerTest, anEqualAssignmentIsKeptAndAnnouncedToo)
@@ -86,8 +88,8 @@ TEST_F(WallpaperManagerTest, thePromptIsNoPublishedProperty)
 {
     start();
     EXPECT_EQ(manager->metaObject()->indexOfProperty("prompt"), -1);
-    manager->setPrompt(QStringLiteral("typed"));
-    EXPECT_EQ(defaults->text(SettingsKeys::kLastPrompt), QStringLiteral("typed"));
+    manager->setPrompt(u"typed"_s);
+    EXPECT_EQ(defaults->text(SettingsKeys::kLastPrompt), u"typed"_s);
 }
 
 TEST_F(WallpaperManagerTest, theProviderFollowsTheOverrideThenTheNsfwSwitch)
@@ -115,11 +117,11 @@ TEST_F(WallpaperManagerTest, theProviderFollowsTheOverrideThenTheNsfwSwitch)
 TEST_F(WallpaperManagerTest, aModelThatIsNotOfferedFallsBackToTheFirst)
 {
     start();
-    defaults->set(SettingsKeys::selectedModel(QStringLiteral("gemini")), QStringLiteral("gemini-3-pro-image-preview"));
-    EXPECT_EQ(manager->resolvedModelId(), QStringLiteral("gemini-3-pro-image-preview"));
+    defaults->set(SettingsKeys::selectedModel(u"gemini"_s), u"gemini-3-pro-image-preview"_s);
+    EXPECT_EQ(manager->resolvedModelId(), u"gemini-3-pro-image-preview"_s);
     for (const char *stale : {"gemini-1", "", "GEMINI-3-pro-image-preview"}) {
-        defaults->set(SettingsKeys::selectedModel(QStringLiteral("gemini")), QLatin1String(stale));
-        EXPECT_EQ(manager->resolvedModelId(), QStringLiteral("gemini-2.5-flash-image")) << stale;
+        defaults->set(SettingsKeys::selectedModel(u"gemini"_s), QLatin1String(stale));
+        EXPECT_EQ(manager->resolvedModelId(), u"gemini-2.5-flash-image"_s) << stale;
     }
 }
 
@@ -127,39 +129,39 @@ TEST_F(WallpaperManagerTest, native4KDependsOnProviderAndModel)
 {
     start();
     EXPECT_TRUE(manager->providerProducesNative4K());
-    manager->setProviderOverride(QStringLiteral("grok"));
+    manager->setProviderOverride(u"grok"_s);
     EXPECT_FALSE(manager->providerProducesNative4K());
-    manager->setProviderOverride(QStringLiteral("openai"));
+    manager->setProviderOverride(u"openai"_s);
     EXPECT_TRUE(manager->providerProducesNative4K());
     for (const char *model : {"gpt-image-1", "gpt-image-1.5", "gpt-image-1-mini"}) {
-        defaults->set(SettingsKeys::selectedModel(QStringLiteral("openai")), QLatin1String(model));
+        defaults->set(SettingsKeys::selectedModel(u"openai"_s), QLatin1String(model));
         EXPECT_FALSE(manager->providerProducesNative4K()) << model;
     }
-    defaults->set(SettingsKeys::selectedModel(QStringLiteral("openai")), QStringLiteral("gpt-image-2"));
+    defaults->set(SettingsKeys::selectedModel(u"openai"_s), u"gpt-image-2"_s);
     EXPECT_TRUE(manager->providerProducesNative4K());
 }
 
 TEST_F(WallpaperManagerTest, missingKeysNameTheProviderAndTheRemoteUpscale)
 {
     start();
-    manager->setProviderOverride(QStringLiteral("grok"));
+    manager->setProviderOverride(u"grok"_s);
     manager->setFourKEnabled(true);
-    EXPECT_EQ(manager->missingKeys(), (QStringList{QStringLiteral("Grok"), QStringLiteral("Gemini (for 4K upscale)")}));
+    EXPECT_EQ(manager->missingKeys(), (QStringList{u"Grok"_s, u"Gemini (for 4K upscale)"_s}));
 
-    Keychain::save(QStringLiteral("K"), QStringLiteral("grok"));
-    EXPECT_EQ(manager->missingKeys(), QStringList{QStringLiteral("Gemini (for 4K upscale)")});
+    Keychain::save(u"K"_s, u"grok"_s);
+    EXPECT_EQ(manager->missingKeys(), QStringList{u"Gemini (for 4K upscale)"_s});
 
-    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
     EXPECT_TRUE(manager->missingKeys().isEmpty());
-    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("Local"));
-    EXPECT_EQ(manager->missingKeys(), QStringList{QStringLiteral("Gemini (for 4K upscale)")});
+    defaults->set(SettingsKeys::kUpscaleMethod, u"Local"_s);
+    EXPECT_EQ(manager->missingKeys(), QStringList{u"Gemini (for 4K upscale)"_s});
 
     manager->setFourKEnabled(false);
     EXPECT_TRUE(manager->missingKeys().isEmpty());
 
     // An empty key is a key.
     manager->setFourKEnabled(true);
-    Keychain::save(QString(), QStringLiteral("gemini"));
+    Keychain::save(QString(), u"gemini"_s);
     EXPECT_TRUE(manager->missingKeys().isEmpty());
 }
 
@@ -167,38 +169,38 @@ TEST_F(WallpaperManagerTest, geminiIsNotMissedTwice)
 {
     start();
     manager->setFourKEnabled(true);
-    EXPECT_EQ(manager->missingKeys(), QStringList{QStringLiteral("Gemini")});
+    EXPECT_EQ(manager->missingKeys(), QStringList{u"Gemini"_s});
 }
 
 TEST_F(WallpaperManagerTest, anUnreadableKeyFileHoldsNoKeys)
 {
     start();
-    Keychain::save(QStringLiteral("K"), QStringLiteral("gemini"));
+    Keychain::save(u"K"_s, u"gemini"_s);
     EXPECT_TRUE(manager->missingKeys().isEmpty());
-    QFile file(home.path() + QStringLiteral("/Library/Application Support/Quorvane/keys.json"));
+    QFile file(home.path() + u"/Library/Application Support/Quorvane/keys.json"_s);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(R"({"gemini":5})");
     file.close();
-    EXPECT_EQ(manager->missingKeys(), QStringList{QStringLiteral("Gemini")});
+    EXPECT_EQ(manager->missingKeys(), QStringList{u"Gemini"_s});
 }
 
 TEST_F(WallpaperManagerTest, theCurrentWallpaperComesBackWhileItsFileIsThere)
 {
-    const QString path = putImage(QStringLiteral("a.png"));
+    const QString path = putImage(u"a.png"_s);
     store(SettingsKeys::kCurrentWallpaperPath, path);
     EXPECT_EQ(start().currentWallpaperURL(), path);
 }
 
 TEST_F(WallpaperManagerTest, aDeletedCurrentWallpaperStaysUnsetAndItsPathStored)
 {
-    store(SettingsKeys::kCurrentWallpaperPath, QStringLiteral("/nowhere/a.png"));
+    store(SettingsKeys::kCurrentWallpaperPath, u"/nowhere/a.png"_s);
     EXPECT_EQ(start().currentWallpaperURL(), QString());
-    EXPECT_EQ(defaults->text(SettingsKeys::kCurrentWallpaperPath), QStringLiteral("/nowhere/a.png"));
+    EXPECT_EQ(defaults->text(SettingsKeys::kCurrentWallpaperPath), u"/nowhere/a.png"_s);
 }
 
 TEST_F(WallpaperManagerTest, whatAKilledRunLeftHalfWrittenIsRemovedAtTheStart)
 {
-    const QString leftover = ImageStore::directory() + QStringLiteral("/.a.png.XyZ123.quorvane-tmp");
+    const QString leftover = ImageStore::directory() + u"/.a.png.XyZ123.quorvane-tmp"_s;
     QFile file(leftover);
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));

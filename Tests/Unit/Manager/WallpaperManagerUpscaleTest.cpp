@@ -1,6 +1,8 @@
 #include "Manager/SettingsKeys.h"
 #include "Unit/Manager/ManagerFixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class WallpaperManagerUpscaleTest : public ManagerTest
@@ -24,7 +26,7 @@ class WallpaperManagerUpscaleTest : public ManagerTest
     {
         QImage image(8, 8, QImage::Format_RGB32);
         image.fill(Qt::red);
-        const QString path = ImageStore::directory() + QLatin1Char('/') + name;
+        const QString path = ImageStore::directory() + '/'_L1 + name;
         EXPECT_TRUE(image.save(path));
         return path;
     }
@@ -32,24 +34,23 @@ class WallpaperManagerUpscaleTest : public ManagerTest
 
 TEST_F(WallpaperManagerUpscaleTest, withoutAMethodAndAKeyItSaysSoAndWritesNothing)
 {
-    const QString path = putPicture(QStringLiteral("a.png"));
+    const QString path = putPicture(u"a.png"_s);
     start();
     upscale(path);
-    EXPECT_EQ(manager->status(), QStringLiteral("No Gemini API key — switch to Local upscale in Settings > Advanced"));
+    EXPECT_EQ(manager->status(), u"No Gemini API key — switch to Local upscale in Settings > Advanced"_s);
     EXPECT_TRUE(manager->isError());
-    EXPECT_EQ(files(), QStringList{QStringLiteral("a.png")});
+    EXPECT_EQ(files(), QStringList{u"a.png"_s});
 }
 
 TEST_F(WallpaperManagerUpscaleTest, locallyItNeedsNoKeyAndTheCopyIsAPng)
 {
-    const QString path = putPicture(QStringLiteral("a.JPG"));
-    ImageStore::savePrompt(QStringLiteral("a lake"), path);
+    const QString path = putPicture(u"a.JPG"_s);
+    ImageStore::savePrompt(u"a lake"_s, path);
     start();
-    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
     upscale(path);
-    const QString copy = home.library() + QStringLiteral("/wallpaper_2026-01-31_23-59-01.png");
-    EXPECT_EQ(statuses,
-              (QStringList{QString(), QStringLiteral("Upscaling to 4K (local)..."), QStringLiteral("Wallpaper set!")}));
+    const QString copy = home.library() + u"/wallpaper_2026-01-31_23-59-01.png"_s;
+    EXPECT_EQ(statuses, (QStringList{QString(), u"Upscaling to 4K (local)..."_s, u"Wallpaper set!"_s}));
     EXPECT_EQ(contentOf(copy), "4K of " + contentOf(path));
     EXPECT_EQ(manager->currentWallpaperURL(), copy);
     EXPECT_EQ(manager->history(), QStringList{copy});
@@ -63,13 +64,13 @@ TEST_F(WallpaperManagerUpscaleTest, locallyItNeedsNoKeyAndTheCopyIsAPng)
 
 TEST_F(WallpaperManagerUpscaleTest, theServiceGetsTheExtensionInLowerCase)
 {
-    Keychain::save(QStringLiteral("K"), QStringLiteral("gemini"));
-    const QString path = putPicture(QStringLiteral("a.PNG"));
-    const QString photo = putPicture(QStringLiteral("b.JPG"));
+    Keychain::save(u"K"_s, u"gemini"_s);
+    const QString path = putPicture(u"a.PNG"_s);
+    const QString photo = putPicture(u"b.JPG"_s);
     start();
     upscale(path);
     upscale(photo);
-    EXPECT_EQ(manager->status(), QStringLiteral("Wallpaper set!"));
+    EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
     const auto requests = service.requests();
     ASSERT_EQ(requests.size(), 2);
     EXPECT_TRUE(requests.at(0).body.contains(R"("mimeType":"image/png")"));
@@ -78,9 +79,9 @@ TEST_F(WallpaperManagerUpscaleTest, theServiceGetsTheExtensionInLowerCase)
 
 TEST_F(WallpaperManagerUpscaleTest, aSourceWithoutAPromptGivesACopyWithoutOne)
 {
-    const QString path = putPicture(QStringLiteral("a.png"));
+    const QString path = putPicture(u"a.png"_s);
     start();
-    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
     upscale(path);
     EXPECT_TRUE(sideFile("prompts.json").isEmpty());
 }
@@ -88,50 +89,48 @@ TEST_F(WallpaperManagerUpscaleTest, aSourceWithoutAPromptGivesACopyWithoutOne)
 TEST_F(WallpaperManagerUpscaleTest, anUnreadableSourceIsAnError)
 {
     start();
-    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
-    upscale(home.library() + QStringLiteral("/gone.png"));
-    EXPECT_TRUE(manager->status().startsWith(QStringLiteral("Upscale failed: No such file")))
-        << manager->status().toStdString();
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
+    upscale(home.library() + u"/gone.png"_s);
+    EXPECT_TRUE(manager->status().startsWith(u"Upscale failed: No such file"_s)) << manager->status().toStdString();
     EXPECT_TRUE(manager->isError());
 }
 
 TEST_F(WallpaperManagerUpscaleTest, aFailedUpscaleIsAnErrorAndTheSourceStays)
 {
     localUpscale = [](QByteArray, std::stop_token, std::function<void(UpscaleProgress)>) -> QCoro::Task<UpscaledImage> {
-        throw ProviderError::invalidResponse(QStringLiteral("RealESRGAN model not found in app bundle"));
+        throw ProviderError::invalidResponse(u"RealESRGAN model not found in app bundle"_s);
         co_return UpscaledImage();
     };
-    const QString path = putPicture(QStringLiteral("a.png"));
+    const QString path = putPicture(u"a.png"_s);
     start();
-    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
     upscale(path);
-    EXPECT_EQ(manager->status(),
-              QStringLiteral("Upscale failed: Invalid response: RealESRGAN model not found in app bundle"));
+    EXPECT_EQ(manager->status(), u"Upscale failed: Invalid response: RealESRGAN model not found in app bundle"_s);
     EXPECT_TRUE(manager->isError());
-    EXPECT_EQ(files(), QStringList{QStringLiteral("a.png")});
+    EXPECT_EQ(files(), QStringList{u"a.png"_s});
 }
 
 TEST_F(WallpaperManagerUpscaleTest, theServicesErrorIsToldWithBothPrefixes)
 {
-    Keychain::save(QStringLiteral("K"), QStringLiteral("gemini"));
+    Keychain::save(u"K"_s, u"gemini"_s);
     Misbehaviour refusal(Misbehaviour::Kind::ErrorObject);
     refusal.text = "no";
     service.setMisbehaviour(refusal);
-    const QString path = putPicture(QStringLiteral("a.png"));
+    const QString path = putPicture(u"a.png"_s);
     start();
     upscale(path);
-    EXPECT_EQ(manager->status(), QStringLiteral("Upscale failed: API error: Upscale failed: no"));
+    EXPECT_EQ(manager->status(), u"Upscale failed: API error: Upscale failed: no"_s);
 }
 
 TEST_F(WallpaperManagerUpscaleTest, aCopyThatCannotBeSavedIsAnError)
 {
     clock.secondsPerLook = 0;
-    const QString path = putPicture(QStringLiteral("a.png"));
+    const QString path = putPicture(u"a.png"_s);
     start();
-    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
-    ASSERT_TRUE(QDir(home.library()).mkpath(QStringLiteral("wallpaper_2026-01-31_23-59-00.png/inside")));
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
+    ASSERT_TRUE(QDir(home.library()).mkpath(u"wallpaper_2026-01-31_23-59-00.png/inside"_s));
     upscale(path);
-    EXPECT_EQ(manager->status(), QStringLiteral("Failed to save upscaled image"));
+    EXPECT_EQ(manager->status(), u"Failed to save upscaled image"_s);
     EXPECT_TRUE(manager->isError());
     EXPECT_TRUE(sideFile("variants.json").isEmpty());
     EXPECT_TRUE(desktop.shown().isEmpty());
@@ -140,10 +139,10 @@ TEST_F(WallpaperManagerUpscaleTest, aCopyThatCannotBeSavedIsAnError)
 TEST_F(WallpaperManagerUpscaleTest, twoCopiesOfOneSecondShareANameAndBothSourcesLinkToIt)
 {
     clock.secondsPerLook = 0;
-    const QString first = putPicture(QStringLiteral("a.png"));
-    const QString second = putPicture(QStringLiteral("b.png"));
+    const QString first = putPicture(u"a.png"_s);
+    const QString second = putPicture(u"b.png"_s);
     start();
-    defaults->set(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
     manager->upscaleExistingImage(first);
     manager->upscaleExistingImage(second);
     EXPECT_EQ(manager->upscalingURL(), second);

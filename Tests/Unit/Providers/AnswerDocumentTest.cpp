@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -24,7 +26,7 @@ TEST(AnswerDocument, readsShortAndLongTextsAlike)
         const auto document = AnswerDocument::parse(R"({"before":1,"text":")" + text + R"(","after":[true]})");
         ASSERT_TRUE(document) << size;
         EXPECT_EQ(textOf(*document, "text"), text) << size;
-        EXPECT_EQ(document->object().value(QLatin1String("after")).toArray().size(), 1) << size;
+        EXPECT_EQ(document->object().value("after"_L1).toArray().size(), 1) << size;
     }
 }
 

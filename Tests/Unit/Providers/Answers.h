@@ -8,12 +8,14 @@
 
 namespace quorvane {
 
+using namespace Qt::StringLiterals;
+
 /// What a user reads after this answer: "picture:EXTENSION:BYTES", or the error's text.
 inline QString outcomeOf(const QByteArray &answer, const AnswerFormat &format)
 {
     try {
         const GeneratedImage image = imageFromAnswer(answer, format);
-        return QStringLiteral("picture:") + image.extension + QLatin1Char(':') + QString::fromLatin1(image.bytes);
+        return u"picture:"_s + image.extension + ':'_L1 + QString::fromLatin1(image.bytes);
     } catch (const ProviderError &error) {
         return error.errorDescription();
     }

@@ -5,13 +5,14 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 TEST(GeminiProvider, asksFor4KAt16To9)
 {
-    const ServiceRequest request =
-        geminiRequest(QStringLiteral("a \"lake\"\n"), QStringLiteral("KEY"), QStringLiteral("gemini-2.5-flash-image"));
-    EXPECT_EQ(request.path, QStringLiteral("/v1beta/models/gemini-2.5-flash-image:generateContent"));
+    const ServiceRequest request = geminiRequest(u"a \"lake\"\n"_s, u"KEY"_s, u"gemini-2.5-flash-image"_s);
+    EXPECT_EQ(request.path, u"/v1beta/models/gemini-2.5-flash-image:generateContent"_s);
     EXPECT_EQ(request.keyHeader.name, "x-goog-api-key");
     EXPECT_EQ(request.keyHeader.value, "KEY");
     EXPECT_EQ(request.silenceLimit, std::chrono::seconds(120));
@@ -22,8 +23,7 @@ TEST(GeminiProvider, asksFor4KAt16To9)
 
 TEST(GeminiProvider, theModelStandsInTheAddressAsItIs)
 {
-    EXPECT_EQ(geminiRequest({}, {}, QStringLiteral("a b%")).path,
-              QStringLiteral("/v1beta/models/a b%:generateContent"));
+    EXPECT_EQ(geminiRequest({}, {}, u"a b%"_s).path, u"/v1beta/models/a b%:generateContent"_s);
 }
 
 TEST(GeminiProvider, answersAreReadThisWay)

@@ -5,13 +5,14 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 TEST(GrokProvider, sendsFiveEntriesAndNoSize)
 {
-    const ServiceRequest request =
-        grokRequest(QStringLiteral("a lake"), QStringLiteral("KEY"), QStringLiteral("grok-imagine-image"));
-    EXPECT_EQ(request.path, QStringLiteral("/v1/images/generations"));
+    const ServiceRequest request = grokRequest(u"a lake"_s, u"KEY"_s, u"grok-imagine-image"_s);
+    EXPECT_EQ(request.path, u"/v1/images/generations"_s);
     EXPECT_EQ(request.keyHeader.name, "Authorization");
     EXPECT_EQ(request.keyHeader.value, "Bearer KEY");
     EXPECT_EQ(request.silenceLimit, std::chrono::seconds(120));
@@ -50,7 +51,7 @@ TEST(GrokProvider, aLongDataAddressLosesItsHeadToo)
 {
     const QByteArray picture(30000, 'p');
     const QByteArray answer = R"({"data":[{"b64_json":"data:image/png;base64,)" + picture.toBase64() + R"("}]})";
-    EXPECT_EQ(outcomeOf(answer, grokAnswer()), QStringLiteral("picture:jpg:") + QString::fromLatin1(picture));
+    EXPECT_EQ(outcomeOf(answer, grokAnswer()), u"picture:jpg:"_s + QString::fromLatin1(picture));
 }
 
 } // namespace quorvane

@@ -5,14 +5,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 QByteArray bodyFor(const char *model, bool wants4K)
 {
-    const ServiceRequest request =
-        openAIRequest(QStringLiteral("p"), QStringLiteral("KEY"), QLatin1String(model), wants4K);
+    const ServiceRequest request = openAIRequest(u"p"_s, u"KEY"_s, QLatin1String(model), wants4K);
     return QJsonDocument(request.body).toJson(QJsonDocument::Compact);
 }
 
@@ -52,8 +53,8 @@ TEST(OpenAIProvider, olderModelsAreSentTwoMoreEntriesAndNever4K)
 
 TEST(OpenAIProvider, theKeyGoesIntoOneHeader)
 {
-    const ServiceRequest request = openAIRequest({}, QStringLiteral("KEY"), {}, false);
-    EXPECT_EQ(request.path, QStringLiteral("/v1/images/generations"));
+    const ServiceRequest request = openAIRequest({}, u"KEY"_s, {}, false);
+    EXPECT_EQ(request.path, u"/v1/images/generations"_s);
     EXPECT_EQ(request.keyHeader.name, "Authorization");
     EXPECT_EQ(request.keyHeader.value, "Bearer KEY");
 }

@@ -10,12 +10,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 TEST(CreationDate, isBetweenTheMomentsBeforeAndAfterTheFileWasMade)
 {
     const PrivateHome home;
-    const QString path = home.path() + QStringLiteral("/a.png");
+    const QString path = home.path() + u"/a.png"_s;
     // The file system's clock may lag by a timer tick.
     const QDateTime before = QDateTime::currentDateTimeUtc().addMSecs(-100);
     ASSERT_TRUE(putFile(path));
@@ -29,7 +31,7 @@ TEST(CreationDate, isBetweenTheMomentsBeforeAndAfterTheFileWasMade)
 TEST(CreationDate, doesNotMoveWhenTheFileIsModified)
 {
     const PrivateHome home;
-    const QString path = home.path() + QStringLiteral("/a.png");
+    const QString path = home.path() + u"/a.png"_s;
     ASSERT_TRUE(putFile(path));
     struct statx status = {};
     ASSERT_EQ(::statx(AT_FDCWD, QFile::encodeName(path).constData(), 0, STATX_BTIME, &status), 0);
@@ -46,7 +48,7 @@ TEST(CreationDate, doesNotMoveWhenTheFileIsModified)
 TEST(CreationDate, isTheModificationDateWhereThereIsNoOther)
 {
     // The process file system keeps no creation dates.
-    const QString path = QStringLiteral("/proc/self/status");
+    const QString path = u"/proc/self/status"_s;
     struct statx status = {};
     ASSERT_EQ(::statx(AT_FDCWD, QFile::encodeName(path).constData(), 0, STATX_BTIME | STATX_MTIME, &status), 0);
     ASSERT_EQ(status.stx_mask & STATX_BTIME, 0U);
@@ -56,14 +58,14 @@ TEST(CreationDate, isTheModificationDateWhereThereIsNoOther)
 TEST(CreationDate, isAbsentForWhatIsNotThere)
 {
     const PrivateHome home;
-    EXPECT_FALSE(creationDate(home.path() + QStringLiteral("/missing.png")));
+    EXPECT_FALSE(creationDate(home.path() + u"/missing.png"_s));
 }
 
 TEST(CreationDate, ofALinkIsItsOwn)
 {
     const PrivateHome home;
-    const QString link = home.path() + QStringLiteral("/dangling.png");
-    ASSERT_TRUE(QFile::link(home.path() + QStringLiteral("/missing.png"), link));
+    const QString link = home.path() + u"/dangling.png"_s;
+    ASSERT_TRUE(QFile::link(home.path() + u"/missing.png"_s, link));
     EXPECT_TRUE(creationDate(link));
 }
 
@@ -79,7 +81,7 @@ TEST(CreationDate, sortsNewestFirstUndatedLastAndKeepsTheOrderOfEqualOnes)
     for (const DatedFile &file : files) {
         order += file.path;
     }
-    EXPECT_EQ(order, QStringLiteral("6325104"));
+    EXPECT_EQ(order, u"6325104"_s);
 }
 
 TEST(CreationDate, reachesBeyondTheYearsThatNanosecondsInSixtyFourBitsCover)

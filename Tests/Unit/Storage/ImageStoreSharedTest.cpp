@@ -13,6 +13,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -22,13 +24,13 @@ constexpr int kWritesEach = 20;
 
 QString nameOf(int writer, int number)
 {
-    return QStringLiteral("%1-%2.png").arg(writer).arg(number);
+    return u"%1-%2.png"_s.arg(writer).arg(number);
 }
 
 void savePrompts(int writer)
 {
     for (int number = 0; number < kWritesEach; ++number) {
-        ImageStore::savePrompt(QStringLiteral("prompt"), nameOf(writer, number));
+        ImageStore::savePrompt(u"prompt"_s, nameOf(writer, number));
     }
 }
 
@@ -81,7 +83,7 @@ TEST(ImageStoreShared, deletionsBesideOtherWritersLoseNothingOfTheirs)
 {
     const PrivateHome home;
     for (int number = 0; number < kWritesEach; ++number) {
-        ImageStore::savePrompt(QStringLiteral("old"), nameOf(9, number));
+        ImageStore::savePrompt(u"old"_s, nameOf(9, number));
         ImageStore::saveFavorite(nameOf(9, number));
         ImageStore::saveVariantLink(nameOf(9, number), nameOf(8, number));
     }
@@ -91,7 +93,7 @@ TEST(ImageStoreShared, deletionsBesideOtherWritersLoseNothingOfTheirs)
         }
     });
     for (int number = 0; number < kWritesEach; ++number) {
-        ImageStore::savePrompt(QStringLiteral("new"), nameOf(0, number));
+        ImageStore::savePrompt(u"new"_s, nameOf(0, number));
         ImageStore::saveFavorite(nameOf(0, number));
         ImageStore::saveVariantLink(nameOf(0, number), nameOf(1, number));
     }
@@ -111,21 +113,21 @@ TEST(ImageStoreShared, deletionsBesideOtherWritersLoseNothingOfTheirs)
 TEST(ImageStoreShared, aReaderBesideAWriterSeesEveryFileWhole)
 {
     const PrivateHome home;
-    ASSERT_TRUE(ImageStore::saveImage(QStringLiteral("a.png"), QByteArray(300'000, 'a')));
-    ImageStore::savePrompt(QString(20'000, QLatin1Char('a')), QStringLiteral("a.png"));
+    ASSERT_TRUE(ImageStore::saveImage(u"a.png"_s, QByteArray(300'000, 'a')));
+    ImageStore::savePrompt(QString(20'000, 'a'_L1), u"a.png"_s);
     std::atomic<bool> done = false;
     std::thread writer([&done] {
         for (int round = 0; round < 30; ++round) {
             const char letter = round % 2 == 0 ? 'b' : 'a';
-            (void)ImageStore::saveImage(QStringLiteral("a.png"), QByteArray(300'000, letter));
-            ImageStore::savePrompt(QString(20'000, QLatin1Char(letter)), QStringLiteral("a.png"));
+            (void)ImageStore::saveImage(u"a.png"_s, QByteArray(300'000, letter));
+            ImageStore::savePrompt(QString(20'000, QLatin1Char(letter)), u"a.png"_s);
         }
         done = true;
     });
     int half = 0;
     int rounds = 0;
     while (!done) {
-        const QByteArray image = contentOf(ImageStore::directory() + QStringLiteral("/a.png"));
+        const QByteArray image = contentOf(ImageStore::directory() + u"/a.png"_s);
         const TextMap prompts = readTextMap(ImageStore::promptsPath());
         const bool whole = image.size() == 300'000 && image.count(image.front()) == image.size() &&
                            prompts.size() == 1 && ImageStore::allImages().size() == 1;
@@ -142,7 +144,7 @@ TEST(KeychainShared, threadsAndProcessesWritingAtOnceLoseNoKey)
     const PrivateHome home;
     const auto saveKeys = [](int writer) {
         for (int number = 0; number < kWritesEach; ++number) {
-            Keychain::save(QStringLiteral("key"), nameOf(writer, number));
+            Keychain::save(u"key"_s, nameOf(writer, number));
         }
     };
     const pid_t child = inProcess([&] { saveKeys(0); });
@@ -165,7 +167,7 @@ TEST(KeychainShared, ofSeveralThatSaveWhatIsAbsentTheFirstWins)
                     ::_exit(1);
                 }
                 const auto winner = Keychain::load(id);
-                (void)Keychain::saveIfAbsent(QStringLiteral("late"), id);
+                (void)Keychain::saveIfAbsent(u"late"_s, id);
                 if (Keychain::load(id) != winner) {
                     ::_exit(1);
                 }

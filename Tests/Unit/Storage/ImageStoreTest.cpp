@@ -9,6 +9,8 @@
 
 #include <dirent.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -16,10 +18,7 @@ namespace {
 class ImageStoreTest : public testing::Test
 {
   protected:
-    [[nodiscard]] QString at(const char *name) const
-    {
-        return m_home.library() + QLatin1Char('/') + QString::fromUtf8(name);
-    }
+    [[nodiscard]] QString at(const char *name) const { return m_home.library() + '/'_L1 + QString::fromUtf8(name); }
     [[nodiscard]] bool put(const char *name, const QByteArray &content = "x") const
     {
         return putFile(at(name), content);
@@ -105,7 +104,7 @@ TEST_F(ImageStoreTest, equalDatesKeepTheOrderOfTheListing)
     ASSERT_NE(folder, nullptr);
     while (const dirent *entry = ::readdir(folder)) {
         if (const QString name = QFile::decodeName(entry->d_name); name.endsWith(text(".png"))) {
-            expected.append(m_home.library() + QLatin1Char('/') + name);
+            expected.append(m_home.library() + '/'_L1 + name);
         }
     }
     ::closedir(folder);

@@ -16,6 +16,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 // The disk is full, files may not be read, names are no text: nothing that was there before may suffer.
 namespace quorvane {
 
@@ -73,25 +75,24 @@ class SmallDisk
 /// What a library holds before the trouble comes.
 void fillLibrary()
 {
-    EXPECT_TRUE(ImageStore::saveImage(QStringLiteral("old.png"), "picture"));
-    ImageStore::savePrompt(QStringLiteral("lake"), QStringLiteral("old.png"));
-    ImageStore::saveFavorite(QStringLiteral("old.png"));
-    ImageStore::saveVariantLink(QStringLiteral("old.png"), QStringLiteral("large.png"));
+    EXPECT_TRUE(ImageStore::saveImage(u"old.png"_s, "picture"));
+    ImageStore::savePrompt(u"lake"_s, u"old.png"_s);
+    ImageStore::saveFavorite(u"old.png"_s);
+    ImageStore::saveVariantLink(u"old.png"_s, u"large.png"_s);
 }
 
 void expectLibraryAsFilled(const QString &library)
 {
     EXPECT_EQ(QDir(library).entryList(QDir::Files | QDir::Hidden, QDir::Name),
-              (QStringList{QStringLiteral("favorites.json"), QStringLiteral("old.png"), QStringLiteral("prompts.json"),
-                           QStringLiteral("variants.json")}));
-    EXPECT_EQ(contentOf(library + QStringLiteral("/old.png")), "picture");
-    EXPECT_EQ(contentOf(library + QStringLiteral("/prompts.json")), "{\"old.png\":\"lake\"}");
-    EXPECT_EQ(contentOf(library + QStringLiteral("/favorites.json")), "[\"old.png\"]");
-    EXPECT_EQ(contentOf(library + QStringLiteral("/variants.json")), "{\"old.png\":\"large.png\"}");
+              (QStringList{u"favorites.json"_s, u"old.png"_s, u"prompts.json"_s, u"variants.json"_s}));
+    EXPECT_EQ(contentOf(library + u"/old.png"_s), "picture");
+    EXPECT_EQ(contentOf(library + u"/prompts.json"_s), "{\"old.png\":\"lake\"}");
+    EXPECT_EQ(contentOf(library + u"/favorites.json"_s), "[\"old.png\"]");
+    EXPECT_EQ(contentOf(library + u"/variants.json"_s), "{\"old.png\":\"large.png\"}");
 }
 
 /// More than any disk or limit of these tests holds.
-const QString kLongText(200'000, QLatin1Char('x'));
+const QString kLongText(200'000, 'x'_L1);
 
 } // namespace
 
@@ -101,11 +102,11 @@ TEST(ImageStoreTrouble, aWriteThatFailsHalfWayChangesNothing)
     fillLibrary();
     {
         const FileSizeLimit limit(100);
-        EXPECT_FALSE(ImageStore::saveImage(QStringLiteral("new.png"), QByteArray(50'000, 'x')));
-        EXPECT_FALSE(ImageStore::saveImage(QStringLiteral("old.png"), QByteArray(50'000, 'x')));
-        ImageStore::savePrompt(kLongText, QStringLiteral("new.png"));
+        EXPECT_FALSE(ImageStore::saveImage(u"new.png"_s, QByteArray(50'000, 'x')));
+        EXPECT_FALSE(ImageStore::saveImage(u"old.png"_s, QByteArray(50'000, 'x')));
+        ImageStore::savePrompt(kLongText, u"new.png"_s);
         ImageStore::saveFavorite(kLongText);
-        ImageStore::saveVariantLink(QStringLiteral("new.png"), kLongText);
+        ImageStore::saveVariantLink(u"new.png"_s, kLongText);
     }
     expectLibraryAsFilled(home.library());
 }
@@ -118,11 +119,11 @@ TEST(ImageStoreTrouble, aFullDiskChangesNothing)
         GTEST_SKIP() << "no right to mount a small disk here; the limited file size stands in for it";
     }
     fillLibrary();
-    EXPECT_FALSE(ImageStore::saveImage(QStringLiteral("new.png"), QByteArray(100'000, 'x')));
-    EXPECT_FALSE(ImageStore::saveImage(QStringLiteral("old.png"), QByteArray(100'000, 'x')));
-    ImageStore::savePrompt(kLongText, QStringLiteral("new.png"));
+    EXPECT_FALSE(ImageStore::saveImage(u"new.png"_s, QByteArray(100'000, 'x')));
+    EXPECT_FALSE(ImageStore::saveImage(u"old.png"_s, QByteArray(100'000, 'x')));
+    ImageStore::savePrompt(kLongText, u"new.png"_s);
     ImageStore::saveFavorite(kLongText);
-    ImageStore::saveVariantLink(QStringLiteral("new.png"), kLongText);
+    ImageStore::saveVariantLink(u"new.png"_s, kLongText);
     expectLibraryAsFilled(home.library());
 }
 
@@ -135,10 +136,10 @@ TEST(ImageStoreTrouble, aDiskWithoutRoomForAnotherFileChangesNothing)
         GTEST_SKIP() << "no right to mount a small disk here";
     }
     fillLibrary();
-    ASSERT_TRUE(putFile(home.library() + QStringLiteral("/last")));
-    EXPECT_FALSE(ImageStore::saveImage(QStringLiteral("new.png"), "x"));
-    ImageStore::savePrompt(QStringLiteral("p"), QStringLiteral("new.png"));
-    ASSERT_TRUE(QFile::remove(home.library() + QStringLiteral("/last")));
+    ASSERT_TRUE(putFile(home.library() + u"/last"_s));
+    EXPECT_FALSE(ImageStore::saveImage(u"new.png"_s, "x"));
+    ImageStore::savePrompt(u"p"_s, u"new.png"_s);
+    ASSERT_TRUE(QFile::remove(home.library() + u"/last"_s));
     expectLibraryAsFilled(home.library());
 }
 
@@ -150,10 +151,10 @@ TEST(ImageStoreTrouble, aFolderThatMayNotBeWrittenChangesNothing)
     {
         ASSERT_EQ(::chmod(QFile::encodeName(home.library()).constData(), 0555), 0);
         const AsOrdinaryUser user;
-        EXPECT_FALSE(ImageStore::saveImage(QStringLiteral("new.png"), "x"));
-        ImageStore::savePrompt(QStringLiteral("p"), QStringLiteral("new.png"));
-        ImageStore::deleteImage(QStringLiteral("old.png"));
-        EXPECT_EQ(ImageStore::allImages(), QStringList{home.library() + QStringLiteral("/old.png")});
+        EXPECT_FALSE(ImageStore::saveImage(u"new.png"_s, "x"));
+        ImageStore::savePrompt(u"p"_s, u"new.png"_s);
+        ImageStore::deleteImage(u"old.png"_s);
+        EXPECT_EQ(ImageStore::allImages(), QStringList{home.library() + u"/old.png"_s});
     }
     expectLibraryAsFilled(home.library());
     ::chmod(QFile::encodeName(home.library()).constData(), 0755);
@@ -162,15 +163,15 @@ TEST(ImageStoreTrouble, aFolderThatMayNotBeWrittenChangesNothing)
 TEST(ImageStoreTrouble, aFolderThatCannotBeMadeIsAnEmptyLibrary)
 {
     const PrivateHome home;
-    ASSERT_TRUE(putFile(home.path() + QStringLiteral("/Pictures")));
+    ASSERT_TRUE(putFile(home.path() + u"/Pictures"_s));
     EXPECT_EQ(ImageStore::directory(), home.library());
     EXPECT_TRUE(ImageStore::allImages().isEmpty());
-    EXPECT_FALSE(ImageStore::saveImage(QStringLiteral("a.png"), "x"));
-    ImageStore::savePrompt(QStringLiteral("p"), QStringLiteral("a.png"));
-    ImageStore::saveFavorite(QStringLiteral("a.png"));
-    ImageStore::deleteImage(QStringLiteral("/nowhere/a.png"));
-    EXPECT_EQ(ImageStore::variant(QStringLiteral("a.png")), std::nullopt);
-    EXPECT_EQ(contentOf(home.path() + QStringLiteral("/Pictures")), "x");
+    EXPECT_FALSE(ImageStore::saveImage(u"a.png"_s, "x"));
+    ImageStore::savePrompt(u"p"_s, u"a.png"_s);
+    ImageStore::saveFavorite(u"a.png"_s);
+    ImageStore::deleteImage(u"/nowhere/a.png"_s);
+    EXPECT_EQ(ImageStore::variant(u"a.png"_s), std::nullopt);
+    EXPECT_EQ(contentOf(home.path() + u"/Pictures"_s), "x");
 }
 
 TEST(ImageStoreTrouble, aFolderThatCannotBeListedHasNoImages)
@@ -193,7 +194,7 @@ TEST(ImageStoreTrouble, imagesWhoseDatesCannotBeReadAreListed)
     // Such a folder can be listed, but nothing can be learnt about its entries.
     ASSERT_EQ(::chmod(QFile::encodeName(home.library()).constData(), 0400), 0);
     const AsOrdinaryUser user;
-    EXPECT_EQ(ImageStore::allImages(), QStringList{home.library() + QStringLiteral("/old.png")});
+    EXPECT_EQ(ImageStore::allImages(), QStringList{home.library() + u"/old.png"_s});
 }
 
 TEST(ImageStoreTrouble, anUnreadableSideFileIsEmptyAndReplacedAtTheNextWrite)
@@ -206,20 +207,20 @@ TEST(ImageStoreTrouble, anUnreadableSideFileIsEmptyAndReplacedAtTheNextWrite)
     ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), 0), 0);
     const AsOrdinaryUser user;
     EXPECT_TRUE(readTextMap(path).empty());
-    ImageStore::savePrompt(QStringLiteral("p"), QStringLiteral("new.png"));
-    EXPECT_EQ(readTextMap(path), (TextMap{{QStringLiteral("new.png"), QStringLiteral("p")}}));
+    ImageStore::savePrompt(u"p"_s, u"new.png"_s);
+    EXPECT_EQ(readTextMap(path), (TextMap{{u"new.png"_s, u"p"_s}}));
 }
 
 TEST(ImageStoreTrouble, aFileThatCannotBeDeletedStillLosesItsEntries)
 {
     const PrivateHome home;
-    ASSERT_TRUE(putFile(home.library() + QStringLiteral("/full.png/inside.txt")));
-    ASSERT_TRUE(putFile(home.library() + QStringLiteral("/small.png")));
-    ImageStore::savePrompt(QStringLiteral("p"), QStringLiteral("full.png"));
-    ImageStore::saveVariantLink(QStringLiteral("small.png"), QStringLiteral("full.png"));
-    ImageStore::deleteImage(home.library() + QStringLiteral("/full.png"));
-    EXPECT_TRUE(QFileInfo::exists(home.library() + QStringLiteral("/full.png/inside.txt")));
-    EXPECT_FALSE(QFileInfo::exists(home.library() + QStringLiteral("/small.png")));
+    ASSERT_TRUE(putFile(home.library() + u"/full.png/inside.txt"_s));
+    ASSERT_TRUE(putFile(home.library() + u"/small.png"_s));
+    ImageStore::savePrompt(u"p"_s, u"full.png"_s);
+    ImageStore::saveVariantLink(u"small.png"_s, u"full.png"_s);
+    ImageStore::deleteImage(home.library() + u"/full.png"_s);
+    EXPECT_TRUE(QFileInfo::exists(home.library() + u"/full.png/inside.txt"_s));
+    EXPECT_FALSE(QFileInfo::exists(home.library() + u"/small.png"_s));
     EXPECT_TRUE(readTextMap(ImageStore::promptsPath()).empty());
     EXPECT_TRUE(readTextMap(ImageStore::variantsPath()).empty());
 }
@@ -232,13 +233,13 @@ TEST(ImageStoreTrouble, namesThatAreNoTextDisturbNobody)
     const int descriptor = ::open(odd.constData(), O_CREAT | O_WRONLY | O_CLOEXEC, 0644);
     ASSERT_GE(descriptor, 0);
     ::close(descriptor);
-    EXPECT_EQ(ImageStore::allImages(), QStringList{home.library() + QStringLiteral("/old.png")});
-    for (const QString &name : {QFile::decodeName("\xff\xfe odd.png"), QString(QChar(0xd800)) + QStringLiteral(".png"),
-                                QStringLiteral("old.png") + QChar(u'\0')}) {
-        ImageStore::savePrompt(QStringLiteral("p"), name);
+    EXPECT_EQ(ImageStore::allImages(), QStringList{home.library() + u"/old.png"_s});
+    for (const QString &name :
+         {QFile::decodeName("\xff\xfe odd.png"), QString(QChar(0xd800)) + u".png"_s, u"old.png"_s + QChar(u'\0')}) {
+        ImageStore::savePrompt(u"p"_s, name);
         ImageStore::saveFavorite(name);
         EXPECT_EQ(ImageStore::variant(name), std::nullopt);
-        ImageStore::deleteImage(home.library() + QLatin1Char('/') + name);
+        ImageStore::deleteImage(home.library() + '/'_L1 + name);
     }
     EXPECT_EQ(::access(odd.constData(), F_OK), 0);
     ASSERT_EQ(::unlink(odd.constData()), 0);
@@ -249,54 +250,54 @@ TEST(ImageStoreTrouble, whatAKilledProcessLeftIsNeverListedAndCanBeRemoved)
 {
     const PrivateHome home;
     fillLibrary();
-    Keychain::save(QStringLiteral("k1"), QStringLiteral("gemini"));
-    const QString keys = home.path() + QStringLiteral("/Library/Application Support/Quorvane");
+    Keychain::save(u"k1"_s, u"gemini"_s);
+    const QString keys = home.path() + u"/Library/Application Support/Quorvane"_s;
     for (const QString &folder : {home.library(), keys}) {
-        const QString path = folder + QStringLiteral("/.half.png.abcdef.quorvane-tmp");
+        const QString path = folder + u"/.half.png.abcdef.quorvane-tmp"_s;
         ASSERT_TRUE(putFile(path));
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::ReadWrite));
         ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTimeUtc().addDays(-1), QFileDevice::FileModificationTime));
     }
-    EXPECT_EQ(ImageStore::allImages(), QStringList{home.library() + QStringLiteral("/old.png")});
+    EXPECT_EQ(ImageStore::allImages(), QStringList{home.library() + u"/old.png"_s});
     ImageStore::removeAbandonedTemporaries();
     Keychain::removeAbandonedTemporaries();
     expectLibraryAsFilled(home.library());
-    EXPECT_EQ(QDir(keys).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("keys.json")});
+    EXPECT_EQ(QDir(keys).entryList(QDir::Files | QDir::Hidden), QStringList{u"keys.json"_s});
 }
 
 TEST(KeychainTrouble, aWriteThatFailsHalfWayKeepsTheKeys)
 {
     const PrivateHome home;
-    Keychain::save(QStringLiteral("k1"), QStringLiteral("gemini"));
+    Keychain::save(u"k1"_s, u"gemini"_s);
     {
         const FileSizeLimit limit(100);
-        Keychain::save(kLongText, QStringLiteral("grok"));
-        EXPECT_FALSE(Keychain::saveIfAbsent(kLongText, QStringLiteral("openai")));
+        Keychain::save(kLongText, u"grok"_s);
+        EXPECT_FALSE(Keychain::saveIfAbsent(kLongText, u"openai"_s));
     }
-    EXPECT_EQ(Keychain::readAll(), (TextMap{{QStringLiteral("gemini"), QStringLiteral("k1")}}));
+    EXPECT_EQ(Keychain::readAll(), (TextMap{{u"gemini"_s, u"k1"_s}}));
 }
 
 TEST(KeychainTrouble, anUnreadableFileIsEmpty)
 {
     const PrivateHome home;
-    Keychain::save(QStringLiteral("k1"), QStringLiteral("gemini"));
-    const QString folder = home.path() + QStringLiteral("/Library/Application Support/Quorvane");
+    Keychain::save(u"k1"_s, u"gemini"_s);
+    const QString folder = home.path() + u"/Library/Application Support/Quorvane"_s;
     ASSERT_EQ(::chmod(QFile::encodeName(home.path()).constData(), 0755), 0);
     AsOrdinaryUser::giveAway(folder);
-    ASSERT_EQ(::chmod(QFile::encodeName(folder + QStringLiteral("/keys.json")).constData(), 0), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(folder + u"/keys.json"_s).constData(), 0), 0);
     const AsOrdinaryUser user;
     EXPECT_TRUE(Keychain::readAll().empty());
-    EXPECT_FALSE(Keychain::load(QStringLiteral("gemini")));
+    EXPECT_FALSE(Keychain::load(u"gemini"_s));
 }
 
 TEST(KeychainTrouble, aFolderThatCannotBeMadeIsAnEmptyStore)
 {
     const PrivateHome home;
-    ASSERT_TRUE(putFile(home.path() + QStringLiteral("/Library")));
-    Keychain::save(QStringLiteral("k1"), QStringLiteral("gemini"));
-    Keychain::remove(QStringLiteral("gemini"));
-    EXPECT_FALSE(Keychain::saveIfAbsent(QStringLiteral("k1"), QStringLiteral("gemini")));
+    ASSERT_TRUE(putFile(home.path() + u"/Library"_s));
+    Keychain::save(u"k1"_s, u"gemini"_s);
+    Keychain::remove(u"gemini"_s);
+    EXPECT_FALSE(Keychain::saveIfAbsent(u"k1"_s, u"gemini"_s));
     EXPECT_TRUE(Keychain::readAll().empty());
 }
 

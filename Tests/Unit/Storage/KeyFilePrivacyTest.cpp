@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 // No moment exists in which others can read a key: judged from the system calls of a process that writes the file.
 namespace quorvane {
 
@@ -22,21 +24,20 @@ struct Verdict
 
 Verdict judge(const QString &trace, const QString &folder)
 {
-    static const QRegularExpression creation(QStringLiteral(R"(\b(?:open|openat|creat)\(.*?(?:, (0[0-7]*))?\) = \d)"));
-    static const QRegularExpression change(
-        QStringLiteral(R"(\b(?:chmod|fchmod|fchmodat|fchmodat2)\(.*, (0[0-7]*)(?:, \w+)?\) = )"));
+    static const QRegularExpression creation(uR"(\b(?:open|openat|creat)\(.*?(?:, (0[0-7]*))?\) = \d)"_s);
+    static const QRegularExpression change(uR"(\b(?:chmod|fchmod|fchmodat|fchmodat2)\(.*, (0[0-7]*)(?:, \w+)?\) = )"_s);
     Verdict verdict;
-    for (const QString &line : trace.split(QLatin1Char('\n'))) {
-        const bool isOurs = line.contains(folder + QLatin1Char('/'));
+    for (const QString &line : trace.split('\n'_L1)) {
+        const bool isOurs = line.contains(folder + '/'_L1);
         bool isNumber = true;
         uint mode = 0;
-        if (isOurs && (line.contains(QStringLiteral("O_CREAT")) || line.contains(QStringLiteral("creat(")))) {
+        if (isOurs && (line.contains(u"O_CREAT"_s) || line.contains(u"creat("_s))) {
             mode = creation.match(line).captured(1).toUInt(&isNumber, 8);
             ++verdict.created;
         } else if (const auto match = change.match(line); match.hasMatch()) {
             // fchmod names no file, so every change of a mode counts.
             mode = match.captured(1).toUInt(&isNumber, 8);
-        } else if (isOurs && line.contains(QStringLiteral("rename")) && line.contains(QStringLiteral("/keys.json\""))) {
+        } else if (isOurs && line.contains(u"rename"_s) && line.contains(u"/keys.json\""_s)) {
             ++verdict.replaced;
         }
         if (!isNumber || (mode & 077U) != 0) {
@@ -50,7 +51,7 @@ Verdict judge(const QString &trace, const QString &folder)
 
 TEST(KeyFilePrivacy, theJudgeSeesEveryWayToOpenAFileToOthers)
 {
-    const QString folder = QStringLiteral("/h/Q");
+    const QString folder = u"/h/Q"_s;
     for (const char *bad : {R"(5 openat(AT_FDCWD, "/h/Q/a", O_WRONLY|O_CREAT|O_CLOEXEC, 0666) = 3)",
                             R"(open("/h/Q/a", O_WRONLY|O_CREAT, 0640) = 3)", R"(creat("/h/Q/a", 0604) = 3)",
                             R"(chmod("/h/Q/keys.json", 0644) = 0)", R"(fchmod(3, 0660) = 0)",
@@ -67,17 +68,16 @@ TEST(KeyFilePrivacy, theJudgeSeesEveryWayToOpenAFileToOthers)
 
 TEST(KeyFilePrivacy, noMomentExistsInWhichOthersCanReadAKey)
 {
-    if (QStandardPaths::findExecutable(QStringLiteral("strace")).isEmpty()) {
+    if (QStandardPaths::findExecutable(u"strace"_s).isEmpty()) {
         GTEST_SKIP() << "strace is not installed";
     }
     const PrivateHome home;
-    const QString tracePath = home.path() + QStringLiteral("/trace");
+    const QString tracePath = home.path() + u"/trace"_s;
     QProcess strace;
     // The leak sanitizer, where the writer has one, cannot work under a tracer.
-    strace.start(QStringLiteral("strace"),
-                 {QStringLiteral("-f"), QStringLiteral("-s"), QStringLiteral("4096"), QStringLiteral("-o"), tracePath,
-                  QStringLiteral("-E"), QStringLiteral("ASAN_OPTIONS=detect_leaks=0"), QStringLiteral("-e"),
-                  QStringLiteral("trace=?open,openat,?creat,?chmod,fchmod,fchmodat,?rename,?renameat,renameat2"),
+    strace.start(u"strace"_s,
+                 {u"-f"_s, u"-s"_s, u"4096"_s, u"-o"_s, tracePath, u"-E"_s, u"ASAN_OPTIONS=detect_leaks=0"_s, u"-e"_s,
+                  u"trace=?open,openat,?creat,?chmod,fchmod,fchmodat,?rename,?renameat,renameat2"_s,
                   QStringLiteral(KEY_FILE_WRITER)});
     ASSERT_TRUE(strace.waitForFinished());
     const QByteArray errors = strace.readAllStandardError();
@@ -86,12 +86,12 @@ TEST(KeyFilePrivacy, noMomentExistsInWhichOthersCanReadAKey)
     }
     ASSERT_EQ(strace.exitCode(), 0) << errors.constData();
 
-    const QString folder = home.path() + QStringLiteral("/Library/Application Support/Quorvane");
+    const QString folder = home.path() + u"/Library/Application Support/Quorvane"_s;
     const Verdict verdict = judge(QString::fromUtf8(contentOf(tracePath)), folder);
     EXPECT_EQ(verdict.created, 4);
     EXPECT_EQ(verdict.replaced, 4);
-    EXPECT_EQ(verdict.openToOthers, QStringList()) << qPrintable(verdict.openToOthers.join(QLatin1Char('\n')));
-    EXPECT_EQ(contentOf(folder + QStringLiteral("/keys.json")), "{\"grok\":\"k3\"}");
+    EXPECT_EQ(verdict.openToOthers, QStringList()) << qPrintable(verdict.openToOthers.join('\n'_L1));
+    EXPECT_EQ(contentOf(folder + u"/keys.json"_s), "{\"grok\":\"k3\"}");
 }
 
 } // namespace quorvane

@@ -2,14 +2,16 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 // Writes the key file in every way there is, under a umask that hides nothing, to be watched from outside.
 int main()
 {
     using quorvane::Keychain;
     ::umask(0);
-    Keychain::save(QStringLiteral("k1"), QStringLiteral("gemini"));
-    Keychain::save(QStringLiteral("k2"), QStringLiteral("gemini"));
-    const bool isSaved = Keychain::saveIfAbsent(QStringLiteral("k3"), QStringLiteral("grok"));
-    Keychain::remove(QStringLiteral("gemini"));
+    Keychain::save(u"k1"_s, u"gemini"_s);
+    Keychain::save(u"k2"_s, u"gemini"_s);
+    const bool isSaved = Keychain::saveIfAbsent(u"k3"_s, u"grok"_s);
+    Keychain::remove(u"gemini"_s);
     return isSaved ? 0 : 1;
 }

@@ -6,6 +6,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -13,11 +15,8 @@ namespace {
 class KeychainTest : public testing::Test
 {
   protected:
-    [[nodiscard]] QString folder() const
-    {
-        return m_home.path() + QStringLiteral("/Library/Application Support/Quorvane");
-    }
-    [[nodiscard]] QString file() const { return folder() + QStringLiteral("/keys.json"); }
+    [[nodiscard]] QString folder() const { return m_home.path() + u"/Library/Application Support/Quorvane"_s; }
+    [[nodiscard]] QString file() const { return folder() + u"/keys.json"_s; }
     [[nodiscard]] QByteArray content() const { return contentOf(file()); }
 
     [[nodiscard]] static unsigned modeOf(const QString &path)
@@ -27,9 +26,9 @@ class KeychainTest : public testing::Test
     }
 
     PrivateHome m_home;
-    const QString m_gemini = QStringLiteral("gemini");
-    const QString m_grok = QStringLiteral("grok");
-    const QString m_openai = QStringLiteral("openai");
+    const QString m_gemini = u"gemini"_s;
+    const QString m_grok = u"grok"_s;
+    const QString m_openai = u"openai"_s;
 };
 
 } // namespace
@@ -46,17 +45,17 @@ TEST_F(KeychainTest, withoutAFileThereIsNoKeyAndReadingMakesOnlyTheFolder)
 
 TEST_F(KeychainTest, theFirstKeyMakesAFileWithThatEntryOnly)
 {
-    Keychain::save(QStringLiteral("k1"), m_grok);
+    Keychain::save(u"k1"_s, m_grok);
     EXPECT_EQ(content(), "{\"grok\":\"k1\"}");
 }
 
 TEST_F(KeychainTest, keysAreSortedReplacedAndKeptExactlyAsGiven)
 {
-    Keychain::save(QStringLiteral("k1"), m_openai);
-    Keychain::save(QStringLiteral("old"), m_gemini);
-    Keychain::save(QStringLiteral("  \"ké\n "), m_gemini);
+    Keychain::save(u"k1"_s, m_openai);
+    Keychain::save(u"old"_s, m_gemini);
+    Keychain::save(u"  \"ké\n "_s, m_gemini);
     EXPECT_EQ(content(), "{\"gemini\":\"  \\\"ké\\n \",\"openai\":\"k1\"}");
-    EXPECT_EQ(Keychain::load(m_gemini), QStringLiteral("  \"ké\n "));
+    EXPECT_EQ(Keychain::load(m_gemini), u"  \"ké\n "_s);
 }
 
 TEST_F(KeychainTest, anEmptyTextIsAStoredKey)
@@ -69,7 +68,7 @@ TEST_F(KeychainTest, anEmptyTextIsAStoredKey)
 
 TEST_F(KeychainTest, removingTheLastKeyLeavesAnEmptyObject)
 {
-    Keychain::save(QStringLiteral("k1"), m_gemini);
+    Keychain::save(u"k1"_s, m_gemini);
     Keychain::remove(m_gemini);
     EXPECT_EQ(Keychain::load(m_gemini), std::nullopt);
     EXPECT_EQ(content(), "{}");
@@ -90,7 +89,7 @@ TEST_F(KeychainTest, oneWrongValueMakesTheWholeFileEmpty)
         ASSERT_TRUE(putFile(file(), wrong));
         EXPECT_TRUE(Keychain::readAll().empty()) << wrong;
         EXPECT_EQ(Keychain::load(m_gemini), std::nullopt);
-        Keychain::save(QStringLiteral("k1"), m_grok);
+        Keychain::save(u"k1"_s, m_grok);
         EXPECT_EQ(content(), "{\"grok\":\"k1\"}");
     }
 }
@@ -98,7 +97,7 @@ TEST_F(KeychainTest, oneWrongValueMakesTheWholeFileEmpty)
 TEST_F(KeychainTest, onlyTheOwnerMayEnterTheFolderAndReadTheFile)
 {
     const mode_t umaskBefore = ::umask(0);
-    Keychain::save(QStringLiteral("k1"), m_gemini);
+    Keychain::save(u"k1"_s, m_gemini);
     ::umask(umaskBefore);
     EXPECT_EQ(modeOf(file()), 0600U);
     EXPECT_EQ(modeOf(folder()), 0700U);
@@ -106,9 +105,9 @@ TEST_F(KeychainTest, onlyTheOwnerMayEnterTheFolderAndReadTheFile)
 
 TEST_F(KeychainTest, whatIsThereIsNotReplacedByWhatShouldFillAGap)
 {
-    EXPECT_TRUE(Keychain::saveIfAbsent(QStringLiteral("k1"), m_gemini));
-    EXPECT_TRUE(Keychain::saveIfAbsent(QStringLiteral("k2"), m_gemini));
-    EXPECT_EQ(Keychain::load(m_gemini), QStringLiteral("k1"));
+    EXPECT_TRUE(Keychain::saveIfAbsent(u"k1"_s, m_gemini));
+    EXPECT_TRUE(Keychain::saveIfAbsent(u"k2"_s, m_gemini));
+    EXPECT_EQ(Keychain::load(m_gemini), u"k1"_s);
 }
 
 } // namespace quorvane

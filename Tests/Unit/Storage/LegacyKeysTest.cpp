@@ -7,6 +7,8 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -17,15 +19,15 @@ class StoreInMemory final : public SecretStore
   public:
     std::optional<QByteArray> read(const QString &service, const QString &account) override
     {
-        log.append(QStringLiteral("read ") + account);
-        EXPECT_EQ(service, QStringLiteral("app.quorvane.Quorvane"));
+        log.append(u"read "_s + account);
+        EXPECT_EQ(service, u"app.quorvane.Quorvane"_s);
         const auto item = items.find(account);
         return item == items.end() ? std::nullopt : std::optional(item->second);
     }
     void remove(const QString &service, const QString &account) override
     {
-        log.append(QStringLiteral("remove ") + account);
-        EXPECT_EQ(service, QStringLiteral("app.quorvane.Quorvane"));
+        log.append(u"remove "_s + account);
+        EXPECT_EQ(service, u"app.quorvane.Quorvane"_s);
         if (removable) {
             items.erase(account);
         }
@@ -39,16 +41,13 @@ class StoreInMemory final : public SecretStore
 class LegacyKeysTest : public testing::Test
 {
   protected:
-    [[nodiscard]] QString file() const
-    {
-        return m_home.path() + QStringLiteral("/Library/Application Support/Quorvane/keys.json");
-    }
+    [[nodiscard]] QString file() const { return m_home.path() + u"/Library/Application Support/Quorvane/keys.json"_s; }
 
     PrivateHome m_home;
     StoreInMemory m_store;
-    const QString m_geminiAccount = QStringLiteral("gemini-api-key");
-    const QString m_grokAccount = QStringLiteral("grok-api-key");
-    const QString m_openaiAccount = QStringLiteral("openai-api-key");
+    const QString m_geminiAccount = u"gemini-api-key"_s;
+    const QString m_grokAccount = u"grok-api-key"_s;
+    const QString m_openaiAccount = u"openai-api-key"_s;
 };
 
 } // namespace
@@ -57,8 +56,8 @@ TEST_F(LegacyKeysTest, nothingIsWrittenWhereNothingIsFound)
 {
     Keychain::migrateLegacyKey(m_store);
     EXPECT_FALSE(QFileInfo::exists(file()));
-    EXPECT_EQ(m_store.log, (QStringList{QStringLiteral("read gemini-api-key"), QStringLiteral("read gemini-api-key"),
-                                        QStringLiteral("read grok-api-key"), QStringLiteral("read openai-api-key")}));
+    EXPECT_EQ(m_store.log, (QStringList{u"read gemini-api-key"_s, u"read gemini-api-key"_s, u"read grok-api-key"_s,
+                                        u"read openai-api-key"_s}));
 }
 
 TEST_F(LegacyKeysTest, everyKeyMovesIntoTheFile)
@@ -73,15 +72,14 @@ TEST_F(LegacyKeysTest, theOldestKeyIsGoneBeforeTheOthersAreLookedAt)
 {
     m_store.items = {{m_geminiAccount, "k1"}};
     Keychain::migrateLegacyKey(m_store);
-    EXPECT_EQ(m_store.log, (QStringList{QStringLiteral("read gemini-api-key"), QStringLiteral("remove gemini-api-key"),
-                                        QStringLiteral("read gemini-api-key"), QStringLiteral("read grok-api-key"),
-                                        QStringLiteral("read openai-api-key")}));
+    EXPECT_EQ(m_store.log, (QStringList{u"read gemini-api-key"_s, u"remove gemini-api-key"_s, u"read gemini-api-key"_s,
+                                        u"read grok-api-key"_s, u"read openai-api-key"_s}));
 }
 
 TEST_F(LegacyKeysTest, aKeyInTheFileWinsAndTheItemIsStillDeleted)
 {
-    Keychain::save(QStringLiteral("typed in"), QStringLiteral("gemini"));
-    Keychain::save(QString(), QStringLiteral("grok"));
+    Keychain::save(u"typed in"_s, u"gemini"_s);
+    Keychain::save(QString(), u"grok"_s);
     m_store.items = {{m_geminiAccount, "k1"}, {m_grokAccount, "k2"}};
     Keychain::migrateLegacyKey(m_store);
     EXPECT_EQ(contentOf(file()), "{\"gemini\":\"typed in\",\"grok\":\"\"}");
@@ -105,8 +103,8 @@ TEST_F(LegacyKeysTest, textIsKeptToTheLastByte)
 {
     m_store.items = {{m_geminiAccount, "\xef\xbb\xbfk1\n"}, {m_grokAccount, QByteArray("a\0b", 3)}};
     Keychain::migrateLegacyKey(m_store);
-    EXPECT_EQ(Keychain::load(QStringLiteral("gemini")), QChar(0xfeff) + QStringLiteral("k1\n"));
-    EXPECT_EQ(Keychain::load(QStringLiteral("grok")), QStringLiteral("a") + QChar(u'\0') + QLatin1Char('b'));
+    EXPECT_EQ(Keychain::load(u"gemini"_s), QChar(0xfeff) + u"k1\n"_s);
+    EXPECT_EQ(Keychain::load(u"grok"_s), u"a"_s + QChar(u'\0') + 'b'_L1);
 }
 
 TEST_F(LegacyKeysTest, anItemThatCannotBeDeletedDoesNoHarm)
@@ -114,14 +112,14 @@ TEST_F(LegacyKeysTest, anItemThatCannotBeDeletedDoesNoHarm)
     m_store.items = {{m_geminiAccount, "k1"}};
     m_store.removable = false;
     Keychain::migrateLegacyKey(m_store);
-    Keychain::save(QStringLiteral("newer"), QStringLiteral("gemini"));
+    Keychain::save(u"newer"_s, u"gemini"_s);
     Keychain::migrateLegacyKey(m_store);
     EXPECT_EQ(contentOf(file()), "{\"gemini\":\"newer\"}");
 }
 
 TEST_F(LegacyKeysTest, anItemIsKeptWhenTheFileCannotBeWritten)
 {
-    ASSERT_TRUE(putFile(m_home.path() + QStringLiteral("/Library")));
+    ASSERT_TRUE(putFile(m_home.path() + u"/Library"_s));
     m_store.items = {{m_geminiAccount, "k1"}};
     Keychain::migrateLegacyKey(m_store);
     EXPECT_EQ(m_store.items.size(), 1U);

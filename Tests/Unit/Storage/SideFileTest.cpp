@@ -6,6 +6,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -93,10 +95,10 @@ TEST(SideFile, theOrderInTheFileIsTheOrderOfTheMap)
 
 TEST(SideFile, everyTextComesBackAsItWas)
 {
-    const QString oddities[] = {
-        QString(QChar(u'\0')),     QString(QChar(0xd800)), QString(QChar(0xdc00)) + QLatin1Char('x'),
-        QString(QChar(0xfeff)),    QString(QChar(0xffff)), text("\x01\x1f\x7f\u0080\u2028\"\\/"),
-        QString(5000, QChar(u'☃'))};
+    const QString oddities[] = {QString(QChar(u'\0')),           QString(QChar(0xd800)),
+                                QString(QChar(0xdc00)) + 'x'_L1, QString(QChar(0xfeff)),
+                                QString(QChar(0xffff)),          text("\x01\x1f\x7f\u0080\u2028\"\\/"),
+                                QString(5000, QChar(u'☃'))};
     TextMap map;
     QStringList list;
     for (const QString &oddity : oddities) {
@@ -113,20 +115,20 @@ TEST(SideFile, everyTextComesBackAsItWas)
 TEST(SideFile, whatIsTooLargeIsNeitherReadNorWritten)
 {
     const qsizetype frame = qsizetype(sizeof("{\"a\":\"\"}")) - 1;
-    const QString largest(kLargestSideFileBytes - frame, QLatin1Char('x'));
+    const QString largest(kLargestSideFileBytes - frame, 'x'_L1);
     const auto bytes = bytesFromTextMap({{text("a"), largest}});
     ASSERT_TRUE(bytes);
     EXPECT_EQ(bytes->size(), kLargestSideFileBytes);
     EXPECT_TRUE(textMapFromBytes(*bytes) == (TextMap{{text("a"), largest}}));
 
     EXPECT_EQ(textMapFromBytes(*bytes + ' '), kNone);
-    EXPECT_FALSE(bytesFromTextMap({{text("a"), largest + QLatin1Char('x')}}));
+    EXPECT_FALSE(bytesFromTextMap({{text("a"), largest + 'x'_L1}}));
 }
 
 TEST(SideFile, filesAreReadWhole)
 {
     const PrivateHome home;
-    const QString path = home.path() + QStringLiteral("/prompts.json");
+    const QString path = home.path() + u"/prompts.json"_s;
     ASSERT_TRUE(putFile(path, "{\"a\":\"b\"}"));
     EXPECT_EQ(readTextMap(path), (TextMap{{text("a"), text("b")}}));
     ASSERT_TRUE(putFile(path, "[\"a\"]"));
@@ -136,10 +138,10 @@ TEST(SideFile, filesAreReadWhole)
 TEST(SideFile, whatIsNoRegularFileIsEmptyAndNeverWaitedFor)
 {
     const PrivateHome home;
-    EXPECT_EQ(readTextMap(home.path() + QStringLiteral("/missing")), kNone);
+    EXPECT_EQ(readTextMap(home.path() + u"/missing"_s), kNone);
     EXPECT_EQ(readTextMap(home.path()), kNone);
-    EXPECT_EQ(readTextMap(QStringLiteral("/dev/zero")), kNone);
-    const QString pipe = home.path() + QStringLiteral("/pipe");
+    EXPECT_EQ(readTextMap(u"/dev/zero"_s), kNone);
+    const QString pipe = home.path() + u"/pipe"_s;
     ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), S_IRUSR | S_IWUSR), 0);
     EXPECT_EQ(readTextMap(pipe), kNone);
     EXPECT_EQ(readTextList(pipe), QStringList());

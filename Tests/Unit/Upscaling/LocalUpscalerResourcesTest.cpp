@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <sys/resource.h>
 
+using namespace Qt::StringLiterals;
+
 // What an upscale takes from the machine: memory and processor time.
 
 namespace quorvane {
@@ -23,7 +25,7 @@ constexpr qint64 kMegabyte = 1 << 20;
 /// A line of /proc/self/status, in bytes.
 qint64 statusBytes(const char *name)
 {
-    QFile status(QStringLiteral("/proc/self/status"));
+    QFile status(u"/proc/self/status"_s);
     if (status.open(QIODevice::ReadOnly)) {
         for (QByteArray line = status.readLine(); !line.isEmpty(); line = status.readLine()) {
             if (line.startsWith(name)) {
@@ -37,7 +39,7 @@ qint64 statusBytes(const char *name)
 /// Makes the kernel forget the peak so far.
 bool restartPeak()
 {
-    QFile reset(QStringLiteral("/proc/self/clear_refs"));
+    QFile reset(u"/proc/self/clear_refs"_s);
     return reset.open(QIODevice::WriteOnly) && reset.write("5") == 1 && reset.flush();
 }
 

@@ -14,6 +14,8 @@
 
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 QImage positions(int width, int height)
@@ -31,7 +33,7 @@ QImage positions(int width, int height)
 QString firstDifference(const QImage &result, const QImage &source)
 {
     if (result.size() != source.size() * 4) {
-        return QStringLiteral("size %1 x %2").arg(result.width()).arg(result.height());
+        return u"size %1 x %2"_s.arg(result.width()).arg(result.height());
     }
     const QImage found = result.convertToFormat(QImage::Format_RGB32);
     const QImage wanted = source.convertToFormat(QImage::Format_RGB32);
@@ -40,7 +42,7 @@ QString firstDifference(const QImage &result, const QImage &source)
         const auto *sourceRow = reinterpret_cast<const QRgb *>(wanted.constScanLine(y / 4));
         for (int x = 0; x < found.width(); ++x) {
             if (row[x] != sourceRow[x / 4]) {
-                return QStringLiteral("pixel (%1, %2) is %3").arg(x).arg(y).arg(row[x], 8, 16);
+                return u"pixel (%1, %2) is %3"_s.arg(x).arg(y).arg(row[x], 8, 16);
             }
         }
     }
@@ -72,7 +74,7 @@ QString modelFile(const char *name)
 HomeWithModel::HomeWithModel(const char *model)
     : m_dataFoldersBefore(qgetenv("XDG_DATA_DIRS"))
 {
-    qputenv("XDG_DATA_DIRS", QFile::encodeName(path() + QStringLiteral("/usr-share")));
+    qputenv("XDG_DATA_DIRS", QFile::encodeName(path() + u"/usr-share"_s));
     if (model != nullptr) {
         use(model);
     }
@@ -119,14 +121,14 @@ UpscaleOutcome upscale(const QByteArray &bytes, const std::stop_token &stop,
     TaskScope scope;
     scope.start(run(bytes, stop, &outcome, duringFirstTile));
     if (!waitFor([&] { return scope.running() == 0; }, std::chrono::minutes(4))) {
-        outcome.error = QStringLiteral("the upscale did not end");
+        outcome.error = u"the upscale did not end"_s;
     }
     return outcome;
 }
 
 QSet<QString> threads()
 {
-    const QStringList names = QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    const QStringList names = QDir(u"/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     return {names.begin(), names.end()};
 }
 
@@ -134,8 +136,8 @@ QSet<QString> childProcesses(qint64 parent)
 {
     const QByteArray wanted = QByteArray::number(parent == 0 ? getpid() : parent);
     QSet<QString> children;
-    for (const QString &name : QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")}, QDir::Dirs)) {
-        QFile stat(QStringLiteral("/proc/%1/stat").arg(name));
+    for (const QString &name : QDir(u"/proc"_s).entryList({u"[0-9]*"_s}, QDir::Dirs)) {
+        QFile stat(u"/proc/%1/stat"_s.arg(name));
         if (stat.open(QIODevice::ReadOnly)) {
             // The parent is the second word behind the name, which may contain anything and ends with the last bracket.
             const QByteArray line = stat.readAll();

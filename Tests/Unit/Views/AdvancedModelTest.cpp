@@ -3,6 +3,8 @@
 #include "Manager/SettingsKeys.h"
 #include "Unit/Manager/ManagerFixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class AdvancedModelTest : public ManagerTest
@@ -23,27 +25,26 @@ class AdvancedModelTest : public ManagerTest
 
 TEST_F(AdvancedModelTest, anUnknownModelShowsTheFirstAndIsNotOverwritten)
 {
-    store(SettingsKeys::selectedModel(QStringLiteral("openai")), QStringLiteral("gone"));
+    store(SettingsKeys::selectedModel(u"openai"_s), u"gone"_s);
     attach().loadModels();
-    EXPECT_EQ(picker(0)->label, QStringLiteral("Gemini Model"));
-    EXPECT_EQ(picker(1)->label, QStringLiteral("Grok Model"));
-    EXPECT_EQ(picker(2)->label, QStringLiteral("OpenAI Model"));
+    EXPECT_EQ(picker(0)->label, u"Gemini Model"_s);
+    EXPECT_EQ(picker(1)->label, u"Grok Model"_s);
+    EXPECT_EQ(picker(2)->label, u"OpenAI Model"_s);
     EXPECT_EQ(picker(2)->index(), 0);
-    EXPECT_EQ(defaults->text(SettingsKeys::selectedModel(QStringLiteral("openai"))), QStringLiteral("gone"));
-    EXPECT_FALSE(defaults->contains(SettingsKeys::selectedModel(QStringLiteral("gemini"))));
+    EXPECT_EQ(defaults->text(SettingsKeys::selectedModel(u"openai"_s)), u"gone"_s);
+    EXPECT_FALSE(defaults->contains(SettingsKeys::selectedModel(u"gemini"_s)));
     picker(2)->choose(1);
-    EXPECT_EQ(defaults->text(SettingsKeys::selectedModel(QStringLiteral("openai"))), picker(2)->ids[1]);
+    EXPECT_EQ(defaults->text(SettingsKeys::selectedModel(u"openai"_s)), picker(2)->ids[1]);
 }
 
 TEST_F(AdvancedModelTest, theProviderIsChosenAmongAutoAndTheServices)
 {
     attach();
-    EXPECT_EQ(model->providerNames(), (QStringList{QStringLiteral("Auto"), QStringLiteral("Gemini"),
-                                                   QStringLiteral("Grok"), QStringLiteral("OpenAI")}));
+    EXPECT_EQ(model->providerNames(), (QStringList{u"Auto"_s, u"Gemini"_s, u"Grok"_s, u"OpenAI"_s}));
     EXPECT_EQ(model->providerIndex(), 0);
     model->chooseProvider(2);
-    EXPECT_EQ(manager->providerOverride(), QStringLiteral("grok"));
-    manager->setProviderOverride(QStringLiteral("unknown"));
+    EXPECT_EQ(manager->providerOverride(), u"grok"_s);
+    manager->setProviderOverride(u"unknown"_s);
     EXPECT_EQ(model->providerIndex(), -1);
 }
 
@@ -53,7 +54,7 @@ TEST_F(AdvancedModelTest, theUpscaleMethodIsWrittenOnlyWhenChosen)
     EXPECT_EQ(model->upscaleMethodIndex(), 0);
     EXPECT_FALSE(defaults->contains(SettingsKeys::kUpscaleMethod));
     model->chooseUpscaleMethod(1);
-    EXPECT_EQ(defaults->text(SettingsKeys::kUpscaleMethod), QStringLiteral("local"));
+    EXPECT_EQ(defaults->text(SettingsKeys::kUpscaleMethod), u"local"_s);
 }
 
 } // namespace quorvane

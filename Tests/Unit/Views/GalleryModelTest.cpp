@@ -3,18 +3,20 @@
 #include "Support/WaitFor.h"
 #include "Unit/Manager/ManagerFixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 TEST(PreviewList, isTheFirstAlbumOfThatIdOrElseTheHistory)
 {
-    const QStringList history{QStringLiteral("/a"), QStringLiteral("/b")};
-    const std::vector<AlbumEntry> albums{{{QStringLiteral("Favorites"), {QStringLiteral("/a")}, true}, {}},
-                                         {{QStringLiteral("Favorites"), {QStringLiteral("/b")}, false}, {}},
-                                         {{QString(), {QStringLiteral("/b")}, false}, {}}};
+    const QStringList history{u"/a"_s, u"/b"_s};
+    const std::vector<AlbumEntry> albums{{{u"Favorites"_s, {u"/a"_s}, true}, {}},
+                                         {{u"Favorites"_s, {u"/b"_s}, false}, {}},
+                                         {{QString(), {u"/b"_s}, false}, {}}};
     EXPECT_EQ(previewList(std::nullopt, albums, history), history);
-    EXPECT_EQ(previewList(QStringLiteral("gone"), albums, history), history);
-    EXPECT_EQ(previewList(QStringLiteral("Favorites"), albums, history), QStringList{QStringLiteral("/a")});
-    EXPECT_EQ(previewList(QStringLiteral(""), albums, history), QStringList{QStringLiteral("/b")});
+    EXPECT_EQ(previewList(u"gone"_s, albums, history), history);
+    EXPECT_EQ(previewList(u"Favorites"_s, albums, history), QStringList{u"/a"_s});
+    EXPECT_EQ(previewList(u""_s, albums, history), QStringList{u"/b"_s});
 }
 
 TEST(GalleryColumns, areAtLeast220PointsWideAnd20Apart)
@@ -56,15 +58,15 @@ TEST_F(GalleryModelTest, itGoesFromEmptyToAlbumsToOneAlbumAndBack)
 {
     EXPECT_EQ(attach().state(), GalleryModel::State::Reading);
     EXPECT_TRUE(comesTo(GalleryModel::State::Empty));
-    const QString image = putImage(QStringLiteral("one.png"));
-    ImageStore::savePrompt(QStringLiteral("a lake"), image);
+    const QString image = putImage(u"one.png"_s);
+    ImageStore::savePrompt(u"a lake"_s, image);
     manager->reloadHistory();
     EXPECT_EQ(model->state(), GalleryModel::State::Albums);
     EXPECT_EQ(model->images(), QStringList{image});
     EXPECT_TRUE(waitFor([&] { return model->albumList()->rowCount() == 1; }));
     // The pictures of no album are in no tiles.
     EXPECT_EQ(model->imageList()->rowCount(), 0);
-    model->openAlbum(QStringLiteral("a lake"));
+    model->openAlbum(u"a lake"_s);
     EXPECT_EQ(model->state(), GalleryModel::State::Album);
     EXPECT_TRUE(lists({image}));
     EXPECT_TRUE(model->canUsePrompt());
@@ -75,10 +77,10 @@ TEST_F(GalleryModelTest, itGoesFromEmptyToAlbumsToOneAlbumAndBack)
 
 TEST_F(GalleryModelTest, deletingTheLastPictureOfTheOpenAlbumClosesIt)
 {
-    const QString image = putImage(QStringLiteral("one.png"));
-    ImageStore::savePrompt(QStringLiteral("a lake"), image);
-    (void)putImage(QStringLiteral("two.png"));
-    attach().openAlbum(QStringLiteral("a lake"));
+    const QString image = putImage(u"one.png"_s);
+    ImageStore::savePrompt(u"a lake"_s, image);
+    (void)putImage(u"two.png"_s);
+    attach().openAlbum(u"a lake"_s);
     EXPECT_TRUE(lists({image}));
     model->remove(image);
     manager->waitUntilIdle();
@@ -88,7 +90,7 @@ TEST_F(GalleryModelTest, deletingTheLastPictureOfTheOpenAlbumClosesIt)
 
 TEST_F(GalleryModelTest, thePromptIsNotOfferedInTheTwoSpecialAlbums)
 {
-    const QString image = putImage(QStringLiteral("one.png"));
+    const QString image = putImage(u"one.png"_s);
     attach().toggleFavorite(image);
     for (const char *id : {"Favorites", "Uncategorized"}) {
         model->openAlbum(QLatin1String(id));
@@ -100,7 +102,7 @@ TEST_F(GalleryModelTest, thePromptIsNotOfferedInTheTwoSpecialAlbums)
 
 TEST_F(GalleryModelTest, theAlbumOfTheEmptyPromptCanBeOpenedToo)
 {
-    const QString image = putImage(QStringLiteral("one.png"));
+    const QString image = putImage(u"one.png"_s);
     ImageStore::savePrompt(QString(), image);
     attach().openAlbum(QString());
     EXPECT_TRUE(lists({image}));
@@ -109,8 +111,8 @@ TEST_F(GalleryModelTest, theAlbumOfTheEmptyPromptCanBeOpenedToo)
 
 TEST_F(GalleryModelTest, aFavouriteIsMarkedAtOnceAndItsAlbumFollows)
 {
-    const QString image = putImage(QStringLiteral("one.png"));
-    attach().openAlbum(QStringLiteral("Uncategorized"));
+    const QString image = putImage(u"one.png"_s);
+    attach().openAlbum(u"Uncategorized"_s);
     ASSERT_TRUE(lists({image}));
     const QAbstractItemModel *list = model->imageList();
     model->toggleFavorite(image);
@@ -120,14 +122,14 @@ TEST_F(GalleryModelTest, aFavouriteIsMarkedAtOnceAndItsAlbumFollows)
 
 TEST_F(GalleryModelTest, anAlbumThatIsOpenedBeforeTheLastOneWasReadIsTheOneThatIsShown)
 {
-    const QString lake = putImage(QStringLiteral("one.png"));
-    const QString hill = putImage(QStringLiteral("two.png"));
-    ImageStore::savePrompt(QStringLiteral("a lake"), lake);
-    ImageStore::savePrompt(QStringLiteral("a hill"), hill);
-    attach().openAlbum(QStringLiteral("a lake"));
-    model->openAlbum(QStringLiteral("a hill"));
+    const QString lake = putImage(u"one.png"_s);
+    const QString hill = putImage(u"two.png"_s);
+    ImageStore::savePrompt(u"a lake"_s, lake);
+    ImageStore::savePrompt(u"a hill"_s, hill);
+    attach().openAlbum(u"a lake"_s);
+    model->openAlbum(u"a hill"_s);
     EXPECT_TRUE(lists({hill}));
-    EXPECT_EQ(model->selectedAlbumId(), QStringLiteral("a hill"));
+    EXPECT_EQ(model->selectedAlbumId(), u"a hill"_s);
 }
 
 } // namespace quorvane

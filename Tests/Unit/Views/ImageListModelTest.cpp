@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class ImageListModelTest : public testing::Test
@@ -13,7 +15,7 @@ class ImageListModelTest : public testing::Test
 
     [[nodiscard]] static PictureEntry entry(const char *path, qint64 sizeBytes = 1)
     {
-        return {QString::fromLatin1(path), {1, sizeBytes}, QStringLiteral("a lake"), std::nullopt};
+        return {QString::fromLatin1(path), {1, sizeBytes}, u"a lake"_s, std::nullopt};
     }
     /// The rows that were told to be different, as "1 2".
     [[nodiscard]] QString changedRows() const
@@ -23,7 +25,7 @@ class ImageListModelTest : public testing::Test
             EXPECT_EQ(each.at(0).toModelIndex(), each.at(1).toModelIndex());
             rows.append(QString::number(each.at(0).toModelIndex().row()));
         }
-        return rows.join(QLatin1Char(' '));
+        return rows.join(' '_L1);
     }
 
     ImageListModel model;
@@ -55,27 +57,27 @@ TEST_F(ImageListModelTest, onlyAFileWithAnotherContentIsLoadedAgain)
 {
     const QVariant before = model.data(model.index(1), ImageListModel::ThumbnailRole);
     model.setPictures({entry("/a.png"), entry("/b.png", 2), entry("/c.png")});
-    EXPECT_EQ(changedRows(), QStringLiteral("1"));
+    EXPECT_EQ(changedRows(), u"1"_s);
     EXPECT_NE(model.data(model.index(1), ImageListModel::ThumbnailRole), before);
 }
 
 TEST_F(ImageListModelTest, onlyTheTileThatWasToggledHearsOfIt)
 {
-    model.setFavorites({QStringLiteral("a.png"), QStringLiteral("gone.png")});
-    EXPECT_EQ(changedRows(), QStringLiteral("0"));
+    model.setFavorites({u"a.png"_s, u"gone.png"_s});
+    EXPECT_EQ(changedRows(), u"0"_s);
     EXPECT_TRUE(model.data(model.index(0), ImageListModel::IsFavoriteRole).toBool());
     changed.clear();
-    model.setFavorites({QStringLiteral("c.png")});
-    EXPECT_EQ(changedRows(), QStringLiteral("0 2"));
+    model.setFavorites({u"c.png"_s});
+    EXPECT_EQ(changedRows(), u"0 2"_s);
 }
 
 TEST_F(ImageListModelTest, onlyTheTilesOfTheEnlargementHearOfIt)
 {
-    model.setUpscaling(QStringLiteral("/b.png"));
-    EXPECT_EQ(changedRows(), QStringLiteral("1"));
+    model.setUpscaling(u"/b.png"_s);
+    EXPECT_EQ(changedRows(), u"1"_s);
     changed.clear();
     model.setUpscaling(QString());
-    EXPECT_EQ(changedRows(), QStringLiteral("1"));
+    EXPECT_EQ(changedRows(), u"1"_s);
     EXPECT_FALSE(model.data(model.index(1), ImageListModel::IsUpscalingRole).toBool());
 }
 

@@ -3,6 +3,8 @@
 #include "Manager/SettingsKeys.h"
 #include "Unit/Manager/ManagerFixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class MenuModelTest : public ManagerTest
@@ -33,11 +35,11 @@ TEST_F(MenuModelTest, itIsNeededOnlyWhileNoPanelShowsTheIcon)
 TEST_F(MenuModelTest, itSaysWhatTheIconsMenuSays)
 {
     attach();
-    EXPECT_EQ(model->stateLine(), QStringLiteral("Idle"));
-    EXPECT_EQ(model->generateText(), QStringLiteral("Generate Now"));
-    EXPECT_EQ(model->autoText(), QStringLiteral("Auto-Generate"));
-    EXPECT_EQ(model->settingsText(), QStringLiteral("Settings..."));
-    EXPECT_EQ(model->quitText(), QStringLiteral("Quit"));
+    EXPECT_EQ(model->stateLine(), u"Idle"_s);
+    EXPECT_EQ(model->generateText(), u"Generate Now"_s);
+    EXPECT_EQ(model->autoText(), u"Auto-Generate"_s);
+    EXPECT_EQ(model->settingsText(), u"Settings..."_s);
+    EXPECT_EQ(model->quitText(), u"Quit"_s);
 }
 
 TEST_F(MenuModelTest, theSwitchStartsAndStopsTheSchedule)
@@ -45,22 +47,22 @@ TEST_F(MenuModelTest, theSwitchStartsAndStopsTheSchedule)
     attach().toggleAuto();
     EXPECT_TRUE(manager->autoEnabled());
     EXPECT_TRUE(model->autoEnabled());
-    EXPECT_TRUE(model->stateLine().startsWith(QLatin1String("Next: ")));
+    EXPECT_TRUE(model->stateLine().startsWith("Next: "_L1));
     model->toggleAuto();
     EXPECT_FALSE(manager->autoEnabled());
-    EXPECT_EQ(model->stateLine(), QStringLiteral("Idle"));
+    EXPECT_EQ(model->stateLine(), u"Idle"_s);
 }
 
 TEST_F(MenuModelTest, itGeneratesOnlyWhenTheSidebarCould)
 {
-    Keychain::save(QStringLiteral("KEY"), QStringLiteral("gemini"));
-    store(SettingsKeys::kLastPrompt, QStringLiteral("a lake"));
+    Keychain::save(u"KEY"_s, u"gemini"_s);
+    store(SettingsKeys::kLastPrompt, u"a lake"_s);
     attach().generate();
     EXPECT_FALSE(manager->isLoading());
     model->setCanGenerate(true);
     model->generate();
     EXPECT_TRUE(manager->isLoading());
-    EXPECT_EQ(model->stateLine(), QStringLiteral("Generating..."));
+    EXPECT_EQ(model->stateLine(), u"Generating..."_s);
     manager->waitUntilIdle();
     EXPECT_EQ(manager->history().size(), 1);
 }

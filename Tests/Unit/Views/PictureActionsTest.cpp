@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class PictureActionsTest : public testing::Test
@@ -20,7 +22,7 @@ class PictureActionsTest : public testing::Test
     }
 
     QTemporaryDir folder;
-    QString path = folder.path() + QStringLiteral("/a lake #1 50%.png");
+    QString path = folder.path() + u"/a lake #1 50%.png"_s;
 };
 
 TEST_F(PictureActionsTest, whatIsCopiedIsThePictureAndTheAddressOfItsFile)
@@ -44,9 +46,9 @@ TEST_F(PictureActionsTest, thePictureIsDecodedWhenItIsPastedAndMayBeGoneByThen)
 TEST_F(PictureActionsTest, whatIsDraggedIsTheAddressAsAListOfOne)
 {
     const QVariantMap data = PictureActions::draggedData(path);
-    EXPECT_EQ(data.keys(), QStringList{QStringLiteral("text/uri-list")});
-    const QString list = data.value(QStringLiteral("text/uri-list")).toString();
-    EXPECT_TRUE(list.endsWith(QLatin1String("\r\n")));
+    EXPECT_EQ(data.keys(), QStringList{u"text/uri-list"_s});
+    const QString list = data.value(u"text/uri-list"_s).toString();
+    EXPECT_TRUE(list.endsWith("\r\n"_L1));
     EXPECT_EQ(QUrl(list.trimmed(), QUrl::StrictMode).toLocalFile(), path);
 }
 

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class Pictures : public testing::Test
@@ -19,7 +21,7 @@ class Pictures : public testing::Test
     [[nodiscard]] QString put(const QString &name, QSize size, QColor color = Qt::red,
                               QImageIOHandler::Transformations turned = QImageIOHandler::TransformationNone) const
     {
-        const QString path = home.path() + QLatin1Char('/') + name;
+        const QString path = home.path() + '/'_L1 + name;
         QImage image(size, QImage::Format_RGB32);
         image.fill(color);
         QImageWriter writer(path);
@@ -34,36 +36,35 @@ class Pictures : public testing::Test
 
 TEST_F(Pictures, aThumbnailHas440PixelsOnItsLongSideAndASmallPictureStaysSmall)
 {
-    EXPECT_EQ(cache.thumbnail(put(QStringLiteral("wide.png"), {880, 200})).size(), QSize(440, 100));
-    EXPECT_EQ(cache.thumbnail(put(QStringLiteral("high.jpg"), {200, 880})).size(), QSize(100, 440));
-    EXPECT_EQ(cache.thumbnail(put(QStringLiteral("small.png"), {40, 20})).size(), QSize(40, 20));
-    EXPECT_EQ(cache.thumbnail(put(QStringLiteral("thin.png"), {4400, 1})).size(), QSize(440, 1));
+    EXPECT_EQ(cache.thumbnail(put(u"wide.png"_s, {880, 200})).size(), QSize(440, 100));
+    EXPECT_EQ(cache.thumbnail(put(u"high.jpg"_s, {200, 880})).size(), QSize(100, 440));
+    EXPECT_EQ(cache.thumbnail(put(u"small.png"_s, {40, 20})).size(), QSize(40, 20));
+    EXPECT_EQ(cache.thumbnail(put(u"thin.png"_s, {4400, 1})).size(), QSize(440, 1));
 }
 
 TEST_F(Pictures, theOrientationInTheFileIsApplied)
 {
-    const QString path =
-        put(QStringLiteral("turned.jpg"), {880, 200}, Qt::red, QImageIOHandler::TransformationRotate90);
+    const QString path = put(u"turned.jpg"_s, {880, 200}, Qt::red, QImageIOHandler::TransformationRotate90);
     EXPECT_EQ(shownSize(path), QSize(200, 880));
     EXPECT_EQ(cache.thumbnail(path).size(), QSize(100, 440));
 }
 
 TEST_F(Pictures, whatIsNoPictureHasNoThumbnailAndNoSize)
 {
-    const QString path = home.path() + QStringLiteral("/broken.png");
+    const QString path = home.path() + u"/broken.png"_s;
     ASSERT_TRUE(putFile(path, "no picture"));
     EXPECT_TRUE(cache.thumbnail(path).isNull());
     EXPECT_TRUE(shownSize(path).isEmpty());
-    EXPECT_TRUE(cache.thumbnail(home.path() + QStringLiteral("/gone.png")).isNull());
+    EXPECT_TRUE(cache.thumbnail(home.path() + u"/gone.png"_s).isNull());
 }
 
 TEST_F(Pictures, theDiskKeepsAThumbnailUntilThePictureChanges)
 {
-    const QString path = put(QStringLiteral("one.png"), {880, 200}, Qt::red);
+    const QString path = put(u"one.png"_s, {880, 200}, Qt::red);
     (void)cache.thumbnail(path);
     const auto before = ThumbnailCache::fileFor(path);
     ASSERT_TRUE(before && QFileInfo::exists(*before));
-    EXPECT_TRUE(before->startsWith(home.path() + QStringLiteral("/.cache/quorvane/thumbnails/")));
+    EXPECT_TRUE(before->startsWith(home.path() + u"/.cache/quorvane/thumbnails/"_s));
     // What another start finds there is used: this one is told from the picture by its colour.
     QImage(440, 100, QImage::Format_RGB32).save(*before, "PNG");
     QImage blue(440, 100, QImage::Format_RGB32);
@@ -71,7 +72,7 @@ TEST_F(Pictures, theDiskKeepsAThumbnailUntilThePictureChanges)
     ASSERT_TRUE(blue.save(*before, "PNG"));
     ThumbnailCache later;
     EXPECT_EQ(later.thumbnail(path).pixelColor(5, 5), QColor(Qt::blue));
-    (void)put(QStringLiteral("one.png"), {1000, 200}, Qt::green);
+    (void)put(u"one.png"_s, {1000, 200}, Qt::green);
     EXPECT_NE(ThumbnailCache::fileFor(path), before);
     EXPECT_GT(later.thumbnail(path).pixelColor(5, 5).green(), 240);
 }
@@ -79,7 +80,7 @@ TEST_F(Pictures, theDiskKeepsAThumbnailUntilThePictureChanges)
 TEST_F(Pictures, theMemoryIsBoundedInBytes)
 {
     for (int number = 0; number < 80; ++number) {
-        (void)cache.thumbnail(put(QStringLiteral("%1.png").arg(number), {440, 440}));
+        (void)cache.thumbnail(put(u"%1.png"_s.arg(number), {440, 440}));
         ASSERT_LE(cache.bytesInMemory(), ThumbnailCache::kMemoryBytes);
     }
     EXPECT_GT(cache.bytesInMemory(), ThumbnailCache::kMemoryBytes / 2);

@@ -6,6 +6,8 @@
 
 #include <QBuffer>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class PreviewModelTest : public ManagerTest
@@ -41,7 +43,7 @@ class PreviewModelTest : public ManagerTest
 
 TEST_F(PreviewModelTest, itStepsWithoutGoingRoundAndNotFromAPictureThatIsNotInTheList)
 {
-    const QStringList list{QStringLiteral("/a"), QStringLiteral("/b"), QStringLiteral("/c")};
+    const QStringList list{u"/a"_s, u"/b"_s, u"/c"_s};
     attach().setList(list);
     model->goRight();
     EXPECT_EQ(model->previewURL(), QString());
@@ -57,17 +59,17 @@ TEST_F(PreviewModelTest, itStepsWithoutGoingRoundAndNotFromAPictureThatIsNotInTh
     EXPECT_EQ(model->previewURL(), list[2]);
     model->goLeft();
     EXPECT_EQ(model->previewURL(), list[1]);
-    model->setPreviewURL(QStringLiteral("/elsewhere"));
+    model->setPreviewURL(u"/elsewhere"_s);
     EXPECT_FALSE(model->canGoLeft());
     EXPECT_FALSE(model->canGoRight());
 }
 
 TEST_F(PreviewModelTest, onlyAPictureNarrowerThan4KWithoutAPartnerCanBeEnlarged)
 {
-    const QString narrow = putPicture(QStringLiteral("narrow.png"), 3839);
-    const QString wide = putPicture(QStringLiteral("wide.png"), 3840);
-    const QString broken = putImage(QStringLiteral("broken.png"));
-    const QString paired = putPicture(QStringLiteral("paired.png"), 8);
+    const QString narrow = putPicture(u"narrow.png"_s, 3839);
+    const QString wide = putPicture(u"wide.png"_s, 3840);
+    const QString broken = putImage(u"broken.png"_s);
+    const QString paired = putPicture(u"paired.png"_s, 8);
     ImageStore::saveVariantLink(paired, wide);
     attach();
     for (const auto &[url, can] : {std::pair{narrow, true}, {wide, false}, {broken, false}, {paired, false}}) {
@@ -88,9 +90,9 @@ TEST_F(PreviewModelTest, onlyAPictureNarrowerThan4KWithoutAPartnerCanBeEnlarged)
 
 TEST_F(PreviewModelTest, whileAnyPictureIsEnlargedNoneCanBe)
 {
-    store(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
-    const QString one = putPicture(QStringLiteral("one.png"), 8);
-    const QString two = putPicture(QStringLiteral("two.png"), 8);
+    store(SettingsKeys::kUpscaleMethod, u"local"_s);
+    const QString one = putPicture(u"one.png"_s, 8);
+    const QString two = putPicture(u"two.png"_s, 8);
     attach().setPreviewURL(one);
     EXPECT_TRUE(isRead());
     model->upscale();
@@ -107,8 +109,8 @@ TEST_F(PreviewModelTest, whileAnyPictureIsEnlargedNoneCanBe)
 
 TEST_F(PreviewModelTest, theCopyTakesThePlaceOfThePictureThatWasEnlarged)
 {
-    store(SettingsKeys::kUpscaleMethod, QStringLiteral("local"));
-    const QString one = putPicture(QStringLiteral("one.png"), 8);
+    store(SettingsKeys::kUpscaleMethod, u"local"_s);
+    const QString one = putPicture(u"one.png"_s, 8);
     attach().setPreviewURL(one);
     EXPECT_TRUE(isRead());
     model->upscale();
@@ -120,7 +122,7 @@ TEST_F(PreviewModelTest, theCopyTakesThePlaceOfThePictureThatWasEnlarged)
 
 TEST_F(PreviewModelTest, aFailedEnlargementChangesNothing)
 {
-    const QString one = putPicture(QStringLiteral("one.png"), 8);
+    const QString one = putPicture(u"one.png"_s, 8);
     attach().setPreviewURL(one);
     EXPECT_TRUE(isRead());
     model->upscale();
@@ -133,20 +135,20 @@ TEST_F(PreviewModelTest, aFailedEnlargementChangesNothing)
 
 TEST_F(PreviewModelTest, aPromptIsOfferedOnlyWhereOneIsRecorded)
 {
-    const QString one = putPicture(QStringLiteral("one.png"), 8);
+    const QString one = putPicture(u"one.png"_s, 8);
     attach().setPreviewURL(one);
     EXPECT_TRUE(isRead());
     EXPECT_FALSE(model->canUsePrompt());
     model->usePrompt();
     EXPECT_TRUE(model->isOpen());
-    ImageStore::savePrompt(QStringLiteral("a lake"), one);
+    ImageStore::savePrompt(u"a lake"_s, one);
     manager->reloadHistory();
     EXPECT_TRUE(isRead());
     EXPECT_TRUE(model->canUsePrompt());
     QString chosen;
     QObject::connect(model.get(), &PreviewModel::promptChosen, [&](const QString &prompt) { chosen = prompt; });
     model->usePrompt();
-    EXPECT_EQ(chosen, QStringLiteral("a lake"));
+    EXPECT_EQ(chosen, u"a lake"_s);
     EXPECT_FALSE(model->isOpen());
 }
 

@@ -4,6 +4,8 @@
 #include "Support/WaitFor.h"
 #include "Unit/Manager/ManagerFixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 class SidebarModelTest : public ManagerTest
@@ -23,28 +25,28 @@ class SidebarModelTest : public ManagerTest
 
 TEST_F(SidebarModelTest, thePromptComesFromTheManagerAndGoesBack)
 {
-    store(SettingsKeys::kLastPrompt, QStringLiteral("a lake"));
-    EXPECT_EQ(attach().promptText(), QStringLiteral("a lake"));
-    model->setPromptText(QStringLiteral("a hill"));
-    EXPECT_EQ(manager->prompt(), QStringLiteral("a hill"));
+    store(SettingsKeys::kLastPrompt, u"a lake"_s);
+    EXPECT_EQ(attach().promptText(), u"a lake"_s);
+    model->setPromptText(u"a hill"_s);
+    EXPECT_EQ(manager->prompt(), u"a hill"_s);
 }
 
 TEST_F(SidebarModelTest, generatingNeedsAPromptAKeyAndNoRun)
 {
-    Keychain::save(QStringLiteral("KEY"), QStringLiteral("gemini"));
+    Keychain::save(u"KEY"_s, u"gemini"_s);
     attach();
     EXPECT_FALSE(model->canGenerate());
     model->generate();
     EXPECT_FALSE(manager->isLoading());
-    model->setPromptText(QStringLiteral(" "));
+    model->setPromptText(u" "_s);
     // Whether a key is missing is not known yet, and not claimed either.
     EXPECT_FALSE(model->canGenerate());
     EXPECT_EQ(model->missingKeys(), QStringList());
     EXPECT_TRUE(waitFor([&] { return model->canGenerate(); }));
-    manager->removeKey(QStringLiteral("gemini"));
+    manager->removeKey(u"gemini"_s);
     EXPECT_TRUE(waitFor([&] { return !model->canGenerate(); }));
-    EXPECT_EQ(model->missingKeys(), QStringList{QStringLiteral("Gemini")});
-    manager->saveKey(QString(), QStringLiteral("gemini"));
+    EXPECT_EQ(model->missingKeys(), QStringList{u"Gemini"_s});
+    manager->saveKey(QString(), u"gemini"_s);
     EXPECT_TRUE(waitFor([&] { return model->canGenerate(); }));
     model->generate();
     EXPECT_FALSE(model->canGenerate());
@@ -54,12 +56,12 @@ TEST_F(SidebarModelTest, generatingNeedsAPromptAKeyAndNoRun)
 
 TEST_F(SidebarModelTest, anotherServiceNeedsItsOwnKeyAtOnce)
 {
-    Keychain::save(QStringLiteral("KEY"), QStringLiteral("gemini"));
-    attach().setPromptText(QStringLiteral("a lake"));
+    Keychain::save(u"KEY"_s, u"gemini"_s);
+    attach().setPromptText(u"a lake"_s);
     ASSERT_TRUE(waitFor([&] { return model->canGenerate(); }));
-    manager->setProviderOverride(QStringLiteral("openai"));
+    manager->setProviderOverride(u"openai"_s);
     EXPECT_FALSE(model->canGenerate());
-    EXPECT_EQ(model->missingKeys(), QStringList{QStringLiteral("OpenAI")});
+    EXPECT_EQ(model->missingKeys(), QStringList{u"OpenAI"_s});
 }
 
 TEST_F(SidebarModelTest, theHintNamesTheWayTo4KWhereTheServiceHasNone)
@@ -67,12 +69,12 @@ TEST_F(SidebarModelTest, theHintNamesTheWayTo4KWhereTheServiceHasNone)
     attach();
     manager->setFourKEnabled(true);
     EXPECT_EQ(model->upscaleHint(), QString());
-    manager->setProviderOverride(QStringLiteral("grok"));
-    EXPECT_EQ(model->upscaleHint(), QStringLiteral("+ Gemini 4K"));
-    manager->setUpscaleMethod(QStringLiteral("local"));
-    EXPECT_EQ(model->upscaleHint(), QStringLiteral("+ Local 4K"));
-    manager->setUpscaleMethod(QStringLiteral("something else"));
-    EXPECT_EQ(model->upscaleHint(), QStringLiteral("+ Gemini 4K"));
+    manager->setProviderOverride(u"grok"_s);
+    EXPECT_EQ(model->upscaleHint(), u"+ Gemini 4K"_s);
+    manager->setUpscaleMethod(u"local"_s);
+    EXPECT_EQ(model->upscaleHint(), u"+ Local 4K"_s);
+    manager->setUpscaleMethod(u"something else"_s);
+    EXPECT_EQ(model->upscaleHint(), u"+ Gemini 4K"_s);
     manager->setFourKEnabled(false);
     EXPECT_EQ(model->upscaleHint(), QString());
 }
@@ -81,7 +83,7 @@ TEST_F(SidebarModelTest, theNsfwSwitchIsShownOnlyWhereItMeansSomething)
 {
     attach();
     EXPECT_TRUE(model->nsfwShown());
-    manager->setProviderOverride(QStringLiteral("openai"));
+    manager->setProviderOverride(u"openai"_s);
     EXPECT_FALSE(model->nsfwShown());
 }
 
@@ -94,7 +96,7 @@ TEST_F(SidebarModelTest, anIntervalThatIsNotOnOfferIsStillNamed)
     EXPECT_EQ(manager->intervalMinutes(), WallpaperManager::intervalOptions().first());
     manager->setIntervalMinutes(7);
     EXPECT_EQ(model->intervalIndex(), -1);
-    EXPECT_EQ(model->intervalLabel(), QStringLiteral("7 min"));
+    EXPECT_EQ(model->intervalLabel(), u"7 min"_s);
 }
 
 TEST_F(SidebarModelTest, theNextTimeIsToldOnlyWhileTheScheduleRuns)
@@ -102,7 +104,7 @@ TEST_F(SidebarModelTest, theNextTimeIsToldOnlyWhileTheScheduleRuns)
     attach();
     EXPECT_EQ(model->nextFireText(), QString());
     model->setAutoEnabled(true);
-    EXPECT_TRUE(model->nextFireText().startsWith(QLatin1String("Next: ")));
+    EXPECT_TRUE(model->nextFireText().startsWith("Next: "_L1));
     model->setAutoEnabled(false);
     EXPECT_EQ(model->nextFireText(), QString());
 }

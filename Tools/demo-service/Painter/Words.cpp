@@ -11,6 +11,8 @@
 #include <iterator>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane::painter {
 
 namespace {
@@ -88,8 +90,8 @@ class Words
 {
   public:
     explicit Words(const QString &prompt)
-        : m_words(prompt.toLower().split(
-              QRegularExpression(QStringLiteral("[^\\w]+"), QRegularExpression::UseUnicodePropertiesOption)))
+        : m_words(
+              prompt.toLower().split(QRegularExpression(u"[^\\w]+"_s, QRegularExpression::UseUnicodePropertiesOption)))
     {
     }
 
@@ -113,13 +115,11 @@ class Words
     [[nodiscard]] int moons() const
     {
         const qsizetype at = index("moon");
-        if (at < 0 || m_words[at].startsWith(QStringLiteral("moonl"))) {
+        if (at < 0 || m_words[at].startsWith(u"moonl"_s)) {
             return 0;
         }
         const QString number = at == 0 ? QString() : m_words[at - 1];
-        return number == QStringLiteral("two") || number == QStringLiteral("2")     ? 2
-               : number == QStringLiteral("three") || number == QStringLiteral("3") ? 3
-                                                                                    : 1;
+        return number == u"two"_s || number == u"2"_s ? 2 : number == u"three"_s || number == u"3"_s ? 3 : 1;
     }
 
   private:

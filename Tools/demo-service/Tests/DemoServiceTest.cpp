@@ -14,6 +14,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -46,22 +48,21 @@ QImage pictureOf(const QJsonValue &base64, const char *format)
 
 QJsonObject geminiParts(const Answer &answer, int part)
 {
-    return answer.body[QStringLiteral("candidates")][0][QStringLiteral("content")][QStringLiteral("parts")][part]
-        .toObject();
+    return answer.body[u"candidates"_s][0][u"content"_s][u"parts"_s][part].toObject();
 }
 
 int refusalStatus(const DemoService &service, const QByteArray &request)
 {
     const Answer answer = ask(service, request);
-    const QJsonObject error = answer.body.value(QStringLiteral("error")).toObject();
-    EXPECT_FALSE(error.value(QStringLiteral("message")).toString().isEmpty());
-    EXPECT_EQ(error.value(QStringLiteral("code")).toInt(), answer.status);
+    const QJsonObject error = answer.body.value(u"error"_s).toObject();
+    EXPECT_FALSE(error.value(u"message"_s).toString().isEmpty());
+    EXPECT_EQ(error.value(u"code"_s).toInt(), answer.status);
     return answer.status;
 }
 
 /// What a careful client makes of a service under that certificate, asked by that name.
 QNetworkReply::NetworkError errorOverTls(TestCertificates &certificates, const QSslConfiguration &tls,
-                                         const QString &host = QStringLiteral("127.0.0.1"))
+                                         const QString &host = u"127.0.0.1"_s)
 {
     DemoServiceOptions options;
     options.tls = tls;
@@ -69,7 +70,7 @@ QNetworkReply::NetworkError errorOverTls(TestCertificates &certificates, const Q
     service.setPictureMaker(plainPicture);
     QUrl address = service.baseAddress();
     address.setHost(host);
-    address.setPath(QStringLiteral("/v1/images/generations"));
+    address.setPath(u"/v1/images/generations"_s);
     QNetworkRequest request(address);
     QSslConfiguration trust = QSslConfiguration::defaultConfiguration();
     trust.setCaCertificates({certificates.authority()});
@@ -80,7 +81,7 @@ QNetworkReply::NetworkError errorOverTls(TestCertificates &certificates, const Q
     const std::unique_ptr<QNetworkReply> reply(manager.post(request, bodyOf(openAIRequest())));
     EXPECT_TRUE(waitFor([&] { return reply->isFinished(); }));
     if (reply->error() == QNetworkReply::NoError) {
-        EXPECT_TRUE(QJsonDocument::fromJson(reply->readAll()).object().contains(QStringLiteral("data")));
+        EXPECT_TRUE(QJsonDocument::fromJson(reply->readAll()).object().contains(u"data"_s));
     }
     return reply->error();
 }
@@ -93,10 +94,10 @@ TEST(DemoService, geminiAnswersATextPartAndThenA4KPng)
     service.setPictureMaker(plainPicture);
     const Answer answer = ask(service, geminiRequest());
     EXPECT_EQ(answer.status, 200);
-    EXPECT_TRUE(geminiParts(answer, 0).contains(QStringLiteral("text")));
-    const QJsonObject inlineData = geminiParts(answer, 1).value(QStringLiteral("inlineData")).toObject();
-    EXPECT_EQ(inlineData.value(QStringLiteral("mimeType")).toString(), QStringLiteral("image/png"));
-    EXPECT_EQ(pictureOf(inlineData.value(QStringLiteral("data")), "png").size(), QSize(3840, 2160));
+    EXPECT_TRUE(geminiParts(answer, 0).contains(u"text"_s));
+    const QJsonObject inlineData = geminiParts(answer, 1).value(u"inlineData"_s).toObject();
+    EXPECT_EQ(inlineData.value(u"mimeType"_s).toString(), u"image/png"_s);
+    EXPECT_EQ(pictureOf(inlineData.value(u"data"_s), "png").size(), QSize(3840, 2160));
 }
 
 TEST(DemoService, aGeminiRequestWithAPictureGetsItEnlargedTo3840)
@@ -109,8 +110,8 @@ TEST(DemoService, aGeminiRequestWithAPictureGetsItEnlargedTo3840)
                                  R"("data":")" +
                                      original + R"("}}]}],"generationConfig":{"imageConfig":{"imageSize":"4K"}}})"));
     EXPECT_EQ(answer.status, 200);
-    const QJsonObject inlineData = geminiParts(answer, 1).value(QStringLiteral("inlineData")).toObject();
-    const QImage enlarged = pictureOf(inlineData.value(QStringLiteral("data")), "png");
+    const QJsonObject inlineData = geminiParts(answer, 1).value(u"inlineData"_s).toObject();
+    const QImage enlarged = pictureOf(inlineData.value(u"data"_s), "png");
     EXPECT_EQ(enlarged.size(), QSize(3840, 2560));
     EXPECT_EQ(enlarged.pixelColor(1000, 1000), QColor(Qt::darkCyan));
 }
@@ -121,7 +122,7 @@ TEST(DemoService, grokAnswersAJpeg)
     service.setPictureMaker(plainPicture);
     const Answer answer = ask(service, grokRequest());
     EXPECT_EQ(answer.status, 200);
-    const QJsonValue base64 = answer.body[QStringLiteral("data")][0][QStringLiteral("b64_json")];
+    const QJsonValue base64 = answer.body[u"data"_s][0][u"b64_json"_s];
     EXPECT_EQ(pictureOf(base64, "jpg").size(), QSize(1408, 768));
 }
 
@@ -134,7 +135,7 @@ TEST(DemoService, openAIAnswersAPngOfTheSizeAskedFor)
         body.replace("1536x1024", QByteArray::number(size.width()) + 'x' + QByteArray::number(size.height()));
         const Answer answer = ask(service, postRequest("/v1/images/generations", "Authorization: Bearer key", body));
         EXPECT_EQ(answer.status, 200);
-        EXPECT_EQ(pictureOf(answer.body[QStringLiteral("data")][0][QStringLiteral("b64_json")], "png").size(), size);
+        EXPECT_EQ(pictureOf(answer.body[u"data"_s][0][u"b64_json"_s], "png").size(), size);
     }
 }
 
@@ -244,7 +245,7 @@ TEST(DemoService, overTlsEachCertificateGetsTheJudgementItDeserves)
     TestCertificates certificates;
     const QNetworkReply::NetworkError refused = QNetworkReply::SslHandshakeFailedError;
     EXPECT_EQ(errorOverTls(certificates, certificates.valid()), QNetworkReply::NoError);
-    EXPECT_EQ(errorOverTls(certificates, certificates.valid(), QStringLiteral("localhost")), QNetworkReply::NoError);
+    EXPECT_EQ(errorOverTls(certificates, certificates.valid(), u"localhost"_s), QNetworkReply::NoError);
     EXPECT_EQ(errorOverTls(certificates, certificates.expired()), refused);
     EXPECT_EQ(errorOverTls(certificates, certificates.wrongHost()), refused);
     EXPECT_EQ(errorOverTls(certificates, certificates.unknownAuthority()), refused);

@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -64,14 +66,13 @@ QJsonObject objectOf(const QByteArray &answer)
 
 bool hasGoodPicture(const QByteArray &body)
 {
-    const QJsonValue base64 =
-        QJsonDocument::fromJson(body).object()[QStringLiteral("data")][0][QStringLiteral("b64_json")];
+    const QJsonValue base64 = QJsonDocument::fromJson(body).object()[u"data"_s][0][u"b64_json"_s];
     return !QImage::fromData(QByteArray::fromBase64(base64.toString().toLatin1()), "png").isNull();
 }
 
 QByteArray base64Of(const QByteArray &answer)
 {
-    return objectOf(answer)[QStringLiteral("data")][0][QStringLiteral("b64_json")].toString().toLatin1();
+    return objectOf(answer)[u"data"_s][0][u"b64_json"_s].toString().toLatin1();
 }
 
 bool strictlyDecodes(const QByteArray &base64)
@@ -146,13 +147,12 @@ TEST_F(MisbehaviourTest, errorsComeInTheirShapes)
     error.text = "Zu schnell: größer";
     const QByteArray answer = ask(error).receiveAnswer();
     EXPECT_TRUE(answer.startsWith("HTTP/1.1 429 "));
-    EXPECT_EQ(objectOf(answer)[QStringLiteral("error")][QStringLiteral("message")].toString(),
-              QStringLiteral("Zu schnell: größer"));
-    EXPECT_TRUE(objectOf(ask(Kind::ErrorText).receiveAnswer())[QStringLiteral("error")].isString());
+    EXPECT_EQ(objectOf(answer)[u"error"_s][u"message"_s].toString(), u"Zu schnell: größer"_s);
+    EXPECT_TRUE(objectOf(ask(Kind::ErrorText).receiveAnswer())[u"error"_s].isString());
     EXPECT_TRUE(QJsonDocument::fromJson(bodyOf(ask(Kind::JsonList).receiveAnswer())).isArray());
     EXPECT_TRUE(QJsonDocument::fromJson(bodyOf(ask(Kind::PlainText).receiveAnswer())).isNull());
     EXPECT_EQ(headerOf(ask(Kind::EmptyBody).receiveAnswer(), "Content-Length"), "0");
-    EXPECT_TRUE(objectOf(ask(Kind::NoPicture).receiveAnswer())[QStringLiteral("data")].toArray().isEmpty());
+    EXPECT_TRUE(objectOf(ask(Kind::NoPicture).receiveAnswer())[u"data"_s].toArray().isEmpty());
     const QByteArray odd = bodyOf(ask(Kind::OddErrorText).receiveAnswer());
     EXPECT_TRUE(odd.contains("\\ud800 ") && odd.contains("\\u0000")) << odd.toStdString();
 }
@@ -177,7 +177,7 @@ TEST_F(MisbehaviourTest, strangeWrappingsHoldAGoodPicture)
     EXPECT_EQ(twice.count("\"data\":"), 2);
     EXPECT_TRUE(hasGoodPicture(twice)) << "Qt takes the last of two";
     const QByteArray many = ask(Kind::ManyCandidates, geminiRequest()).receiveAnswer();
-    EXPECT_EQ(objectOf(many)[QStringLiteral("candidates")].toArray().size(), 10000);
+    EXPECT_EQ(objectOf(many)[u"candidates"_s].toArray().size(), 10000);
     EXPECT_TRUE(base64Of(ask(Kind::DataAddress).receiveAnswer()).startsWith("data:image/png;base64,"));
 }
 

@@ -7,24 +7,26 @@
 #include <array>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 constexpr QSize kSize(640, 360);
 
-const QStringList kPrompts{QStringLiteral("a quiet mountain lake at dawn"),
-                           QStringLiteral("neon city at night in the rain"),
-                           QStringLiteral("desert dunes under the milky way"),
-                           QStringLiteral("aurora over a snowy forest"),
-                           QStringLiteral("tropical islands at noon, turquoise sea"),
-                           QStringLiteral("autumn forest in fog"),
-                           QStringLiteral("monochrome mountains"),
-                           QStringLiteral("a red planet with two moons"),
+const QStringList kPrompts{u"a quiet mountain lake at dawn"_s,
+                           u"neon city at night in the rain"_s,
+                           u"desert dunes under the milky way"_s,
+                           u"aurora over a snowy forest"_s,
+                           u"tropical islands at noon, turquoise sea"_s,
+                           u"autumn forest in fog"_s,
+                           u"monochrome mountains"_s,
+                           u"a red planet with two moons"_s,
                            QString(),
-                           QStringLiteral("静かな山の湖"),
-                           QStringLiteral("a golden meadow in summer"),
-                           QStringLiteral("stormy sea at sunset")};
+                           u"静かな山の湖"_s,
+                           u"a golden meadow in summer"_s,
+                           u"stormy sea at sunset"_s};
 
 struct Statistics
 {
@@ -116,7 +118,7 @@ TEST(Painter, everyPromptGetsAPictureOfItsOwn)
             EXPECT_GT(difference(pictures[i], pictures[j]), 12) << i << ' ' << j;
         }
     }
-    const QImage other = paintPicture(QStringLiteral("a quiet mountain lake at dawn!"), QSize(160, 90));
+    const QImage other = paintPicture(u"a quiet mountain lake at dawn!"_s, QSize(160, 90));
     EXPECT_GT(difference(pictures[0], other), 8) << "the same words, another hash";
 }
 

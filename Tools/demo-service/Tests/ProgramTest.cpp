@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -34,7 +36,7 @@ QByteArray answerTo(QTcpSocket &socket)
 TEST(DemoServiceProgram, servesUntilItsInputCloses)
 {
     QProcess program;
-    const QUrl address = startAndReadAddress(program, {QStringLiteral("--until-stdin-closes")});
+    const QUrl address = startAndReadAddress(program, {u"--until-stdin-closes"_s});
     QTcpSocket socket;
     socket.connectToHost(address.host(), static_cast<quint16>(address.port()));
     EXPECT_TRUE(answerTo(socket).startsWith("HTTP/1.1 404"));
@@ -57,11 +59,10 @@ TEST(DemoServiceProgram, endsInOrderWhenTerminated)
 TEST(DemoServiceProgram, speaksTlsUnderAnAuthorityThatItWritesDown)
 {
     const QTemporaryDir folder;
-    const QString authority = folder.filePath(QStringLiteral("authority.pem"));
+    const QString authority = folder.filePath(u"authority.pem"_s);
     QProcess program;
-    const QUrl address =
-        startAndReadAddress(program, {QStringLiteral("--tls"), QStringLiteral("--write-authority"), authority});
-    EXPECT_EQ(address.scheme(), QStringLiteral("https"));
+    const QUrl address = startAndReadAddress(program, {u"--tls"_s, u"--write-authority"_s, authority});
+    EXPECT_EQ(address.scheme(), u"https"_s);
     QSslSocket socket;
     QSslConfiguration trust = QSslConfiguration::defaultConfiguration();
     trust.setCaCertificates(QSslCertificate::fromPath(authority));
@@ -76,8 +77,7 @@ TEST(DemoServiceProgram, speaksTlsUnderAnAuthorityThatItWritesDown)
 TEST(DemoServiceProgram, misbehavesWhenTold)
 {
     QProcess program;
-    const QUrl address = startAndReadAddress(
-        program, {QStringLiteral("--misbehave"), QStringLiteral("error-object:status=429,text=Later")});
+    const QUrl address = startAndReadAddress(program, {u"--misbehave"_s, u"error-object:status=429,text=Later"_s});
     QTcpSocket socket;
     socket.connectToHost(address.host(), static_cast<quint16>(address.port()));
     const QByteArray answer = answerTo(socket);
@@ -88,9 +88,8 @@ TEST(DemoServiceProgram, misbehavesWhenTold)
 
 TEST(DemoServiceProgram, refusesWhatItDoesNotKnow)
 {
-    for (const QStringList &arguments :
-         {QStringList{QStringLiteral("--misbehave"), QStringLiteral("friendly")},
-          QStringList{QStringLiteral("--port"), QStringLiteral("65536")}, QStringList{QStringLiteral("--unknown")}}) {
+    for (const QStringList &arguments : {QStringList{u"--misbehave"_s, u"friendly"_s},
+                                         QStringList{u"--port"_s, u"65536"_s}, QStringList{u"--unknown"_s}}) {
         QProcess program;
         program.start(QStringLiteral(DEMO_SERVICE_PROGRAM), arguments);
         ASSERT_TRUE(program.waitForFinished());

@@ -8,6 +8,8 @@
 #include <array>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -24,27 +26,27 @@ struct KnownName
 };
 
 constexpr std::array kKnownNames{
-    KnownName{QLatin1String("gnome"), DesktopBackend::Gnome},
-    KnownName{QLatin1String("plasma"), DesktopBackend::Plasma},
-    KnownName{QLatin1String("xfce"), DesktopBackend::Xfce},
-    KnownName{QLatin1String("mate"), DesktopBackend::Mate},
-    KnownName{QLatin1String("cinnamon"), DesktopBackend::Cinnamon},
-    KnownName{QLatin1String("lxqt"), DesktopBackend::Lxqt},
-    KnownName{QLatin1String("sway"), DesktopBackend::Sway},
-    KnownName{QLatin1String("hyprland"), DesktopBackend::Hyprland},
-    KnownName{QLatin1String("layer-shell"), DesktopBackend::LayerShell},
-    KnownName{QLatin1String("x11"), DesktopBackend::X11},
-    KnownName{QLatin1String("portal"), DesktopBackend::Portal},
-    KnownName{QLatin1String("command"), DesktopBackend::Command},
+    KnownName{"gnome"_L1, DesktopBackend::Gnome},
+    KnownName{"plasma"_L1, DesktopBackend::Plasma},
+    KnownName{"xfce"_L1, DesktopBackend::Xfce},
+    KnownName{"mate"_L1, DesktopBackend::Mate},
+    KnownName{"cinnamon"_L1, DesktopBackend::Cinnamon},
+    KnownName{"lxqt"_L1, DesktopBackend::Lxqt},
+    KnownName{"sway"_L1, DesktopBackend::Sway},
+    KnownName{"hyprland"_L1, DesktopBackend::Hyprland},
+    KnownName{"layer-shell"_L1, DesktopBackend::LayerShell},
+    KnownName{"x11"_L1, DesktopBackend::X11},
+    KnownName{"portal"_L1, DesktopBackend::Portal},
+    KnownName{"command"_L1, DesktopBackend::Command},
 };
 
 /// Entries of XDG_CURRENT_DESKTOP whose desktops cover the X11 root window with a window of their own, and that there
 /// is no way to yet.
 constexpr std::array kPaintersOverRoot{
-    QLatin1String("LXDE"),
-    QLatin1String("Deepin"),
-    QLatin1String("DDE"),
-    QLatin1String("COSMIC"),
+    "LXDE"_L1,
+    "Deepin"_L1,
+    "DDE"_L1,
+    "COSMIC"_L1,
 };
 
 /// What keeps a way that was asked for by name from working; empty where nothing does.
@@ -123,7 +125,7 @@ std::optional<DesktopChoice> runningDesktop(const DesktopFacts &facts)
     }
     if (facts.hasLayerShell) {
         return DesktopChoice{DesktopBackend::LayerShell, Tr::tr("the compositor offers zwlr_layer_shell_v1; "
-                                                            "the picture is shown while the application runs")};
+                                                                "the picture is shown while the application runs")};
     }
     return std::nullopt;
 }
@@ -137,8 +139,8 @@ DesktopChoice wantedDesktop(const DesktopFacts &facts)
         for (const KnownName &entry : kKnownNames) {
             names.append(entry.name);
         }
-        return {DesktopBackend::None, Tr::tr("QUORVANE_DESKTOP is \"%1\", which is none of %2")
-                                      .arg(facts.wanted, names.join(QLatin1String(", ")))};
+        return {DesktopBackend::None,
+                Tr::tr("QUORVANE_DESKTOP is \"%1\", which is none of %2").arg(facts.wanted, names.join(", "_L1))};
     }
     if (known->way == DesktopBackend::Command && facts.command.isEmpty()) {
         return {DesktopBackend::None,
@@ -198,12 +200,12 @@ DesktopChoice chooseDesktop(const DesktopFacts &facts)
     }
     if (facts.hasWayland) {
         return {DesktopBackend::None, Tr::tr("this Wayland desktop is not supported yet; "
-                                         "QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture")};
+                                             "QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture")};
     }
     if (facts.hasX11) {
         return {DesktopBackend::None, Tr::tr("XDG_CURRENT_DESKTOP names \"%1\", which is not supported yet; "
-                                         "QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture")
-                                      .arg(painter)};
+                                             "QUORVANE_WALLPAPER_COMMAND can name a program that sets the picture")
+                                          .arg(painter)};
     }
     if (facts.hasSwaySocket) {
         return {DesktopBackend::None, Tr::tr("SWAYSOCK is set, but nobody answers on it")};

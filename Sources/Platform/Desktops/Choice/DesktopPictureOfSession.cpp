@@ -1,6 +1,7 @@
 #include "Platform/Desktops/Choice/DesktopPictureOfSession.h"
 
 #include "Platform/Bus/DesktopBus.h"
+#include "Platform/Bus/SessionBus.h"
 #include "Platform/Desktops/Choice/DesktopChoice.h"
 #include "Platform/Desktops/DesktopPictureCommand.h"
 #include "Platform/Desktops/DesktopPictureGSettings.h"
@@ -14,11 +15,10 @@
 #include "Platform/Desktops/DesktopPictureX11.h"
 #include "Platform/Desktops/DesktopPictureXfce.h"
 #include "Platform/Desktops/Protocols/MutterScreens.h"
-#include "Platform/Bus/SessionBus.h"
-#include "Platform/Desktops/SessionDesktops.h"
-#include "Platform/Desktops/SessionDisplay.h"
 #include "Platform/Desktops/Protocols/SettingsGroup.h"
 #include "Platform/Desktops/Protocols/SwaySocket.h"
+#include "Platform/Desktops/SessionDesktops.h"
+#include "Platform/Desktops/SessionDisplay.h"
 #include "Platform/Threads/TimeLimit.h"
 #include "Platform/Wayland/WaylandFacts.h"
 
@@ -27,6 +27,8 @@
 #include <memory>
 #include <mutex>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -86,8 +88,8 @@ DesktopFacts factsOfThisSession()
         facts.hasSwaySocket && SwaySocket(pathVariable("SWAYSOCK"), QDeadlineTimer(kDesktopLimit)).isConnected();
     facts.hasWayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
     facts.hasX11 = !qEnvironmentVariableIsEmpty("DISPLAY");
-    facts.currentDesktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(QLatin1Char(':'), Qt::SkipEmptyParts);
-    facts.isSandboxed = QFile::exists(QStringLiteral("/.flatpak-info")) || qgetenv("container") == "flatpak";
+    facts.currentDesktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(':'_L1, Qt::SkipEmptyParts);
+    facts.isSandboxed = QFile::exists(u"/.flatpak-info"_s) || qgetenv("container") == "flatpak";
     facts.busNames = namesOnTheBus();
     facts.schemas = installedSchemas();
     facts.hasHyprland = !qEnvironmentVariableIsEmpty("HYPRLAND_INSTANCE_SIGNATURE");
@@ -96,7 +98,7 @@ DesktopFacts factsOfThisSession()
         waylandFacts(qEnvironmentVariable("WAYLAND_DISPLAY"), QDeadlineTimer(kDesktopLimit)).hasLayerShell;
     // Asking starts the portal where it does not run, so it is asked only where it could be chosen.
     const bool isLast = facts.wanted.isEmpty() && chooseDesktop(facts).way == DesktopBackend::None;
-    if (facts.isSandboxed || facts.wanted == QLatin1String("portal") || isLast) {
+    if (facts.isSandboxed || facts.wanted == "portal"_L1 || isLast) {
         facts.portalAnswers = DesktopPicturePortal::answers(SessionBus::address());
     }
     return facts;

@@ -3,11 +3,13 @@
 #include <QDBusArgument>
 #include <QMap>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
-const QString kName = QStringLiteral("org.gnome.Mutter.DisplayConfig");
+const QString kName = u"org.gnome.Mutter.DisplayConfig"_s;
 
 /// One of the monitors: (ssss) names, the connector first; a(siiddada{sv}) modes; a{sv}.
 struct Monitor
@@ -35,7 +37,7 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, Monitor &monitor)
         argument.beginStructure();
         argument >> name >> width >> height >> rate >> scale >> scales >> properties;
         argument.endStructure();
-        if (properties.value(QStringLiteral("is-current")).toBool()) {
+        if (properties.value(u"is-current"_s).toBool()) {
             monitor.currentMode = QSize(width, height);
         }
     }
@@ -99,12 +101,11 @@ template <typename Element> QList<Element> listOf(const QVariant &value)
 
 std::optional<QList<Screen>> mutterScreens(DesktopBus &bus)
 {
-    const auto answer =
-        bus.call(kName, QStringLiteral("/org/gnome/Mutter/DisplayConfig"), kName, QStringLiteral("GetCurrentState"));
+    const auto answer = bus.call(kName, u"/org/gnome/Mutter/DisplayConfig"_s, kName, u"GetCurrentState"_s);
     // A serial number, monitors, screens, properties.
     if (!answer || answer->size() < 3 ||
-        answer->at(1).value<QDBusArgument>().currentSignature() != QLatin1String("a((ssss)a(siiddada{sv})a{sv})") ||
-        answer->at(2).value<QDBusArgument>().currentSignature() != QLatin1String("a(iiduba(ssss)a{sv})")) {
+        answer->at(1).value<QDBusArgument>().currentSignature() != "a((ssss)a(siiddada{sv})a{sv})"_L1 ||
+        answer->at(2).value<QDBusArgument>().currentSignature() != "a(iiduba(ssss)a{sv})"_L1) {
         return std::nullopt;
     }
     QMap<QString, QSize> modes;

@@ -7,6 +7,8 @@
 #include <QSet>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane::PlasmaScript {
 
 namespace {
@@ -17,10 +19,10 @@ struct Tr
 };
 
 /// The plug-in that shows one picture.
-const QString kPlugin = QStringLiteral("org.kde.image");
+const QString kPlugin = u"org.kde.image"_s;
 
 // The older engine of Plasma 5 knows less of the language, so this is written plainly.
-const QString kReport = QStringLiteral(R"(
+const QString kReport = uR"(
 var report = { screenCount: screenCount, desktops: [] };
 desktops().forEach(function (desktop) {
     desktop.currentConfigGroup = ["Wallpaper", desktop.wallpaperPlugin, "General"];
@@ -28,9 +30,9 @@ desktops().forEach(function (desktop) {
                            image: String(desktop.readConfig("Image", "")) });
 });
 print(JSON.stringify(report));
-)");
+)"_s;
 
-const QString kSet = QStringLiteral(R"(
+const QString kSet = uR"(
 desktops().forEach(function (desktop) {
     if (desktop.screen < 0) {
         return;
@@ -40,7 +42,7 @@ desktops().forEach(function (desktop) {
     desktop.writeConfig("Image", wanted.image);
     desktop.writeConfig("FillMode", wanted.fillMode);
 });
-)");
+)"_s;
 
 /// As QML's Image names it: keeps the shape, fills, and cuts what is over.
 constexpr int kPreserveAspectCrop = 2;
@@ -87,27 +89,24 @@ QString reading()
 
 QString setting(const QString &imageUrl)
 {
-    const QJsonObject wanted{{QStringLiteral("plugin"), kPlugin},
-                             {QStringLiteral("image"), imageUrl},
-                             {QStringLiteral("fillMode"), kPreserveAspectCrop}};
-    return QStringLiteral("var wanted = ") + QString::fromUtf8(QJsonDocument(wanted).toJson(QJsonDocument::Compact)) +
-           QLatin1Char(';') + kSet + kReport;
+    const QJsonObject wanted{{u"plugin"_s, kPlugin}, {u"image"_s, imageUrl}, {u"fillMode"_s, kPreserveAspectCrop}};
+    return u"var wanted = "_s + QString::fromUtf8(QJsonDocument(wanted).toJson(QJsonDocument::Compact)) + ';'_L1 +
+           kSet + kReport;
 }
 
 std::optional<Report> reportOf(const QString &printed)
 {
     const QJsonObject object = QJsonDocument::fromJson(printed.toUtf8()).object();
-    if (!object.value(QLatin1String("desktops")).isArray()) {
+    if (!object.value("desktops"_L1).isArray()) {
         return std::nullopt;
     }
     Report report;
-    report.screenCount = object.value(QLatin1String("screenCount")).toInt();
-    const QJsonArray desktops = object.value(QLatin1String("desktops")).toArray();
+    report.screenCount = object.value("screenCount"_L1).toInt();
+    const QJsonArray desktops = object.value("desktops"_L1).toArray();
     for (const QJsonValue value : desktops) {
         const QJsonObject desktop = value.toObject();
-        report.desktops.append({desktop.value(QLatin1String("screen")).toInt(-1),
-                                desktop.value(QLatin1String("plugin")).toString(),
-                                desktop.value(QLatin1String("image")).toString()});
+        report.desktops.append({desktop.value("screen"_L1).toInt(-1), desktop.value("plugin"_L1).toString(),
+                                desktop.value("image"_L1).toString()});
     }
     return report;
 }

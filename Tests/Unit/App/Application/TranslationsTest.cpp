@@ -13,6 +13,8 @@
 #include <utility>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -24,28 +26,28 @@ const QDateTime kAfternoon(QDate(2026, 3, 7), QTime(14, 5, 59));
 TEST(Translations, theFirstLanguageThatThereIsIsSpoken)
 {
     const std::vector<std::pair<QStringList, const char *>> cases{
-        {{QStringLiteral("de-CH")}, "de"},
-        {{QStringLiteral("nl-NL"), QStringLiteral("fr-BE")}, "fr"},
-        {{QStringLiteral("en-US"), QStringLiteral("de-DE")}, "en"},
-        {{QStringLiteral("zh-CN")}, "zh_CN"},
-        {{QStringLiteral("zh-Hans-CN")}, "zh_CN"},
-        {{QStringLiteral("zh-SG")}, "zh_CN"},
-        {{QStringLiteral("zh-TW"), QStringLiteral("ja-JP")}, "ja"}, // Not the script that it is written in there.
-        {{QStringLiteral("zh-HK")}, "en"},
-        {{QStringLiteral("tlh")}, "en"},
+        {{u"de-CH"_s}, "de"},
+        {{u"nl-NL"_s, u"fr-BE"_s}, "fr"},
+        {{u"en-US"_s, u"de-DE"_s}, "en"},
+        {{u"zh-CN"_s}, "zh_CN"},
+        {{u"zh-Hans-CN"_s}, "zh_CN"},
+        {{u"zh-SG"_s}, "zh_CN"},
+        {{u"zh-TW"_s, u"ja-JP"_s}, "ja"}, // Not the script that it is written in there.
+        {{u"zh-HK"_s}, "en"},
+        {{u"tlh"_s}, "en"},
         {{}, "en"},
     };
     for (const auto &[languages, catalogue] : cases) {
-        EXPECT_EQ(catalogueFor(languages), QLatin1String(catalogue)) << languages.join(QLatin1Char(',')).toStdString();
+        EXPECT_EQ(catalogueFor(languages), QLatin1String(catalogue)) << languages.join(','_L1).toStdString();
     }
 }
 
 TEST(Translations, theDirectionIsThatOfTheLanguage)
 {
-    EXPECT_EQ(directionFor({QStringLiteral("ar-EG")}), Qt::RightToLeft);
-    EXPECT_EQ(directionFor({QStringLiteral("he-IL"), QStringLiteral("en-US")}), Qt::RightToLeft);
-    EXPECT_EQ(directionFor({QStringLiteral("fa-IR")}), Qt::RightToLeft);
-    EXPECT_EQ(directionFor({QStringLiteral("de-DE"), QStringLiteral("ar-EG")}), Qt::LeftToRight);
+    EXPECT_EQ(directionFor({u"ar-EG"_s}), Qt::RightToLeft);
+    EXPECT_EQ(directionFor({u"he-IL"_s, u"en-US"_s}), Qt::RightToLeft);
+    EXPECT_EQ(directionFor({u"fa-IR"_s}), Qt::RightToLeft);
+    EXPECT_EQ(directionFor({u"de-DE"_s, u"ar-EG"_s}), Qt::LeftToRight);
     EXPECT_EQ(directionFor({}), Qt::LeftToRight);
 }
 
@@ -64,7 +66,7 @@ TEST(Translations, everyLanguageSaysTheMenuDifferently)
 TEST(Translations, numbersChooseTheForm)
 {
     const auto pictures = [](int count) {
-        return QCoreApplication::translate("AlbumTile", "%1, %n pictures", nullptr, count).arg(QStringLiteral("a"));
+        return QCoreApplication::translate("AlbumTile", "%1, %n pictures", nullptr, count).arg(u"a"_s);
     };
     const std::vector<std::tuple<const char *, const char *, const char *, const char *, const char *>> cases{
         {"en", "a, 1 picture", "a, 2 pictures", "1 hour", "2 hours"},
@@ -81,22 +83,21 @@ TEST(Translations, numbersChooseTheForm)
         EXPECT_EQ(formatInterval(60).toStdString(), hour);
         EXPECT_EQ(formatInterval(120).toStdString(), hours);
     }
-    const SpokenLanguage french(QStringLiteral("fr"));
+    const SpokenLanguage french(u"fr"_s);
     EXPECT_EQ(pictures(0).toStdString(), "a, 0 image"); // None is one there.
 }
 
 TEST(Translations, theSpecialAlbumsAreShownTranslatedAndPromptsNever)
 {
-    const SpokenLanguage german(QStringLiteral("de"));
-    EXPECT_EQ(albumTitle(QStringLiteral("Favorites"), true), QStringLiteral("Favoriten"));
-    EXPECT_EQ(albumTitle(QStringLiteral("Favorites"), false), QStringLiteral("Favorites"));
-    EXPECT_EQ(albumTitle(QStringLiteral("Uncategorized"), false), QStringLiteral("Ohne Prompt"));
-    EXPECT_EQ(albumTitle(QStringLiteral("Settings"), false), QStringLiteral("Settings"));
+    const SpokenLanguage german(u"de"_s);
+    EXPECT_EQ(albumTitle(u"Favorites"_s, true), u"Favoriten"_s);
+    EXPECT_EQ(albumTitle(u"Favorites"_s, false), u"Favorites"_s);
+    EXPECT_EQ(albumTitle(u"Uncategorized"_s, false), u"Ohne Prompt"_s);
+    EXPECT_EQ(albumTitle(u"Settings"_s, false), u"Settings"_s);
     // The identity that other programs read stays.
-    const QJsonArray albums{QJsonObject{{QStringLiteral("id"), QStringLiteral("Favorites")},
-                                        {QStringLiteral("isFavorites"), true},
-                                        {QStringLiteral("images"), QJsonArray{QStringLiteral("a.png")}}}};
-    EXPECT_EQ(Reports::albumsText(albums), QStringLiteral("Favoriten\n  a.png"));
+    const QJsonArray albums{
+        QJsonObject{{u"id"_s, u"Favorites"_s}, {u"isFavorites"_s, true}, {u"images"_s, QJsonArray{u"a.png"_s}}}};
+    EXPECT_EQ(Reports::albumsText(albums), u"Favoriten\n  a.png"_s);
 }
 
 TEST(Translations, momentsAreWrittenAsTheLanguageDoes)
@@ -111,7 +112,7 @@ TEST(Translations, momentsAreWrittenAsTheLanguageDoes)
         EXPECT_EQ(ImageRecords::momentText(kAfternoon, QLocale(QLatin1String(locale))).toStdString(), text);
     }
     // Without a catalogue the locale's own order and digits.
-    const QLocale persian(QStringLiteral("fa_IR"));
+    const QLocale persian(u"fa_IR"_s);
     EXPECT_EQ(ImageRecords::momentText(kAfternoon, persian), persian.toString(kAfternoon, QLocale::ShortFormat));
     EXPECT_TRUE(ImageRecords::momentText(kAfternoon, persian).contains(QChar(0x06f7)));
 }

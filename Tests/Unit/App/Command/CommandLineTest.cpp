@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -10,7 +12,7 @@ using Verb = CommandLine::Verb;
 
 std::optional<CommandLine> parsed(const char *words)
 {
-    const auto result = parseCommandLine(QString::fromUtf8(words).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    const auto result = parseCommandLine(QString::fromUtf8(words).split(' '_L1, Qt::SkipEmptyParts));
     const auto *line = std::get_if<CommandLine>(&result);
     return line != nullptr ? std::optional(*line) : std::nullopt;
 }
@@ -99,17 +101,17 @@ TEST(CommandLine, optionsStandBeforeOrBehindTheCommand)
     EXPECT_TRUE(parsed("--json status")->json);
     EXPECT_TRUE(parsed("status --json")->json);
     EXPECT_TRUE(parsed("--hidden")->hidden);
-    EXPECT_EQ(parsed("--action quit")->action, QStringLiteral("quit"));
-    EXPECT_EQ(parsed("generate --prompt=a")->prompt, QStringLiteral("a"));
-    EXPECT_EQ(parsed("generate --prompt -a")->prompt, QStringLiteral("-a"));
+    EXPECT_EQ(parsed("--action quit")->action, u"quit"_s);
+    EXPECT_EQ(parsed("generate --prompt=a")->prompt, u"a"_s);
+    EXPECT_EQ(parsed("generate --prompt -a")->prompt, u"-a"_s);
     EXPECT_FALSE(parsed("generate")->prompt);
 }
 
 TEST(CommandLine, whatLooksLikeAnOptionCanBeAValueOrAFile)
 {
-    EXPECT_EQ(parsed("set -- -a.png")->arguments, QStringList{QStringLiteral("-a.png")});
-    EXPECT_EQ(parsed("settings lastPrompt -dark-")->arguments.last(), QStringLiteral("-dark-"));
-    EXPECT_EQ(parsed("settings --unset k")->arguments, QStringList{QStringLiteral("k")});
+    EXPECT_EQ(parsed("set -- -a.png")->arguments, QStringList{u"-a.png"_s});
+    EXPECT_EQ(parsed("settings lastPrompt -dark-")->arguments.last(), u"-dark-"_s);
+    EXPECT_EQ(parsed("settings --unset k")->arguments, QStringList{u"k"_s});
 }
 
 } // namespace quorvane

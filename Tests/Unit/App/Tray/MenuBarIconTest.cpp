@@ -5,13 +5,14 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
-const QString kPicture =
-    QStringLiteral("<svg xmlns='http://www.w3.org/2000/svg' width='22' height='22' viewBox='0 0 22 22'>"
-                   "<rect x='%1' y='4' width='4' height='14'/></svg>");
+const QString kPicture = u"<svg xmlns='http://www.w3.org/2000/svg' width='22' height='22' viewBox='0 0 22 22'>"
+                         "<rect x='%1' y='4' width='4' height='14'/></svg>"_s;
 
 /// The share of pixels that are not transparent.
 double coverage(const QImage &image)
@@ -52,11 +53,11 @@ TEST(MenuBarIcon, isDrawnForBothScalesOnATransparentGround)
 TEST(MenuBarIcon, whereItIsMissingSparklesStandInForIt)
 {
     const QTemporaryDir folder;
-    ASSERT_TRUE(putFile(folder.filePath(QStringLiteral("sparkles.svg")), kPicture.arg(2).toUtf8()));
+    ASSERT_TRUE(putFile(folder.filePath(u"sparkles.svg"_s), kPicture.arg(2).toUtf8()));
     const QImage sparkles = menuBarIcon(folder.path()).images.first();
     EXPECT_GT(qAlpha(sparkles.pixel(4, 10)), 200);
     EXPECT_EQ(qAlpha(sparkles.pixel(16, 10)), 0);
-    ASSERT_TRUE(putFile(folder.filePath(QStringLiteral("MenuBarIcon.svg")), kPicture.arg(14).toUtf8()));
+    ASSERT_TRUE(putFile(folder.filePath(u"MenuBarIcon.svg"_s), kPicture.arg(14).toUtf8()));
     const QImage own = menuBarIcon(folder.path()).images.first();
     EXPECT_EQ(qAlpha(own.pixel(4, 10)), 0);
     EXPECT_GT(qAlpha(own.pixel(16, 10)), 200);
@@ -72,9 +73,9 @@ TEST(MenuBarIcon, theIconThemesOneIsNamedWhereItIsInstalled)
 {
     const PrivateHome home;
     EXPECT_TRUE(menuBarIcon().name.isEmpty());
-    ASSERT_TRUE(putFile(home.path() + QStringLiteral("/.local/share/icons/hicolor/symbolic/apps/"
-                                                     "app.quorvane.Quorvane-symbolic.svg")));
-    EXPECT_EQ(menuBarIcon().name, QStringLiteral("app.quorvane.Quorvane-symbolic"));
+    ASSERT_TRUE(putFile(home.path() + u"/.local/share/icons/hicolor/symbolic/apps/"
+                                      "app.quorvane.Quorvane-symbolic.svg"_s));
+    EXPECT_EQ(menuBarIcon().name, u"app.quorvane.Quorvane-symbolic"_s);
 }
 
 } // namespace quorvane

@@ -2,26 +2,28 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
-const QString kFile = QStringLiteral("/a.png");
-const QString kStatus = QStringLiteral("Wallpaper set!");
+const QString kFile = u"/a.png"_s;
+const QString kStatus = u"Wallpaper set!"_s;
 
 } // namespace
 
 TEST(Notices, onlyATimedFailureIsTold)
 {
     for (const bool isVisible : {false, true}) {
-        const auto told = noticeFor({true, true, QStringLiteral("no network"), {}, isVisible});
+        const auto told = noticeFor({true, true, u"no network"_s, {}, isVisible});
         ASSERT_TRUE(told);
-        EXPECT_EQ(told->text, QStringLiteral("no network"));
+        EXPECT_EQ(told->text, u"no network"_s);
         EXPECT_TRUE(told->picture.isEmpty());
-        EXPECT_FALSE(noticeFor({false, true, QStringLiteral("no network"), {}, isVisible}));
+        EXPECT_FALSE(noticeFor({false, true, u"no network"_s, {}, isVisible}));
     }
     // A picture that was saved but could not be set is a failure.
-    EXPECT_TRUE(noticeFor({true, true, QStringLiteral("Failed: no"), kFile, false})->picture.isEmpty());
+    EXPECT_TRUE(noticeFor({true, true, u"Failed: no"_s, kFile, false})->picture.isEmpty());
 }
 
 TEST(Notices, aPictureIsToldWhereNobodySeesIt)

@@ -11,6 +11,8 @@
 
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -22,10 +24,7 @@ class TwoScreens : public DesktopPictureUnimplemented
         : DesktopPictureUnimplemented(QString())
     {
     }
-    [[nodiscard]] QList<Screen> screens() override
-    {
-        return {{QStringLiteral("DP-1"), QSize(10, 10)}, {QStringLiteral("DP-2"), QSize(20, 20)}};
-    }
+    [[nodiscard]] QList<Screen> screens() override { return {{u"DP-1"_s, QSize(10, 10)}, {u"DP-2"_s, QSize(20, 20)}}; }
 };
 
 class DesktopPictureCommandTest : public testing::Test
@@ -34,9 +33,9 @@ class DesktopPictureCommandTest : public testing::Test
     /// A program of the user's: a real script for /bin/sh, in a folder with a space in its name.
     QString script(const QByteArray &text)
     {
-        const QString folder = m_home.path() + QStringLiteral("/my scripts");
+        const QString folder = m_home.path() + u"/my scripts"_s;
         QDir().mkpath(folder);
-        QFile file(folder + QStringLiteral("/set it.sh"));
+        QFile file(folder + u"/set it.sh"_s);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("#!/bin/sh\nhere='" + QFile::encodeName(m_home.path()) + "'\n" + text);
         file.close();
@@ -44,7 +43,7 @@ class DesktopPictureCommandTest : public testing::Test
         return file.fileName();
     }
 
-    std::optional<QString> set(const QString &program, const QString &path = QStringLiteral("/picture.png"),
+    std::optional<QString> set(const QString &program, const QString &path = u"/picture.png"_s,
                                std::chrono::milliseconds limit = std::chrono::seconds(20))
     {
         DesktopPictureCommand desktop(program, QString(), std::make_unique<TwoScreens>(), limit);
@@ -53,7 +52,7 @@ class DesktopPictureCommandTest : public testing::Test
 
     QByteArray content(const char *name)
     {
-        QFile file(m_home.path() + QLatin1Char('/') + QString::fromUtf8(name));
+        QFile file(m_home.path() + '/'_L1 + QString::fromUtf8(name));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
     }
 
@@ -85,23 +84,23 @@ TEST_F(DesktopPictureCommandTest, aFailureIsDescribedByStandardErrorAndStopsTher
 
 TEST_F(DesktopPictureCommandTest, standardErrorMayBeOpenedByName)
 {
-    EXPECT_EQ(set(script("echo 'by name' > /dev/stderr; exit 1")), QStringLiteral("by name"));
+    EXPECT_EQ(set(script("echo 'by name' > /dev/stderr; exit 1")), u"by name"_s);
 }
 
 TEST_F(DesktopPictureCommandTest, aSilentFailureIsDescribedByItsStatus)
 {
     const QString silent = script("exit 3");
-    EXPECT_EQ(set(silent), QStringLiteral("The wallpaper command \"%1\" ended with status 3").arg(silent));
+    EXPECT_EQ(set(silent), u"The wallpaper command \"%1\" ended with status 3"_s.arg(silent));
     const QString killed = script("kill -9 $$");
-    EXPECT_EQ(set(killed), QStringLiteral("The wallpaper command \"%1\" was ended by a signal").arg(killed));
+    EXPECT_EQ(set(killed), u"The wallpaper command \"%1\" was ended by a signal"_s.arg(killed));
 }
 
 TEST_F(DesktopPictureCommandTest, theDescriptionIsBoundedAndAFloodIsKilled)
 {
     const auto longText = set(script("head -c 100000 /dev/zero | tr '\\0' x >&2; exit 1"));
-    EXPECT_EQ(longText, QString(1000, QLatin1Char('x')));
+    EXPECT_EQ(longText, QString(1000, 'x'_L1));
     const auto flood = set(script("while :; do echo flood >&2; head -c 1000000 /dev/zero >&2; done"));
-    EXPECT_TRUE(flood && flood->startsWith(QStringLiteral("flood")));
+    EXPECT_TRUE(flood && flood->startsWith(u"flood"_s));
 }
 
 TEST_F(DesktopPictureCommandTest, whatHangsIsKilledWithAllItStarted)
@@ -111,14 +110,14 @@ TEST_F(DesktopPictureCommandTest, whatHangsIsKilledWithAllItStarted)
                "wait");
     QElapsedTimer clock;
     clock.start();
-    EXPECT_EQ(set(hanging, QStringLiteral("/p"), std::chrono::milliseconds(1500)),
-              QStringLiteral("The wallpaper command \"%1\" did not end within 1.5 seconds").arg(hanging));
+    EXPECT_EQ(set(hanging, u"/p"_s, std::chrono::milliseconds(1500)),
+              u"The wallpaper command \"%1\" did not end within 1.5 seconds"_s.arg(hanging));
     EXPECT_LT(clock.elapsed(), 5000);
     const QByteArray child = content("child").trimmed();
     ASSERT_GT(child.toInt(), 0);
     // Killed, it takes a moment to end, and may stay in the table of processes until its new parent has looked.
     EXPECT_TRUE(waitFor([&child] {
-        QFile state(QStringLiteral("/proc/%1/stat").arg(QString::fromLatin1(child)));
+        QFile state(u"/proc/%1/stat"_s.arg(QString::fromLatin1(child)));
         return !state.open(QIODevice::ReadOnly) || state.readAll().contains(") Z ");
     }));
 }
@@ -129,28 +128,28 @@ TEST_F(DesktopPictureCommandTest, aPainterLeftBehindLivesOn)
     const QByteArray text =
         "(while [ ! -e \"$here/go\" ]; do sleep 0.02; done; echo painting >&2; echo x > \"$here/done\") &\n";
     EXPECT_EQ(set(script(text)), std::nullopt);
-    QFile go(m_home.path() + QStringLiteral("/go"));
+    QFile go(m_home.path() + u"/go"_s);
     ASSERT_TRUE(go.open(QIODevice::WriteOnly));
-    EXPECT_TRUE(waitFor([&] { return QFile::exists(m_home.path() + QStringLiteral("/done")); }));
+    EXPECT_TRUE(waitFor([&] { return QFile::exists(m_home.path() + u"/done"_s); }));
 }
 
 TEST_F(DesktopPictureCommandTest, aProgramThatIsNotThereIsNamed)
 {
-    const auto failure = set(QStringLiteral("/nowhere/setter"));
+    const auto failure = set(u"/nowhere/setter"_s);
     ASSERT_TRUE(failure);
-    EXPECT_TRUE(failure->startsWith(QStringLiteral("The wallpaper command \"/nowhere/setter\" cannot be started: ")))
+    EXPECT_TRUE(failure->startsWith(u"The wallpaper command \"/nowhere/setter\" cannot be started: "_s))
         << failure->toStdString();
-    EXPECT_TRUE(failure->contains(QStringLiteral("No such file"))) << failure->toStdString();
+    EXPECT_TRUE(failure->contains(u"No such file"_s)) << failure->toStdString();
 }
 
 TEST_F(DesktopPictureCommandTest, withoutAListOfScreensThereIsTheDefaultOne)
 {
-    DesktopPictureCommand desktop(script(R"(printf '%s' "$2" >> "$here/calls")"), QStringLiteral("why"),
+    DesktopPictureCommand desktop(script(R"(printf '%s' "$2" >> "$here/calls")"), u"why"_s,
                                   std::make_unique<DesktopPictureUnimplemented>(QString()));
-    EXPECT_EQ(desktop.name(), QStringLiteral("command"));
-    EXPECT_EQ(desktop.reason(), QStringLiteral("why"));
-    EXPECT_EQ(desktop.screens(), (QList<Screen>{{QStringLiteral("default"), QSize(0, 0)}}));
-    EXPECT_EQ(desktop.setPicture(QStringLiteral("/p"), desktop.screens()), std::nullopt);
+    EXPECT_EQ(desktop.name(), u"command"_s);
+    EXPECT_EQ(desktop.reason(), u"why"_s);
+    EXPECT_EQ(desktop.screens(), (QList<Screen>{{u"default"_s, QSize(0, 0)}}));
+    EXPECT_EQ(desktop.setPicture(u"/p"_s, desktop.screens()), std::nullopt);
     EXPECT_EQ(content("calls"), "default");
 }
 

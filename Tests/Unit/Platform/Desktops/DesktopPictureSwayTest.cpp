@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 TEST(DesktopPictureSway, theScreensAreTheActiveOutputsInOrder)
@@ -19,10 +21,10 @@ TEST(DesktopPictureSway, theScreensAreTheActiveOutputsInOrder)
         {"name": "TEXT", "active": true, "current_mode": {"width": "1", "height": 1}},
         7, "text", null, []
     ])";
-    EXPECT_EQ(DesktopPictureSway::screensOf(outputs), (QList<Screen>{{QStringLiteral("HEADLESS-1"), QSize(1280, 720)},
-                                                                     {QStringLiteral("DP-2"), QSize(1080, 1920)},
-                                                                     {QStringLiteral("DP-3"), QSize(600, 800)},
-                                                                     {QStringLiteral("DP-4"), QSize(800, 600)}}));
+    EXPECT_EQ(DesktopPictureSway::screensOf(outputs), (QList<Screen>{{u"HEADLESS-1"_s, QSize(1280, 720)},
+                                                                     {u"DP-2"_s, QSize(1080, 1920)},
+                                                                     {u"DP-3"_s, QSize(600, 800)},
+                                                                     {u"DP-4"_s, QSize(800, 600)}}));
     for (const QByteArray &garbage : {QByteArray(), QByteArray("{}"), QByteArray("[1"), QByteArray("\xff\xfe")}) {
         EXPECT_EQ(DesktopPictureSway::screensOf(garbage), QList<Screen>());
     }
@@ -35,13 +37,13 @@ TEST(DesktopPictureSway, aFailureIsReadFromEveryAnswerThatIsNoSuccess)
         QByteArray answer;
         std::optional<QString> failure;
     };
-    const QString unclear = QStringLiteral("sway's answer cannot be understood");
-    const QString refused = QStringLiteral("sway refused the picture");
+    const QString unclear = u"sway's answer cannot be understood"_s;
+    const QString refused = u"sway refused the picture"_s;
     const Case cases[] = {
         {R"([{"success": true}])", std::nullopt},
         {R"([{"success": true}, {"success": true}])", std::nullopt},
-        {R"([{"success": false, "parse_error": true, "error": "Invalid syntax"}])", QStringLiteral("Invalid syntax")},
-        {R"([{"success": true}, {"success": false, "error": "Two"}])", QStringLiteral("Two")},
+        {R"([{"success": false, "parse_error": true, "error": "Invalid syntax"}])", u"Invalid syntax"_s},
+        {R"([{"success": true}, {"success": false, "error": "Two"}])", u"Two"_s},
         {R"([{"success": false}])", refused},
         {R"([{}])", refused},
         {R"([7])", refused},
@@ -69,10 +71,9 @@ TEST(DesktopPictureSway, onlyPlainPathsAreHandedOver)
 
 TEST(DesktopPictureSway, screenNamesHaveOneMeaningOrAreRefused)
 {
-    const QString path = QStringLiteral("/p.png");
-    EXPECT_EQ(DesktopPictureSway::commandFor(QStringLiteral("DP-1"), path),
-              QByteArray("output \"DP-1\" bg /p.png fill"));
-    EXPECT_EQ(DesktopPictureSway::commandFor(QStringLiteral("My; exec x, 'y'"), path),
+    const QString path = u"/p.png"_s;
+    EXPECT_EQ(DesktopPictureSway::commandFor(u"DP-1"_s, path), QByteArray("output \"DP-1\" bg /p.png fill"));
+    EXPECT_EQ(DesktopPictureSway::commandFor(u"My; exec x, 'y'"_s, path),
               QByteArray("output \"My; exec x, 'y'\" bg /p.png fill"));
     for (const char *name : {"", "*", "-", "--", "a\"b", "a\\", "$x", "a\nb", "a\x7f"}) {
         EXPECT_EQ(DesktopPictureSway::commandFor(QString::fromUtf8(name), path), std::nullopt) << name;

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -23,12 +25,12 @@ TEST(PictureCopy, everyCopyHasANewNameWithItsBytesAndEnding)
 {
     const PrivateHome home;
     const QString folder = PictureCopy::folders().constFirst();
-    EXPECT_EQ(folder, Paths::stateHome() + QStringLiteral("/quorvane"));
+    EXPECT_EQ(folder, Paths::stateHome() + u"/quorvane"_s);
     QStringList paths;
     for (int number = 0; number < 20; ++number) {
-        const auto path = PictureCopy::write(folder, QByteArray::number(number), QStringLiteral("png"));
+        const auto path = PictureCopy::write(folder, QByteArray::number(number), u"png"_s);
         ASSERT_TRUE(path);
-        EXPECT_TRUE(path->startsWith(folder) && path->endsWith(QStringLiteral(".png")));
+        EXPECT_TRUE(path->startsWith(folder) && path->endsWith(u".png"_s));
         EXPECT_FALSE(paths.contains(*path));
         paths.append(*path);
     }
@@ -41,13 +43,12 @@ TEST(PictureCopy, onlyCopiesOfOursAreRemovedAndNotTheOneToKeep)
 {
     const PrivateHome home;
     const QString folder = PictureCopy::folders().constFirst();
-    const auto old = PictureCopy::write(folder, "old", QStringLiteral("jpg"));
-    const auto kept = PictureCopy::write(folder, "kept", QStringLiteral("png"));
+    const auto old = PictureCopy::write(folder, "old", u"jpg"_s);
+    const auto kept = PictureCopy::write(folder, "kept", u"png"_s);
     ASSERT_TRUE(old && kept);
-    const QStringList others{QStringLiteral("wallpaper-mine.png"), QStringLiteral("wallpaper.png"),
-                             QStringLiteral("notes.txt")};
+    const QStringList others{u"wallpaper-mine.png"_s, u"wallpaper.png"_s, u"notes.txt"_s};
     for (const QString &name : others) {
-        QFile file(folder + QLatin1Char('/') + name);
+        QFile file(folder + '/'_L1 + name);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     }
     PictureCopy::removeAllBut(*kept);
@@ -56,37 +57,36 @@ TEST(PictureCopy, onlyCopiesOfOursAreRemovedAndNotTheOneToKeep)
     PictureCopy::removeAllBut({});
     EXPECT_FALSE(QFile::exists(*kept));
     for (const QString &name : others) {
-        EXPECT_TRUE(QFile::exists(folder + QLatin1Char('/') + name)) << name.toStdString();
+        EXPECT_TRUE(QFile::exists(folder + '/'_L1 + name)) << name.toStdString();
     }
 }
 
 TEST(PictureCopy, aFolderThatCannotBeMadeGivesNoCopy)
 {
     const PrivateHome home;
-    QFile file(home.path() + QStringLiteral("/file"));
+    QFile file(home.path() + u"/file"_s);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    EXPECT_EQ(PictureCopy::write(file.fileName() + QStringLiteral("/inside"), "x", QStringLiteral("png")),
-              std::nullopt);
+    EXPECT_EQ(PictureCopy::write(file.fileName() + u"/inside"_s, "x", u"png"_s), std::nullopt);
 }
 
 TEST(PictureCopy, aCopyIsKnownByItsNameAndItsBytes)
 {
     const PrivateHome home;
     const QString folder = PictureCopy::folders().constFirst();
-    const auto copy = PictureCopy::write(folder, "bytes", QStringLiteral("png"));
+    const auto copy = PictureCopy::write(folder, "bytes", u"png"_s);
     ASSERT_TRUE(copy);
     const auto put = [](const QString &path, const QByteArray &content) {
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
         return path;
     };
-    EXPECT_TRUE(PictureCopy::isCopyOf(*copy, put(home.path() + QStringLiteral("/same.png"), "bytes")));
-    EXPECT_FALSE(PictureCopy::isCopyOf(*copy, put(home.path() + QStringLiteral("/other.png"), "other")));
-    EXPECT_FALSE(PictureCopy::isCopyOf(*copy, put(home.path() + QStringLiteral("/longer.png"), "bytes!")));
-    EXPECT_FALSE(PictureCopy::isCopyOf(*copy, home.path() + QStringLiteral("/missing.png")));
-    const QString same = home.path() + QStringLiteral("/same.png");
+    EXPECT_TRUE(PictureCopy::isCopyOf(*copy, put(home.path() + u"/same.png"_s, "bytes")));
+    EXPECT_FALSE(PictureCopy::isCopyOf(*copy, put(home.path() + u"/other.png"_s, "other")));
+    EXPECT_FALSE(PictureCopy::isCopyOf(*copy, put(home.path() + u"/longer.png"_s, "bytes!")));
+    EXPECT_FALSE(PictureCopy::isCopyOf(*copy, home.path() + u"/missing.png"_s));
+    const QString same = home.path() + u"/same.png"_s;
     EXPECT_FALSE(PictureCopy::isCopyOf(same, same)) << "not in a folder of ours";
-    EXPECT_FALSE(PictureCopy::isCopyOf(put(folder + QStringLiteral("/mine.png"), "bytes"), same)) << "not our name";
+    EXPECT_FALSE(PictureCopy::isCopyOf(put(folder + u"/mine.png"_s, "bytes"), same)) << "not our name";
     EXPECT_FALSE(PictureCopy::isCopyOf({}, same));
 }
 

@@ -7,13 +7,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 QString write(const PrivateHome &home, const char *name, const QByteArray &bytes)
 {
-    const QString path = home.path() + QLatin1Char('/') + QString::fromUtf8(name);
+    const QString path = home.path() + '/'_L1 + QString::fromUtf8(name);
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     return path;
@@ -24,7 +26,7 @@ QString write(const PrivateHome &home, const char *name, const QByteArray &bytes
 TEST(PictureFile, theContentDecidesTheFormatNotTheName)
 {
     const PrivateHome home;
-    const QString path = home.path() + QStringLiteral("/picture.jpg");
+    const QString path = home.path() + u"/picture.jpg"_s;
     QImage image(30, 20, QImage::Format_RGB32);
     image.fill(qRgb(1, 2, 3));
     ASSERT_TRUE(image.save(path, "png"));
@@ -38,7 +40,7 @@ TEST(PictureFile, theContentDecidesTheFormatNotTheName)
 TEST(PictureFile, aReducedPictureKeepsItsShapeAndASmallOneItsSize)
 {
     const PrivateHome home;
-    const QString path = home.path() + QStringLiteral("/picture.png");
+    const QString path = home.path() + u"/picture.png"_s;
     QImage image(1000, 10, QImage::Format_RGB32);
     image.fill(Qt::red);
     ASSERT_TRUE(image.save(path));
@@ -50,7 +52,7 @@ TEST(PictureFile, aReducedPictureKeepsItsShapeAndASmallOneItsSize)
 TEST(PictureFile, whatIsNoWholePictureIsAnError)
 {
     const PrivateHome home;
-    const QString path = home.path() + QStringLiteral("/picture.png");
+    const QString path = home.path() + u"/picture.png"_s;
     QImage image(64, 64, QImage::Format_RGB32);
     for (int i = 0; i < 64 * 64; ++i) {
         image.setPixel(i % 64, i / 64, qRgb(i * 7919 % 256, i * 31 % 256, i * 17 % 256));
@@ -59,14 +61,14 @@ TEST(PictureFile, whatIsNoWholePictureIsAnError)
     QFile whole(path);
     ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
     const QByteArray bytes = whole.readAll();
-    const QStringList paths{home.path(), home.path() + QStringLiteral("/none.png"), write(home, "empty.png", ""),
+    const QStringList paths{home.path(), home.path() + u"/none.png"_s, write(home, "empty.png", ""),
                             write(home, "text.png", "<html>not a picture</html>"),
                             write(home, "half.png", bytes.left(bytes.size() / 2))};
     for (const QString &each : paths) {
         for (const QSize atMost : {QSize(), QSize(16, 16)}) {
             const PictureFile file = readPicture(each, atMost);
             EXPECT_TRUE(file.image.isNull()) << each.toStdString();
-            EXPECT_TRUE(file.error.startsWith(QStringLiteral("The picture cannot be read: "))) << each.toStdString();
+            EXPECT_TRUE(file.error.startsWith(u"The picture cannot be read: "_s)) << each.toStdString();
         }
     }
 }
@@ -74,7 +76,7 @@ TEST(PictureFile, whatIsNoWholePictureIsAnError)
 TEST(PictureFile, picturesAboveQtsOwnMemoryLimitAreRead)
 {
     const PrivateHome home;
-    const QString path = home.path() + QStringLiteral("/large.png");
+    const QString path = home.path() + u"/large.png"_s;
     QImage image(8200, 8400, QImage::Format_Grayscale8); // Counted with 4 bytes a pixel: 263 MiB; Qt stops at 256.
     image.fill(Qt::white);
     QImageWriter writer(path, "png");

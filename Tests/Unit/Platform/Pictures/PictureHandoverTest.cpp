@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -18,8 +20,8 @@ class PictureHandoverTest : public testing::Test
     /// Puts a picture at name as the library does: whole, in place of what was there.
     [[nodiscard]] QString save(const QString &name, int mark, const char *format = "png") const
     {
-        const QString path = m_home.path() + QLatin1Char('/') + name;
-        const QString draft = m_home.path() + QStringLiteral("/draft");
+        const QString path = m_home.path() + '/'_L1 + name;
+        const QString draft = m_home.path() + u"/draft"_s;
         EXPECT_TRUE(positionPicture(QSize(30, 20), mark).save(draft, format));
         EXPECT_EQ(::rename(QFile::encodeName(draft).constData(), QFile::encodeName(path).constData()), 0);
         return path;
@@ -42,23 +44,23 @@ class PictureHandoverTest : public testing::Test
 
 TEST_F(PictureHandoverTest, aNewPathIsHandedAsItIsAndAgainWhileItsContentStays)
 {
-    const QString path = save(QStringLiteral("one.png"), 10);
+    const QString path = save(u"one.png"_s, 10);
     EXPECT_EQ(show(path).path, path);
     EXPECT_EQ(show(path, {.loaded = {path}}).path, path);
-    const QString other = save(QStringLiteral("two.jpg"), 10, "jpeg");
+    const QString other = save(u"two.jpg"_s, 10, "jpeg");
     EXPECT_EQ(show(other, {.loaded = {path}}).path, other);
 }
 
 TEST_F(PictureHandoverTest, newContentUnderTheSamePathIsANewCopyEachTime)
 {
-    const QString path = save(QStringLiteral("one.png"), 10);
+    const QString path = save(u"one.png"_s, 10);
     EXPECT_FALSE(show(path).isCopy);
-    const auto second = show(save(QStringLiteral("one.png"), 20), {.loaded = {path}});
+    const auto second = show(save(u"one.png"_s, 20), {.loaded = {path}});
     EXPECT_TRUE(second.isCopy);
     EXPECT_TRUE(PictureCopy::isOurs(second.path));
     EXPECT_EQ(contentOf(second.path), contentOf(path));
     EXPECT_EQ(show(path, {.loaded = {second.path}}).path, second.path) << "the same content is the same copy";
-    const auto third = show(save(QStringLiteral("one.png"), 30), {.loaded = {second.path}});
+    const auto third = show(save(u"one.png"_s, 30), {.loaded = {second.path}});
     EXPECT_TRUE(third.isCopy);
     EXPECT_NE(third.path, second.path);
     QFile::remove(third.path);
@@ -67,9 +69,9 @@ TEST_F(PictureHandoverTest, newContentUnderTheSamePathIsANewCopyEachTime)
 
 TEST_F(PictureHandoverTest, aProcessThatKnowsNothingTakesNoRisk)
 {
-    const QString path = save(QStringLiteral("one.png"), 10);
+    const QString path = save(u"one.png"_s, 10);
     EXPECT_TRUE(m_handover.handOver(path, {.loaded = {path}}).isCopy);
-    const auto copy = PictureCopy::write(PictureCopy::folders().constFirst(), "x", QStringLiteral("png"));
+    const auto copy = PictureCopy::write(PictureCopy::folders().constFirst(), "x", u"png"_s);
     ASSERT_TRUE(copy);
     EXPECT_TRUE(m_handover.handOver(path, {.loaded = {*copy}}).isCopy) << "it may be one of this path";
     EXPECT_FALSE(m_handover.handOver(path, {.loaded = {m_home.path()}}).isCopy);
@@ -77,12 +79,12 @@ TEST_F(PictureHandoverTest, aProcessThatKnowsNothingTakesNoRisk)
 
 TEST_F(PictureHandoverTest, otherFormatsAndPathsThatTheDesktopCannotTakeAreCopied)
 {
-    const auto converted = m_handover.handOver(save(QStringLiteral("one.png"), 10, "bmp"), {});
+    const auto converted = m_handover.handOver(save(u"one.png"_s, 10, "bmp"), {});
     EXPECT_TRUE(converted.isCopy);
     EXPECT_EQ(QImage(converted.path, "png").size(), QSize(30, 20));
-    const QString path = save(QStringLiteral("a b.png"), 10);
+    const QString path = save(u"a b.png"_s, 10);
     PictureHandover::Rules rules;
-    rules.takesPath = [](const QString &each) { return !each.contains(QLatin1Char(' ')); };
+    rules.takesPath = [](const QString &each) { return !each.contains(' '_L1); };
     EXPECT_TRUE(m_handover.handOver(path, rules).isCopy);
     rules.takesPath = [](const QString & /*each*/) { return false; };
     EXPECT_NE(m_handover.handOver(path, rules).error, QString());
@@ -90,26 +92,26 @@ TEST_F(PictureHandoverTest, otherFormatsAndPathsThatTheDesktopCannotTakeAreCopie
 
 TEST_F(PictureHandoverTest, aFailureDeletesTheNewCopyButNotTheOneThatIsShown)
 {
-    const QString path = save(QStringLiteral("one.png"), 10);
+    const QString path = save(u"one.png"_s, 10);
     const auto shown = show(path, {.loaded = {path}});
     ASSERT_TRUE(shown.isCopy);
     m_handover.failed(m_handover.handOver(path, {}));
     EXPECT_TRUE(QFile::exists(shown.path));
-    const auto next = m_handover.handOver(save(QStringLiteral("one.png"), 20), {});
+    const auto next = m_handover.handOver(save(u"one.png"_s, 20), {});
     m_handover.failed(next);
     EXPECT_FALSE(QFile::exists(next.path));
     EXPECT_TRUE(QFile::exists(shown.path));
-    m_handover.failed(m_handover.handOver(save(QStringLiteral("two.png"), 10), {}));
-    EXPECT_TRUE(QFile::exists(m_home.path() + QStringLiteral("/two.png"))) << "it is the library's own";
+    m_handover.failed(m_handover.handOver(save(u"two.png"_s, 10), {}));
+    EXPECT_TRUE(QFile::exists(m_home.path() + u"/two.png"_s)) << "it is the library's own";
 }
 
 TEST_F(PictureHandoverTest, whatIsNoPictureIsRefusedAtOnce)
 {
-    EXPECT_NE(m_handover.handOver(m_home.path() + QStringLiteral("/missing.png"), {}).error, QString());
-    const QString path = m_home.path() + QStringLiteral("/broken.png");
+    EXPECT_NE(m_handover.handOver(m_home.path() + u"/missing.png"_s, {}).error, QString());
+    const QString path = m_home.path() + u"/broken.png"_s;
     ASSERT_TRUE(putFile(path, "no picture"));
     EXPECT_NE(m_handover.handOver(path, {}).error, QString());
-    EXPECT_FALSE(QDir(Paths::stateHome() + QStringLiteral("/quorvane")).exists());
+    EXPECT_FALSE(QDir(Paths::stateHome() + u"/quorvane"_s).exists());
 }
 
 } // namespace quorvane

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -33,7 +35,7 @@ class ClockTest : public testing::Test
 
 TEST_F(ClockTest, uptimeIsWhatTheSystemSays)
 {
-    QFile file(QStringLiteral("/proc/uptime"));
+    QFile file(u"/proc/uptime"_s);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const std::chrono::nanoseconds before = clock->uptime();
     const double told = file.readAll().split(' ').first().toDouble();

@@ -8,6 +8,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -85,7 +87,7 @@ TEST(Worker, anExceptionKeepsItsType)
     QString caught;
     scope.start(failing(&caught));
     ASSERT_TRUE(waitFor([&] { return scope.running() == 0; }));
-    EXPECT_EQ(caught, QStringLiteral("told"));
+    EXPECT_EQ(caught, u"told"_s);
 }
 
 TEST(TaskScope, drainingAsksToStopAndWaits)

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 TEST(FindGpu, aCardHasADeviceToComputeOn)
@@ -20,13 +22,13 @@ TEST(FindGpu, aCardHasADeviceToComputeOn)
     };
     for (const Case &known : cases) {
         const QTemporaryDir devices;
-        ASSERT_TRUE(QDir(devices.path()).mkdir(QStringLiteral("dri")));
+        ASSERT_TRUE(QDir(devices.path()).mkdir(u"dri"_s));
         EXPECT_FALSE(hasGpu(devices.path()));
         QFile device(devices.filePath(QLatin1String(known.device)));
         ASSERT_TRUE(device.open(QIODevice::WriteOnly));
         EXPECT_EQ(hasGpu(devices.path()), known.isCard) << known.device;
     }
-    EXPECT_FALSE(hasGpu(QStringLiteral("/nowhere")));
+    EXPECT_FALSE(hasGpu(u"/nowhere"_s));
 }
 
 } // namespace quorvane

@@ -1,8 +1,8 @@
 #include "Upscaling/Gpu/GpuWorker.h"
 #include "Support/WaitFor.h"
 #include "Unit/Upscaling/UpscalingTestSupport.h"
-#include "Upscaling/Network/SuperResolutionModel.h"
 #include "Upscaling/Image/TilePixels.h"
+#include "Upscaling/Network/SuperResolutionModel.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,13 +19,15 @@
 #include <unistd.h>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 constexpr std::chrono::minutes kPatience(2);
 const QString kRealWorker = QStringLiteral(GPU_WORKER);
-const QString kProcessor = QStringLiteral("CPUExecutionProvider");
+const QString kProcessor = u"CPUExecutionProvider"_s;
 
 std::vector<float> sampleTile()
 {
@@ -37,7 +39,7 @@ std::vector<float> sampleTile()
 /// Not gone, and not dead and waiting to be collected.
 bool isAlive(const QString &process)
 {
-    QFile stat(QStringLiteral("/proc/%1/stat").arg(process));
+    QFile stat(u"/proc/%1/stat"_s.arg(process));
     if (!stat.open(QIODevice::ReadOnly)) {
         return false;
     }
@@ -51,10 +53,10 @@ QByteArray refusal(const QString &driver)
 {
     QProcess worker;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("VK_DRIVER_FILES"), driver);
-    environment.insert(QStringLiteral("VK_ICD_FILENAMES"), driver);
+    environment.insert(u"VK_DRIVER_FILES"_s, driver);
+    environment.insert(u"VK_ICD_FILENAMES"_s, driver);
     worker.setProcessEnvironment(environment);
-    worker.start(kRealWorker, {modelFile("nearest"), QStringLiteral("WebGpuExecutionProvider")});
+    worker.start(kRealWorker, {modelFile("nearest"), u"WebGpuExecutionProvider"_s});
     worker.closeWriteChannel();
     EXPECT_TRUE(worker.waitForFinished(60'000));
     EXPECT_EQ(worker.exitStatus(), QProcess::NormalExit);
@@ -65,8 +67,8 @@ QByteArray refusal(const QString &driver)
 
 QString softwareDriver()
 {
-    const QDir drivers(QStringLiteral("/usr/share/vulkan/icd.d"));
-    const QStringList found = drivers.entryList({QStringLiteral("lvp_icd*.json")}, QDir::Files);
+    const QDir drivers(u"/usr/share/vulkan/icd.d"_s);
+    const QStringList found = drivers.entryList({u"lvp_icd*.json"_s}, QDir::Files);
     return found.isEmpty() ? QString() : drivers.filePath(found.front());
 }
 
@@ -92,7 +94,7 @@ TEST(GpuWorker, givesWhatTheNetworkGives)
 
 TEST(GpuWorker, takesTheFirstProviderThatWorks)
 {
-    GpuWorker worker(kRealWorker, {modelFile("nearest"), QStringLiteral("NoSuchProvider"), kProcessor});
+    GpuWorker worker(kRealWorker, {modelFile("nearest"), u"NoSuchProvider"_s, kProcessor});
     std::vector<float> result(GpuWorker::kResultSize);
     EXPECT_TRUE(worker.run(sampleTile(), result, kPatience));
 }
@@ -102,27 +104,25 @@ TEST(GpuWorker, whateverGoesWrongFailsForGood)
     const std::vector<float> tile = sampleTile();
     std::vector<float> result(GpuWorker::kResultSize);
     for (const char *behaviour : {"crash", "too-little", "nothing", "too-much"}) {
-        GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE),
-                          {modelFile("nearest"), QLatin1String(behaviour), QStringLiteral("2")});
+        GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE), {modelFile("nearest"), QLatin1String(behaviour), u"2"_s});
         EXPECT_TRUE(worker.run(tile, result, kPatience)) << behaviour;
         EXPECT_FALSE(worker.run(tile, result, kPatience)) << behaviour;
         EXPECT_FALSE(worker.run(tile, result, kPatience)) << behaviour;
     }
-    for (const QStringList &arguments : {QStringList{QStringLiteral("/nowhere/network.onnx"), kProcessor},
+    for (const QStringList &arguments : {QStringList{u"/nowhere/network.onnx"_s, kProcessor},
                                          {modelFile("garbage"), kProcessor},
                                          {modelFile("no-picture"), kProcessor},
-                                         {modelFile("nearest"), QStringLiteral("CUDAExecutionProvider")}}) {
+                                         {modelFile("nearest"), u"CUDAExecutionProvider"_s}}) {
         GpuWorker worker(kRealWorker, arguments);
-        EXPECT_FALSE(worker.run(tile, result, kPatience)) << text(arguments.join(QLatin1Char(' ')));
+        EXPECT_FALSE(worker.run(tile, result, kPatience)) << text(arguments.join(' '_L1));
     }
-    GpuWorker worker(QStringLiteral("/nowhere/worker"), {});
+    GpuWorker worker(u"/nowhere/worker"_s, {});
     EXPECT_FALSE(worker.run(tile, result, kPatience));
 }
 
 TEST(GpuWorker, isLeftAtTheLimit)
 {
-    GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE),
-                      {modelFile("nearest"), QStringLiteral("hang"), QStringLiteral("1")});
+    GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE), {modelFile("nearest"), u"hang"_s, u"1"_s});
     std::vector<float> result(GpuWorker::kResultSize);
     EXPECT_FALSE(worker.run(sampleTile(), result, std::chrono::milliseconds(300)));
     EXPECT_FALSE(worker.run(sampleTile(), result, kPatience));
@@ -130,8 +130,7 @@ TEST(GpuWorker, isLeftAtTheLimit)
 
 TEST(GpuWorker, anotherThreadEndsARun)
 {
-    GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE),
-                      {modelFile("nearest"), QStringLiteral("hang"), QStringLiteral("1")});
+    GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE), {modelFile("nearest"), u"hang"_s, u"1"_s});
     std::vector<float> result(GpuWorker::kResultSize);
     const std::jthread other([&worker] { worker.end(); });
     EXPECT_FALSE(worker.run(sampleTile(), result, std::chrono::hours(1)));
@@ -141,8 +140,7 @@ TEST(GpuWorker, theProcessIsGoneWithIt)
 {
     const QSet<QString> before = childProcesses();
     {
-        GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE),
-                          {modelFile("nearest"), QStringLiteral("hang"), QStringLiteral("1")});
+        GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE), {modelFile("nearest"), u"hang"_s, u"1"_s});
         std::vector<float> result(GpuWorker::kResultSize);
         EXPECT_FALSE(worker.run(sampleTile(), result, std::chrono::milliseconds(1)));
         EXPECT_EQ(childProcesses().size(), before.size() + 1);
@@ -165,13 +163,13 @@ TEST(GpuWorker, theProgramDiesWithTheOneThatStartedIt)
 {
     // The input is a pipe of the test's, so that it does not end when the shell between is killed.
     const QTemporaryDir folder;
-    const QString input = folder.filePath(QStringLiteral("input"));
+    const QString input = folder.filePath(u"input"_s);
     ASSERT_EQ(mkfifo(QFile::encodeName(input).constData(), 0600), 0);
     const int pipe = open(QFile::encodeName(input).constData(), O_RDWR | O_CLOEXEC);
     ASSERT_GE(pipe, 0);
     QProcess shell;
-    shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("\"$0\" \"$1\" \"$2\" <\"$3\" & wait"),
-                                       kRealWorker, modelFile("nearest"), kProcessor, input});
+    shell.start(u"sh"_s, {u"-c"_s, u"\"$0\" \"$1\" \"$2\" <\"$3\" & wait"_s, kRealWorker, modelFile("nearest"),
+                          kProcessor, input});
     ASSERT_TRUE(shell.waitForStarted());
 
     const std::vector<float> tile = sampleTile();
@@ -200,7 +198,7 @@ TEST(GpuWorker, vulkanOnTheProcessorIsRefused)
         GTEST_SKIP() << "mesa-vulkan-drivers is not installed";
     }
     const QTemporaryDir folder;
-    const QString renamed = folder.filePath(QStringLiteral("hardware.json"));
+    const QString renamed = folder.filePath(u"hardware.json"_s);
     ASSERT_TRUE(QFile::copy(driver, renamed));
     EXPECT_EQ(refusal(renamed), "Vulkan computes on the processor");
     EXPECT_EQ(refusal(driver), "Vulkan finds no graphics card");
@@ -208,7 +206,7 @@ TEST(GpuWorker, vulkanOnTheProcessorIsRefused)
 
 TEST(GpuWorker, withoutAVulkanDriverThereIsNoCard)
 {
-    EXPECT_EQ(refusal(QStringLiteral("/nowhere/driver.json")), "Vulkan finds no graphics card");
+    EXPECT_EQ(refusal(u"/nowhere/driver.json"_s), "Vulkan finds no graphics card");
 }
 
 } // namespace quorvane

@@ -7,13 +7,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
 QString put(const QString &folder)
 {
-    const QString path = folder + QStringLiteral("/quorvane/models/RealESRGAN.onnx");
+    const QString path = folder + u"/quorvane/models/RealESRGAN.onnx"_s;
     QDir().mkpath(QFileInfo(path).path());
     return QFile::copy(modelFile("nearest"), path) ? path : QString();
 }
@@ -23,15 +25,15 @@ QString put(const QString &folder)
 TEST(ModelFiles, theUsersModelGoesBeforeTheInstalledOnesInTheirOrder)
 {
     const HomeWithModel home;
-    const QString first = home.path() + QStringLiteral("/first");
-    const QString second = home.path() + QStringLiteral("/second");
-    qputenv("XDG_DATA_DIRS", QFile::encodeName(QStringLiteral("relative:") + first + QLatin1Char(':') + second));
+    const QString first = home.path() + u"/first"_s;
+    const QString second = home.path() + u"/second"_s;
+    qputenv("XDG_DATA_DIRS", QFile::encodeName(u"relative:"_s + first + ':'_L1 + second));
     EXPECT_EQ(findModel(), std::nullopt);
     const QString inSecond = put(second);
     EXPECT_EQ(findModel(), inSecond);
     const QString inFirst = put(first);
     EXPECT_EQ(findModel(), inFirst);
-    const QString own = put(home.path() + QStringLiteral("/.local/share"));
+    const QString own = put(home.path() + u"/.local/share"_s);
     EXPECT_EQ(own, userModelPath());
     EXPECT_EQ(findModel(), own);
 }

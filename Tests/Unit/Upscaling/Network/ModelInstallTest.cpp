@@ -1,13 +1,15 @@
 #include "Providers/ProviderError.h"
 #include "Unit/Upscaling/UpscalingTestSupport.h"
-#include "Upscaling/Network/ModelFiles.h"
 #include "Upscaling/Image/UpscaleErrors.h"
+#include "Upscaling/Network/ModelFiles.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -36,7 +38,7 @@ TEST(ModelInstall, whatDoesNotFitLeavesTheModelInUseAlone)
     EXPECT_NE(thrown<ModelError>([] { installModel(modelFile("wrong-size")); }), QString());
     EXPECT_NE(thrown<ModelError>([] { installModel(modelFile("undeclared-scale")); }), QString());
     EXPECT_NE(thrown<ModelError>([] { installModel(modelFile("garbage")); }), QString());
-    EXPECT_NE(thrown<ModelError>([] { installModel(QStringLiteral("/nowhere.onnx")); }), QString());
+    EXPECT_NE(thrown<ModelError>([] { installModel(u"/nowhere.onnx"_s); }), QString());
     EXPECT_NE(thrown<ProviderError>([] { installModel(modelFile("black")); }), QString());
     EXPECT_NE(thrown<ProviderError>([] { installModel(modelFile("not-a-number")); }), QString());
     EXPECT_EQ(contentOf(userModelPath()), contentOf(modelFile("nearest")));
@@ -45,8 +47,8 @@ TEST(ModelInstall, whatDoesNotFitLeavesTheModelInUseAlone)
 TEST(ModelInstall, aPlaceThatCannotBeWrittenIsAnError)
 {
     const HomeWithModel home;
-    QDir().mkpath(home.path() + QStringLiteral("/.local"));
-    QFile taken(home.path() + QStringLiteral("/.local/share"));
+    QDir().mkpath(home.path() + u"/.local"_s);
+    QFile taken(home.path() + u"/.local/share"_s);
     ASSERT_TRUE(taken.open(QIODevice::WriteOnly));
     EXPECT_EQ(text(thrown<ModelError>([] { installModel(modelFile("nearest")); })),
               "The model cannot be copied: writing " + text(userModelPath()) + " failed");

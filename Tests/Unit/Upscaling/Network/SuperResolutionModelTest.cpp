@@ -1,9 +1,9 @@
 #include "Upscaling/Network/SuperResolutionModel.h"
 #include "Providers/ProviderError.h"
 #include "Unit/Upscaling/UpscalingTestSupport.h"
-#include "Upscaling/Network/ModelFiles.h"
 #include "Upscaling/Image/TilePixels.h"
 #include "Upscaling/Image/UpscaleErrors.h"
+#include "Upscaling/Network/ModelFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,6 +13,8 @@
 
 #include <cmath>
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
@@ -97,7 +99,7 @@ TEST(SuperResolutionModel, aFileThatReadsOtherFilesIsRefused)
     const QString before = QDir::currentPath();
     QDir::setCurrent(home.path());
     for (const QString &folder : {home.path(), QFileInfo(userModelPath()).path()}) {
-        QFile weights(folder + QStringLiteral("/weights.bin"));
+        QFile weights(folder + u"/weights.bin"_s);
         ASSERT_TRUE(weights.open(QIODevice::WriteOnly));
         weights.write(QByteArray(36, '\0'));
     }
@@ -120,9 +122,8 @@ TEST(SuperResolutionModel, aFileThatWantsAllMemoryEndsAsAnError)
 
 TEST(SuperResolutionModel, unreadableEmptyAndEndlessFilesAreRefused)
 {
-    EXPECT_EQ(text(loadError(QStringLiteral("/nowhere/model.onnx"))),
-              "The model cannot be read: No such file or directory");
-    EXPECT_EQ(text(loadError(QStringLiteral("/dev/null"))),
+    EXPECT_EQ(text(loadError(u"/nowhere/model.onnx"_s)), "The model cannot be read: No such file or directory");
+    EXPECT_EQ(text(loadError(u"/dev/null"_s)),
               "The model does not fit: its file has 0 bytes; needed is an ONNX file of at most 1073741824");
 }
 

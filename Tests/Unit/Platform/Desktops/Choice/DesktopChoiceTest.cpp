@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -53,7 +55,7 @@ DesktopFacts withWayland(DesktopFacts base = {})
 
 QStringList list(const char *entries)
 {
-    return QString::fromUtf8(entries).split(QLatin1Char(':'));
+    return QString::fromUtf8(entries).split(':'_L1);
 }
 
 DesktopFacts withLayerShell(DesktopFacts base = {})
@@ -109,15 +111,19 @@ TEST(DesktopChoice, isMadeAsTheTableSays)
         {"LXDE", withX11({}, list("LXDE")), DesktopBackend::None, "\"LXDE\""},
         {"Ubuntu", withDesktop("ubuntu:GNOME", "org.gnome.Shell"), DesktopBackend::Gnome, "\"ubuntu\", and it draws"},
         {"Unity", withDesktop("Unity:Unity7", "com.canonical.Unity"), DesktopBackend::Gnome, "\"Unity\", and it draws"},
-        {"Budgie", withDesktop("Budgie:GNOME", "org.budgie_desktop.BudgieWM"), DesktopBackend::Gnome, "\"Budgie\", and"},
-        {"Cinnamon", withDesktop("X-Cinnamon", "org.Cinnamon"), DesktopBackend::Cinnamon, "\"X-Cinnamon\", and it draws"},
+        {"Budgie", withDesktop("Budgie:GNOME", "org.budgie_desktop.BudgieWM"), DesktopBackend::Gnome,
+         "\"Budgie\", and"},
+        {"Cinnamon", withDesktop("X-Cinnamon", "org.Cinnamon"), DesktopBackend::Cinnamon,
+         "\"X-Cinnamon\", and it draws"},
         {"MATE with icons", withDesktop("MATE", "org.mate.Caja"), DesktopBackend::Mate, "and it draws"},
         {"MATE without", withDesktop("MATE", "org.mate.SettingsDaemon"), DesktopBackend::Mate, "and it draws"},
         {"XFCE in small letters", withDesktop("xfce", "org.xfce.xfdesktop"), DesktopBackend::Xfce,
          "\"xfce\", and it draws"},
         {"LXQt", withDesktop("LXQt", "org.pcmanfm.PCManFM"), DesktopBackend::Lxqt, "and it draws"},
-        {"LXQt on Wayland", withWayland(withDesktop("LXQt", "org.pcmanfm.PCManFM")), DesktopBackend::None, "this Wayland"},
-        {"GNOME on Wayland", withWayland(withDesktop("GNOME", "org.gnome.Shell")), DesktopBackend::Gnome, "and it draws"},
+        {"LXQt on Wayland", withWayland(withDesktop("LXQt", "org.pcmanfm.PCManFM")), DesktopBackend::None,
+         "this Wayland"},
+        {"GNOME on Wayland", withWayland(withDesktop("GNOME", "org.gnome.Shell")), DesktopBackend::Gnome,
+         "and it draws"},
         {"a desktop that is still starting", withDesktop("XFCE", ""), DesktopBackend::Xfce,
          "but org.xfce.xfdesktop is not on the session bus"},
         {"another desktop's program", withDesktop("MATE", "org.gnome.Shell"), DesktopBackend::Mate,
@@ -130,7 +136,8 @@ TEST(DesktopChoice, isMadeAsTheTableSays)
          "QUORVANE_WALLPAPER_COMMAND"},
         {"a command", facts("", "/bin/set"), DesktopBackend::Command, "QUORVANE_WALLPAPER_COMMAND is set"},
         {"a command in sway", withSway(facts("", "/bin/set")), DesktopBackend::Command, "QUORVANE_WALLPAPER_COMMAND"},
-        {"the command by name", facts("command", "/bin/set"), DesktopBackend::Command, "QUORVANE_DESKTOP is \"command\""},
+        {"the command by name", facts("command", "/bin/set"), DesktopBackend::Command,
+         "QUORVANE_DESKTOP is \"command\""},
         {"the command by name only", withSway(facts("command")), DesktopBackend::None, "COMMAND is not set"},
         {"sway by name", withSway(facts("sway")), DesktopBackend::Sway, "QUORVANE_DESKTOP is \"sway\""},
         {"sway by name, without it", withX11(facts("sway")), DesktopBackend::Sway, "SWAYSOCK is not set"},
@@ -141,7 +148,8 @@ TEST(DesktopChoice, isMadeAsTheTableSays)
         {"Plasma", withDesktop("KDE", "org.kde.plasmashell"), DesktopBackend::Plasma, "\"KDE\", and it draws"},
         {"Plasma on Wayland", withLayerShell(withDesktop("KDE", "org.kde.plasmashell")), DesktopBackend::Plasma,
          "and it draws"},
-        {"Plasma elsewhere", withSway(withDesktop("sway", "org.kde.plasmashell")), DesktopBackend::Sway, "sway answers"},
+        {"Plasma elsewhere", withSway(withDesktop("sway", "org.kde.plasmashell")), DesktopBackend::Sway,
+         "sway answers"},
         {"Plasma that starts", withX11({}, list("KDE")), DesktopBackend::Plasma, "but org.kde.plasmashell is not"},
         {"its compositor alone", withLayerShell(withX11({}, list("KDE"))), DesktopBackend::Plasma,
          "but org.kde.plasmashell is not"},
@@ -150,14 +158,19 @@ TEST(DesktopChoice, isMadeAsTheTableSays)
          "QUORVANE_DESKTOP is \"plasma\""},
         {"Plasma by name, without it", withSway(facts("plasma")), DesktopBackend::Plasma, "but org.kde.plasmashell"},
         {"Hyprland", withHyprland(withLayerShell()), DesktopBackend::Hyprland, "Hyprland answers"},
-        {"Hyprland of yesterday", withHyprland(withLayerShell(), false), DesktopBackend::LayerShell, "zwlr_layer_shell"},
+        {"Hyprland of yesterday", withHyprland(withLayerShell(), false), DesktopBackend::LayerShell,
+         "zwlr_layer_shell"},
         {"Hyprland by name", withHyprland(facts("hyprland")), DesktopBackend::Hyprland, "is \"hyprland\""},
-        {"Hyprland by name, without it", facts("hyprland"), DesktopBackend::Hyprland, "but HYPRLAND_INSTANCE_SIGNATURE"},
+        {"Hyprland by name, without it", facts("hyprland"), DesktopBackend::Hyprland,
+         "but HYPRLAND_INSTANCE_SIGNATURE"},
         {"a compositor with layers", withLayerShell(), DesktopBackend::LayerShell, "while the application runs"},
         {"sway has one too", withSway(withLayerShell()), DesktopBackend::Sway, "sway answers"},
-        {"layers by name in sway", withSway(withLayerShell(facts("layer-shell"))), DesktopBackend::LayerShell, "is \"lay"},
-        {"layers by name, without", withWayland(facts("layer-shell")), DesktopBackend::LayerShell, "does not offer zwlr"},
-        {"layers by name on X11", withX11(facts("layer-shell")), DesktopBackend::LayerShell, "WAYLAND_DISPLAY is not set"},
+        {"layers by name in sway", withSway(withLayerShell(facts("layer-shell"))), DesktopBackend::LayerShell,
+         "is \"lay"},
+        {"layers by name, without", withWayland(facts("layer-shell")), DesktopBackend::LayerShell,
+         "does not offer zwlr"},
+        {"layers by name on X11", withX11(facts("layer-shell")), DesktopBackend::LayerShell,
+         "WAYLAND_DISPLAY is not set"},
         {"a portal and nothing else", withPortal(withWayland()), DesktopBackend::Portal, "nothing else is known"},
         {"a portal beside plain X11", withPortal(withX11()), DesktopBackend::X11, "DISPLAY is set"},
         {"a portal beside layers", withPortal(withLayerShell()), DesktopBackend::LayerShell, "zwlr_layer_shell"},
@@ -166,8 +179,8 @@ TEST(DesktopChoice, isMadeAsTheTableSays)
         {"the portal by name", withPortal(withSway(facts("portal"))), DesktopBackend::Portal, "is \"portal\""},
         {"the portal by name, without", withSway(facts("portal")), DesktopBackend::Portal, "but no portal"},
         {"GNOME by name", withDesktop("", "org.gnome.Shell", facts("gnome")), DesktopBackend::Gnome, "is \"gnome\""},
-        {"GNOME by name in Budgie", withDesktop("Budgie:GNOME", "org.gnome.Shell", facts("gnome")), DesktopBackend::Gnome,
-         "but org.budgie_desktop.BudgieWM is not"},
+        {"GNOME by name in Budgie", withDesktop("Budgie:GNOME", "org.gnome.Shell", facts("gnome")),
+         DesktopBackend::Gnome, "but org.budgie_desktop.BudgieWM is not"},
         {"GNOME by name, without it", withSway(facts("gnome")), DesktopBackend::Gnome,
          "but its settings \"org.gnome.desktop.background\" are not installed"},
         {"XFCE by name in GNOME", withDesktop("GNOME", "org.gnome.Shell", facts("xfce")), DesktopBackend::Xfce,
@@ -181,7 +194,7 @@ TEST(DesktopChoice, isMadeAsTheTableSays)
         EXPECT_EQ(choice.way, each.way) << each.what;
         EXPECT_TRUE(choice.reason.contains(QString::fromUtf8(each.reason)))
             << each.what << ": " << choice.reason.toStdString();
-        EXPECT_FALSE(choice.reason.contains(QLatin1Char('\n'))) << each.what;
+        EXPECT_FALSE(choice.reason.contains('\n'_L1)) << each.what;
     }
 }
 

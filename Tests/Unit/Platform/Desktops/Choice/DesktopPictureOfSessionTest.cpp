@@ -6,6 +6,8 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -44,7 +46,7 @@ TEST(DesktopPicture, withoutAnyDesktopThereAreNoScreens)
     const auto desktop = makeDesktopPicture();
     EXPECT_EQ(desktop->name(), QString());
     EXPECT_EQ(desktop->screens(), QList<Screen>());
-    EXPECT_EQ(desktop->setPicture(QStringLiteral("/p"), {}), desktop->reason());
+    EXPECT_EQ(desktop->setPicture(u"/p"_s, {}), desktop->reason());
     EXPECT_NE(desktop->reason(), QString());
 }
 
@@ -55,24 +57,24 @@ TEST(DesktopPicture, aDesktopThatIsWantedButUnknownIsNotReplacedByAnother)
     qputenv("QUORVANE_DESKTOP", "windows");
     const auto desktop = makeDesktopPicture();
     EXPECT_EQ(desktop->name(), QString());
-    EXPECT_TRUE(desktop->reason().contains(QStringLiteral("\"windows\"")));
+    EXPECT_TRUE(desktop->reason().contains(u"\"windows\""_s));
 }
 
 TEST(DesktopPicture, theWayIsWhatTheEnvironmentSays)
 {
     const BareEnvironment bare;
     qputenv("DISPLAY", ":7654");
-    EXPECT_EQ(makeDesktopPicture()->name(), QStringLiteral("x11"));
+    EXPECT_EQ(makeDesktopPicture()->name(), u"x11"_s);
     qputenv("QUORVANE_DESKTOP", "sway");
-    EXPECT_EQ(makeDesktopPicture()->name(), QStringLiteral("sway"));
+    EXPECT_EQ(makeDesktopPicture()->name(), u"sway"_s);
     EXPECT_EQ(makeDesktopPicture()->screens(), QList<Screen>());
     qunsetenv("QUORVANE_DESKTOP");
     qputenv("XDG_CURRENT_DESKTOP", "KDE");
-    EXPECT_EQ(makeDesktopPicture()->name(), QStringLiteral("plasma"));
+    EXPECT_EQ(makeDesktopPicture()->name(), u"plasma"_s);
     qputenv("XDG_CURRENT_DESKTOP", "Deepin");
     EXPECT_EQ(makeDesktopPicture()->name(), QString());
     qputenv("QUORVANE_WALLPAPER_COMMAND", "/bin/true");
-    EXPECT_EQ(makeDesktopPicture()->name(), QStringLiteral("command"));
+    EXPECT_EQ(makeDesktopPicture()->name(), u"command"_s);
     EXPECT_EQ(makeDesktopPicture()->screens().size(), 1);
 }
 
@@ -83,15 +85,15 @@ TEST(DesktopPicture, theChoiceIsMadeAnewForEachPictureAndAWayThatIsStillThereSta
     EXPECT_EQ(desktop->name(), QString());
     qputenv("DISPLAY", ":7654"); // The desktop comes up later than a program that starts with the session.
     EXPECT_EQ(desktop->screens(), QList<Screen>());
-    EXPECT_EQ(desktop->name(), QStringLiteral("x11"));
+    EXPECT_EQ(desktop->name(), u"x11"_s);
     qputenv("QUORVANE_DESKTOP", "x11");
     EXPECT_EQ(desktop->screens(), QList<Screen>());
-    EXPECT_FALSE(desktop->reason().contains(QStringLiteral("QUORVANE_DESKTOP"))) << "it is the object of before";
+    EXPECT_FALSE(desktop->reason().contains(u"QUORVANE_DESKTOP"_s)) << "it is the object of before";
     qunsetenv("QUORVANE_DESKTOP");
     qputenv("QUORVANE_WALLPAPER_COMMAND", "/bin/true");
-    EXPECT_EQ(desktop->name(), QStringLiteral("x11")) << "until somebody asks for the screens";
+    EXPECT_EQ(desktop->name(), u"x11"_s) << "until somebody asks for the screens";
     EXPECT_EQ(desktop->screens().size(), 1);
-    EXPECT_EQ(desktop->name(), QStringLiteral("command"));
+    EXPECT_EQ(desktop->name(), u"command"_s);
 }
 
 TEST(DesktopPicture, aDesktopThatIsNamedButNotThereSaysSo)
@@ -99,8 +101,8 @@ TEST(DesktopPicture, aDesktopThatIsNamedButNotThereSaysSo)
     const BareEnvironment bare;
     qputenv("XDG_CURRENT_DESKTOP", "XFCE");
     const auto desktop = makeDesktopPicture();
-    EXPECT_EQ(desktop->name(), QStringLiteral("xfce"));
-    EXPECT_TRUE(desktop->reason().endsWith(QStringLiteral("but org.xfce.xfdesktop is not on the session bus")));
+    EXPECT_EQ(desktop->name(), u"xfce"_s);
+    EXPECT_TRUE(desktop->reason().endsWith(u"but org.xfce.xfdesktop is not on the session bus"_s));
 }
 
 } // namespace quorvane

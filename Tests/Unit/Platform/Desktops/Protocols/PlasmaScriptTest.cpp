@@ -2,17 +2,18 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
 
-const QString kImage = QStringLiteral("file:///p/a.png");
+const QString kImage = u"file:///p/a.png"_s;
 
 PlasmaScript::Report report(const char *desktops, int screenCount)
 {
-    return PlasmaScript::reportOf(QStringLiteral(R"({"screenCount": %1, "desktops": [%2]})")
-                                      .arg(screenCount)
-                                      .arg(QString::fromUtf8(desktops)))
+    return PlasmaScript::reportOf(
+               uR"({"screenCount": %1, "desktops": [%2]})"_s.arg(screenCount).arg(QString::fromUtf8(desktops)))
         .value();
 }
 
@@ -40,7 +41,7 @@ TEST(PlasmaScript, isEverywhereOnlyWhenEveryScreenHasThePicture)
 
 TEST(PlasmaScript, filesAreThoseOfHiddenDesktopsToo)
 {
-    EXPECT_EQ(report(kHidden, 1).files(), (QStringList{QStringLiteral("/p/a.png"), QStringLiteral("/q/b%20c.png")}));
+    EXPECT_EQ(report(kHidden, 1).files(), (QStringList{u"/p/a.png"_s, u"/q/b%20c.png"_s}));
 }
 
 TEST(PlasmaScript, anythingElseIsNoReport)
@@ -54,11 +55,9 @@ TEST(PlasmaScript, noNameBreaksOutOfItsText)
 {
     const QString path = QString::fromUtf8("/p/o'b \"q\" \\ #1 100% \n\xE2\x80\xA8日本.png");
     const QString url = PlasmaScript::urlOf(path);
-    EXPECT_EQ(url,
-              QStringLiteral("file:///p/o'b%20%22q%22%20%5C%20%231%20100%25%20%0A%E2%80%A8%E6%97%A5%E6%9C%AC.png"));
-    EXPECT_TRUE(PlasmaScript::setting(url).contains(QLatin1Char('"') + url + QLatin1Char('"')));
-    EXPECT_TRUE(
-        PlasmaScript::setting(QStringLiteral("\"); evil(\"")).contains(QStringLiteral(R"("image":"\"); evil(\"")")));
+    EXPECT_EQ(url, u"file:///p/o'b%20%22q%22%20%5C%20%231%20100%25%20%0A%E2%80%A8%E6%97%A5%E6%9C%AC.png"_s);
+    EXPECT_TRUE(PlasmaScript::setting(url).contains('"'_L1 + url + '"'_L1));
+    EXPECT_TRUE(PlasmaScript::setting(u"\"); evil(\""_s).contains(uR"("image":"\"); evil(\"")"_s));
 }
 
 } // namespace quorvane

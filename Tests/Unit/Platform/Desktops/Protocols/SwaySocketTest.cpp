@@ -17,6 +17,8 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -61,7 +63,7 @@ class Peer
     Peer(Peer &&) = delete;
     Peer &operator=(Peer &&) = delete;
 
-    [[nodiscard]] QString path() const { return m_folder.filePath(QStringLiteral("sway.sock")); }
+    [[nodiscard]] QString path() const { return m_folder.filePath(u"sway.sock"_s); }
 
   private:
     static bool isReadable(int descriptor, const std::stop_token &stop)
@@ -172,8 +174,7 @@ TEST(SwaySocket, badPeersAreErrorsWithinTheDeadline)
 TEST(SwaySocket, whereNobodyListensIsAnError)
 {
     const PrivateHome home;
-    const QStringList paths{QString(), home.path() + QStringLiteral("/none"), home.path(),
-                            QLatin1Char('/') + QString(300, QLatin1Char('a'))};
+    const QStringList paths{QString(), home.path() + u"/none"_s, home.path(), '/'_L1 + QString(300, 'a'_L1)};
     for (const QString &path : paths) {
         SwaySocket socket(path, QDeadlineTimer(kShort));
         EXPECT_FALSE(socket.isConnected()) << path.toStdString();
@@ -187,7 +188,7 @@ TEST(SwaySocket, aListenerThatAcceptsNobodyIsGivenUp)
     QTemporaryDir folder;
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
-    const QByteArray name = folder.filePath(QStringLiteral("s")).toUtf8();
+    const QByteArray name = folder.filePath(u"s"_s).toUtf8();
     std::memcpy(address.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
     const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     ASSERT_EQ(::bind(listener, reinterpret_cast<const sockaddr *>(&address), sizeof(address)), 0);
@@ -205,7 +206,7 @@ TEST(SwaySocket, aListenerThatAcceptsNobodyIsGivenUp)
 TEST(SwaySocket, theScreensRefusalComesInSwaysOwnWordsAndStopsThere)
 {
     const PrivateHome home;
-    const QString picture = home.path() + QStringLiteral("/picture.png");
+    const QString picture = home.path() + u"/picture.png"_s;
     ASSERT_TRUE(QImage(8, 8, QImage::Format_RGB32).save(picture));
     QList<QByteArray> commands;
     Peer peer([&](const QByteArray &request) {
@@ -220,7 +221,7 @@ TEST(SwaySocket, theScreensRefusalComesInSwaysOwnWordsAndStopsThere)
                                     : frame(R"([{"success": false, "error": "No such colour"}])", 0);
     });
     DesktopPictureSway sway(peer.path(), QString());
-    EXPECT_EQ(sway.setPicture(picture, sway.screens()), QStringLiteral("No such colour"));
+    EXPECT_EQ(sway.setPicture(picture, sway.screens()), u"No such colour"_s);
     const QByteArray end = " bg " + picture.toUtf8() + " fill";
     EXPECT_EQ(commands, (QList<QByteArray>{"output \"A\"" + end, "output \"B C\"" + end}));
 }
