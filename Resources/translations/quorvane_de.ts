@@ -762,12 +762,15 @@ mit den Bedienelementen in der Seitenleiste.</translation>
 <context>
     <name>ModelFiles</name>
     <message>
-        <source>The model cannot be copied: %1</source>
-        <translation>Das Modell kann nicht kopiert werden: %1</translation>
-    </message>
-    <message>
         <source>RealESRGAN model not found in app bundle</source>
         <translation>RealESRGAN-Modell im Programmpaket nicht gefunden</translation>
+    </message>
+</context>
+<context>
+    <name>ModelInstall</name>
+    <message>
+        <source>The model cannot be copied: %1</source>
+        <translation>Das Modell kann nicht kopiert werden: %1</translation>
     </message>
     <message>
         <source>writing %1 failed</source>

@@ -761,12 +761,15 @@ con los controles de la barra lateral.</translation>
 <context>
     <name>ModelFiles</name>
     <message>
-        <source>The model cannot be copied: %1</source>
-        <translation>No se puede copiar el modelo: %1</translation>
-    </message>
-    <message>
         <source>RealESRGAN model not found in app bundle</source>
         <translation>No se encontró el modelo RealESRGAN en la aplicación</translation>
+    </message>
+</context>
+<context>
+    <name>ModelInstall</name>
+    <message>
+        <source>The model cannot be copied: %1</source>
+        <translation>No se puede copiar el modelo: %1</translation>
     </message>
     <message>
         <source>writing %1 failed</source>

@@ -763,12 +763,15 @@ avec les commandes du panneau latéral.</translation>
 <context>
     <name>ModelFiles</name>
     <message>
-        <source>The model cannot be copied: %1</source>
-        <translation>Impossible de copier le modèle&#xa0;: %1</translation>
-    </message>
-    <message>
         <source>RealESRGAN model not found in app bundle</source>
         <translation>Modèle RealESRGAN introuvable dans l’application</translation>
+    </message>
+</context>
+<context>
+    <name>ModelInstall</name>
+    <message>
+        <source>The model cannot be copied: %1</source>
+        <translation>Impossible de copier le modèle&#xa0;: %1</translation>
     </message>
     <message>
         <source>writing %1 failed</source>

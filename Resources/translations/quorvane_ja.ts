@@ -758,12 +758,15 @@ using the sidebar controls.</source>
 <context>
     <name>ModelFiles</name>
     <message>
-        <source>The model cannot be copied: %1</source>
-        <translation>モデルをコピーできません: %1</translation>
-    </message>
-    <message>
         <source>RealESRGAN model not found in app bundle</source>
         <translation>アプリケーションにRealESRGANモデルが見つかりません</translation>
+    </message>
+</context>
+<context>
+    <name>ModelInstall</name>
+    <message>
+        <source>The model cannot be copied: %1</source>
+        <translation>モデルをコピーできません: %1</translation>
     </message>
     <message>
         <source>writing %1 failed</source>

@@ -7,6 +7,7 @@
 #include "Platform/Threads/Worker.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
+#include "Upscaling/ModelInstall.h"
 #include "Upscaling/Network/ModelFiles.h"
 
 #include <QCoreApplication>

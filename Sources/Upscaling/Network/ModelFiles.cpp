@@ -1,10 +1,6 @@
 #include "Upscaling/Network/ModelFiles.h"
 
-#include "Platform/Files/AtomicFile.h"
 #include "Platform/Files/Paths.h"
-#include "Platform/Threads/BackgroundThread.h"
-#include "Upscaling/Image/TileGrid.h"
-#include "Upscaling/Image/UpscaleErrors.h"
 #include "Upscaling/Network/SuperResolutionModel.h"
 
 #include <QCoreApplication>
@@ -44,24 +40,6 @@ QStringList dataFolders()
     return result;
 }
 
-/// A tile with a likeness to check: every corner has another colour.
-QImage sampleTile()
-{
-    constexpr int kEdge = TileGrid::kTileEdge;
-    QImage image(kEdge, kEdge, QImage::Format_RGBX8888);
-    for (int y = 0; y < kEdge; ++y) {
-        for (int x = 0; x < kEdge; ++x) {
-            image.setPixel(x, y, qRgb(x / 2, y / 2, 255 - x / 2));
-        }
-    }
-    return image;
-}
-
-[[noreturn]] void failToCopy(const QString &reason)
-{
-    throw ModelError(Tr::tr("The model cannot be copied: %1").arg(reason).toStdString());
-}
-
 } // namespace
 
 QString userModelPath()
@@ -91,23 +69,6 @@ ProviderError missingModel()
 QString describeModel(const QString &path)
 {
     return SuperResolutionModel(path, 1).description();
-}
-
-void installModel(const QString &file, const std::stop_token &stop)
-{
-    SuperResolutionModel model(file, physicalCores());
-    static_cast<void>(tileUpscaleWithModel(sampleTile(), model, {.stop = stop}));
-
-    QFile source(file);
-    if (!source.open(QIODevice::ReadOnly)) {
-        failToCopy(source.errorString());
-    }
-    const QByteArray content = source.readAll();
-    const QString target = userModelPath();
-    if (content.size() != source.size() || !QDir().mkpath(QFileInfo(target).path()) ||
-        !writeFileAtomically(target, content)) {
-        failToCopy(Tr::tr("writing %1 failed").arg(target));
-    }
 }
 
 } // namespace quorvane
