@@ -1,4 +1,4 @@
-#include "Platform/Desktops/DesktopPicture.h"
+#include "Platform/Desktops/Choice/DesktopPictureOfSession.h"
 
 #include <QByteArray>
 
