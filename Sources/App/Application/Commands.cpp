@@ -165,10 +165,10 @@ int runCommand(CommandLine line)
     switch (line.verb) {
     case Verb::Help:
         Console::print(helpText().trimmed());
-        return kDone;
+        return kSucceeded;
     case Verb::Version:
         Console::print(u"quorvane "_s + QCoreApplication::applicationVersion());
-        return kDone;
+        return kSucceeded;
     case Verb::Autostart:
         return finish(line, CommandRunner::switchAutostart(line));
     case Verb::Model:

@@ -101,7 +101,7 @@ int runWithoutDisplay(CommandLine line)
     const auto claim = bus.isConnected() ? ControlService::Claim::Taken : ControlService::Claim::NoBus;
     line.hidden = false; // There is nothing else that this start could do.
     if (handOver(control, claim, line)) {
-        return kDone;
+        return kSucceeded;
     }
     return fail(Tr::tr("there is no display; see quorvane --help for what needs none"));
 }
@@ -124,7 +124,7 @@ int runApplication(const CommandLine &line, const SceneUrls &urls)
     const Role role = takeRole(control, lock, line);
     if (role != Role::Application) {
         return role == Role::Done
-                   ? kDone
+                   ? kSucceeded
                    : fail(line.action && !bus.isConnected()
                               ? Tr::tr("the application runs already and can be told nothing without a session bus")
                               : Tr::tr("the application runs already and does not answer"));

@@ -47,7 +47,7 @@ CommandOutcome operationOutcome(const WallpaperManager &manager, const Operation
                             {u"isError"_s, manager.isError()},
                             {u"file"_s, Reports::textOrNull(result.file)},
                             {u"original"_s, Reports::textOrNull(result.original)}};
-    return {manager.isError() ? kFailed : kDone, value, {}};
+    return {manager.isError() ? kFailed : kSucceeded, value, {}};
 }
 
 CommandOutcome changedFileOutcome(const WallpaperManager &manager, const CommandLine &line, const QString &file)
@@ -55,7 +55,7 @@ CommandOutcome changedFileOutcome(const WallpaperManager &manager, const Command
     if (line.verb == Verb::Delete && QFileInfo::exists(file)) {
         return failure(Tr::tr("could not delete %1").arg(line.arguments.first()));
     }
-    return {kDone, Reports::changedFile(manager, file), {}};
+    return {kSucceeded, Reports::changedFile(manager, file), {}};
 }
 
 /// Calls begin, and ended when the operation that begin starts is over.
@@ -119,7 +119,7 @@ CommandOutcome changeSettings(Services &services, const CommandLine &line)
     for (const QString &each : key.isEmpty() ? known : QStringList{key}) {
         values.insert(each, SettingsTable::value(manager, defaults, each));
     }
-    return {kDone, values, {}};
+    return {kSucceeded, values, {}};
 }
 
 CommandOutcome switchAuto(Services &services, const CommandLine &line)
@@ -128,7 +128,7 @@ CommandOutcome switchAuto(Services &services, const CommandLine &line)
     if (!services.defaults.sync()) {
         return failure(Tr::tr("could not write %1").arg(UserDefaults::defaultPath()));
     }
-    return {kDone, QJsonObject{{u"autoEnabled"_s, services.manager.autoEnabled()}}, {}};
+    return {kSucceeded, QJsonObject{{u"autoEnabled"_s, services.manager.autoEnabled()}}, {}};
 }
 
 /// Off the main thread, for what loads a network or waits for the desktop.
@@ -196,7 +196,7 @@ void start(Services &services, const CommandLine &line, const Ended &ended)
         return;
     case Verb::Status:
         manager.askForScreens([&services, ended](const QList<Screen> &screens) {
-            ended({kDone, Reports::status(services.manager, *services.desktop, screens), {}});
+            ended({kSucceeded, Reports::status(services.manager, *services.desktop, screens), {}});
         });
         return;
     case Verb::Key:
@@ -210,10 +210,10 @@ void start(Services &services, const CommandLine &line, const Ended &ended)
             runningOnWorker([line, stop = services.tasks.stopToken()] { return useModel(line, stop); }, ended));
         return;
     case Verb::History:
-        ended({kDone, Reports::history(manager), {}});
+        ended({kSucceeded, Reports::history(manager), {}});
         return;
     case Verb::Albums:
-        ended({kDone, Reports::albums(manager), {}});
+        ended({kSucceeded, Reports::albums(manager), {}});
         return;
     default:
         Q_ASSERT(false);
@@ -242,7 +242,7 @@ CommandOutcome changeKeys(const CommandLine &line, WallpaperManager *manager)
     for (const auto &[id, key] : Keychain::readAll()) {
         ids.append(id);
     }
-    return {kDone, ids, {}};
+    return {kSucceeded, ids, {}};
 }
 
 CommandOutcome switchAutostart(const CommandLine &line)
@@ -251,7 +251,7 @@ CommandOutcome switchAutostart(const CommandLine &line)
     if (const auto problem = setAutostart(enabled ? Autostart::On : Autostart::Off)) {
         return failure(*problem);
     }
-    return {kDone, QJsonObject{{u"autostart"_s, enabled}}, {}};
+    return {kSucceeded, QJsonObject{{u"autostart"_s, enabled}}, {}};
 }
 
 CommandOutcome useModel(const CommandLine &line, const std::stop_token &stop)
@@ -261,7 +261,7 @@ CommandOutcome useModel(const CommandLine &line, const std::stop_token &stop)
             installModel(line.arguments.at(1), stop);
         }
         const std::optional<QString> file = findModel();
-        return {kDone,
+        return {kSucceeded,
                 QJsonObject{{u"file"_s, Reports::textOrNull(file.value_or(QString()))},
                             {u"description"_s, file ? QJsonValue(describeModel(*file)) : QJsonValue()}},
                 {}};

@@ -84,7 +84,7 @@ CommandOutcome outcomeOf(const QDBusPendingReply<QString> &reply)
     }
     const QByteArray list = '[' + reply.value().toUtf8() + ']';
     const QJsonValue value = QJsonDocument::fromJson(list).array().first();
-    return {value["isError"_L1].toBool() ? kFailed : kDone, value, {}};
+    return {value["isError"_L1].toBool() ? kFailed : kSucceeded, value, {}};
 }
 
 /// Until the application has left the bus, so that it can be started again.
