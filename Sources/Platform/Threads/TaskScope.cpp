@@ -4,6 +4,19 @@
 
 #include <utility>
 
+// The idea: a coroutine that nobody awaits is a thread of control without an owner. When what it works on goes, it goes
+// on, and the next time it is resumed it touches memory that is another's. So every such task has an owner, the scope,
+// which counts it, can ask it to stop, and does not go before it has ended. "Started and forgotten" does not exist
+// here.
+//
+// The end is an event loop: a task can only end when the loop resumes it, so drain() runs one instead of blocking, and
+// everything else that the thread serves goes on meanwhile. State lies in a shared block, because a task may be the one
+// that destroys the scope's owner.
+//
+// Not taken: cancelling by destroying the coroutine. Its frame may lie below one that is running, and a request that
+// was paid for would be thrown away with its answer. And not taken: a guard (QPointer) in every task, which protects
+// what the author thought of, and leaves a picture half kept when its owner went in between.
+
 namespace quorvane {
 
 struct TaskScope::State

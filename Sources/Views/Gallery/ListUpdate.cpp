@@ -4,6 +4,17 @@
 
 #include <algorithm>
 
+// The idea: the gallery is told a whole new list after every change, and a view that were given it as a new list would
+// throw away its tiles, its place and the keyboard's place. So the rows that can stay are found: those whose order is
+// the same in both lists, and of these the most, which is a longest rising run of their new places. What is not in the
+// run is removed and put in anew, so a picture that moved is a removal and an insertion. Sorting by places with a
+// binary search makes it n log n: 10,000 pictures take about a millisecond, well inside a frame.
+//
+// Not taken: a general difference of texts (Myers), which is quadratic just when the two lists have little in common,
+// as two albums have; here no name stands twice in a list, which is what makes the short way possible. And not taken:
+// telling the view of moves. Qt's views animate them, but only one row or stretch at a time, and a picture moves here
+// only when it becomes a favourite.
+
 namespace quorvane {
 
 namespace {

@@ -10,6 +10,20 @@
 
 using namespace Qt::StringLiterals;
 
+// The idea: what a session says of itself and what is really there are two things. XDG_CURRENT_DESKTOP is set by
+// whoever started the session and survives into other ones; a socket's variable outlives its compositor; a name on the
+// bus may be there before the desktop draws. So the facts are collected first, without judging them, and one function
+// without any input besides them decides. That makes every rule a row of a table in its test, and "quorvane status" can
+// say which fact decided.
+//
+// The order: what the user asked for is obeyed or refused, never replaced, because a silent replacement would look like
+// a picture that was not set. Then whoever answers and is named; then whoever answers; then who is only named, because
+// a program that starts with the session may be there before the desktop. What draws over the root window of X11 is no
+// bare X11, since a success that nobody sees is the worst of all.
+//
+// Not taken: trying one way after the other until one reports success. Most desktops report success for a picture that
+// they could not show, and a wrong attempt leaves its traces in another desktop's settings.
+
 namespace quorvane {
 
 namespace {
