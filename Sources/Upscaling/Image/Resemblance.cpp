@@ -7,7 +7,7 @@
 
 // The idea: whatever a network invents in detail, it leaves the brightness of a place about as it was. So both pictures
 // are averaged over cells that are large enough to hold no detail, and the averages are compared. That costs one pass
-// over the bytes, which is a hundredth of what the network took for them, and it finds what really happens: black
+// over the bytes, which is little beside the network, and it finds what really happens: black
 // tiles, tiles of noise, channels in another order, tiles in each other's place, values in another range.
 //
 // Not taken: a measure of likeness as picture quality is judged by (SSIM and its kin). It asks how good a picture is,
