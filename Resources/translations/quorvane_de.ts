@@ -86,6 +86,13 @@ Wählen Sie einen bestimmten Anbieter, um ihn für jedes Bild zu verwenden.</tra
     </message>
 </context>
 <context>
+    <name>BoundedAllocator</name>
+    <message>
+        <source>The model needs more than %1 MB of memory</source>
+        <translation>Das Modell braucht mehr als %1 MB Speicher</translation>
+    </message>
+</context>
+<context>
     <name>BusClient</name>
     <message>
         <source>The session bus cannot be reached</source>
@@ -525,13 +532,6 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
 using the sidebar controls.</source>
         <translation>Erzeugen Sie Ihr erstes Hintergrundbild
 mit den Bedienelementen in der Seitenleiste.</translation>
-    </message>
-</context>
-<context>
-    <name>BoundedAllocator</name>
-    <message>
-        <source>The model needs more than %1 MB of memory</source>
-        <translation>Das Modell braucht mehr als %1 MB Speicher</translation>
     </message>
 </context>
 <context>

@@ -86,6 +86,13 @@ Elija un proveedor concreto para usarlo en cada generación.</translation>
     </message>
 </context>
 <context>
+    <name>BoundedAllocator</name>
+    <message>
+        <source>The model needs more than %1 MB of memory</source>
+        <translation>El modelo necesita más de %1 MB de memoria</translation>
+    </message>
+</context>
+<context>
     <name>BusClient</name>
     <message>
         <source>The session bus cannot be reached</source>
@@ -524,13 +531,6 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
 using the sidebar controls.</source>
         <translation>Genere su primer fondo de pantalla
 con los controles de la barra lateral.</translation>
-    </message>
-</context>
-<context>
-    <name>BoundedAllocator</name>
-    <message>
-        <source>The model needs more than %1 MB of memory</source>
-        <translation>El modelo necesita más de %1 MB de memoria</translation>
     </message>
 </context>
 <context>

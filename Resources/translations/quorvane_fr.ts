@@ -86,6 +86,13 @@ Choisissez un fournisseur précis pour l’utiliser à chaque génération.</tra
     </message>
 </context>
 <context>
+    <name>BoundedAllocator</name>
+    <message>
+        <source>The model needs more than %1 MB of memory</source>
+        <translation>Le modèle a besoin de plus de %1 Mo de mémoire</translation>
+    </message>
+</context>
+<context>
     <name>BusClient</name>
     <message>
         <source>The session bus cannot be reached</source>
@@ -526,13 +533,6 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
 using the sidebar controls.</source>
         <translation>Générez votre premier fond d’écran
 avec les commandes du panneau latéral.</translation>
-    </message>
-</context>
-<context>
-    <name>BoundedAllocator</name>
-    <message>
-        <source>The model needs more than %1 MB of memory</source>
-        <translation>Le modèle a besoin de plus de %1 Mo de mémoire</translation>
     </message>
 </context>
 <context>

@@ -85,6 +85,13 @@ Pick a specific provider to use it for every generation.</source>
     </message>
 </context>
 <context>
+    <name>BoundedAllocator</name>
+    <message>
+        <source>The model needs more than %1 MB of memory</source>
+        <translation>モデルには%1 MBを超えるメモリが必要です</translation>
+    </message>
+</context>
+<context>
     <name>BusClient</name>
     <message>
         <source>The session bus cannot be reached</source>
@@ -522,13 +529,6 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 using the sidebar controls.</source>
         <translation>サイドバーで最初の壁紙を
 生成しましょう。</translation>
-    </message>
-</context>
-<context>
-    <name>BoundedAllocator</name>
-    <message>
-        <source>The model needs more than %1 MB of memory</source>
-        <translation>モデルには%1 MBを超えるメモリが必要です</translation>
     </message>
 </context>
 <context>

@@ -85,6 +85,13 @@ Pick a specific provider to use it for every generation.</source>
     </message>
 </context>
 <context>
+    <name>BoundedAllocator</name>
+    <message>
+        <source>The model needs more than %1 MB of memory</source>
+        <translation>模型需要超过 %1 MB 内存</translation>
+    </message>
+</context>
+<context>
     <name>BusClient</name>
     <message>
         <source>The session bus cannot be reached</source>
@@ -522,13 +529,6 @@ generate、toggle-auto、settings 或 quit。
 using the sidebar controls.</source>
         <translation>使用侧边栏的控件
 生成您的第一张壁纸。</translation>
-    </message>
-</context>
-<context>
-    <name>BoundedAllocator</name>
-    <message>
-        <source>The model needs more than %1 MB of memory</source>
-        <translation>模型需要超过 %1 MB 内存</translation>
     </message>
 </context>
 <context>

@@ -4,9 +4,9 @@
 
 #include "Manager/SettingsKeys.h"
 #include "Manager/WallpaperManager.h"
+#include "Platform/Files/UserDefaults.h"
 #include "Platform/System/Clock.h"
 #include "Platform/System/PowerEvents.h"
-#include "Platform/Files/UserDefaults.h"
 
 #include <algorithm>
 

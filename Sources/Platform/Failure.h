@@ -7,8 +7,8 @@
 
 namespace quorvane {
 
-/// What went wrong, in words for the user: one line, whole, without a full stop at the end where it is a fragment. Never
-/// empty.
+/// What went wrong, in words for the user: one line, whole, without a full stop at the end where it is a fragment.
+/// Never empty.
 struct [[nodiscard]] Failure
 {
     QString words;

@@ -43,7 +43,7 @@ struct TileUpscaleOptions
     int threads = 1;
     std::stop_token stop = {};
     std::function<void(UpscaleProgress)> onProgress = {}; ///< Called on the thread that upscales.
-    std::optional<GpuProgram> card = {};                 ///< To be tried beside the processor.
+    std::optional<GpuProgram> card = {};                  ///< To be tried beside the processor.
 };
 
 /// Finds and loads the network, then as tileUpscaleWithModel(). Nothing is kept between calls.

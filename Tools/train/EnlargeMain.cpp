@@ -1,9 +1,9 @@
 // Enlarges a picture exactly as the program does, tiles included: quorvane-enlarge MODEL.onnx PICTURE THREADS FILE.png.
 // Prints the seconds a tile took. The evaluation of a network calls this.
 
+#include "Upscaling/Image/TileGrid.h"
 #include "Upscaling/LocalUpscaler.h"
 #include "Upscaling/Network/SuperResolutionModel.h"
-#include "Upscaling/Image/TileGrid.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

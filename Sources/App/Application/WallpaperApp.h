@@ -1,11 +1,11 @@
 #pragma once
 
 #include "App/Application/AppDelegate.h"
-#include "App/Tray/MenuBar.h"
-#include "App/Tray/Notifications.h"
 #include "App/Application/Scenes.h"
 #include "App/Application/UnixSignals.h"
 #include "App/Command/Services.h"
+#include "App/Tray/MenuBar.h"
+#include "App/Tray/Notifications.h"
 
 #include <QObject>
 #include <QTimer>

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "Manager/WallpaperManager.h"
-#include "Platform/System/Clock.h"
 #include "Platform/Desktops/Choice/DesktopPictureOfSession.h"
+#include "Platform/Files/UserDefaults.h"
 #include "Platform/Network/HttpClient.h"
+#include "Platform/Secrets/SecretStore.h"
+#include "Platform/System/Clock.h"
 #include "Platform/System/PowerEvents.h"
 #include "Platform/System/Screens.h"
-#include "Platform/Secrets/SecretStore.h"
 #include "Platform/Threads/TaskScope.h"
-#include "Platform/Files/UserDefaults.h"
 #include "Upscaling/LocalUpscaler.h"
 
 #include <memory>

@@ -3,8 +3,8 @@
 
 #include "Platform/Desktops/DesktopPictureLayerShell.h"
 
-#include "Platform/Wayland/LayerShellBackgrounds.h"
 #include "Platform/Pictures/PictureFile.h"
+#include "Platform/Wayland/LayerShellBackgrounds.h"
 #include "Platform/Wayland/WaylandFacts.h"
 
 #include <QCoreApplication>

@@ -99,8 +99,7 @@ QImage Gpu::upscaleTile(const QImage &tile, QSize part)
     return upscaled;
 }
 
-void Gpu::processorDid(const QImage &tile, const QImage &upscaled, std::chrono::milliseconds time,
-                                int tilesLeft)
+void Gpu::processorDid(const QImage &tile, const QImage &upscaled, std::chrono::milliseconds time, int tilesLeft)
 {
     if (!m_program || upscaled.isNull() || !m_rules.isWorthTrying(time, tilesLeft) || !isTelling(tile)) {
         return;

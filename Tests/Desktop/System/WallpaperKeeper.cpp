@@ -4,12 +4,12 @@
 //   WallpaperKeeper [PICTURE]
 
 #include "Manager/WallpaperManager.h"
-#include "Platform/System/Clock.h"
 #include "Platform/Desktops/Choice/DesktopPictureOfSession.h"
+#include "Platform/Files/UserDefaults.h"
 #include "Platform/Network/HttpClient.h"
+#include "Platform/System/Clock.h"
 #include "Platform/System/PowerEvents.h"
 #include "Platform/System/Screens.h"
-#include "Platform/Files/UserDefaults.h"
 #include "Support/RecordingDesktop.h"
 
 #include <QGuiApplication>

@@ -2,9 +2,9 @@
 #include "Providers/ProviderError.h"
 #include "Unit/Upscaling/UpscalingTestSupport.h"
 #include "Upscaling/Image/ImageDecoding.h"
-#include "Upscaling/Network/SuperResolutionModel.h"
 #include "Upscaling/Image/TileGrid.h"
 #include "Upscaling/Image/UpscaleErrors.h"
+#include "Upscaling/Network/SuperResolutionModel.h"
 
 #include <QColorSpace>
 

@@ -1,7 +1,7 @@
+#include "Upscaling/ModelInstall.h"
 #include "Providers/ProviderError.h"
 #include "Unit/Upscaling/UpscalingTestSupport.h"
 #include "Upscaling/Image/UpscaleErrors.h"
-#include "Upscaling/ModelInstall.h"
 #include "Upscaling/Network/ModelFiles.h"
 
 #include <QDir>

@@ -2,8 +2,8 @@
 #include "Support/WaitFor.h"
 #include "Unit/Upscaling/UpscalingTestSupport.h"
 #include "Upscaling/Image/ImageDecoding.h"
-#include "Upscaling/Network/SuperResolutionModel.h"
 #include "Upscaling/Image/UpscaleErrors.h"
+#include "Upscaling/Network/SuperResolutionModel.h"
 
 #include <gtest/gtest.h>
 
