@@ -32,7 +32,7 @@ Item {
             name: content.symbol
             color: content.color
         }
-        Text {
+        PlainText {
             id: label
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(Math.ceil(implicitWidth), content.width - content.beside)
@@ -43,7 +43,6 @@ Item {
             text: content.text
             font: content.font
             color: content.color
-            textFormat: Text.PlainText
         }
     }
 }

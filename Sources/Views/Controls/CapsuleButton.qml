@@ -31,12 +31,11 @@ Button {
             size: 14
             color: button.symbolColor
         }
-        Text {
+        PlainText {
             anchors.verticalCenter: parent.verticalCenter
             text: button.text
             font: button.font
             color: Theme.overPicture
-            textFormat: Text.PlainText
         }
     }
     background: Rectangle {

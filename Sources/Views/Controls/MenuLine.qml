@@ -23,13 +23,11 @@ MenuItem {
     Accessible.name: text
     Accessible.onPressAction: if (enabled) clicked()
 
-    contentItem: Text {
+    contentItem: PlainText {
         text: line.text
         font: line.font
         color: line.contentColor
         verticalAlignment: Text.AlignVCenter
-        horizontalAlignment: Text.AlignLeft
-        textFormat: Text.PlainText
     }
     indicator: Symbol {
         x: line.mirrored ? 12 : line.width - width - 12

@@ -16,14 +16,12 @@ ComboBox {
     Accessible.description: displayText
     Accessible.onPressAction: if (enabled) popup.open()
 
-    contentItem: Text {
+    contentItem: PlainText {
         text: picker.displayText
         font: picker.font
         color: picker.enabled ? Theme.text : Theme.secondaryText
-        horizontalAlignment: Text.AlignLeft
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
-        textFormat: Text.PlainText
     }
     indicator: Symbol {
         x: picker.mirrored ? 10 : picker.width - width - 10
@@ -52,15 +50,13 @@ ComboBox {
         Accessible.name: modelData
         Accessible.onPressAction: if (enabled) clicked()
 
-        contentItem: Text {
+        contentItem: PlainText {
             text: choice.modelData
             font.pixelSize: Theme.bodySize
             font.weight: picker.currentIndex === choice.index ? Font.DemiBold : Font.Normal
             color: choice.highlighted ? Theme.accentText : Theme.text
-            horizontalAlignment: Text.AlignLeft
             verticalAlignment: Text.AlignVCenter
             elide: Text.ElideRight
-            textFormat: Text.PlainText
         }
         background: Rectangle {
             radius: 6

@@ -1,13 +1,11 @@
 import QtQuick
 import Quorvane.Views
 
-Text {
+PlainText {
     width: parent.width
-    horizontalAlignment: Text.AlignLeft
     color: Theme.secondaryText
     font.pixelSize: Theme.captionSize
     font.weight: Font.Medium
-    textFormat: Text.PlainText
     Accessible.role: Accessible.Heading
     Accessible.name: text
 }

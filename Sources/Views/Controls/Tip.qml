@@ -8,13 +8,11 @@ ToolTip {
     delay: 600
     width: Math.min(implicitWidth, 360)
 
-    contentItem: Text {
+    contentItem: PlainText {
         objectName: "toolTip"
         text: tip.text
-        color: Theme.text
         font.pixelSize: Theme.captionSize
         wrapMode: Text.Wrap
-        textFormat: Text.PlainText
         maximumLineCount: 12
         elide: Text.ElideRight
     }

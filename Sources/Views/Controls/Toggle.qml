@@ -46,15 +46,12 @@ Switch {
             radius: 14
         }
     }
-    contentItem: Text {
+    contentItem: PlainText {
         leftPadding: toggle.mirrored ? 48 : 0
         rightPadding: toggle.mirrored ? 0 : 48
-        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
         text: toggle.text
         font: toggle.font
-        color: Theme.text
         verticalAlignment: Text.AlignVCenter
-        textFormat: Text.PlainText
     }
 }

@@ -54,7 +54,7 @@ Item {
         size: 14
         color: Theme.yellow
     }
-    Text {
+    PlainText {
         id: caption
         anchors.left: tile.isFavorites ? star.right : parent.left
         anchors.leftMargin: tile.isFavorites ? 6 : 0
@@ -62,23 +62,19 @@ Item {
         anchors.rightMargin: 8
         anchors.top: picture.bottom
         anchors.topMargin: 8
-        horizontalAlignment: Text.AlignLeft
         text: tile.title
-        color: Theme.text
         font.pixelSize: Theme.bodySize
         font.weight: Font.Medium
         elide: Text.ElideRight
         maximumLineCount: 1
-        textFormat: Text.PlainText
     }
-    Text {
+    PlainText {
         id: number
         anchors.right: parent.right
         anchors.baseline: caption.baseline
         text: tile.count
         color: Theme.secondaryText
         font.pixelSize: Theme.captionSize
-        textFormat: Text.PlainText
     }
     Loader {
         active: hover.hovered && caption.truncated

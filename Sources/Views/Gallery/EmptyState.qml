@@ -12,26 +12,19 @@ Column {
         color: Theme.secondaryText
         opacity: 0.7
     }
-    Text {
+    StaticText {
         anchors.horizontalCenter: parent.horizontalCenter
         topPadding: 4
         text: qsTr("No wallpapers yet")
-        color: Theme.text
         font.pixelSize: Theme.titleSize
         font.weight: Font.DemiBold
-        textFormat: Text.PlainText
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
     }
-    Text {
+    StaticText {
         anchors.horizontalCenter: parent.horizontalCenter
         text: qsTr("Generate your first wallpaper\nusing the sidebar controls.")
         color: Theme.secondaryText
         font.pixelSize: Theme.bodySize
         lineHeight: 1.2
         horizontalAlignment: Text.AlignHCenter
-        textFormat: Text.PlainText
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
     }
 }

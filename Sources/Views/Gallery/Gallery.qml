@@ -35,15 +35,13 @@ FocusScope {
         height: 64
         visible: gallery.model.state === GalleryModel.Albums || gallery.model.state === GalleryModel.Album
 
-        Text {
+        PlainText {
             anchors.left: parent.left
             anchors.verticalCenter: parent.verticalCenter
             visible: gallery.model.state === GalleryModel.Albums
             text: qsTr("Albums")
-            color: Theme.text
             font.pixelSize: Theme.titleSize
             font.weight: Font.DemiBold
-            textFormat: Text.PlainText
             Accessible.role: Accessible.Heading
             Accessible.name: text
         }
@@ -57,7 +55,7 @@ FocusScope {
             text: qsTr("Albums")
             onClicked: gallery.model.closeAlbum()
         }
-        Text {
+        PlainText {
             id: title
             objectName: "albumTitle"
             anchors.left: back.right
@@ -65,15 +63,12 @@ FocusScope {
             anchors.right: usePrompt.visible ? usePrompt.left : parent.right
             anchors.rightMargin: 16
             anchors.verticalCenter: parent.verticalCenter
-            horizontalAlignment: Text.AlignLeft
             visible: back.visible
             text: gallery.model.selectedAlbumTitle
-            color: Theme.text
             font.pixelSize: 16
             font.weight: Font.DemiBold
             elide: Text.ElideRight
             maximumLineCount: 1
-            textFormat: Text.PlainText
             Accessible.role: Accessible.Heading
             Accessible.name: text
 

@@ -75,11 +75,10 @@ FocusScope {
                     spacing: 8
 
                     Spinner { color: Theme.overPicture }
-                    Text {
+                    PlainText {
                         text: qsTr("Upscaling to 4K...")
                         color: Theme.overPicture
                         font.pixelSize: Theme.captionSize
-                        textFormat: Text.PlainText
                     }
                 }
             }
@@ -141,18 +140,15 @@ FocusScope {
             }
         }
     }
-    Text {
+    PlainText {
         id: caption
         anchors.top: picture.bottom
         anchors.topMargin: 8
         width: parent.width
         text: tile.prompt
-        color: Theme.text
         font.pixelSize: Theme.captionSize
         elide: Text.ElideRight
-        horizontalAlignment: Text.AlignLeft
         maximumLineCount: 1
-        textFormat: Text.PlainText
 
         HoverHandler {
             id: captionHover
@@ -165,7 +161,7 @@ FocusScope {
             }
         }
     }
-    Text {
+    PlainText {
         anchors.top: picture.bottom
         anchors.topMargin: tile.prompt === "" ? 8 : 26
         width: parent.width
@@ -173,7 +169,5 @@ FocusScope {
         color: Theme.secondaryText
         font.pixelSize: Theme.captionSize
         elide: Text.ElideRight
-        horizontalAlignment: Text.AlignLeft
-        textFormat: Text.PlainText
     }
 }

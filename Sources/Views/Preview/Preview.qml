@@ -139,7 +139,7 @@ FocusScope {
         width: parent.width - 24
         spacing: 12
 
-        Text {
+        StaticText {
             id: prompt
             objectName: "previewPrompt"
             width: parent.width
@@ -151,9 +151,6 @@ FocusScope {
             wrapMode: Text.Wrap
             maximumLineCount: 2
             elide: Text.ElideRight
-            textFormat: Text.PlainText
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
 
             HoverHandler {
                 id: promptHover

@@ -27,14 +27,11 @@ Rectangle {
                 anchors.verticalCenter: parent.verticalCenter
                 color: Theme.overPicture
             }
-            Text {
+            StaticText {
                 text: qsTr("Upscaling to 4K...")
                 color: Theme.overPicture
                 font.pixelSize: Theme.bodySize
                 font.weight: Font.Medium
-                textFormat: Text.PlainText
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
             }
         }
         Rectangle {
@@ -53,15 +50,12 @@ Rectangle {
                 color: Theme.overPicture
             }
         }
-        Text {
+        StaticText {
             anchors.horizontalCenter: parent.horizontalCenter
             visible: text !== ""
             text: notice.model.progressText
             color: Theme.overPictureSecondary
             font.pixelSize: Theme.captionSize
-            textFormat: Text.PlainText
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
         }
     }
 }

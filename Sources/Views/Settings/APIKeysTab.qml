@@ -73,26 +73,19 @@ Flickable {
                         size: 14
                         color: Theme.green
                     }
-                    Text {
+                    StaticText {
                         objectName: section.modelData.providerId + "Saved"
                         text: qsTr("Saved in Keychain")
                         color: Theme.green
                         font.pixelSize: Theme.captionSize
-                        textFormat: Text.PlainText
-                        Accessible.role: Accessible.StaticText
-                        Accessible.name: text
                     }
                 }
-                Text {
+                StaticText {
                     width: parent.width
-                    horizontalAlignment: Text.AlignLeft
                     text: section.modelData.help
                     color: Theme.secondaryText
                     font.pixelSize: Theme.captionSize
                     wrapMode: Text.Wrap
-                    textFormat: Text.PlainText
-                    Accessible.role: Accessible.StaticText
-                    Accessible.name: text
                 }
             }
         }

@@ -31,16 +31,12 @@ Flickable {
                 chosen: tab.model.providerIndex
                 onChose: index => tab.model.chooseProvider(index)
             }
-            Text {
+            StaticText {
                 width: parent.width
-                horizontalAlignment: Text.AlignLeft
                 text: qsTr("Auto selects Gemini by default, Grok when NSFW is on.\nPick a specific provider to use it for every generation.")
                 color: Theme.secondaryText
                 font.pixelSize: Theme.captionSize
                 wrapMode: Text.Wrap
-                textFormat: Text.PlainText
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
             }
         }
         FormSection {
@@ -57,17 +53,13 @@ Flickable {
                     name: "checkmark.circle"
                     color: Theme.secondaryText
                 }
-                Text {
+                StaticText {
                     objectName: "nativeNote"
                     width: parent.width - 24
-                    horizontalAlignment: Text.AlignLeft
                     text: tab.model.native4KNote
                     color: Theme.secondaryText
                     font.pixelSize: Theme.bodySize
                     wrapMode: Text.Wrap
-                    textFormat: Text.PlainText
-                    Accessible.role: Accessible.StaticText
-                    Accessible.name: text
                 }
             }
             PickerRow {
@@ -78,17 +70,13 @@ Flickable {
                 chosen: tab.model.upscaleMethodIndex
                 onChose: index => tab.model.chooseUpscaleMethod(index)
             }
-            Text {
+            StaticText {
                 visible: tab.model.native4KNote === ""
                 width: parent.width
-                horizontalAlignment: Text.AlignLeft
                 text: qsTr("Gemini uses the API (requires key). Local runs RealESRGAN on-device (offline, no API key needed).")
                 color: Theme.secondaryText
                 font.pixelSize: Theme.captionSize
                 wrapMode: Text.Wrap
-                textFormat: Text.PlainText
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
             }
         }
         FormSection {

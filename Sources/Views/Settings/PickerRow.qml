@@ -15,17 +15,14 @@ Item {
     width: parent.width
     height: 32
 
-    Text {
+    PlainText {
         anchors.left: parent.left
         anchors.right: picker.left
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
-        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
         text: row.label
-        color: Theme.text
         font.pixelSize: Theme.bodySize
-        textFormat: Text.PlainText
     }
     PopUpButton {
         id: picker

@@ -28,12 +28,11 @@ TabButton {
             size: 20
             color: button.checked ? Theme.accent : Theme.secondaryText
         }
-        Text {
+        PlainText {
             anchors.horizontalCenter: parent.horizontalCenter
             text: button.text
             font: button.font
             color: button.checked ? Theme.accent : Theme.secondaryText
-            textFormat: Text.PlainText
         }
     }
     background: Rectangle {

@@ -27,30 +27,22 @@ Column {
                 y: 1
                 color: Theme.orange
             }
-            Text {
+            StaticText {
                 width: parent.width - 22
-                horizontalAlignment: Text.AlignLeft
                 text: qsTr("Missing %1 API key").arg(line.modelData)
                 color: Theme.orange
                 font.pixelSize: Theme.captionSize
                 wrapMode: Text.Wrap
-                textFormat: Text.PlainText
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
             }
         }
     }
-    Text {
+    StaticText {
         width: parent.width
         leftPadding: 22
         rightPadding: 22
-        horizontalAlignment: Text.AlignLeft
         wrapMode: Text.Wrap
         text: qsTr("Open Settings (⌘,)")
         color: Theme.secondaryText
         font.pixelSize: Theme.captionSize
-        textFormat: Text.PlainText
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
     }
 }

@@ -22,17 +22,15 @@ Column {
         height: 32
         visible: schedule.model.autoEnabled
 
-        Text {
+        PlainText {
             anchors.left: parent.left
             anchors.right: picker.left
             anchors.rightMargin: 8
             anchors.verticalCenter: parent.verticalCenter
-            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             text: qsTr("Every")
             color: Theme.secondaryText
             font.pixelSize: Theme.bodySize
-            textFormat: Text.PlainText
         }
         PopUpButton {
             id: picker
@@ -57,14 +55,11 @@ Column {
             size: 14
             color: Theme.secondaryText
         }
-        Text {
+        StaticText {
             objectName: "nextFire"
             text: schedule.model.nextFireText
             color: Theme.secondaryText
             font.pixelSize: Theme.captionSize
-            textFormat: Text.PlainText
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
         }
     }
 }

@@ -77,24 +77,18 @@ FocusScope {
                         name: "cpu"
                         color: Theme.secondaryText
                     }
-                    Text {
+                    StaticText {
                         objectName: "providerName"
                         text: sidebar.model.providerName
                         color: Theme.secondaryText
                         font.pixelSize: Theme.captionSize
-                        textFormat: Text.PlainText
-                        Accessible.role: Accessible.StaticText
-                        Accessible.name: text
                     }
-                    Text {
+                    StaticText {
                         objectName: "upscaleHint"
                         visible: text !== ""
                         text: sidebar.model.upscaleHint
                         color: Theme.secondaryText
                         font.pixelSize: Theme.captionSize
-                        textFormat: Text.PlainText
-                        Accessible.role: Accessible.StaticText
-                        Accessible.name: text
                     }
                 }
             }

@@ -20,33 +20,24 @@ Column {
             name: line.model.isError ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
             color: line.model.isError ? Theme.red : Theme.green
         }
-        Text {
+        StaticText {
             objectName: "status"
             width: parent.width - 22
-            horizontalAlignment: Text.AlignLeft
             text: line.model.status
-            color: Theme.text
             font.pixelSize: Theme.captionSize
             wrapMode: Text.Wrap
             maximumLineCount: 8
             elide: Text.ElideRight
-            textFormat: Text.PlainText
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
         }
     }
-    Text {
+    StaticText {
         width: parent.width
         leftPadding: 22
         rightPadding: 22
-        horizontalAlignment: Text.AlignLeft
         wrapMode: Text.Wrap
         visible: text !== ""
         text: line.model.progressText
         color: Theme.secondaryText
         font.pixelSize: Theme.captionSize
-        textFormat: Text.PlainText
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
     }
 }
