@@ -41,7 +41,7 @@ Button {
     background: Rectangle {
         radius: height / 2
         color: button.hovered || button.down ? Theme.glassHovered : Theme.glass
-        border.color: "#26ffffff"
+        border.color: Theme.glassEdge
         Behavior on color { ColorAnimation { duration: Theme.motion } }
 
         FocusRing {

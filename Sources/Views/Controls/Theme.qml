@@ -27,6 +27,8 @@ QtObject {
     readonly property color red: dark ? "#ff7b80" : "#c8232f"
     readonly property color green: dark ? "#5bd08a" : "#1b7f45"
     readonly property color yellow: "#ffcc33"
+    readonly property color switchTrack: dark ? "#4a4a55" : "#c9c9d2"
+    readonly property color switchKnob: "#ffffff"
 
     /// How dark a shadow is at its darkest.
     readonly property real shadow: dark ? 0.42 : 0.16
@@ -35,7 +37,11 @@ QtObject {
     readonly property color backdrop: "#101014"
     readonly property color glass: "#b31a1a20"
     readonly property color glassHovered: "#d933333c"
+    readonly property color glassEdge: "#26ffffff"
+    readonly property color glassTrack: "#40ffffff"
     readonly property color glassRed: "#ff8a8e"
+    readonly property color veil: "#99101014"
+    readonly property color fullScreen: "#000000"
     readonly property color overPicture: "#ffffff"
     readonly property color overPictureSecondary: "#c4c4cc"
 

@@ -29,7 +29,7 @@ Switch {
         width: 38
         height: 22
         radius: 11
-        color: toggle.checked ? Theme.accent : Theme.dark ? "#4a4a55" : "#c9c9d2"
+        color: toggle.checked ? Theme.accent : Theme.switchTrack
         Behavior on color { ColorAnimation { duration: Theme.motion } }
 
         Rectangle {
@@ -38,7 +38,7 @@ Switch {
             width: 18
             height: 18
             radius: 9
-            color: "#ffffff"
+            color: Theme.switchKnob
             Behavior on x { NumberAnimation { duration: Theme.motion; easing.type: Easing.OutCubic } }
         }
         FocusRing {

@@ -68,7 +68,7 @@ FocusScope {
             active: tile.isUpscaling
             sourceComponent: Rectangle {
                 radius: 10
-                color: "#99101014"
+                color: Theme.veil
 
                 Row {
                     anchors.centerIn: parent

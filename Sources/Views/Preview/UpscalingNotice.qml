@@ -40,7 +40,7 @@ Rectangle {
             width: 200
             height: 4
             radius: 2
-            color: "#40ffffff"
+            color: Theme.glassTrack
 
             Rectangle {
                 anchors.left: parent.left

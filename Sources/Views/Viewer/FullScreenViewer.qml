@@ -14,7 +14,7 @@ Window {
     title: qsTr("Quorvane")
     flags: Qt.Window | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint
     visibility: model.isOpen ? Window.FullScreen : Window.Hidden
-    color: "black"
+    color: Theme.fullScreen
     onVisibleChanged: visible ? requestActivate() : closed()
     onClosing: model.close()
 
