@@ -823,17 +823,6 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
-    <name>PlasmaScript</name>
-    <message>
-        <source>Plasma did not take the picture for screen %1</source>
-        <translation>Plasma hat das Bild für Bildschirm %1 nicht angenommen</translation>
-    </message>
-    <message>
-        <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation>Plasma hat auf %1 seiner %2 Bildschirme eine Arbeitsfläche</translation>
-    </message>
-</context>
-<context>
     <name>PngEncoder</name>
     <message>
         <source>Failed to encode upscaled image</source>
@@ -1075,25 +1064,6 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
-    <name>SettingsGroup</name>
-    <message>
-        <source>The settings &quot;%1&quot; are not installed</source>
-        <translation>Die Einstellungen „%1“ sind nicht installiert</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation>Die Einstellungen „%1“ können nicht gespeichert werden: GLib hat hier kein dconf</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation>Die Einstellung „%1 %2“ kann nicht geändert werden</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation>Die Einstellung „%1 %2“ wurde nicht behalten</translation>
-    </message>
-</context>
-<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -1243,26 +1213,50 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
-    <name>SwaySocket</name>
+    <name>Tr</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation type="unfinished">Plasma hat das Bild für Bildschirm %1 nicht angenommen</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation type="unfinished">Plasma hat auf %1 seiner %2 Bildschirme eine Arbeitsfläche</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation type="unfinished">Die Einstellungen „%1“ sind nicht installiert</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation type="unfinished">Die Einstellungen „%1“ können nicht gespeichert werden: GLib hat hier kein dconf</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation type="unfinished">Die Einstellung „%1 %2“ kann nicht geändert werden</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation type="unfinished">Die Einstellung „%1 %2“ wurde nicht behalten</translation>
+    </message>
     <message>
         <source>sway cannot be reached: %1</source>
-        <translation>sway ist nicht erreichbar: %1</translation>
+        <translation type="unfinished">sway ist nicht erreichbar: %1</translation>
     </message>
     <message>
         <source>sway&apos;s answer cannot be understood</source>
-        <translation>die Antwort von sway ist nicht zu verstehen</translation>
+        <translation type="unfinished">die Antwort von sway ist nicht zu verstehen</translation>
     </message>
     <message>
         <source>sway does not answer</source>
-        <translation>sway antwortet nicht</translation>
+        <translation type="unfinished">sway antwortet nicht</translation>
     </message>
     <message>
         <source>sway ended the connection: %1</source>
-        <translation>sway hat die Verbindung beendet: %1</translation>
+        <translation type="unfinished">sway hat die Verbindung beendet: %1</translation>
     </message>
     <message>
         <source>sway ended the connection</source>
-        <translation>sway hat die Verbindung beendet</translation>
+        <translation type="unfinished">sway hat die Verbindung beendet</translation>
     </message>
 </context>
 <context>
@@ -1303,6 +1297,13 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>The compositor does not answer</source>
         <translation>Der Compositor antwortet nicht</translation>
+    </message>
+</context>
+<context>
+    <name>WholeFile</name>
+    <message>
+        <source>Not a regular file</source>
+        <translation>Keine gewöhnliche Datei</translation>
     </message>
 </context>
 <context>

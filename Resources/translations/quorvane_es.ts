@@ -822,17 +822,6 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
-    <name>PlasmaScript</name>
-    <message>
-        <source>Plasma did not take the picture for screen %1</source>
-        <translation>Plasma no aceptó la imagen para la pantalla %1</translation>
-    </message>
-    <message>
-        <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation>Plasma tiene un escritorio en %1 de sus %2 pantallas</translation>
-    </message>
-</context>
-<context>
     <name>PngEncoder</name>
     <message>
         <source>Failed to encode upscaled image</source>
@@ -1074,25 +1063,6 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
-    <name>SettingsGroup</name>
-    <message>
-        <source>The settings &quot;%1&quot; are not installed</source>
-        <translation>Los ajustes «%1» no están instalados</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation>Los ajustes «%1» no se pueden conservar: GLib no tiene dconf aquí</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation>El ajuste «%1 %2» no se puede cambiar</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation>El ajuste «%1 %2» no se conservó</translation>
-    </message>
-</context>
-<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -1242,26 +1212,50 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
-    <name>SwaySocket</name>
+    <name>Tr</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation type="unfinished">Plasma no aceptó la imagen para la pantalla %1</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation type="unfinished">Plasma tiene un escritorio en %1 de sus %2 pantallas</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation type="unfinished">Los ajustes «%1» no están instalados</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation type="unfinished">Los ajustes «%1» no se pueden conservar: GLib no tiene dconf aquí</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation type="unfinished">El ajuste «%1 %2» no se puede cambiar</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation type="unfinished">El ajuste «%1 %2» no se conservó</translation>
+    </message>
     <message>
         <source>sway cannot be reached: %1</source>
-        <translation>no se puede acceder a sway: %1</translation>
+        <translation type="unfinished">no se puede acceder a sway: %1</translation>
     </message>
     <message>
         <source>sway&apos;s answer cannot be understood</source>
-        <translation>no se entiende la respuesta de sway</translation>
+        <translation type="unfinished">no se entiende la respuesta de sway</translation>
     </message>
     <message>
         <source>sway does not answer</source>
-        <translation>sway no responde</translation>
+        <translation type="unfinished">sway no responde</translation>
     </message>
     <message>
         <source>sway ended the connection: %1</source>
-        <translation>sway cerró la conexión: %1</translation>
+        <translation type="unfinished">sway cerró la conexión: %1</translation>
     </message>
     <message>
         <source>sway ended the connection</source>
-        <translation>sway cerró la conexión</translation>
+        <translation type="unfinished">sway cerró la conexión</translation>
     </message>
 </context>
 <context>
@@ -1302,6 +1296,13 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>The compositor does not answer</source>
         <translation>El compositor no responde</translation>
+    </message>
+</context>
+<context>
+    <name>WholeFile</name>
+    <message>
+        <source>Not a regular file</source>
+        <translation>No es un archivo normal</translation>
     </message>
 </context>
 <context>

@@ -824,17 +824,6 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
-    <name>PlasmaScript</name>
-    <message>
-        <source>Plasma did not take the picture for screen %1</source>
-        <translation>Plasma n’a pas accepté l’image pour l’écran %1</translation>
-    </message>
-    <message>
-        <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation>Plasma a un bureau sur %1 de ses %2 écrans</translation>
-    </message>
-</context>
-<context>
     <name>PngEncoder</name>
     <message>
         <source>Failed to encode upscaled image</source>
@@ -1076,25 +1065,6 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
-    <name>SettingsGroup</name>
-    <message>
-        <source>The settings &quot;%1&quot; are not installed</source>
-        <translation>Les réglages «&#xa0;%1&#xa0;» ne sont pas installés</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation>Les réglages «&#xa0;%1&#xa0;» ne peuvent pas être conservés&#xa0;: GLib n’a pas dconf ici</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation>Le réglage «&#xa0;%1 %2&#xa0;» ne peut pas être modifié</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation>Le réglage «&#xa0;%1 %2&#xa0;» n’a pas été conservé</translation>
-    </message>
-</context>
-<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -1244,26 +1214,50 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
-    <name>SwaySocket</name>
+    <name>Tr</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation type="unfinished">Plasma n’a pas accepté l’image pour l’écran %1</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation type="unfinished">Plasma a un bureau sur %1 de ses %2 écrans</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation type="unfinished">Les réglages «&#xa0;%1&#xa0;» ne sont pas installés</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation type="unfinished">Les réglages «&#xa0;%1&#xa0;» ne peuvent pas être conservés&#xa0;: GLib n’a pas dconf ici</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation type="unfinished">Le réglage «&#xa0;%1 %2&#xa0;» ne peut pas être modifié</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation type="unfinished">Le réglage «&#xa0;%1 %2&#xa0;» n’a pas été conservé</translation>
+    </message>
     <message>
         <source>sway cannot be reached: %1</source>
-        <translation>sway est injoignable&#xa0;: %1</translation>
+        <translation type="unfinished">sway est injoignable&#xa0;: %1</translation>
     </message>
     <message>
         <source>sway&apos;s answer cannot be understood</source>
-        <translation>la réponse de sway est incompréhensible</translation>
+        <translation type="unfinished">la réponse de sway est incompréhensible</translation>
     </message>
     <message>
         <source>sway does not answer</source>
-        <translation>sway ne répond pas</translation>
+        <translation type="unfinished">sway ne répond pas</translation>
     </message>
     <message>
         <source>sway ended the connection: %1</source>
-        <translation>sway a mis fin à la connexion&#xa0;: %1</translation>
+        <translation type="unfinished">sway a mis fin à la connexion&#xa0;: %1</translation>
     </message>
     <message>
         <source>sway ended the connection</source>
-        <translation>sway a mis fin à la connexion</translation>
+        <translation type="unfinished">sway a mis fin à la connexion</translation>
     </message>
 </context>
 <context>
@@ -1304,6 +1298,13 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>The compositor does not answer</source>
         <translation>Le compositeur ne répond pas</translation>
+    </message>
+</context>
+<context>
+    <name>WholeFile</name>
+    <message>
+        <source>Not a regular file</source>
+        <translation>Ce n’est pas un fichier ordinaire</translation>
     </message>
 </context>
 <context>

@@ -819,17 +819,6 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
-    <name>PlasmaScript</name>
-    <message>
-        <source>Plasma did not take the picture for screen %1</source>
-        <translation>Plasmaが画面%1の画像を受け付けませんでした</translation>
-    </message>
-    <message>
-        <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation>Plasmaのデスクトップは%2画面のうち%1画面にあります</translation>
-    </message>
-</context>
-<context>
     <name>PngEncoder</name>
     <message>
         <source>Failed to encode upscaled image</source>
@@ -1067,25 +1056,6 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
-    <name>SettingsGroup</name>
-    <message>
-        <source>The settings &quot;%1&quot; are not installed</source>
-        <translation>設定“%1”がインストールされていません</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation>設定“%1”を保存できません: ここではGLibにdconfがありません</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation>設定“%1 %2”を変更できません</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation>設定“%1 %2”は保持されませんでした</translation>
-    </message>
-</context>
-<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -1235,26 +1205,50 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
-    <name>SwaySocket</name>
+    <name>Tr</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation type="unfinished">Plasmaが画面%1の画像を受け付けませんでした</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation type="unfinished">Plasmaのデスクトップは%2画面のうち%1画面にあります</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation type="unfinished">設定“%1”がインストールされていません</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation type="unfinished">設定“%1”を保存できません: ここではGLibにdconfがありません</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation type="unfinished">設定“%1 %2”を変更できません</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation type="unfinished">設定“%1 %2”は保持されませんでした</translation>
+    </message>
     <message>
         <source>sway cannot be reached: %1</source>
-        <translation>swayに接続できません: %1</translation>
+        <translation type="unfinished">swayに接続できません: %1</translation>
     </message>
     <message>
         <source>sway&apos;s answer cannot be understood</source>
-        <translation>swayの応答を理解できません</translation>
+        <translation type="unfinished">swayの応答を理解できません</translation>
     </message>
     <message>
         <source>sway does not answer</source>
-        <translation>swayが応答しません</translation>
+        <translation type="unfinished">swayが応答しません</translation>
     </message>
     <message>
         <source>sway ended the connection: %1</source>
-        <translation>swayが接続を終了しました: %1</translation>
+        <translation type="unfinished">swayが接続を終了しました: %1</translation>
     </message>
     <message>
         <source>sway ended the connection</source>
-        <translation>swayが接続を終了しました</translation>
+        <translation type="unfinished">swayが接続を終了しました</translation>
     </message>
 </context>
 <context>
@@ -1295,6 +1289,13 @@ using the sidebar controls.</source>
     <message>
         <source>The compositor does not answer</source>
         <translation>コンポジターが応答しません</translation>
+    </message>
+</context>
+<context>
+    <name>WholeFile</name>
+    <message>
+        <source>Not a regular file</source>
+        <translation>通常のファイルではありません</translation>
     </message>
 </context>
 <context>

@@ -819,17 +819,6 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
-    <name>PlasmaScript</name>
-    <message>
-        <source>Plasma did not take the picture for screen %1</source>
-        <translation>Plasma 没有接受屏幕 %1 的图片</translation>
-    </message>
-    <message>
-        <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation>Plasma 在 %2 个屏幕中的 %1 个上有桌面</translation>
-    </message>
-</context>
-<context>
     <name>PngEncoder</name>
     <message>
         <source>Failed to encode upscaled image</source>
@@ -1067,25 +1056,6 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
-    <name>SettingsGroup</name>
-    <message>
-        <source>The settings &quot;%1&quot; are not installed</source>
-        <translation>设置“%1”未安装</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation>无法保存设置“%1”：此处的 GLib 没有 dconf</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation>无法更改设置“%1 %2”</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation>设置“%1 %2”没有保留</translation>
-    </message>
-</context>
-<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -1235,26 +1205,50 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
-    <name>SwaySocket</name>
+    <name>Tr</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation type="unfinished">Plasma 没有接受屏幕 %1 的图片</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation type="unfinished">Plasma 在 %2 个屏幕中的 %1 个上有桌面</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation type="unfinished">设置“%1”未安装</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation type="unfinished">无法保存设置“%1”：此处的 GLib 没有 dconf</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation type="unfinished">无法更改设置“%1 %2”</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation type="unfinished">设置“%1 %2”没有保留</translation>
+    </message>
     <message>
         <source>sway cannot be reached: %1</source>
-        <translation>无法连接 sway：%1</translation>
+        <translation type="unfinished">无法连接 sway：%1</translation>
     </message>
     <message>
         <source>sway&apos;s answer cannot be understood</source>
-        <translation>无法理解 sway 的应答</translation>
+        <translation type="unfinished">无法理解 sway 的应答</translation>
     </message>
     <message>
         <source>sway does not answer</source>
-        <translation>sway 没有应答</translation>
+        <translation type="unfinished">sway 没有应答</translation>
     </message>
     <message>
         <source>sway ended the connection: %1</source>
-        <translation>sway 结束了连接：%1</translation>
+        <translation type="unfinished">sway 结束了连接：%1</translation>
     </message>
     <message>
         <source>sway ended the connection</source>
-        <translation>sway 结束了连接</translation>
+        <translation type="unfinished">sway 结束了连接</translation>
     </message>
 </context>
 <context>
@@ -1295,6 +1289,13 @@ using the sidebar controls.</source>
     <message>
         <source>The compositor does not answer</source>
         <translation>合成器没有应答</translation>
+    </message>
+</context>
+<context>
+    <name>WholeFile</name>
+    <message>
+        <source>Not a regular file</source>
+        <translation>不是普通文件</translation>
     </message>
 </context>
 <context>

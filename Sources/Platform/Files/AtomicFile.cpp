@@ -1,12 +1,17 @@
 #include "Platform/Files/AtomicFile.h"
 
+#include "Platform/Files/SystemCall.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdlib>
+#include <optional>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -22,15 +27,16 @@ namespace {
 constexpr auto kTemporaryEnding = ".quorvane-tmp";
 constexpr qint64 kAbandonedAfterSeconds = 3600;
 
+constexpr mode_t kPermissions = S_IRWXU | S_IRWXG | S_IRWXO;
+constexpr int kMostLinks = 40; // As many as the kernel follows.
+
 bool writeAll(int descriptor, const QByteArray &bytes)
 {
     qsizetype done = 0;
     while (done < bytes.size()) {
-        const ssize_t count =
-            ::write(descriptor, bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done));
-        if (count < 0 && errno == EINTR) {
-            continue;
-        }
+        const ssize_t count = uninterrupted([&] {
+            return ::write(descriptor, bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done));
+        });
         if (count <= 0) {
             return false;
         }
@@ -54,42 +60,107 @@ mode_t currentUmask()
     return S_IWGRP | S_IRWXO;
 }
 
+QByteArray folderOf(const QByteArray &path)
+{
+    const qsizetype slash = path.lastIndexOf('/');
+    return slash < 0 ? QByteArray(".") : path.left(std::max<qsizetype>(slash, 1));
+}
+
+/// Where the links end that path leads to; empty, with errno set, when they lead nowhere.
+QByteArray followed(QByteArray path)
+{
+    for (int links = 0; links < kMostLinks; ++links) {
+        QByteArray target(PATH_MAX, Qt::Uninitialized);
+        const ssize_t length = uninterrupted(
+            [&] { return ::readlink(path.constData(), target.data(), static_cast<std::size_t>(target.size())); });
+        if (length < 0) {
+            return errno == EINVAL || errno == ENOENT ? path : QByteArray();
+        }
+        target.truncate(length);
+        path = target.startsWith('/') ? target : folderOf(path) + '/' + target;
+    }
+    errno = ELOOP;
+    return {};
+}
+
+/// The permissions that the new file gets, and its owner where the old one had another.
+void takeOver(const std::optional<struct stat> &old, int descriptor, FileAccess access)
+{
+    constexpr mode_t kNew = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+    if (old && (old->st_uid != ::geteuid() || old->st_gid != ::getegid())) {
+        (void)::fchown(descriptor, old->st_uid, old->st_gid); // Not everybody may; nothing is lost by it.
+    }
+    // A file that its owner could not read would count as empty at once.
+    const mode_t usual = old ? (old->st_mode & kPermissions) | S_IRUSR : kNew & ~currentUmask();
+    // Where the file system keeps no permissions the file has those that it has, and is there all the same.
+    (void)uninterrupted(
+        [&] { return ::fchmod(descriptor, access == FileAccess::OwnerOnly ? S_IRUSR | S_IWUSR : usual); });
+}
+
 void syncFolder(const QByteArray &folder)
 {
-    const int descriptor = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor >= 0) {
-        ::fsync(descriptor);
-        ::close(descriptor);
+    const FileDescriptor descriptor(
+        uninterrupted([&] { return ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    if (descriptor.isOpen()) {
+        (void)uninterrupted([&] { return ::fsync(descriptor.get()); });
     }
+}
+
+Failure failureOf(int error)
+{
+    return {systemWords(error)};
 }
 
 } // namespace
 
-bool writeFileAtomically(const QString &path, const QByteArray &bytes, FileAccess access)
+Result<QString> writtenPath(const QString &path)
 {
-    const QFileInfo target(path);
-    const QByteArray folder = QFile::encodeName(target.absolutePath());
-    QByteArray temporary =
-        folder + "/." + QFile::encodeName(target.fileName()).left(200) + ".XXXXXX" + kTemporaryEnding;
+    const QByteArray target = followed(QFile::encodeName(path));
+    return target.isEmpty() ? Result<QString>(failureOf(path.isEmpty() ? ENOENT : errno)) : QFile::decodeName(target);
+}
 
+Result<> writeFileAtomically(const QString &path, const QByteArray &bytes, FileAccess access)
+{
+    if (path.isEmpty() || path.contains(QChar(u'\0'))) {
+        return failureOf(EINVAL);
+    }
+    const QByteArray target = followed(QFile::encodeName(path));
+    if (target.isEmpty()) {
+        return failureOf(errno);
+    }
+    std::optional<struct stat> old = std::make_optional<struct stat>();
+    if (uninterrupted([&] { return ::lstat(target.constData(), &*old); }) != 0) {
+        old.reset();
+    } else if (!S_ISREG(old->st_mode)) {
+        return failureOf(S_ISDIR(old->st_mode) ? EISDIR : EEXIST);
+    }
+
+    const QByteArray folder = folderOf(target);
+    const QByteArray begin = folder + "/." + target.mid(target.lastIndexOf('/') + 1).left(200);
+    QByteArray temporary;
     // mkostemps creates with mode 0600, so a key is never readable by others, not even for a moment.
-    const int descriptor = ::mkostemps(temporary.data(), static_cast<int>(qstrlen(kTemporaryEnding)), O_CLOEXEC);
-    if (descriptor < 0) {
-        return false;
+    const FileDescriptor descriptor(uninterrupted([&] {
+        temporary = begin + ".XXXXXX" + kTemporaryEnding;
+        return ::mkostemps(temporary.data(), static_cast<int>(qstrlen(kTemporaryEnding)), O_CLOEXEC);
+    }));
+    if (!descriptor.isOpen()) {
+        return failureOf(errno);
     }
-    bool ok = writeAll(descriptor, bytes);
-    if (ok && access == FileAccess::Default) {
-        ok = ::fchmod(descriptor, (S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH) & ~currentUmask()) == 0;
+    errno = EIO; // What a write of nothing at all comes to, which sets none.
+    bool ok = writeAll(descriptor.get(), bytes);
+    if (ok) {
+        takeOver(old, descriptor.get(), access);
     }
-    ok = ok && ::fsync(descriptor) == 0;
-    ok = ::close(descriptor) == 0 && ok;
-    ok = ok && ::rename(temporary.constData(), QFile::encodeName(target.absoluteFilePath()).constData()) == 0;
+    // After fsync everything is on the disk, so closing has nothing to tell.
+    ok = ok && uninterrupted([&] { return ::fsync(descriptor.get()); }) == 0;
+    ok = ok && uninterrupted([&] { return ::rename(temporary.constData(), target.constData()); }) == 0;
     if (!ok) {
-        ::unlink(temporary.constData());
-        return false;
+        const int reason = errno;
+        (void)uninterrupted([&] { return ::unlink(temporary.constData()); });
+        return failureOf(reason);
     }
     syncFolder(folder);
-    return true;
+    return kDone;
 }
 
 void removeAbandonedTemporaries(const QString &folder)
