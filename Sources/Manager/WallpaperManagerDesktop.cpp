@@ -17,7 +17,7 @@ namespace {
 struct Outcome
 {
     bool hasScreens;
-    std::optional<QString> failure;
+    Result<> shown;
 };
 
 } // namespace
@@ -38,7 +38,7 @@ QCoro::Task<> WallpaperManager::applying(QString url)
     auto apply = [desktop = m_services.desktop, url]() -> Outcome {
         const QList<Screen> screens = desktop->screens();
         if (screens.isEmpty()) {
-            return {false, std::nullopt};
+            return {false, kDone};
         }
         return {true, desktop->setPicture(url, screens)};
     };
@@ -46,8 +46,8 @@ QCoro::Task<> WallpaperManager::applying(QString url)
     const Outcome outcome = co_await onWorker(&m_desktopThread, std::move(apply));
     if (!outcome.hasScreens) {
         report(tr("No screen found"), true);
-    } else if (outcome.failure) {
-        report(tr("Failed: %1").arg(*outcome.failure), true);
+    } else if (!outcome.shown) {
+        report(tr("Failed: %1").arg(outcome.shown.failure().words), true);
     } else {
         setCurrentWallpaperURL(url);
         report(tr("Wallpaper set!"), false);
@@ -107,14 +107,14 @@ void WallpaperManager::handleScreenChange()
 
 QCoro::Task<> WallpaperManager::syncingWallpaper(QString url)
 {
-    auto apply = [desktop = m_services.desktop, url]() -> std::optional<QString> {
+    auto apply = [desktop = m_services.desktop, url]() -> Result<> {
         const QList<Screen> screens = desktop->screens();
-        return screens.isEmpty() ? std::nullopt : desktop->setPicture(url, screens);
+        return screens.isEmpty() ? kDone : desktop->setPicture(url, screens);
     };
     ++m_desktopCalls;
-    const std::optional<QString> failure = co_await onWorker(&m_desktopThread, std::move(apply));
-    if (failure) {
-        report(tr("Failed to sync wallpaper: %1").arg(*failure), true);
+    const Result<> shown = co_await onWorker(&m_desktopThread, std::move(apply));
+    if (!shown) {
+        report(tr("Failed to sync wallpaper: %1").arg(shown.failure().words), true);
     }
     desktopAnswered();
 }

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <mutex>
+#include <optional>
 
 namespace quorvane {
 
@@ -21,14 +22,14 @@ class RecordingDesktop final : public DesktopPicture
     [[nodiscard]] QString reason() const override { return u"a test asked for it"_s; }
     [[nodiscard]] bool endsWithTheProgram() override { return isGoneWithTheProgram; }
     [[nodiscard]] QList<Screen> screens() override { return attached; }
-    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> & /*screens*/) override
+    [[nodiscard]] Result<> setPicture(const QString &path, const QList<Screen> & /*screens*/) override
     {
         const std::lock_guard lock(m_mutex);
         m_shown.append(path);
         if (!question.isEmpty() && asking) {
             asking(question);
         }
-        return refusal;
+        return refusal ? Failure{*refusal} : kDone;
     }
     void stopAsking() override { mayAsk = false; }
 

@@ -248,8 +248,8 @@ CommandOutcome changeKeys(const CommandLine &line, WallpaperManager *manager)
 CommandOutcome switchAutostart(const CommandLine &line)
 {
     const bool enabled = line.arguments.first() == "on"_L1;
-    if (const auto problem = setAutostart(enabled ? Autostart::On : Autostart::Off)) {
-        return failure(*problem);
+    if (const Result<> set = setAutostart(enabled ? Autostart::On : Autostart::Off); !set) {
+        return failure(set.failure().words);
     }
     return {kSucceeded, QJsonObject{{u"autostart"_s, enabled}}, {}};
 }

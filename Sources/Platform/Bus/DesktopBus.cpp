@@ -45,32 +45,30 @@ DesktopBus::~DesktopBus()
     QDBusConnection::disconnectFromBus(m_connectionName);
 }
 
-QStringList DesktopBus::names()
+Result<QStringList> DesktopBus::names()
 {
-    const auto answer = call(kBus, kBusPath, kBus, u"ListNames"_s);
-    return answer ? answer->value(0).toStringList() : QStringList();
+    const Result<QVariantList> answer = call(kBus, kBusPath, kBus, u"ListNames"_s);
+    return answer ? Result(answer->value(0).toStringList()) : answer.failure();
 }
 
-std::optional<QString> DesktopBus::failureToFind(const QStringList &painters, const QString &title)
+Result<> DesktopBus::findOneOf(const QStringList &painters, const QString &title)
 {
-    m_error.clear();
-    const QStringList present = names();
-    if (!m_error.isEmpty()) {
-        return m_error;
+    const Result<QStringList> present = names();
+    if (!present) {
+        return present.failure();
     }
     const bool isThere = std::any_of(painters.begin(), painters.end(),
-                                     [&](const QString &painter) { return present.contains(painter); });
-    return isThere ? std::nullopt
-                   : std::optional(Tr::tr("%1 does not draw the background now: %2 is not on the session bus")
-                                       .arg(title, painters.join(Tr::tr(" or "))));
+                                     [&](const QString &painter) { return present->contains(painter); });
+    return isThere ? kDone
+                   : Failure{Tr::tr("%1 does not draw the background now: %2 is not on the session bus")
+                                 .arg(title, painters.join(Tr::tr(" or ")))};
 }
 
-std::optional<QVariantList> DesktopBus::call(const QString &name, const QString &path, const QString &interface,
-                                             const QString &method, const QVariantList &arguments)
+Result<QVariantList> DesktopBus::call(const QString &name, const QString &path, const QString &interface,
+                                      const QString &method, const QVariantList &arguments)
 {
     if (!m_connection.isConnected()) {
-        m_error = Tr::tr("The session bus cannot be reached");
-        return std::nullopt;
+        return Failure{Tr::tr("The session bus cannot be reached")};
     }
     QDBusMessage question = QDBusMessage::createMethodCall(name, path, interface, method);
     question.setArguments(arguments);
@@ -81,10 +79,8 @@ std::optional<QVariantList> DesktopBus::call(const QString &name, const QString 
         return reply.arguments();
     }
     const QDBusError error(reply);
-    m_error = error.type() == QDBusError::NoReply || error.type() == QDBusError::Timeout
-                  ? Tr::tr("%1 does not answer").arg(name)
-                  : error.message();
-    return std::nullopt;
+    const bool isSilent = error.type() == QDBusError::NoReply || error.type() == QDBusError::Timeout;
+    return Failure{isSilent || error.message().isEmpty() ? Tr::tr("%1 does not answer").arg(name) : error.message()};
 }
 
 } // namespace quorvane

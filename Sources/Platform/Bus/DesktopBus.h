@@ -1,12 +1,12 @@
 #pragma once
 
+#include "Platform/Failure.h"
+
 #include <QDBusConnection>
 #include <QDeadlineTimer>
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
-
-#include <optional>
 
 namespace quorvane {
 
@@ -22,25 +22,21 @@ class DesktopBus
     DesktopBus(DesktopBus &&) = delete;
     DesktopBus &operator=(DesktopBus &&) = delete;
 
-    /// The names that somebody owns; empty without a bus.
-    [[nodiscard]] QStringList names();
+    /// The names that somebody owns.
+    [[nodiscard]] Result<QStringList> names();
 
-    /// Nothing when somebody owns one of the names, those of what draws the background of the desktop with that title;
-    /// why not otherwise.
-    [[nodiscard]] std::optional<QString> failureToFind(const QStringList &painters, const QString &title);
+    /// Whether somebody owns one of the names, those of what draws the background of the desktop with that title.
+    [[nodiscard]] Result<> findOneOf(const QStringList &painters, const QString &title);
 
-    /// The arguments of the answer; nothing when the other side refused, is not there, or does not answer.
-    [[nodiscard]] std::optional<QVariantList> call(const QString &name, const QString &path, const QString &interface,
-                                                   const QString &method, const QVariantList &arguments = {});
-
-    /// Why the last call gave nothing, in the words of the other side where it said any.
-    [[nodiscard]] QString error() const { return m_error; }
+    /// The arguments of the answer; fails when the other side refused, is not there, or does not answer, in its own
+    /// words where it said any.
+    [[nodiscard]] Result<QVariantList> call(const QString &name, const QString &path, const QString &interface,
+                                            const QString &method, const QVariantList &arguments = {});
 
   private:
     QString m_connectionName;
     QDBusConnection m_connection;
     QDeadlineTimer m_deadline;
-    QString m_error;
 };
 
 } // namespace quorvane

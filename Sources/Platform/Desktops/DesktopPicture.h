@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Failure.h"
 #include "Platform/Pictures/Screen.h"
 #include "Platform/Threads/TimeLimit.h"
 
@@ -8,7 +9,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 namespace quorvane {
 
@@ -52,9 +52,9 @@ class DesktopPicture
     [[nodiscard]] virtual QList<Screen> screens() = 0;
 
     /// Makes the picture at path (absolute) the background of the screens, in their order, filling each, cropped
-    /// around the centre, never stretched. Stops at the first screen that refuses and returns the desktop's own words
-    /// (or ours where it has none); nothing when all succeeded.
-    [[nodiscard]] virtual std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) = 0;
+    /// around the centre, never stretched. Stops at the first screen that refuses, with the desktop's own words or ours
+    /// where it has none.
+    [[nodiscard]] virtual Result<> setPicture(const QString &path, const QList<Screen> &screens) = 0;
 };
 
 } // namespace quorvane

@@ -102,18 +102,18 @@ QList<Screen> DesktopPictureCommand::screens()
     return screens;
 }
 
-std::optional<QString> DesktopPictureCommand::setPicture(const QString &path, const QList<Screen> &screens)
+Result<> DesktopPictureCommand::setPicture(const QString &path, const QList<Screen> &screens)
 {
     const QDeadlineTimer deadline(m_limit);
     for (const Screen &screen : screens) {
-        if (std::optional<QString> failure = run({path, screen.name}, deadline)) {
-            return failure;
+        if (Result<> ran = run({path, screen.name}, deadline); !ran) {
+            return ran;
         }
     }
-    return std::nullopt;
+    return kDone;
 }
 
-std::optional<QString> DesktopPictureCommand::run(const QStringList &arguments, const QDeadlineTimer &deadline) const
+Result<> DesktopPictureCommand::run(const QStringList &arguments, const QDeadlineTimer &deadline) const
 {
     const ErrorFile errors;
     QProcess process;
@@ -130,30 +130,31 @@ std::optional<QString> DesktopPictureCommand::run(const QStringList &arguments, 
     });
     process.start();
     if (!process.waitForStarted()) {
-        return Tr::tr("The wallpaper command \"%1\" cannot be started: %2").arg(m_program, process.errorString());
+        return Failure{
+            Tr::tr("The wallpaper command \"%1\" cannot be started: %2").arg(m_program, process.errorString())};
     }
     while (!process.waitForFinished(static_cast<int>(kMeasuringInterval.count())) &&
            process.state() != QProcess::NotRunning) {
         if (deadline.hasExpired()) {
             killGroup(process);
-            return Tr::tr("The wallpaper command \"%1\" did not end within %2 seconds")
-                .arg(m_program, QString::number(double(m_limit.count()) / 1000));
+            return Failure{Tr::tr("The wallpaper command \"%1\" did not end within %2 seconds")
+                               .arg(m_program, QString::number(double(m_limit.count()) / 1000))};
         }
         if (errors.isTooLarge()) {
             killGroup(process);
         }
     }
     if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0) {
-        return std::nullopt;
+        return kDone;
     }
     const QString text = errors.text();
     if (!text.isEmpty()) {
-        return text;
+        return Failure{text};
     }
-    return process.exitStatus() == QProcess::NormalExit
-               ? Tr::tr("The wallpaper command \"%1\" ended with status %2")
-                     .arg(m_program, QString::number(process.exitCode()))
-               : Tr::tr("The wallpaper command \"%1\" was ended by a signal").arg(m_program);
+    return Failure{process.exitStatus() == QProcess::NormalExit
+                       ? Tr::tr("The wallpaper command \"%1\" ended with status %2")
+                             .arg(m_program, QString::number(process.exitCode()))
+                       : Tr::tr("The wallpaper command \"%1\" was ended by a signal").arg(m_program)};
 }
 
 } // namespace quorvane

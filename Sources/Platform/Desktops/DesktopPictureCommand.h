@@ -24,10 +24,10 @@ class DesktopPictureCommand : public DesktopPicture
     [[nodiscard]] QList<Screen> screens() override;
 
     /// All calls together may take the limit; then the running program and what it started are killed.
-    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override;
+    [[nodiscard]] Result<> setPicture(const QString &path, const QList<Screen> &screens) override;
 
   private:
-    [[nodiscard]] std::optional<QString> run(const QStringList &arguments, const QDeadlineTimer &deadline) const;
+    [[nodiscard]] Result<> run(const QStringList &arguments, const QDeadlineTimer &deadline) const;
 
     QString m_program;
     QString m_reason;

@@ -40,30 +40,23 @@ QString changedValueFor(const BackgroundSettings &settings, const QString &path,
     return settings.form == BackgroundSettings::Form::Path && value == current ? '/'_L1 + value : value;
 }
 
-/// What the settings hold as the picture, or why they cannot be used.
-struct Current
-{
-    QString value;
-    std::optional<QString> failure;
-};
-
-std::optional<QString> painterFailure(const SessionDesktop &desktop, const QString &busAddress,
-                                      const QDeadlineTimer &deadline)
+Result<> findPainter(const SessionDesktop &desktop, const QString &busAddress, const QDeadlineTimer &deadline)
 {
     DesktopBus bus(busAddress, deadline);
-    return bus.failureToFind(desktop.painters, desktop.title);
+    return bus.findOneOf(desktop.painters, desktop.title);
 }
 
-Current currentOf(const SessionDesktop &desktop, const QString &busAddress, const QDeadlineTimer &deadline)
+/// What the settings hold as the picture.
+Result<QString> currentOf(const SessionDesktop &desktop, const QString &busAddress, const QDeadlineTimer &deadline)
 {
-    if (auto failure = painterFailure(desktop, busAddress, deadline)) {
-        return {{}, failure};
+    if (const Result<> painter = findPainter(desktop, busAddress, deadline); !painter) {
+        return painter.failure();
     }
     const SettingsGroup group(desktop.settings.schema);
-    if (!group.error().isEmpty()) {
-        return {{}, group.error()};
+    if (const Result<> usable = group.usable(); !usable) {
+        return usable.failure();
     }
-    return {group.text(desktop.settings.pictureKeys.constFirst()), std::nullopt};
+    return group.text(desktop.settings.pictureKeys.constFirst());
 }
 
 /// current is what the settings hold.
@@ -80,11 +73,11 @@ HandedPicture handedTo(const BackgroundSettings &settings, const QString &path, 
     return handedPicture(path, [&](const QString &candidate) { return candidate != path; });
 }
 
-std::optional<QString> change(const BackgroundSettings &settings, const QString &value, const std::stop_token &stop)
+Result<> change(const BackgroundSettings &settings, const QString &value, const std::stop_token &stop)
 {
     SettingsGroup group(settings.schema);
-    if (!group.error().isEmpty() || stop.stop_requested()) {
-        return group.error();
+    if (Result<> usable = group.usable(); !usable || stop.stop_requested()) {
+        return usable; // Where nobody waits any more, nobody reads it.
     }
     QVariantMap values;
     for (const QString &key : settings.pictureKeys) {
@@ -114,36 +107,36 @@ DesktopPictureGSettings::DesktopPictureGSettings(QString name, SessionDesktop de
 {
 }
 
-std::optional<QString> DesktopPictureGSettings::setPicture(const QString &path, const QList<Screen> & /*screens*/)
+Result<> DesktopPictureGSettings::setPicture(const QString &path, const QList<Screen> & /*screens*/)
 {
-    const QString silence = Tr::tr("The settings of %1 do not answer").arg(m_desktop.title);
+    const Failure silence{Tr::tr("The settings of %1 do not answer").arg(m_desktop.title)};
     const QDeadlineTimer asking(m_limit);
     const auto current =
         withinLimit(m_limit, [desktop = m_desktop, address = m_busAddress, asking](const std::stop_token &) {
             return currentOf(desktop, address, asking);
         });
-    if (!current || current->failure) {
-        return current ? current->failure : silence;
+    if (!current || !*current) {
+        return current ? current->failure() : silence;
     }
     const std::chrono::milliseconds left(asking.remainingTime()); // The time to decode is nobody's but ours.
 
     const BackgroundSettings settings = m_desktop.settings;
-    const HandedPicture handed = handedTo(settings, path, current->value);
+    const HandedPicture handed = handedTo(settings, path, **current);
     if (!handed.error.isEmpty()) {
-        return handed.error;
+        return Failure{handed.error};
     }
-    const QString value = changedValueFor(settings, handed.path, current->value);
+    const QString value = changedValueFor(settings, handed.path, **current);
     const QDeadlineTimer changing(left);
     const auto result =
         withinLimit(left, [=, desktop = m_desktop, address = m_busAddress](const std::stop_token &stop) {
-            const auto failure = change(settings, value, stop);
-            return failure ? failure : painterFailure(desktop, address, changing);
+            Result<> changed = change(settings, value, stop);
+            return changed ? findPainter(desktop, address, changing) : changed;
         });
-    if (!result || *result) {
+    if (!result || !*result) {
         return result ? *result : silence;
     }
     PictureCopy::removeAllBut(handed.isCopy ? handed.path : QString());
-    return std::nullopt;
+    return kDone;
 }
 
 } // namespace quorvane

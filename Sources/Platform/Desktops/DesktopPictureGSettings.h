@@ -20,7 +20,7 @@ class DesktopPictureGSettings : public DesktopPicture
     [[nodiscard]] QString name() const override { return m_name; }
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] QList<Screen> screens() override { return m_screens(); }
-    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override;
+    [[nodiscard]] Result<> setPicture(const QString &path, const QList<Screen> &screens) override;
 
   private:
     QString m_name;

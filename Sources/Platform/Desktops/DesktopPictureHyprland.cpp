@@ -118,19 +118,19 @@ bool DesktopPictureHyprland::endsWithTheProgram()
     return !loadedFiles(QDeadlineTimer(m_limit));
 }
 
-std::optional<QString> DesktopPictureHyprland::setPicture(const QString &path, const QList<Screen> &screens)
+Result<> DesktopPictureHyprland::setPicture(const QString &path, const QList<Screen> &screens)
 {
     // Half for finding out, half for the rest.
     const std::optional<QStringList> loaded = loadedFiles(QDeadlineTimer(m_limit / 2));
     return loaded ? setByHyprpaper(path, *loaded, screens) : m_ownSurfaces.setPicture(path, screens);
 }
 
-std::optional<QString> DesktopPictureHyprland::setByHyprpaper(const QString &path, const QStringList &loaded,
-                                                              const QList<Screen> &screens)
+Result<> DesktopPictureHyprland::setByHyprpaper(const QString &path, const QStringList &loaded,
+                                                const QList<Screen> &screens)
 {
     const PictureHandover::Handed handed = m_handover.handOver(path, {.loaded = loaded, .takesPath = isPlain});
     if (!handed.error.isEmpty()) {
-        return handed.error;
+        return Failure{handed.error};
     }
     const QDeadlineTimer deadline(m_limit / 2);
     // What hyprpaper has read already is not read again.
@@ -145,7 +145,7 @@ std::optional<QString> DesktopPictureHyprland::setByHyprpaper(const QString &pat
         const std::optional<QString> reply = ask(request, deadline);
         if (reply != kOk) {
             m_handover.failed(handed);
-            return reply.value_or(Tr::tr("hyprpaper does not answer"));
+            return Failure{reply.value_or(QString()).isEmpty() ? Tr::tr("hyprpaper does not answer") : *reply};
         }
     }
     m_handover.succeeded(path, handed);
@@ -153,7 +153,7 @@ std::optional<QString> DesktopPictureHyprland::setByHyprpaper(const QString &pat
     (void)ask(u"unload unused"_s, deadline);
     PictureCopy::removeAllBut(handed.path);
     m_ownSurfaces.remove();
-    return std::nullopt;
+    return kDone;
 }
 
 std::optional<QString> DesktopPictureHyprland::ask(const QString &request, QDeadlineTimer deadline) const

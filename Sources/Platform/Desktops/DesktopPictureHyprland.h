@@ -6,6 +6,8 @@
 #include <QDeadlineTimer>
 #include <QStringList>
 
+#include <optional>
+
 namespace quorvane {
 
 using namespace Qt::StringLiterals;
@@ -31,11 +33,10 @@ class DesktopPictureHyprland : public DesktopPicture
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] bool endsWithTheProgram() override;
     [[nodiscard]] QList<Screen> screens() override { return m_ownSurfaces.screens(); }
-    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override;
+    [[nodiscard]] Result<> setPicture(const QString &path, const QList<Screen> &screens) override;
 
   private:
-    [[nodiscard]] std::optional<QString> setByHyprpaper(const QString &path, const QStringList &loaded,
-                                                        const QList<Screen> &screens);
+    [[nodiscard]] Result<> setByHyprpaper(const QString &path, const QStringList &loaded, const QList<Screen> &screens);
     [[nodiscard]] std::optional<QString> ask(const QString &request, QDeadlineTimer deadline) const;
     [[nodiscard]] std::optional<QStringList> loadedFiles(QDeadlineTimer deadline) const;
 

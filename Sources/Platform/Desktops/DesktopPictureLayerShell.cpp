@@ -70,13 +70,13 @@ class DesktopPictureLayerShell::Keeper
         return !m_hasEnded;
     }
 
-    [[nodiscard]] std::optional<QString> show(Request request)
+    [[nodiscard]] Result<> show(Request request)
     {
-        std::future<std::optional<QString>> answer;
+        std::future<Result<>> answer;
         {
             const std::lock_guard lock(m_mutex);
             if (m_hasEnded) {
-                return m_error;
+                return m_end;
             }
             m_request = std::move(request);
             m_answer = {};
@@ -98,7 +98,7 @@ class DesktopPictureLayerShell::Keeper
             }
             drainWake();
         }
-        end(backgrounds.error());
+        end(backgrounds.failure());
     }
 
     void answer(LayerShellBackgrounds &backgrounds)
@@ -114,13 +114,13 @@ class DesktopPictureLayerShell::Keeper
         }
     }
 
-    void end(const QString &error)
+    void end(const Failure &failure)
     {
         const std::lock_guard lock(m_mutex);
         m_hasEnded = true;
-        m_error = error;
+        m_end = failure;
         if (std::exchange(m_request, std::nullopt)) {
-            m_answer.set_value(error);
+            m_answer.set_value(failure);
         }
     }
 
@@ -141,8 +141,8 @@ class DesktopPictureLayerShell::Keeper
     std::chrono::milliseconds m_limit;
     std::mutex m_mutex;
     std::optional<Request> m_request;
-    std::promise<std::optional<QString>> m_answer;
-    QString m_error;
+    std::promise<Result<>> m_answer;
+    Failure m_end;
     bool m_isStopping = false;
     bool m_hasEnded = false;
     std::thread m_thread; ///< Last: it uses everything above.
@@ -164,16 +164,16 @@ QList<Screen> DesktopPictureLayerShell::screens()
     return waylandFacts(m_display, QDeadlineTimer(m_limit)).screens;
 }
 
-std::optional<QString> DesktopPictureLayerShell::setPicture(const QString &path, const QList<Screen> &screens)
+Result<> DesktopPictureLayerShell::setPicture(const QString &path, const QList<Screen> &screens)
 {
     if (m_life == ProgramLife::OneCommand) {
-        return Tr::tr("This desktop shows a background only while the program that drew it runs; "
-                      "start Quorvane, then set the picture");
+        return Failure{Tr::tr("This desktop shows a background only while the program that drew it runs; "
+                              "start Quorvane, then set the picture")};
     }
     // Decoding comes first, so that the compositor's time is not spent on it.
     const PictureFile file = readPicture(path);
     if (!file.error.isEmpty()) {
-        return file.error;
+        return Failure{file.error};
     }
     if (!m_keeper || !m_keeper->isRunning()) {
         m_keeper.reset();

@@ -31,7 +31,7 @@ class DesktopPictureLayerShell : public DesktopPicture
     [[nodiscard]] QList<Screen> screens() override;
 
     /// All screens change or none does, as long as the compositor has them all.
-    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override;
+    [[nodiscard]] Result<> setPicture(const QString &path, const QList<Screen> &screens) override;
 
     /// Takes the backgrounds away, so that another program's are seen.
     void remove();

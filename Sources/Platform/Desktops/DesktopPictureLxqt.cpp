@@ -38,13 +38,6 @@ const QString kName = u"org.pcmanfm.PCManFM"_s;
 const QString kPath = u"/Application"_s;
 const QString kInterface = u"org.pcmanfm.Application"_s;
 
-/// How the picture must be made, or why there is no use in making one.
-struct Layout
-{
-    QList<QRect> areas;
-    std::optional<QString> failure;
-};
-
 /// Whether LXQt lays the picture out on each screen by itself, a choice of the user's.
 bool isLaidOutPerScreen()
 {
@@ -53,32 +46,33 @@ bool isLaidOutPerScreen()
     return QSettings(file, QSettings::IniFormat).value(u"Desktop/PerScreenWallpaper"_s).toBool();
 }
 
-std::optional<QString> painterFailure(DesktopBus &bus)
+Result<> findPainter(DesktopBus &bus)
 {
     const SessionDesktop &lxqt = *sessionDesktop(DesktopBackend::Lxqt, {});
-    if (auto failure = bus.failureToFind(lxqt.painters, lxqt.title)) {
-        return failure;
+    if (Result<> found = bus.findOneOf(lxqt.painters, lxqt.title); !found) {
+        return found;
     }
     // The same program may run for its folder windows alone.
     const auto answer = bus.call(kName, kPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
                                  {kInterface, u"desktopManagerEnabled"_s});
     if (!answer) {
-        return bus.error();
+        return answer.failure();
     }
     return qvariant_cast<QDBusVariant>(answer->value(0)).variant().toBool()
-               ? std::nullopt
-               : std::optional(Tr::tr("LXQt's file manager is told not to draw the desktop"));
+               ? kDone
+               : Failure{Tr::tr("LXQt's file manager is told not to draw the desktop")};
 }
 
-Layout layoutOf(const QString &busAddress, const QByteArray &display, const QDeadlineTimer &deadline)
+/// The areas that the picture must fill; fails where there is no use in making one.
+Result<QList<QRect>> layoutOf(const QString &busAddress, const QByteArray &display, const QDeadlineTimer &deadline)
 {
     DesktopBus bus(busAddress, deadline);
-    if (auto failure = painterFailure(bus)) {
-        return {{}, failure};
+    if (const Result<> painter = findPainter(bus); !painter) {
+        return painter.failure();
     }
     const X11Connection x(display);
     if (!x.isUsable()) {
-        return {{}, Tr::tr("The X server cannot be reached")};
+        return Failure{Tr::tr("The X server cannot be reached")};
     }
     QList<QRect> areas;
     const QList<X11Connection::Monitor> monitors = x.monitors();
@@ -90,11 +84,11 @@ Layout layoutOf(const QString &busAddress, const QByteArray &display, const QDea
         const bool sameSize = std::all_of(areas.begin(), areas.end(),
                                           [&](const QRect &area) { return area.size() == areas.constFirst().size(); });
         if (!sameSize) {
-            return {{}, Tr::tr("LXQt is set to one wallpaper for each monitor, which would distort the picture")};
+            return Failure{Tr::tr("LXQt is set to one wallpaper for each monitor, which would distort the picture")};
         }
         areas = {areas.constFirst()};
     }
-    return {areas, std::nullopt};
+    return areas;
 }
 
 } // namespace
@@ -113,38 +107,40 @@ QList<Screen> DesktopPictureLxqt::screens()
     return DesktopPictureX11(m_display, QString(), m_limit).screens();
 }
 
-std::optional<QString> DesktopPictureLxqt::setPicture(const QString &path, const QList<Screen> & /*screens*/)
+Result<> DesktopPictureLxqt::setPicture(const QString &path, const QList<Screen> & /*screens*/)
 {
+    const Failure silence{Tr::tr("LXQt does not answer")};
     const QDeadlineTimer asking(m_limit);
     const auto layout = withinLimit(m_limit, [=, address = m_busAddress, display = m_display](const std::stop_token &) {
         return layoutOf(address, display, asking);
     });
-    if (!layout || layout->failure) {
-        return layout ? layout->failure : Tr::tr("LXQt does not answer");
+    if (!layout || !*layout) {
+        return layout ? layout->failure() : silence;
     }
     const std::chrono::milliseconds left(asking.remainingTime()); // The time to decode is nobody's but ours.
 
     const PictureFile file = readPicture(path);
     if (!file.error.isEmpty()) {
-        return file.error;
+        return Failure{file.error};
     }
-    const HandedPicture handed = handedPicture(composed(file.image, layout->areas));
+    const HandedPicture handed = handedPicture(composed(file.image, **layout));
     if (!handed.error.isEmpty()) {
-        return handed.error;
+        return Failure{handed.error};
     }
     const QDeadlineTimer showing(left);
-    const auto failure =
-        withinLimit(left, [=, address = m_busAddress](const std::stop_token &stop) -> std::optional<QString> {
-            DesktopBus bus(address, showing);
-            const bool isShown = !stop.stop_requested() &&
-                                 bus.call(kName, kPath, kInterface, u"setWallpaper"_s, {handed.path, u"stretch"_s});
-            return isShown ? std::nullopt : std::optional(bus.error());
-        });
-    if (!failure || *failure) {
-        return failure ? *failure : Tr::tr("LXQt does not answer");
+    const auto shown = withinLimit(left, [=, address = m_busAddress](const std::stop_token &stop) -> Result<> {
+        DesktopBus bus(address, showing);
+        if (stop.stop_requested()) {
+            return silence;
+        }
+        const auto answer = bus.call(kName, kPath, kInterface, u"setWallpaper"_s, {handed.path, u"stretch"_s});
+        return answer ? kDone : answer.failure();
+    });
+    if (!shown || !*shown) {
+        return shown ? *shown : silence;
     }
     PictureCopy::removeAllBut(handed.path);
-    return std::nullopt;
+    return kDone;
 }
 
 QImage DesktopPictureLxqt::composed(const QImage &source, const QList<QRect> &areas)

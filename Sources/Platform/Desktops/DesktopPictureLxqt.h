@@ -27,7 +27,7 @@ class DesktopPictureLxqt : public DesktopPicture
     [[nodiscard]] QList<Screen> screens() override;
 
     /// All attached screens get the picture, whichever are named.
-    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override;
+    [[nodiscard]] Result<> setPicture(const QString &path, const QList<Screen> &screens) override;
 
     /// A picture of the areas' bounding rectangle, in which each area is filled with the source, on black.
     [[nodiscard]] static QImage composed(const QImage &source, const QList<QRect> &areas);

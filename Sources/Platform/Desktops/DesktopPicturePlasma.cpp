@@ -101,7 +101,7 @@ QList<Screen> DesktopPicturePlasma::screens()
     return m_display.screens(m_limit);
 }
 
-std::optional<QString> DesktopPicturePlasma::setPicture(const QString &path, const QList<Screen> &screens)
+Result<> DesktopPicturePlasma::setPicture(const QString &path, const QList<Screen> &screens)
 {
     const QDeadlineTimer deadline(m_limit);
     const auto shown = withinLimit(m_limit, [address = m_busAddress, deadline](const std::stop_token &) {
@@ -109,27 +109,27 @@ std::optional<QString> DesktopPicturePlasma::setPicture(const QString &path, con
         return evaluate(client, PlasmaScript::reading(), deadline);
     });
     if (!shown || !shown->error.isEmpty()) {
-        return shown ? shown->error : silence();
+        return Failure{shown ? shown->error : silence()};
     }
     // Decoding and copying do not count: they are not Plasma's time.
     const std::chrono::milliseconds left(std::max<qint64>(1, deadline.remainingTime()));
     const PictureHandover::Handed handed = m_handover.handOver(path, {.loaded = shown->report.files()});
     if (!handed.error.isEmpty()) {
-        return handed.error;
+        return Failure{handed.error};
     }
     const auto result = withinLimit(left, [address = m_busAddress, url = PlasmaScript::urlOf(handed.path),
                                            count = screens.size(), left](const std::stop_token &stop) {
         return setEverywhere(address, url, count, stop, QDeadlineTimer(left));
     });
     if (!result) {
-        return silence(); // It may still be done later, so what was handed stays.
+        return Failure{silence()}; // It may still be done later, so what was handed stays.
     }
     const QStringList stored = result->report.files();
     if (!result->error.isEmpty()) {
         if (!stored.contains(handed.path)) {
             m_handover.failed(handed);
         }
-        return result->error;
+        return Failure{result->error};
     }
     m_handover.succeeded(path, handed);
     // The desktop of another activity, or of a screen that is away, may still have an older copy.
@@ -139,7 +139,7 @@ std::optional<QString> DesktopPicturePlasma::setPicture(const QString &path, con
     if (!isNeeded) {
         PictureCopy::removeAllBut(handed.path);
     }
-    return std::nullopt;
+    return kDone;
 }
 
 } // namespace quorvane

@@ -24,7 +24,7 @@ class DesktopPicturePlasma : public DesktopPicture
 
     /// Plasma makes a new screen's desktop a moment after the screen is there, so this waits a little until there are
     /// as many desktops as screens; the verdict is by the screens that Plasma itself counts.
-    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override;
+    [[nodiscard]] Result<> setPicture(const QString &path, const QList<Screen> &screens) override;
 
   private:
     QString m_busAddress;

@@ -31,7 +31,7 @@ const QString kObject = u"/org/freedesktop/portal/desktop"_s;
 const QString kInterface = u"org.freedesktop.portal.Wallpaper"_s;
 
 /// How many of the portal's answers mean what.
-constexpr uint kDone = 0;
+constexpr uint kAccepted = 0;
 constexpr uint kRefusedByUser = 1;
 
 } // namespace
@@ -64,21 +64,21 @@ QList<Screen> DesktopPicturePortal::screens()
     return m_display.screens(m_limit);
 }
 
-std::optional<QString> DesktopPicturePortal::setPicture(const QString &path, const QList<Screen> & /*screens*/)
+Result<> DesktopPicturePortal::setPicture(const QString &path, const QList<Screen> & /*screens*/)
 {
     const PictureFile checked = readPicture(path, kCheckSize);
     if (!checked.error.isEmpty()) {
-        return checked.error;
+        return Failure{checked.error};
     }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        return Tr::tr("The picture cannot be read: %1").arg(file.errorString());
+        return Failure{Tr::tr("The picture cannot be read: %1").arg(file.errorString())};
     }
     // Connecting has no limit of its own, and this thread has to wait for the user below.
     auto connected = withinLimit(
         m_limit, [address = m_busAddress](const std::stop_token &) { return std::make_shared<BusClient>(address); });
     if (!connected) {
-        return Tr::tr("The session bus does not answer");
+        return Failure{Tr::tr("The session bus does not answer")};
     }
     BusClient &client = **connected;
     PortalRequest request(client);
@@ -93,13 +93,13 @@ std::optional<QString> DesktopPicturePortal::setPicture(const QString &path, con
     };
     const PortalRequest::Outcome outcome = request.ask(question, arguments, m_limit, isAsking, m_stop.get_token());
     if (!outcome.response) {
-        return outcome.error;
+        return Failure{outcome.error};
     }
-    if (*outcome.response == kDone) {
-        return std::nullopt;
+    if (*outcome.response == kAccepted) {
+        return kDone;
     }
-    return *outcome.response == kRefusedByUser ? Tr::tr("You did not allow it to set the background")
-                                               : Tr::tr("The desktop's portal refused the picture");
+    return Failure{*outcome.response == kRefusedByUser ? Tr::tr("You did not allow it to set the background")
+                                                       : Tr::tr("The desktop's portal refused the picture")};
 }
 
 } // namespace quorvane

@@ -25,7 +25,7 @@ class DesktopPicturePortal : public DesktopPicture
     [[nodiscard]] QString name() const override { return u"portal"_s; }
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] QList<Screen> screens() override;
-    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override;
+    [[nodiscard]] Result<> setPicture(const QString &path, const QList<Screen> &screens) override;
     void stopAsking() override { m_stop.request_stop(); }
 
   private:

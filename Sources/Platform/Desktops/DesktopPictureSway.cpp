@@ -30,19 +30,17 @@ bool contains(const QList<Screen> &screens, const QString &name)
     return std::any_of(screens.begin(), screens.end(), [&](const Screen &screen) { return screen.name == name; });
 }
 
-/// Nothing on success, as setPicture().
-std::optional<QString> showOnScreen(SwaySocket &socket, const QString &name, const QList<Screen> &present,
-                                    const QString &path)
+Result<> showOnScreen(SwaySocket &socket, const QString &name, const QList<Screen> &present, const QString &path)
 {
     if (!socket.isConnected()) {
-        return socket.error();
+        return Failure{socket.error()};
     }
     const std::optional<QByteArray> command = DesktopPictureSway::commandFor(name, path);
     if (!command || !contains(present, name)) {
-        return Tr::tr("sway has no screen \"%1\"").arg(name); // sway itself would answer "success".
+        return Failure{Tr::tr("sway has no screen \"%1\"").arg(name)}; // sway itself would answer "success".
     }
     const std::optional<QByteArray> result = socket.ask(SwaySocket::Message::RunCommand, *command);
-    return result ? DesktopPictureSway::failureOf(*result) : socket.error();
+    return result ? DesktopPictureSway::outcomeOf(*result) : Failure{socket.error()};
 }
 
 } // namespace
@@ -61,23 +59,23 @@ QList<Screen> DesktopPictureSway::screens()
     return answer ? screensOf(*answer) : QList<Screen>();
 }
 
-std::optional<QString> DesktopPictureSway::setPicture(const QString &path, const QList<Screen> &screens)
+Result<> DesktopPictureSway::setPicture(const QString &path, const QList<Screen> &screens)
 {
     // Decoding and copying come first, so that sway's time is not spent on them.
     const HandedPicture handed = handedPicture(path, isPlainPath);
     if (!handed.error.isEmpty()) {
-        return handed.error;
+        return Failure{handed.error};
     }
     SwaySocket socket(m_socketPath, QDeadlineTimer(m_limit));
     const std::optional<QByteArray> answer = socket.ask(SwaySocket::Message::GetOutputs);
     const QList<Screen> present = answer ? screensOf(*answer) : QList<Screen>();
     for (qsizetype index = 0; index < screens.size(); ++index) {
-        if (std::optional<QString> failure = showOnScreen(socket, screens.at(index).name, present, handed.path)) {
+        if (Result<> shown = showOnScreen(socket, screens.at(index).name, present, handed.path); !shown) {
             // Screens before this one show the copy, and so may this one when only the answer was lost.
             if (handed.isCopy && index == 0 && (!answer || socket.isConnected())) {
                 QFile::remove(handed.path);
             }
-            return failure;
+            return shown;
         }
     }
     // sway reads the pictures of all screens anew at every change, so a copy goes only once no screen has it.
@@ -86,7 +84,7 @@ std::optional<QString> DesktopPictureSway::setPicture(const QString &path, const
     if (isEverywhere) {
         PictureCopy::removeAllBut(handed.path);
     }
-    return std::nullopt;
+    return kDone;
 }
 
 QList<Screen> DesktopPictureSway::screensOf(const QByteArray &outputsJson)
@@ -109,20 +107,20 @@ QList<Screen> DesktopPictureSway::screensOf(const QByteArray &outputsJson)
     return screens;
 }
 
-std::optional<QString> DesktopPictureSway::failureOf(const QByteArray &resultsJson)
+Result<> DesktopPictureSway::outcomeOf(const QByteArray &resultsJson)
 {
     const QJsonDocument document = QJsonDocument::fromJson(resultsJson);
     const QJsonArray results = document.array();
     if (results.isEmpty()) {
-        return Tr::tr("sway's answer cannot be understood");
+        return Failure{Tr::tr("sway's answer cannot be understood")};
     }
     for (const QJsonValue result : results) {
         if (!result.toObject().value("success"_L1).toBool()) {
             const QString words = result.toObject().value("error"_L1).toString();
-            return words.isEmpty() ? Tr::tr("sway refused the picture") : words;
+            return Failure{words.isEmpty() ? Tr::tr("sway refused the picture") : words};
         }
     }
-    return std::nullopt;
+    return kDone;
 }
 
 bool DesktopPictureSway::isPlainPath(const QString &path)

@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 
+#include <optional>
+
 namespace quorvane {
 
 using namespace Qt::StringLiterals;
@@ -19,14 +21,14 @@ class DesktopPictureSway : public DesktopPicture
     [[nodiscard]] QString name() const override { return u"sway"_s; }
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] QList<Screen> screens() override;
-    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override;
+    [[nodiscard]] Result<> setPicture(const QString &path, const QList<Screen> &screens) override;
 
     /// The active outputs in the answer to GET_OUTPUTS, in its order, each with the size of its current mode turned as
     /// the output is. Anything that is no such description is left out.
     [[nodiscard]] static QList<Screen> screensOf(const QByteArray &outputsJson);
 
-    /// The first failure in the answer to RUN_COMMAND in sway's own words; nothing when all succeeded.
-    [[nodiscard]] static std::optional<QString> failureOf(const QByteArray &resultsJson);
+    /// The first failure in the answer to RUN_COMMAND in sway's own words.
+    [[nodiscard]] static Result<> outcomeOf(const QByteArray &resultsJson);
 
     /// Whether sway takes the path as it is. It hands the path to a word expansion that also runs commands, so only
     /// letters, digits and / _ . - are let through.

@@ -18,10 +18,9 @@ class DesktopPictureUnimplemented : public DesktopPicture
     [[nodiscard]] QString name() const override { return {}; }
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] QList<Screen> screens() override { return {}; }
-    [[nodiscard]] std::optional<QString> setPicture(const QString & /*path*/,
-                                                    const QList<Screen> & /*screens*/) override
+    [[nodiscard]] Result<> setPicture(const QString & /*path*/, const QList<Screen> & /*screens*/) override
     {
-        return m_reason;
+        return Failure{m_reason};
     }
 
   private:

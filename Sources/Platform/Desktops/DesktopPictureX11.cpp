@@ -102,17 +102,21 @@ void publish(const X11Connection &x, xcb_pixmap_t pixmap)
     xcb_ungrab_server(x.get());
 }
 
-/// Nothing on success, as setPicture().
-std::optional<QString> setRootPicture(const QByteArray &display, const QImage &picture, const QList<Screen> &screens,
-                                      const std::stop_token &stop)
+Failure silence()
+{
+    return {Tr::tr("The X server does not answer")};
+}
+
+Result<> setRootPicture(const QByteArray &display, const QImage &picture, const QList<Screen> &screens,
+                        const std::stop_token &stop)
 {
     const X11Connection x(display);
     if (!x.isUsable()) {
-        return Tr::tr("The X server cannot be reached");
+        return Failure{Tr::tr("The X server cannot be reached")};
     }
     const std::optional<X11PixelFormat> format = x.pixelFormat();
     if (!format) {
-        return Tr::tr("The X server's colours are of a kind that is not supported");
+        return Failure{Tr::tr("The X server's colours are of a kind that is not supported")};
     }
     const QList<X11Connection::Monitor> monitors = x.monitors();
     QList<Placement> placements;
@@ -120,26 +124,26 @@ std::optional<QString> setRootPicture(const QByteArray &display, const QImage &p
         const auto monitor = std::find_if(monitors.begin(), monitors.end(),
                                           [&](const X11Connection::Monitor &each) { return each.name == screen.name; });
         if (monitor == monitors.end()) {
-            return Tr::tr("The X server has no screen \"%1\"").arg(screen.name);
+            return Failure{Tr::tr("The X server has no screen \"%1\"").arg(screen.name)};
         }
         const QImage filled = filledPicture(picture, monitor->area.size());
         placements.append({filled.convertToFormat(QImage::Format_ARGB32_Premultiplied), monitor->area.topLeft()});
         if (placements.constLast().picture.isNull()) {
-            return Tr::tr("There is not enough memory for the picture");
+            return Failure{Tr::tr("There is not enough memory for the picture")};
         }
     }
     const xcb_pixmap_t pixmap = paintedPixmap(x, placements, *format);
     if (!x.finish()) {
-        return Tr::tr("The X server did not take the picture");
+        return Failure{Tr::tr("The X server did not take the picture")};
     }
     if (stop.stop_requested()) {
-        return QString(); // Nobody waits any more, and a newer picture may be shown already.
+        return silence(); // Nobody waits any more, and a newer picture may be shown already.
     }
     publish(x, pixmap);
     if (!x.finish()) {
-        return Tr::tr("The X server did not take the picture");
+        return Failure{Tr::tr("The X server did not take the picture")};
     }
-    return std::nullopt;
+    return kDone;
 }
 
 } // namespace
@@ -167,18 +171,18 @@ QList<Screen> DesktopPictureX11::screens()
     return listed.value_or(QList<Screen>());
 }
 
-std::optional<QString> DesktopPictureX11::setPicture(const QString &path, const QList<Screen> &screens)
+Result<> DesktopPictureX11::setPicture(const QString &path, const QList<Screen> &screens)
 {
     // Decoding comes first, so that the server's time is not spent on it.
     const PictureFile file = readPicture(path);
     if (!file.error.isEmpty()) {
-        return file.error;
+        return Failure{file.error};
     }
     auto result =
         withinLimit(m_limit, [display = m_display, picture = file.image, screens](const std::stop_token &stop) {
             return setRootPicture(display, picture, screens, stop);
         });
-    return result ? *result : std::optional(Tr::tr("The X server does not answer"));
+    return result ? *result : silence();
 }
 
 } // namespace quorvane

@@ -22,7 +22,7 @@ class DesktopPictureX11 : public DesktopPicture
     [[nodiscard]] QList<Screen> screens() override;
 
     /// One pixmap holds all screens, so they change together or not at all; screens that are not named become black.
-    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override;
+    [[nodiscard]] Result<> setPicture(const QString &path, const QList<Screen> &screens) override;
 
   private:
     QByteArray m_display;

@@ -29,16 +29,16 @@ const QString kStyle = u"image-style"_s;
 /// As large as needed to fill the screen, cropped around the centre.
 constexpr int kZoomed = 5;
 
-std::optional<QVariantList> ask(DesktopBus &bus, const QString &method, const QVariantList &arguments)
+Result<QVariantList> ask(DesktopBus &bus, const QString &method, const QVariantList &arguments)
 {
     return bus.call(u"org.xfce.Xfconf"_s, u"/org/xfce/Xfconf"_s, u"org.xfce.Xfconf"_s, method, arguments);
 }
 
-/// Everything below "/backdrop"; nothing when the daemon does not say it.
-std::optional<QVariantMap> backdrops(DesktopBus &bus)
+/// Everything below "/backdrop".
+Result<QVariantMap> backdrops(DesktopBus &bus)
 {
     const auto answer = ask(bus, u"GetAllProperties"_s, {u"xfce4-desktop"_s, u"/backdrop"_s});
-    return answer ? std::optional(qdbus_cast<QVariantMap>(answer->value(0))) : std::nullopt;
+    return answer ? Result(qdbus_cast<QVariantMap>(answer->value(0))) : answer.failure();
 }
 
 int workspaceCount(DesktopBus &bus)
@@ -47,37 +47,47 @@ int workspaceCount(DesktopBus &bus)
     return answer ? qvariant_cast<QDBusVariant>(answer->value(0)).variant().toInt() : 0;
 }
 
-std::optional<QString> show(DesktopBus &bus, const QString &path, const QList<Screen> &screens,
-                            const std::stop_token &stop)
+Failure silence()
+{
+    return {Tr::tr("XFCE does not answer")};
+}
+
+Result<> show(DesktopBus &bus, const QString &path, const QList<Screen> &screens, const std::stop_token &stop)
 {
     const SessionDesktop &xfce = *sessionDesktop(DesktopBackend::Xfce, {});
-    if (auto failure = bus.failureToFind(xfce.painters, xfce.title)) {
-        return failure;
+    if (Result<> found = bus.findOneOf(xfce.painters, xfce.title); !found) {
+        return found;
     }
     // There is nothing before the desktop's first start has come that far; any other failure comes up again below.
-    const QVariantMap now = backdrops(bus).value_or(QVariantMap());
+    const Result<QVariantMap> told = backdrops(bus);
+    const QVariantMap now = told ? *told : QVariantMap();
     const int workspaces = workspaceCount(bus);
     const QVariantMap wanted = DesktopPictureXfce::propertiesFor(path, screens, workspaces, now);
     for (auto property = wanted.begin(); property != wanted.end(); ++property) {
         const QVariant value = QVariant::fromValue(QDBusVariant(property.value()));
-        if (stop.stop_requested() || (now.value(property.key()) != property.value() &&
-                                      !ask(bus, u"SetProperty"_s, {u"xfce4-desktop"_s, property.key(), value}))) {
-            return bus.error();
+        if (stop.stop_requested()) {
+            return silence();
+        }
+        if (now.value(property.key()) == property.value()) {
+            continue;
+        }
+        if (const auto set = ask(bus, u"SetProperty"_s, {u"xfce4-desktop"_s, property.key(), value}); !set) {
+            return set.failure();
         }
     }
-    const auto kept = backdrops(bus);
+    const Result<QVariantMap> kept = backdrops(bus);
     if (!kept) {
-        return bus.error();
+        return kept.failure();
     }
     // At its first start XFCE takes away what older versions have left.
     const QVariantMap needed = DesktopPictureXfce::propertiesFor(path, screens, workspaces, {});
     for (auto property = wanted.begin(); property != wanted.end(); ++property) {
         const bool mayBeGone = !needed.contains(property.key());
         if (kept->value(property.key(), mayBeGone ? property.value() : QVariant()) != property.value()) {
-            return Tr::tr("XFCE did not keep the setting \"%1\"").arg(property.key());
+            return Failure{Tr::tr("XFCE did not keep the setting \"%1\"").arg(property.key())};
         }
     }
-    return bus.failureToFind(xfce.painters, xfce.title);
+    return bus.findOneOf(xfce.painters, xfce.title);
 }
 
 } // namespace
@@ -91,22 +101,22 @@ DesktopPictureXfce::DesktopPictureXfce(QString busAddress, std::function<QList<S
 {
 }
 
-std::optional<QString> DesktopPictureXfce::setPicture(const QString &path, const QList<Screen> &screens)
+Result<> DesktopPictureXfce::setPicture(const QString &path, const QList<Screen> &screens)
 {
     const HandedPicture handed = handedPicture(path, [](const QString &) { return true; });
     if (!handed.error.isEmpty()) {
-        return handed.error;
+        return Failure{handed.error};
     }
     const QDeadlineTimer deadline(m_limit);
     const auto result = withinLimit(m_limit, [=, address = m_busAddress](const std::stop_token &stop) {
         DesktopBus bus(address, deadline);
         return show(bus, handed.path, screens, stop);
     });
-    if (!result || *result) {
-        return result ? *result : Tr::tr("XFCE does not answer");
+    if (!result || !*result) {
+        return result ? *result : silence();
     }
     PictureCopy::removeAllBut(handed.isCopy ? handed.path : QString());
-    return std::nullopt;
+    return kDone;
 }
 
 QVariantMap DesktopPictureXfce::propertiesFor(const QString &path, const QList<Screen> &screens, int workspaces,

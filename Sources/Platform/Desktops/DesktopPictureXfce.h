@@ -21,7 +21,7 @@ class DesktopPictureXfce : public DesktopPicture
     [[nodiscard]] QString name() const override { return u"xfce"_s; }
     [[nodiscard]] QString reason() const override { return m_reason; }
     [[nodiscard]] QList<Screen> screens() override { return m_screens(); }
-    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override;
+    [[nodiscard]] Result<> setPicture(const QString &path, const QList<Screen> &screens) override;
 
     /// What must be set so that path fills every screen, given everything that is set below "/backdrop" now. workspaces
     /// is how many the window manager has. Names change with XFCE's versions, so what is there counts besides what

@@ -70,19 +70,17 @@ bool isInSystemFolders()
 
 } // namespace
 
-std::optional<QString> setAutostart(Autostart autostart)
+Result<> setAutostart(Autostart autostart)
 {
     if (isSandboxed()) {
         return askPortalForAutostart(QDBusConnection::sessionBus(), autostart);
     }
-    if (!writeAutostartEntry(autostart, QCoreApplication::applicationFilePath())) {
-        return Tr::tr("could not write the autostart entry");
-    }
-    return std::nullopt;
+    return writeAutostartEntry(autostart, QCoreApplication::applicationFilePath());
 }
 
-bool writeAutostartEntry(Autostart autostart, const QString &program)
+Result<> writeAutostartEntry(Autostart autostart, const QString &program)
 {
+    const Failure failure{Tr::tr("could not write the autostart entry")};
     const QString path = Paths::configHome() + kEntry;
     QString entry = u"[Desktop Entry]\n"
                     "Type=Application\n"
@@ -91,11 +89,11 @@ bool writeAutostartEntry(Autostart autostart, const QString &program)
                     "Exec=%1\n"_s.arg(execLine(program));
     if (autostart == Autostart::Off) {
         if (!isInSystemFolders()) {
-            return QFile::remove(path) || !QFile::exists(path);
+            return QFile::remove(path) || !QFile::exists(path) ? kDone : failure;
         }
         entry += u"Hidden=true\n"_s;
     }
-    return QDir().mkpath(QFileInfo(path).path()) && writeFileAtomically(path, entry.toUtf8());
+    return QDir().mkpath(QFileInfo(path).path()) && writeFileAtomically(path, entry.toUtf8()) ? kDone : failure;
 }
 
 } // namespace quorvane

@@ -44,8 +44,7 @@ bool isAsWanted(const PortalAnswer &answer, Autostart autostart)
 
 } // namespace
 
-std::optional<QString> askPortalForAutostart(const QDBusConnection &bus, Autostart autostart,
-                                             std::chrono::milliseconds limit)
+Result<> askPortalForAutostart(const QDBusConnection &bus, Autostart autostart, std::chrono::milliseconds limit)
 {
     const QString token = u"quorvane_"_s + QUuid::createUuid().toString(QUuid::Id128);
     const PortalAnswer answer(bus, token);
@@ -65,12 +64,13 @@ std::optional<QString> askPortalForAutostart(const QDBusConnection &bus, Autosta
     loop.exec();
 
     if (call.isFinished() && call.isError()) {
-        return Tr::tr("the desktop offers no autostart to a sandboxed program: %1").arg(call.error().message());
+        return Failure{
+            Tr::tr("the desktop offers no autostart to a sandboxed program: %1").arg(call.error().message())};
     }
     if (!answer.hasCome()) {
-        return Tr::tr("the desktop did not answer whether Quorvane may start with the session");
+        return Failure{Tr::tr("the desktop did not answer whether Quorvane may start with the session")};
     }
-    return isAsWanted(answer, autostart) ? std::nullopt : std::optional(Tr::tr("the desktop did not allow the change"));
+    return isAsWanted(answer, autostart) ? kDone : Failure{Tr::tr("the desktop did not allow the change")};
 }
 
 } // namespace quorvane

@@ -9,8 +9,8 @@
 namespace quorvane {
 
 /// Asks the desktop through its Background portal, as a sandboxed program does, and waits for the answer in an event
-/// loop of its own. What went wrong, for the user.
-[[nodiscard]] std::optional<QString> askPortalForAutostart(const QDBusConnection &bus, Autostart autostart,
-                                                           std::chrono::milliseconds limit = std::chrono::minutes(2));
+/// loop of its own.
+[[nodiscard]] Result<> askPortalForAutostart(const QDBusConnection &bus, Autostart autostart,
+                                             std::chrono::milliseconds limit = std::chrono::minutes(2));
 
 } // namespace quorvane

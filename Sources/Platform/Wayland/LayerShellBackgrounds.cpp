@@ -33,23 +33,23 @@ LayerShellBackgrounds::LayerShellBackgrounds(const QString &display, QDeadlineTi
     }
 }
 
-QString LayerShellBackgrounds::error() const
+Failure LayerShellBackgrounds::failure() const
 {
     const QString error = m_connection.error();
-    return error.isEmpty() ? Tr::tr("The compositor does not offer zwlr_layer_shell_v1") : error;
+    return {error.isEmpty() ? Tr::tr("The compositor does not offer zwlr_layer_shell_v1") : error};
 }
 
-std::optional<QString> LayerShellBackgrounds::show(const QImage &picture, const QString &path,
-                                                   const QList<Screen> &screens, QDeadlineTimer deadline)
+Result<> LayerShellBackgrounds::show(const QImage &picture, const QString &path, const QList<Screen> &screens,
+                                     QDeadlineTimer deadline)
 {
     if (!m_connection.finish(deadline)) {
-        return m_connection.error();
+        return Failure{m_connection.error()};
     }
     QList<BackgroundSurface *> surfaces;
     for (const Screen &screen : screens) {
         WaylandOutput *output = m_outputs->find(screen.name);
         if (output == nullptr) {
-            return Tr::tr("The compositor has no screen \"%1\"").arg(screen.name);
+            return Failure{Tr::tr("The compositor has no screen \"%1\"").arg(screen.name)};
         }
         surfaces.append(&surfaceFor(*output));
     }
@@ -65,21 +65,21 @@ std::optional<QString> LayerShellBackgrounds::show(const QImage &picture, const 
     };
     while (areAllThere() && !areAllReady()) {
         if (!m_connection.dispatch(deadline)) {
-            return m_connection.error();
+            return Failure{m_connection.error()};
         }
     }
     if (areAllThere()) {
         for (BackgroundSurface *surface : surfaces) {
             if (!surface->show(picture)) {
-                return Tr::tr("There is not enough memory for the picture");
+                return Failure{Tr::tr("There is not enough memory for the picture")};
             }
         }
         m_path = path;
         if (!m_connection.finish(deadline)) {
-            return m_connection.error();
+            return Failure{m_connection.error()};
         }
     }
-    return areAllThere() ? std::nullopt : std::optional(Tr::tr("The compositor closed the background"));
+    return areAllThere() ? kDone : Failure{Tr::tr("The compositor closed the background")};
 }
 
 bool LayerShellBackgrounds::follow(int wakeDescriptor)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Failure.h"
 #include "Platform/Wayland/BackgroundSurface.h"
 #include "Platform/Wayland/WaylandConnection.h"
 #include "Platform/Wayland/WaylandOutputs.h"
@@ -8,7 +9,6 @@
 
 #include <map>
 #include <memory>
-#include <optional>
 
 namespace quorvane {
 
@@ -22,13 +22,13 @@ class LayerShellBackgrounds
 
     [[nodiscard]] bool isUsable() const { return m_isComplete && m_connection.isUsable(); }
 
-    /// Why it is not usable, for the user.
-    [[nodiscard]] QString error() const;
+    /// Why it is not usable.
+    [[nodiscard]] Failure failure() const;
 
-    /// Shows the picture, which the file at path holds, on the screens; nothing on success, as setPicture(). A
-    /// compositor that does not answer at first is asked for nothing.
-    [[nodiscard]] std::optional<QString> show(const QImage &picture, const QString &path, const QList<Screen> &screens,
-                                              QDeadlineTimer deadline);
+    /// Shows the picture, which the file at path holds, on the screens. A compositor that does not answer
+    /// at first is asked for nothing.
+    [[nodiscard]] Result<> show(const QImage &picture, const QString &path, const QList<Screen> &screens,
+                                QDeadlineTimer deadline);
 
     /// Sleeps until the compositor says something or wakeDescriptor is readable. Outputs that came or changed get the
     /// last picture, which is read again for it: none is kept. False once the connection is lost.

@@ -9,6 +9,7 @@
 #include "Support/PositionPicture.h"
 #include "Support/PrivateHome.h"
 #include "Support/PrivateSway.h"
+#include "Support/Results.h"
 #include "Support/WaitFor.h"
 
 #include <QMap>
@@ -165,10 +166,10 @@ TEST_F(DesktopPictureHyprlandTest, tellsHyprpaperThePictureOfEachScreenAndLetsTh
     DesktopPictureHyprland desktop = makeDesktop();
     EXPECT_FALSE(desktop.endsWithTheProgram());
     const QString first = save(u"one.png"_s, 40);
-    ASSERT_EQ(desktop.setPicture(first, m_screens), std::nullopt);
+    ASSERT_EQ(desktop.setPicture(first, m_screens), kDone);
     EXPECT_EQ(hyprpaper.shown(), (QMap<QString, QString>{{u"DP-1"_s, first}, {u"DP-2"_s, first}}));
     const QString second = save(u"two.png"_s, 40);
-    ASSERT_EQ(desktop.setPicture(second, m_screens), std::nullopt);
+    ASSERT_EQ(desktop.setPicture(second, m_screens), kDone);
     EXPECT_EQ(hyprpaper.loaded(), QStringList{second});
 }
 
@@ -177,12 +178,12 @@ TEST_F(DesktopPictureHyprlandTest, aPathThatHyprpaperHasReadAlreadyOrCannotReadI
     const Hyprpaper hyprpaper(socket());
     DesktopPictureHyprland desktop = makeDesktop();
     const QString path = save(u"one.png"_s, 40);
-    ASSERT_EQ(desktop.setPicture(path, m_screens), std::nullopt);
-    ASSERT_EQ(desktop.setPicture(path, m_screens), std::nullopt);
+    ASSERT_EQ(desktop.setPicture(path, m_screens), kDone);
+    ASSERT_EQ(desktop.setPicture(path, m_screens), kDone);
     EXPECT_EQ(hyprpaper.loaded(), QStringList{path}) << "the same content is the same file";
     for (const QString &name : {u"one.png"_s, QString::fromUtf8("a, b #\n日本/two.png")}) {
         const QString other = save(name, 200);
-        ASSERT_EQ(desktop.setPicture(other, m_screens), std::nullopt);
+        ASSERT_EQ(desktop.setPicture(other, m_screens), kDone);
         ASSERT_EQ(hyprpaper.loaded().size(), 1);
         const QString copy = hyprpaper.loaded().constFirst();
         EXPECT_TRUE(copy.startsWith(Paths::stateHome()));
@@ -196,8 +197,8 @@ TEST_F(DesktopPictureHyprlandTest, anOlderOneWithoutListsDoesAsWell)
     const Hyprpaper hyprpaper(socket(), Hyprpaper::Version::Old);
     DesktopPictureHyprland desktop = makeDesktop();
     const QString path = save(u"one.png"_s, 40);
-    ASSERT_EQ(desktop.setPicture(path, m_screens), std::nullopt);
-    ASSERT_EQ(desktop.setPicture(save(u"one.png"_s, 90), m_screens), std::nullopt);
+    ASSERT_EQ(desktop.setPicture(path, m_screens), kDone);
+    ASSERT_EQ(desktop.setPicture(save(u"one.png"_s, 90), m_screens), kDone);
     EXPECT_NE(hyprpaper.shown().value(u"DP-2"_s), path);
     EXPECT_TRUE(QFile::exists(hyprpaper.shown().value(u"DP-2"_s)));
 }
@@ -208,9 +209,9 @@ TEST_F(DesktopPictureHyprlandTest, aRefusalIsInItsOwnWordsAndLeavesNoCopy)
     const Hyprpaper hyprpaper(socket());
     const QString path = save(QString::fromUtf8("a b/one.png"), 40);
     const QList<Screen> strange{{u"DP,1"_s, QSize(1, 1)}};
-    EXPECT_EQ(desktop.setPicture(path, strange), u"wallpaper failed (not preloaded)"_s);
+    EXPECT_EQ(desktop.setPicture(path, strange), Failure{u"wallpaper failed (not preloaded)"_s});
     EXPECT_EQ(QDir(Paths::stateHome() + u"/quorvane"_s).entryList(QDir::Files), QStringList());
-    EXPECT_NE(desktop.setPicture(m_home.path() + u"/missing.png"_s, m_screens), std::nullopt);
+    EXPECT_NE(desktop.setPicture(m_home.path() + u"/missing.png"_s, m_screens), kDone);
     EXPECT_EQ(hyprpaper.shown().size(), 0);
 }
 
@@ -226,17 +227,17 @@ TEST_F(DesktopPictureHyprlandTest, withoutHyprpaperOrWithAnotherProtocolOurOwnSu
         return waitFor([&] { return differenceFromFill(sway.screenshot(u"HEADLESS-1"_s), kSource, mark).isEmpty(); });
     };
     EXPECT_TRUE(desktop.endsWithTheProgram());
-    ASSERT_EQ(desktop.setPicture(save(u"one.png"_s, 40), desktop.screens()), std::nullopt);
+    ASSERT_EQ(desktop.setPicture(save(u"one.png"_s, 40), desktop.screens()), kDone);
     EXPECT_TRUE(shows(40));
     {
         const Hyprpaper other(socket(), Hyprpaper::Version::Binary);
-        ASSERT_EQ(desktop.setPicture(save(u"two.png"_s, 90), desktop.screens()), std::nullopt);
+        ASSERT_EQ(desktop.setPicture(save(u"two.png"_s, 90), desktop.screens()), kDone);
         EXPECT_TRUE(shows(90));
     }
     // As soon as it is there, hyprpaper's own picture must be seen.
     QFile::remove(socket());
     const Hyprpaper hyprpaper(socket());
-    ASSERT_EQ(desktop.setPicture(save(u"three.png"_s, 140), desktop.screens()), std::nullopt);
+    ASSERT_EQ(desktop.setPicture(save(u"three.png"_s, 140), desktop.screens()), kDone);
     EXPECT_EQ(hyprpaper.shown().size(), 1);
     EXPECT_TRUE(waitFor([&] { return !differenceFromFill(sway.screenshot(u"HEADLESS-1"_s), kSource, 90).isEmpty(); }));
 }

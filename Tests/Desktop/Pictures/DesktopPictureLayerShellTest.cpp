@@ -8,6 +8,7 @@
 #include "Support/PositionPicture.h"
 #include "Support/PrivateHome.h"
 #include "Support/PrivateSway.h"
+#include "Support/Results.h"
 #include "Support/WaitFor.h"
 
 #include <QDir>
@@ -154,7 +155,7 @@ TEST_F(DesktopPictureLayerShellTest, fillsEachOutputAroundTheCentreAndRefreshesT
     EXPECT_TRUE(screens.contains({kFirst, QSize(800, 450)}));
     EXPECT_TRUE(screens.contains({kSecond, QSize(400, 600)}));
     const QString path = save(QString::fromUtf8("o'brien $(x) #1 100% \"q\" \n Ünïcødé 日本/one.png"), 40);
-    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
     EXPECT_EQ(waitForBoth(40), QString());
     const QByteArray screenshots = qgetenv("QUORVANE_TEST_SCREENSHOTS");
     if (!screenshots.isEmpty()) {
@@ -162,7 +163,7 @@ TEST_F(DesktopPictureLayerShellTest, fillsEachOutputAroundTheCentreAndRefreshesT
         m_sway->screenshot(kSecond).save(QFile::decodeName(screenshots) + u"/layer-shell-2.png"_s);
     }
     ASSERT_TRUE(positionPicture(kSource, 200).save(path));
-    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
     EXPECT_EQ(waitForBoth(200), QString());
 }
 
@@ -170,7 +171,7 @@ TEST_F(DesktopPictureLayerShellTest, thePictureGoesWithTheObject)
 {
     start();
     const QImage before = m_sway->screenshot(kFirst);
-    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), m_desktop->screens()), kDone);
     ASSERT_EQ(waitForBoth(40), QString());
     EXPECT_TRUE(m_desktop->endsWithTheProgram());
     m_desktop.reset();
@@ -184,7 +185,7 @@ TEST_F(DesktopPictureLayerShellTest, isExactToThePixelAtAnyScaleAndTurn)
         return waitFor([&] { return m_sway->screenshot(kFirst).convertToFormat(QImage::Format_RGB32) == picture; });
     };
     const QImage wide = finePicture(QSize(800, 450));
-    ASSERT_EQ(m_desktop->setPicture(save(u"wide.png"_s, wide), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"wide.png"_s, wide), m_desktop->screens()), kDone);
     EXPECT_TRUE(shows(wide));
     // The surface follows each change by itself.
     for (const char *scale : {"output HEADLESS-1 scale 2", "output HEADLESS-1 scale 1.25"}) {
@@ -194,14 +195,14 @@ TEST_F(DesktopPictureLayerShellTest, isExactToThePixelAtAnyScaleAndTurn)
     tell("output HEADLESS-1 scale 1 transform 90");
     ASSERT_TRUE(waitFor([&] { return m_desktop->screens().value(0).pixels == QSize(450, 800); }));
     const QImage high = finePicture(QSize(450, 800));
-    ASSERT_EQ(m_desktop->setPicture(save(u"high.png"_s, high), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"high.png"_s, high), m_desktop->screens()), kDone);
     EXPECT_TRUE(shows(high));
 }
 
 TEST_F(DesktopPictureLayerShellTest, followsModesScalesTurnsAndNewOutputsByItself)
 {
     start();
-    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 90), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 90), m_desktop->screens()), kDone);
     ASSERT_EQ(waitForBoth(90), QString());
     tell("output HEADLESS-1 mode 1024x768");
     ASSERT_TRUE(waitFor([&] { return m_sway->screenshot(kFirst).size() == QSize(1024, 768); }));
@@ -223,7 +224,7 @@ TEST_F(DesktopPictureLayerShellTest, anOutputThatIsUnpluggedAndComesBackShowsThe
     ASSERT_TRUE(inner.isReady());
     DesktopPictureLayerShell desktop(outer.runtimeFolder() + u"/wayland-2"_s, QString(), ProgramLife::Application);
     ASSERT_EQ(desktop.screens().size(), 2);
-    ASSERT_EQ(desktop.setPicture(save(u"one.png"_s, 120), desktop.screens()), std::nullopt);
+    ASSERT_EQ(desktop.setPicture(save(u"one.png"_s, 120), desktop.screens()), kDone);
     EXPECT_EQ(waitForPicture(inner, u"WL-2"_s, 120), QString());
     ASSERT_TRUE(inner.unplug(u"WL-2"_s));
     ASSERT_TRUE(waitFor([&] { return desktop.screens().size() == 1; }));
@@ -237,7 +238,7 @@ TEST_F(DesktopPictureLayerShellTest, onePictureFollowsTheOtherWithoutAFrameInBet
     start({QSize(800, 450)});
     const QString even = save(u"even.png"_s, 40);
     const QString odd = save(u"odd.png"_s, 200);
-    ASSERT_EQ(m_desktop->setPicture(even, m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(even, m_desktop->screens()), kDone);
     ASSERT_EQ(waitForPicture(*m_sway, kFirst, 40), QString());
     std::atomic<int> shots = 0;
     std::atomic<int> neither = 0;
@@ -251,7 +252,7 @@ TEST_F(DesktopPictureLayerShellTest, onePictureFollowsTheOtherWithoutAFrameInBet
         }
     });
     for (int turn = 0; shots < 20; ++turn) {
-        ASSERT_EQ(m_desktop->setPicture(turn % 2 == 0 ? odd : even, m_desktop->screens()), std::nullopt);
+        ASSERT_EQ(m_desktop->setPicture(turn % 2 == 0 ? odd : even, m_desktop->screens()), kDone);
     }
     watching.request_stop();
     watching.join();
@@ -261,7 +262,7 @@ TEST_F(DesktopPictureLayerShellTest, onePictureFollowsTheOtherWithoutAFrameInBet
 TEST_F(DesktopPictureLayerShellTest, sleepsOnceItHasDrawnAndHoldsNothing)
 {
     start();
-    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), m_desktop->screens()), kDone);
     ASSERT_EQ(waitForBoth(40), QString());
     const QString thread = folderOfThread("wallpaper");
     ASSERT_NE(thread, QString());
@@ -287,15 +288,14 @@ TEST_F(DesktopPictureLayerShellTest, refusesWhatItCannotShowAndLeavesThePictureT
 {
     start();
     const QList<Screen> screens = m_desktop->screens();
-    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), std::nullopt);
-    EXPECT_NE(m_desktop->setPicture(m_home.path() + u"/missing.png"_s, screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), kDone);
+    EXPECT_NE(m_desktop->setPicture(m_home.path() + u"/missing.png"_s, screens), kDone);
     const QString other = save(u"other.png"_s, 240);
     EXPECT_EQ(m_desktop->setPicture(other, screens + QList<Screen>{{u"DP-9"_s, QSize(1, 1)}}),
-              u"The compositor has no screen \"DP-9\""_s);
+              Failure{u"The compositor has no screen \"DP-9\""_s});
     DesktopPictureLayerShell command(display(), QString(), ProgramLife::OneCommand);
     EXPECT_EQ(command.screens(), screens);
-    const std::optional<QString> refusal = command.setPicture(other, screens);
-    EXPECT_TRUE(refusal && refusal->contains(u"start Quorvane"_s));
+    EXPECT_TRUE(wordsOf(command.setPicture(other, screens)).contains(u"start Quorvane"_s));
     EXPECT_EQ(waitForBoth(40), QString());
 }
 
@@ -304,15 +304,15 @@ TEST_F(DesktopPictureLayerShellTest, aKilledCompositorIsAnErrorAndHasNoScreens)
     start();
     const QList<Screen> screens = m_desktop->screens();
     const QString path = save(u"one.png"_s, 40);
-    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, screens), kDone);
     m_sway->program().signal(SIGSTOP);
-    std::optional<QString> failure;
-    std::jthread setting([&] { failure = m_desktop->setPicture(path, screens); });
+    Result<> shown;
+    std::jthread setting([&] { shown = m_desktop->setPicture(path, screens); });
     m_sway->program().signal(SIGKILL); // Wherever the other thread is by now, it was not answered.
     setting.join();
-    EXPECT_NE(failure, std::nullopt);
+    EXPECT_FALSE(shown);
     EXPECT_EQ(m_desktop->screens(), QList<Screen>());
-    EXPECT_EQ(m_desktop->setPicture(path, screens), u"The compositor cannot be reached"_s);
+    EXPECT_EQ(m_desktop->setPicture(path, screens), Failure{u"The compositor cannot be reached"_s});
 }
 
 TEST_F(DesktopPictureLayerShellTest, aCompositorThatHangsIsGivenUpAndKeepsItsPicture)
@@ -320,12 +320,12 @@ TEST_F(DesktopPictureLayerShellTest, aCompositorThatHangsIsGivenUpAndKeepsItsPic
     start();
     const QList<Screen> screens = m_desktop->screens();
     const auto impatient = makeDesktop(std::chrono::milliseconds(1000));
-    ASSERT_EQ(impatient->setPicture(save(u"one.png"_s, 40), screens), std::nullopt);
+    ASSERT_EQ(impatient->setPicture(save(u"one.png"_s, 40), screens), kDone);
     m_sway->program().signal(SIGSTOP);
-    EXPECT_EQ(impatient->setPicture(save(u"two.png"_s, 90), screens), u"The compositor does not answer"_s);
+    EXPECT_EQ(impatient->setPicture(save(u"two.png"_s, 90), screens), Failure{u"The compositor does not answer"_s});
     m_sway->program().signal(SIGCONT);
     EXPECT_EQ(waitForBoth(40), QString());
-    ASSERT_EQ(impatient->setPicture(save(u"three.png"_s, 140), screens), std::nullopt);
+    ASSERT_EQ(impatient->setPicture(save(u"three.png"_s, 140), screens), kDone);
     EXPECT_EQ(waitForBoth(140), QString());
 }
 

@@ -13,6 +13,7 @@
 #include "Support/PrivateHome.h"
 #include "Support/PrivateSway.h"
 #include "Support/PrivateXorg.h"
+#include "Support/Results.h"
 #include "Support/WaitFor.h"
 
 #include <QStandardPaths>
@@ -253,30 +254,30 @@ TEST_F(DesktopPicturePlasmaTest, fillsEveryScreenAndRefreshesTheSamePath)
     EXPECT_EQ(screens, (QList<Screen>{{u"DUMMY0"_s, QSize(1280, 720)}, {u"DUMMY1"_s, QSize(800, 600)}}));
     const QString name = QString::fromUtf8("o'brien $(touch x) #1 100% \"q\" ;\\ \n Ünïcødé 日本/one.png");
     const QString path = save(name, 40);
-    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, screens), kDone);
     EXPECT_EQ(waitForPicture(40), QString());
     EXPECT_EQ(copies(), QStringList()) << "a new path needs no copy";
 
     // Plasma itself would go on showing what it once read under the name.
-    ASSERT_EQ(m_desktop->setPicture(save(name, 120), screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(name, 120), screens), kDone);
     EXPECT_EQ(waitForPicture(120), QString());
     const QStringList first = copies();
     EXPECT_EQ(first.size(), 1);
-    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, screens), kDone);
     EXPECT_EQ(copies(), first) << "what is shown already is not copied again";
-    ASSERT_EQ(m_desktop->setPicture(save(name, 200), screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(name, 200), screens), kDone);
     EXPECT_EQ(waitForPicture(200), QString());
     EXPECT_EQ(copies().size(), 1) << "the copy before is deleted";
 
     // A process that knows nothing of the one before.
     DesktopPicturePlasma other(m_session->busAddress(), m_display, QString());
-    ASSERT_EQ(other.setPicture(save(name, 80), screens), std::nullopt);
+    ASSERT_EQ(other.setPicture(save(name, 80), screens), kDone);
     EXPECT_EQ(waitForPicture(80), QString());
 
     // Another picture in between.
-    ASSERT_EQ(other.setPicture(save(u"two.png"_s, 160), screens), std::nullopt);
+    ASSERT_EQ(other.setPicture(save(u"two.png"_s, 160), screens), kDone);
     EXPECT_EQ(waitForPicture(160), QString());
-    ASSERT_EQ(other.setPicture(save(name, 240), screens), std::nullopt);
+    ASSERT_EQ(other.setPicture(save(name, 240), screens), kDone);
     EXPECT_EQ(waitForPicture(240), QString());
 }
 
@@ -287,12 +288,12 @@ TEST_F(DesktopPicturePlasmaTest, aScreenThatIsPluggedInGetsThePictureToo)
     }
     ASSERT_NO_FATAL_FAILURE(startOnX11());
     const QString path = save(u"one.png"_s, 90);
-    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
     ASSERT_EQ(waitForPicture(90), QString());
     ASSERT_TRUE(m_server->plugIn());
     ASSERT_TRUE(waitFor([&] { return m_desktop->screens().size() == 3; }));
     // At once, when Plasma may not have a desktop for it yet.
-    EXPECT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    EXPECT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
     EXPECT_EQ(waitForPicture(90, 3), QString());
 }
 
@@ -304,24 +305,24 @@ TEST_F(DesktopPicturePlasmaTest, aShellThatIsKilledOrHangsIsAnErrorAndTheNextOne
     ASSERT_NO_FATAL_FAILURE(startOnX11());
     const QList<Screen> screens = m_desktop->screens();
     const QString path = save(u"one.png"_s, 50);
-    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, screens), kDone);
     ASSERT_EQ(waitForPicture(50), QString());
-    const auto missing = m_desktop->setPicture(m_home.path() + u"/missing.png"_s, screens);
-    EXPECT_TRUE(missing && missing->contains(u"cannot be read"_s));
+    const Result<> missing = m_desktop->setPicture(m_home.path() + u"/missing.png"_s, screens);
+    EXPECT_TRUE(wordsOf(missing).contains(u"cannot be read"_s));
     ASSERT_TRUE(putFile(m_home.path() + u"/broken.png"_s, "no picture"));
-    EXPECT_NE(m_desktop->setPicture(m_home.path() + u"/broken.png"_s, screens), std::nullopt);
+    EXPECT_NE(m_desktop->setPicture(m_home.path() + u"/broken.png"_s, screens), kDone);
 
     m_shell->signal(SIGSTOP);
     DesktopPicturePlasma impatient(m_session->busAddress(), m_display, QString(), std::chrono::milliseconds(500));
-    EXPECT_NE(impatient.setPicture(save(u"two.png"_s, 130), screens), std::nullopt);
+    EXPECT_NE(impatient.setPicture(save(u"two.png"_s, 130), screens), kDone);
     m_shell->signal(SIGKILL);
     BusClient bus(m_session->busAddress());
     ASSERT_TRUE(waitFor([&] { return !bus.isOwned(u"org.kde.plasmashell"_s, QDeadlineTimer(1000)); }));
-    const auto gone = m_desktop->setPicture(path, screens);
-    EXPECT_TRUE(gone && gone->contains(u"org.kde.plasmashell is not on the session bus"_s));
+    const Result<> gone = m_desktop->setPicture(path, screens);
+    EXPECT_TRUE(wordsOf(gone).contains(u"org.kde.plasmashell is not on the session bus"_s));
 
     ASSERT_NO_FATAL_FAILURE(startShell());
-    ASSERT_EQ(m_desktop->setPicture(save(u"three.png"_s, 210), screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"three.png"_s, 210), screens), kDone);
     EXPECT_EQ(waitForPicture(210), QString());
 }
 
@@ -335,10 +336,10 @@ TEST_F(DesktopPicturePlasmaTest, fillsEveryScreenOnWaylandToo)
     ASSERT_EQ(screens.size(), 2);
     EXPECT_EQ(screens.constLast().pixels, QSize(1280, 720));
     const QString path = save(QString::fromUtf8("o'brien #1 100% \"q\" \n 日本/one.png"), 40);
-    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, screens), kDone);
     EXPECT_EQ(waitForPicture(40), QString());
     ASSERT_TRUE(positionPicture(kSource, 120).save(path));
-    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, screens), kDone);
     EXPECT_EQ(waitForPicture(120), QString());
 }
 

@@ -9,6 +9,7 @@
 #include "Support/Files.h"
 #include "Support/PositionPicture.h"
 #include "Support/PrivateHome.h"
+#include "Support/Results.h"
 #include "Support/WaitFor.h"
 
 #include <QDBusMetaType>
@@ -198,15 +199,15 @@ TEST_F(DesktopPicturePortalTest, onceAllowedThePictureIsShown)
     ASSERT_EQ(screens.size(), 1);
     EXPECT_EQ(screens.constFirst().pixels, kScreen);
     const QString path = save(QString::fromUtf8("o'brien #1 100% \"q\" \n Ünïcødé 日本/one.png"), 40);
-    ASSERT_EQ(desktop->setPicture(path, screens), std::nullopt);
+    ASSERT_EQ(desktop->setPicture(path, screens), kDone);
     EXPECT_EQ(waitForPicture(40), QString());
     ASSERT_TRUE(positionPicture(kSource, 200).save(path));
-    ASSERT_EQ(desktop->setPicture(path, screens), std::nullopt);
+    ASSERT_EQ(desktop->setPicture(path, screens), kDone);
     EXPECT_EQ(waitForPicture(200), QString());
 
-    EXPECT_NE(desktop->setPicture(m_home.path() + u"/missing.png"_s, screens), std::nullopt);
+    EXPECT_NE(desktop->setPicture(m_home.path() + u"/missing.png"_s, screens), kDone);
     ASSERT_NO_FATAL_FAILURE(permit(u"no"_s));
-    EXPECT_NE(desktop->setPicture(save(u"two.png"_s, 90), screens), std::nullopt);
+    EXPECT_NE(desktop->setPicture(save(u"two.png"_s, 90), screens), kDone);
     EXPECT_EQ(waitForPicture(200), QString());
 }
 
@@ -218,10 +219,10 @@ TEST_F(DesktopPicturePortalTest, whileTheUserIsAskedItSaysSoAndWaitsUntilItIsTol
     const auto ask = [&](DesktopPicturePortal &desktop, const std::function<void()> &then) {
         desktop.asking = [&questions](const QString &line) { questions += line.isEmpty() ? 0 : 1; };
         const int before = questions;
-        std::optional<QString> failure;
+        Result<> shown;
         std::atomic<bool> hasEnded = false;
         std::jthread setting([&] {
-            failure = desktop.setPicture(path, desktop.screens());
+            shown = desktop.setPicture(path, desktop.screens());
             hasEnded = true;
         });
         EXPECT_TRUE(waitFor([&] { return questions > before; }, kStartLimit));
@@ -229,13 +230,13 @@ TEST_F(DesktopPicturePortalTest, whileTheUserIsAskedItSaysSoAndWaitsUntilItIsTol
         then();
         EXPECT_TRUE(waitFor([&] { return hasEnded.load(); }, kStartLimit));
         setting.join();
-        return failure.value_or(u"it was set"_s);
+        return wordsOf(shown);
     };
 
     // The user allows it.
     const auto allowed = makeDesktop(std::chrono::milliseconds(1500));
     EXPECT_EQ(ask(*allowed, [&] { EXPECT_TRUE(waitFor([this] { return shellDid(kAllow); }, kStartLimit)); }),
-              u"it was set"_s);
+              u"done"_s);
     EXPECT_EQ(waitForPicture(40), QString());
 
     ASSERT_NO_FATAL_FAILURE(permit(u"ask"_s));

@@ -23,11 +23,11 @@ QByteArray answerTo(const QString &path, quorvane::DesktopPicture &desktop)
     for (const quorvane::Screen &screen : screens) {
         names.append(u"%1 %2x%3"_s.arg(screen.name).arg(screen.pixels.width()).arg(screen.pixels.height()));
     }
-    const std::optional<QString> failure = desktop.setPicture(path, screens);
+    const quorvane::Result<> shown = desktop.setPicture(path, screens);
     const QJsonObject answer{{u"desktop"_s, desktop.name()},
                              {u"reason"_s, desktop.reason()},
                              {u"screens"_s, names},
-                             {u"failure"_s, failure ? QJsonValue(*failure) : QJsonValue()}};
+                             {u"failure"_s, shown ? QJsonValue() : QJsonValue(shown.failure().words)}};
     return QJsonDocument(answer).toJson(QJsonDocument::Compact);
 }
 

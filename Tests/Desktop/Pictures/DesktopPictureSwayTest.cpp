@@ -3,6 +3,7 @@
 #include "Support/PositionPicture.h"
 #include "Support/PrivateHome.h"
 #include "Support/PrivateSway.h"
+#include "Support/Results.h"
 #include "Support/WaitFor.h"
 
 #include <QElapsedTimer>
@@ -91,7 +92,7 @@ TEST_F(DesktopPictureSwayTest, listsTheActiveOutputsWithTheSizesTheyHaveAsTheyAr
 TEST_F(DesktopPictureSwayTest, fillsEachScreenAroundTheCentreAndRefreshesTheSamePath)
 {
     const QString path = save(library(u"one.png"_s), 40);
-    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
     EXPECT_EQ(waitForPicture(40), QString());
     EXPECT_EQ(copies(), QStringList()) << "a plain path needs no copy";
     const QByteArray screenshots = qgetenv("QUORVANE_TEST_SCREENSHOTS");
@@ -101,7 +102,7 @@ TEST_F(DesktopPictureSwayTest, fillsEachScreenAroundTheCentreAndRefreshesTheSame
     }
 
     save(path, 200);
-    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
     EXPECT_EQ(waitForPicture(200), QString());
 }
 
@@ -109,13 +110,13 @@ TEST_F(DesktopPictureSwayTest, showsPicturesFromFoldersWithAnyNameAndRunsNothing
 {
     const QString name = QString::fromUtf8("o'brien $(touch x) `touch x` #1 100% \"q\" ;,\\ \n Ünïcødé 日本");
     const QString path = save(library(name + u"/picture.png"_s), 120);
-    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
     EXPECT_EQ(waitForPicture(120), QString());
     const QStringList first = copies();
     EXPECT_EQ(first.size(), 1);
 
     save(path, 220);
-    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
     EXPECT_EQ(waitForPicture(220), QString());
     EXPECT_EQ(copies().size(), 1) << "the copy before is deleted";
     EXPECT_NE(copies(), first) << "the new one has a new name";
@@ -123,7 +124,7 @@ TEST_F(DesktopPictureSwayTest, showsPicturesFromFoldersWithAnyNameAndRunsNothing
     EXPECT_FALSE(QFile::exists(u"x"_s));
 
     // Back at a plain path nothing needs the copy any more.
-    ASSERT_EQ(m_desktop->setPicture(save(library(u"plain.png"_s), 10), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(library(u"plain.png"_s), 10), m_desktop->screens()), kDone);
     EXPECT_EQ(waitForPicture(10), QString());
     EXPECT_EQ(copies(), QStringList());
 }
@@ -136,7 +137,7 @@ TEST_F(DesktopPictureSwayTest, usesTheSessionFolderWhereTheHomeHasAnAwkwardNameT
     const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(session));
     const QString path = save(library(u"it's/picture.png"_s), 70);
-    EXPECT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    EXPECT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
     EXPECT_EQ(waitForPicture(70), QString());
     EXPECT_EQ(QDir(session + u"/quorvane"_s).entryList(QDir::Files).size(), 1);
     EXPECT_FALSE(QFile::exists(stateHome + u"/quorvane"_s));
@@ -146,7 +147,7 @@ TEST_F(DesktopPictureSwayTest, usesTheSessionFolderWhereTheHomeHasAnAwkwardNameT
 TEST_F(DesktopPictureSwayTest, showsFormatsThatSwaysOwnProgramMayNotRead)
 {
     const QString path = save(library(u"picture.png"_s), 90, "bmp");
-    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
     EXPECT_EQ(waitForPicture(90), QString());
     EXPECT_EQ(copies().size(), 1);
 }
@@ -155,22 +156,22 @@ TEST_F(DesktopPictureSwayTest, refusesWhatSwayWouldCallASuccess)
 {
     const QList<Screen> screens = m_desktop->screens();
     const QString path = save(library(u"one.png"_s), 40);
-    ASSERT_EQ(m_desktop->setPicture(path, screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, screens), kDone);
     ASSERT_EQ(waitForPicture(40), QString());
 
-    const auto missing = m_desktop->setPicture(library(u"missing.png"_s), screens);
-    EXPECT_TRUE(missing && missing->contains(u"cannot be read"_s)) << missing->toStdString();
+    const QString missing = wordsOf(m_desktop->setPicture(library(u"missing.png"_s), screens));
+    EXPECT_TRUE(missing.contains(u"cannot be read"_s)) << missing.toStdString();
 
     QFile broken(library(u"broken.png"_s));
     QFile whole(path);
     ASSERT_TRUE(whole.open(QIODevice::ReadOnly) && broken.open(QIODevice::WriteOnly));
     broken.write(whole.read(whole.size() / 2));
     broken.close();
-    EXPECT_NE(m_desktop->setPicture(broken.fileName(), screens), std::nullopt);
+    EXPECT_NE(m_desktop->setPicture(broken.fileName(), screens), kDone);
 
     const QString other = save(library(u"it's/other.png"_s), 240);
     const QList<Screen> gone{{u"DP-9"_s, QSize(1, 1)}};
-    EXPECT_EQ(m_desktop->setPicture(other, gone), u"sway has no screen \"DP-9\""_s);
+    EXPECT_EQ(m_desktop->setPicture(other, gone), Failure{u"sway has no screen \"DP-9\""_s});
     EXPECT_EQ(copies(), QStringList()) << "the copy that no screen shows is deleted";
     EXPECT_EQ(waitForPicture(40), QString());
 }
@@ -180,16 +181,16 @@ TEST_F(DesktopPictureSwayTest, aKilledSwayIsAnErrorAtOnceAndHasNoScreens)
     const QList<Screen> screens = m_desktop->screens();
     const QString path = save(library(u"one.png"_s), 40);
     m_sway->program().signal(SIGSTOP);
-    std::optional<QString> failure;
+    Result<> shown;
     QElapsedTimer clock;
     clock.start();
-    std::jthread setting([&] { failure = m_desktop->setPicture(path, screens); });
+    std::jthread setting([&] { shown = m_desktop->setPicture(path, screens); });
     m_sway->program().signal(SIGKILL); // Wherever the other thread is by now, it was not answered.
     setting.join();
     EXPECT_LT(clock.elapsed(), 5000);
-    EXPECT_TRUE(failure && failure->startsWith(u"sway "_s));
+    EXPECT_TRUE(wordsOf(shown).startsWith(u"sway "_s));
     EXPECT_EQ(m_desktop->screens(), QList<Screen>());
-    EXPECT_NE(m_desktop->setPicture(save(library(u"it's/two.png"_s), 80), screens), std::nullopt);
+    EXPECT_NE(m_desktop->setPicture(save(library(u"it's/two.png"_s), 80), screens), kDone);
     EXPECT_EQ(copies(), QStringList()) << "no failure leaves a copy behind that nobody shows";
 }
 
@@ -199,7 +200,7 @@ TEST_F(DesktopPictureSwayTest, aSwayThatHangsIsGivenUp)
     const QString path = save(library(u"one.png"_s), 40);
     DesktopPictureSway impatient(m_sway->socketPath(), QString(), std::chrono::milliseconds(200));
     m_sway->program().signal(SIGSTOP);
-    EXPECT_EQ(impatient.setPicture(path, screens), u"sway does not answer"_s);
+    EXPECT_EQ(impatient.setPicture(path, screens), Failure{u"sway does not answer"_s});
     EXPECT_EQ(impatient.screens(), QList<Screen>());
 }
 

@@ -3,6 +3,7 @@
 #include "Support/PositionPicture.h"
 #include "Support/PrivateHome.h"
 #include "Support/PrivateXServer.h"
+#include "Support/Results.h"
 #include "Support/WaitFor.h"
 
 #include <QCoreApplication>
@@ -92,7 +93,7 @@ TEST_F(DesktopPictureX11Test, fillsEachMonitorAroundTheCentreAndReplacesItsOwnPi
     startWithTwoMonitors();
     EXPECT_EQ(m_desktop->screens(), (QList<Screen>{{u"LEFT"_s, kLeft.size()}, {u"RIGHT"_s, kRight.size()}}));
     const QString path = save(u"one.png"_s, 40);
-    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
     EXPECT_EQ(differenceEverywhere(40), QString());
     EXPECT_EQ(m_server->rootWindow().pixel(600, 600), qRgb(0, 0, 0)) << "outside every monitor";
     const QByteArray screenshots = qgetenv("QUORVANE_TEST_SCREENSHOTS");
@@ -101,7 +102,7 @@ TEST_F(DesktopPictureX11Test, fillsEachMonitorAroundTheCentreAndReplacesItsOwnPi
     }
 
     save(u"one.png"_s, 200);
-    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
     EXPECT_EQ(differenceEverywhere(200), QString());
 }
 
@@ -109,7 +110,7 @@ TEST_F(DesktopPictureX11Test, showsPicturesFromFoldersWithAnyName)
 {
     startWithTwoMonitors();
     const QString name = QString::fromUtf8("o'brien $(touch x) #1 100% \"q\" \n Ünïcødé 日本/picture.png");
-    ASSERT_EQ(m_desktop->setPicture(save(name, 120), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(name, 120), m_desktop->screens()), kDone);
     EXPECT_EQ(differenceEverywhere(120), QString());
 }
 
@@ -118,7 +119,7 @@ TEST_F(DesktopPictureX11Test, thePictureStaysWhenTheProcessEnds)
     constexpr auto kChildsPicture = "QUORVANE_TEST_CHILDS_PICTURE";
     if (qEnvironmentVariableIsSet(kChildsPicture)) { // The other process, which is this same test.
         DesktopPictureX11 desktop(qgetenv("DISPLAY"), QString());
-        ASSERT_EQ(desktop.setPicture(QFile::decodeName(qgetenv(kChildsPicture)), desktop.screens()), std::nullopt);
+        ASSERT_EQ(desktop.setPicture(QFile::decodeName(qgetenv(kChildsPicture)), desktop.screens()), kDone);
         return;
     }
     startWithTwoMonitors();
@@ -134,7 +135,7 @@ TEST_F(DesktopPictureX11Test, thePictureStaysWhenTheProcessEnds)
     // What one process left behind, the next one frees.
     const quint32 left = m_server->announcedPixmap();
     ASSERT_FALSE(m_server->pixelsOf(left).isNull());
-    ASSERT_EQ(m_desktop->setPicture(save(u"two.png"_s, 80), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"two.png"_s, 80), m_desktop->screens()), kDone);
     EXPECT_EQ(differenceEverywhere(80), QString());
     EXPECT_TRUE(m_server->pixelsOf(left).isNull());
 }
@@ -156,7 +157,7 @@ TEST_F(DesktopPictureX11Test, aProgramThatAnnouncedItsPixmapOnlyForReadingLivesO
     xcb_flush(other);
     ASSERT_TRUE(waitFor([&] { return m_server->announcedPixmap() == pixmap; }));
 
-    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), m_desktop->screens()), kDone);
     EXPECT_EQ(differenceEverywhere(40), QString());
     EXPECT_EQ(m_server->pixelsOf(pixmap).size(), QSize(10, 10));
     xcb_disconnect(other);
@@ -172,7 +173,7 @@ TEST_F(DesktopPictureX11Test, takesTurnsWithAnotherProgramThatSetsThePicture)
     const QString theirs = save(u"theirs.png"_s, 220, kRoot);
     const QStringList feh{u"--no-fehbg"_s, u"--no-xinerama"_s, u"--bg-fill"_s, theirs};
     for (int turn = 0; turn < 2; ++turn) {
-        ASSERT_EQ(m_desktop->setPicture(ours, m_desktop->screens()), std::nullopt);
+        ASSERT_EQ(m_desktop->setPicture(ours, m_desktop->screens()), kDone);
         EXPECT_EQ(differenceEverywhere(40), QString());
         ASSERT_FALSE(outputOf(u"feh"_s, feh, m_server->clientEnvironment()).isNull());
         EXPECT_EQ(differenceFromFill(announced("_XROOTPMAP_ID"), kRoot, 220), QString());
@@ -182,7 +183,7 @@ TEST_F(DesktopPictureX11Test, takesTurnsWithAnotherProgramThatSetsThePicture)
 TEST_F(DesktopPictureX11Test, worksOnSixteenBitColours)
 {
     startWithTwoMonitors(16);
-    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 128), m_desktop->screens()), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 128), m_desktop->screens()), kDone);
     // Five bits a colour are 8 levels apart, which the comparison is too sharp for; two corners tell the orientation.
     const QImage left = m_server->rootWindow().copy(kLeft);
     ASSERT_EQ(left.size(), kLeft.size());
@@ -196,7 +197,7 @@ TEST_F(DesktopPictureX11Test, withoutRandRTheRootWindowIsTheScreen)
     start(24, {u"-extension"_s, u"RANDR"_s});
     const QList<Screen> screens = m_desktop->screens();
     ASSERT_EQ(screens, (QList<Screen>{{u"screen"_s, kRoot}}));
-    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), kDone);
     EXPECT_EQ(differenceFromFill(m_server->rootWindow(), kSource, 40), QString());
 }
 
@@ -204,11 +205,11 @@ TEST_F(DesktopPictureX11Test, aMonitorThatIsGoneIsAnErrorAndNothingChanges)
 {
     startWithTwoMonitors();
     const QList<Screen> screens = m_desktop->screens();
-    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), kDone);
     QList<Screen> more = screens;
     more.append({u"GONE"_s, QSize(10, 10)});
-    EXPECT_EQ(m_desktop->setPicture(save(u"two.png"_s, 90), more), u"The X server has no screen \"GONE\""_s);
-    EXPECT_NE(m_desktop->setPicture(m_home.path(), screens), std::nullopt) << "a folder is no picture";
+    EXPECT_EQ(m_desktop->setPicture(save(u"two.png"_s, 90), more), Failure{u"The X server has no screen \"GONE\""_s});
+    EXPECT_NE(m_desktop->setPicture(m_home.path(), screens), kDone) << "a folder is no picture";
     EXPECT_EQ(differenceEverywhere(40), QString());
 }
 
@@ -216,7 +217,8 @@ TEST_F(DesktopPictureX11Test, noServerMeansNoScreensAndAnError)
 {
     DesktopPictureX11 nowhere(":7654", QString());
     EXPECT_EQ(nowhere.screens(), QList<Screen>());
-    EXPECT_EQ(nowhere.setPicture(save(u"one.png"_s, 40), {{u"screen"_s, kRoot}}), u"The X server cannot be reached"_s);
+    EXPECT_EQ(nowhere.setPicture(save(u"one.png"_s, 40), {{u"screen"_s, kRoot}}),
+              Failure{u"The X server cannot be reached"_s});
 }
 
 TEST_F(DesktopPictureX11Test, aKilledServerIsAnErrorAtOnce)
@@ -225,14 +227,14 @@ TEST_F(DesktopPictureX11Test, aKilledServerIsAnErrorAtOnce)
     const QList<Screen> screens = m_desktop->screens();
     const QString path = save(u"one.png"_s, 40);
     m_server->program().signal(SIGSTOP);
-    std::optional<QString> failure;
+    Result<> shown;
     QElapsedTimer clock;
     clock.start();
-    std::jthread setting([&] { failure = m_desktop->setPicture(path, screens); });
+    std::jthread setting([&] { shown = m_desktop->setPicture(path, screens); });
     m_server->program().signal(SIGKILL);
     setting.join();
     EXPECT_LT(clock.elapsed(), 5000);
-    EXPECT_NE(failure, std::nullopt);
+    EXPECT_FALSE(shown);
     EXPECT_EQ(m_desktop->screens(), QList<Screen>());
 }
 
@@ -240,12 +242,12 @@ TEST_F(DesktopPictureX11Test, aServerThatHangsIsGivenUpAndIsLeftAloneWhenItWakes
 {
     startWithTwoMonitors();
     const QList<Screen> screens = m_desktop->screens();
-    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), kDone);
     DesktopPictureX11 impatient(m_server->display(), QString(), std::chrono::milliseconds(200));
     m_server->program().signal(SIGSTOP);
-    EXPECT_EQ(impatient.setPicture(save(u"two.png"_s, 90), screens), u"The X server does not answer"_s);
+    EXPECT_EQ(impatient.setPicture(save(u"two.png"_s, 90), screens), Failure{u"The X server does not answer"_s});
     m_server->program().signal(SIGCONT);
-    ASSERT_EQ(m_desktop->setPicture(save(u"three.png"_s, 140), screens), std::nullopt);
+    ASSERT_EQ(m_desktop->setPicture(save(u"three.png"_s, 140), screens), kDone);
     EXPECT_EQ(differenceEverywhere(140), QString());
 }
 

@@ -215,14 +215,21 @@ bool RealDesktop::kill()
     if (painter) {
         ::kill(static_cast<pid_t>(painter->value(0).toUInt()), SIGKILL);
     }
-    return waitFor([&] { return !bus.names().contains(m_plan.painter); });
+    return waitFor([&] {
+        const auto names = bus.names();
+        return names && !names->contains(m_plan.painter);
+    });
 }
 
 bool RealDesktop::waitForName(const QString &name) const
 {
     // One connection for all questions: everybody on the bus is told of each that comes and goes.
     DesktopBus bus(m_session.busAddress(), QDeadlineTimer(kStartLimit));
-    return waitFor([&] { return bus.names().contains(name); }, kStartLimit);
+    const auto isThere = [&] {
+        const auto names = bus.names();
+        return names && names->contains(name);
+    };
+    return waitFor(isThere, kStartLimit);
 }
 
 QString TestedDesktop::missing() const

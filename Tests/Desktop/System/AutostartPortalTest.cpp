@@ -1,5 +1,6 @@
 #include "Platform/System/AutostartPortal.h"
 #include "Desktop/Keyring/KeyringSession.h"
+#include "Support/Results.h"
 
 #include <QDBusArgument>
 #include <QDBusObjectPath>
@@ -74,8 +75,7 @@ class AutostartPortal : public testing::Test
     }
     void TearDown() override { QDBusConnection::disconnectFromBus(m_name); }
 
-    [[nodiscard]] std::optional<QString> ask(Autostart autostart,
-                                             std::chrono::milliseconds limit = std::chrono::seconds(20)) const
+    [[nodiscard]] Result<> ask(Autostart autostart, std::chrono::milliseconds limit = std::chrono::seconds(20)) const
     {
         const QString address = m_session.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s);
         return askPortalForAutostart(QDBusConnection::connectToBus(address, m_name), autostart, limit);
@@ -90,10 +90,10 @@ class AutostartPortal : public testing::Test
 TEST_F(AutostartPortal, isSwitchedOnAndOff)
 {
     const Portal portal(m_session.connection(), Portal::User::Agrees);
-    EXPECT_EQ(ask(Autostart::On), std::nullopt);
+    EXPECT_EQ(ask(Autostart::On), kDone);
     EXPECT_TRUE(portal.hasEntry);
     EXPECT_EQ(portal.options.value(u"commandline"_s).toStringList(), (QStringList{u"quorvane"_s, u"--hidden"_s}));
-    EXPECT_EQ(ask(Autostart::Off), std::nullopt);
+    EXPECT_EQ(ask(Autostart::Off), kDone);
     EXPECT_FALSE(portal.hasEntry);
     // Said, not left out.
     EXPECT_EQ(portal.options.value(u"autostart"_s).typeId(), QMetaType::Bool);
@@ -102,22 +102,21 @@ TEST_F(AutostartPortal, isSwitchedOnAndOff)
 TEST_F(AutostartPortal, aRefusalIsAProblemOnlyForOn)
 {
     const Portal portal(m_session.connection(), Portal::User::Refuses);
-    EXPECT_EQ(ask(Autostart::On), u"the desktop did not allow the change"_s);
-    EXPECT_EQ(ask(Autostart::Off), std::nullopt);
+    EXPECT_EQ(ask(Autostart::On), Failure{u"the desktop did not allow the change"_s});
+    EXPECT_EQ(ask(Autostart::Off), kDone);
 }
 
 TEST_F(AutostartPortal, withoutOneTheReasonIsTold)
 {
-    const std::optional<QString> problem = ask(Autostart::On);
-    ASSERT_TRUE(problem);
-    EXPECT_TRUE(problem->contains(kPortal)) << qPrintable(*problem);
+    const QString problem = wordsOf(ask(Autostart::On));
+    EXPECT_TRUE(problem.contains(kPortal)) << qPrintable(problem);
 }
 
 TEST_F(AutostartPortal, anUnansweredQuestionEnds)
 {
     const Portal portal(m_session.connection(), Portal::User::SaysNothing);
     EXPECT_EQ(ask(Autostart::On, std::chrono::milliseconds(100)),
-              u"the desktop did not answer whether Quorvane may start with the session"_s);
+              Failure{u"the desktop did not answer whether Quorvane may start with the session"_s});
 }
 
 } // namespace quorvane

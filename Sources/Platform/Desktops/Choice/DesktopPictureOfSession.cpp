@@ -49,7 +49,7 @@ QStringList namesOnTheBus()
     const auto names = withinLimit(kDesktopLimit, [address = SessionBus::address()](const auto &) {
         return DesktopBus(address, QDeadlineTimer(kDesktopLimit)).names();
     });
-    return names.value_or(QStringList());
+    return names && *names ? **names : QStringList();
 }
 
 QStringList installedSchemas()
@@ -169,7 +169,7 @@ class DesktopPictureOfSession final : public DesktopPicture
         choose();
         return m_chosen->screens();
     }
-    [[nodiscard]] std::optional<QString> setPicture(const QString &path, const QList<Screen> &screens) override
+    [[nodiscard]] Result<> setPicture(const QString &path, const QList<Screen> &screens) override
     {
         return chosen().setPicture(path, screens);
     }

@@ -111,16 +111,16 @@ class DconfWarnings
 };
 
 /// Connects to the session bus as dconf does later on a thread of its own. That connection is common to the process and
-/// would end the process together with the bus, unless told otherwise. The words of what failed.
-QString connectToBus()
+/// would end the process together with the bus, unless told otherwise.
+Result<> joinBus()
 {
     GError *error = nullptr;
     GDBusConnection *connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, &error);
     if (connection == nullptr) {
-        return taken(error);
+        return Failure{taken(error)};
     }
     g_dbus_connection_set_exit_on_close(connection, 0); // The reference is kept, so that it stays this connection.
-    return {};
+    return kDone;
 }
 
 /// Whether what is set can be seen by others. GLib keeps values in memory where dconf's module is not installed.
@@ -158,11 +158,11 @@ SettingsGroup::SettingsGroup(const QString &schema)
 {
     m_glib->schema = schemaNamed(schema);
     if (m_glib->schema == nullptr) {
-        m_error = Tr::tr("The settings \"%1\" are not installed").arg(schema);
+        m_usable = Failure{Tr::tr("The settings \"%1\" are not installed").arg(schema)};
         return;
     }
-    m_error = connectToBus();
-    if (!m_error.isEmpty()) {
+    m_usable = joinBus();
+    if (!m_usable) {
         return;
     }
     m_glib->context.reset(g_main_context_new());
@@ -170,7 +170,7 @@ SettingsGroup::SettingsGroup(const QString &schema)
     if (isKeptForOthers()) {
         m_glib->settings.reset(g_settings_new_full(m_glib->schema.get(), nullptr, nullptr));
     } else {
-        m_error = Tr::tr("The settings \"%1\" cannot be kept: GLib has no dconf here").arg(schema);
+        m_usable = Failure{Tr::tr("The settings \"%1\" cannot be kept: GLib has no dconf here").arg(schema)};
     }
 }
 
@@ -195,7 +195,7 @@ QString SettingsGroup::text(const QString &key) const
                : QString();
 }
 
-std::optional<QString> SettingsGroup::change(const QVariantMap &values)
+Result<> SettingsGroup::change(const QVariantMap &values)
 {
     GSettings *settings = m_glib->settings.get();
     DconfWarnings::listening().forget();
@@ -203,7 +203,7 @@ std::optional<QString> SettingsGroup::change(const QVariantMap &values)
     for (auto value = values.begin(); value != values.end(); ++value) {
         if (g_settings_set_value(settings, value.key().toUtf8().constData(), variantOf(*value)) == 0) {
             g_settings_revert(settings);
-            return Tr::tr("The setting \"%1 %2\" cannot be changed").arg(m_schema, value.key());
+            return Failure{Tr::tr("The setting \"%1 %2\" cannot be changed").arg(m_schema, value.key())};
         }
     }
     g_settings_apply(settings);
@@ -213,10 +213,11 @@ std::optional<QString> SettingsGroup::change(const QVariantMap &values)
         const Value kept(g_settings_get_value(settings, value.key().toUtf8().constData()));
         if (g_variant_equal(wanted.get(), kept.get()) == 0) {
             const QString words = DconfWarnings::listening().wait();
-            return words.isEmpty() ? Tr::tr("The setting \"%1 %2\" was not kept").arg(m_schema, value.key()) : words;
+            return Failure{words.isEmpty() ? Tr::tr("The setting \"%1 %2\" was not kept").arg(m_schema, value.key())
+                                           : words};
         }
     }
-    return std::nullopt;
+    return kDone;
 }
 
 } // namespace quorvane

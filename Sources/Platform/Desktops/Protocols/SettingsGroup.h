@@ -1,10 +1,11 @@
 #pragma once
 
+#include "Platform/Failure.h"
+
 #include <QString>
 #include <QVariantMap>
 
 #include <memory>
-#include <optional>
 
 namespace quorvane {
 
@@ -16,7 +17,7 @@ class SettingsGroup
     /// Whether the schema is installed. Asks neither the bus nor the settings.
     [[nodiscard]] static bool isInstalled(const QString &schema);
 
-    /// Look at error() before anything else.
+    /// Look at usable() before anything else.
     explicit SettingsGroup(const QString &schema);
     ~SettingsGroup();
     SettingsGroup(const SettingsGroup &) = delete;
@@ -24,8 +25,8 @@ class SettingsGroup
     SettingsGroup(SettingsGroup &&) = delete;
     SettingsGroup &operator=(SettingsGroup &&) = delete;
 
-    /// Why the settings cannot be used: no schema, no bus, or nowhere to keep them. Empty when they can.
-    [[nodiscard]] QString error() const { return m_error; }
+    /// Fails where there is no schema, no bus, or nowhere to keep the settings.
+    [[nodiscard]] Result<> usable() const { return m_usable; }
 
     [[nodiscard]] bool hasKey(const QString &key) const;
 
@@ -33,14 +34,14 @@ class SettingsGroup
     [[nodiscard]] QString text(const QString &key) const;
 
     /// Changes all values (texts, names of an enumeration, truths) at once, so that nobody sees some old and some new,
-    /// and waits until they are kept. Nothing on success; the words of what refused otherwise.
-    [[nodiscard]] std::optional<QString> change(const QVariantMap &values);
+    /// and waits until they are kept. Fails in the words of what refused.
+    [[nodiscard]] Result<> change(const QVariantMap &values);
 
   private:
     struct Glib;
     std::unique_ptr<Glib> m_glib;
     QString m_schema;
-    QString m_error;
+    Result<> m_usable;
 };
 
 } // namespace quorvane

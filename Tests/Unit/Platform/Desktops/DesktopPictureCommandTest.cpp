@@ -2,6 +2,7 @@
 
 #include "Platform/Desktops/DesktopPictureUnimplemented.h"
 #include "Support/PrivateHome.h"
+#include "Support/Results.h"
 #include "Support/WaitFor.h"
 
 #include <QElapsedTimer>
@@ -43,8 +44,8 @@ class DesktopPictureCommandTest : public testing::Test
         return file.fileName();
     }
 
-    std::optional<QString> set(const QString &program, const QString &path = u"/picture.png"_s,
-                               std::chrono::milliseconds limit = std::chrono::seconds(20))
+    Result<> set(const QString &program, const QString &path = u"/picture.png"_s,
+                 std::chrono::milliseconds limit = std::chrono::seconds(20))
     {
         DesktopPictureCommand desktop(program, QString(), std::make_unique<TwoScreens>(), limit);
         return desktop.setPicture(path, desktop.screens());
@@ -63,14 +64,14 @@ class DesktopPictureCommandTest : public testing::Test
 
 TEST_F(DesktopPictureCommandTest, isCalledOncePerScreenInOrderWithTheFileAndTheName)
 {
-    EXPECT_EQ(set(script(R"(printf '%s|%s|%s\n' "$#" "$1" "$2" >> "$here/calls")")), std::nullopt);
+    EXPECT_EQ(set(script(R"(printf '%s|%s|%s\n' "$#" "$1" "$2" >> "$here/calls")")), kDone);
     EXPECT_EQ(content("calls"), "2|/picture.png|DP-1\n2|/picture.png|DP-2\n");
 }
 
 TEST_F(DesktopPictureCommandTest, awkwardFileNamesArriveAsTheyAre)
 {
     const QString path = QString::fromUtf8("/o'brien/a  b \"q\" $(touch x) `x` \\ #%;\n-- Ünïcødé 日本.png");
-    EXPECT_EQ(set(script(R"(printf '%s' "$1" > "$here/argument")"), path), std::nullopt);
+    EXPECT_EQ(set(script(R"(printf '%s' "$1" > "$here/argument")"), path), kDone);
     EXPECT_EQ(content("argument"), path.toUtf8());
 }
 
@@ -78,29 +79,29 @@ TEST_F(DesktopPictureCommandTest, aFailureIsDescribedByStandardErrorAndStopsTher
 {
     EXPECT_EQ(set(script("echo call >> \"$here/calls\"; echo; echo '  no such outpüt '; echo ignored >&1\n"
                          "echo '  no such outpüt ' >&2; exit 3")),
-              QString::fromUtf8("no such outpüt"));
+              Failure{QString::fromUtf8("no such outpüt")});
     EXPECT_EQ(content("calls"), "call\n");
 }
 
 TEST_F(DesktopPictureCommandTest, standardErrorMayBeOpenedByName)
 {
-    EXPECT_EQ(set(script("echo 'by name' > /dev/stderr; exit 1")), u"by name"_s);
+    EXPECT_EQ(set(script("echo 'by name' > /dev/stderr; exit 1")), Failure{u"by name"_s});
 }
 
 TEST_F(DesktopPictureCommandTest, aSilentFailureIsDescribedByItsStatus)
 {
     const QString silent = script("exit 3");
-    EXPECT_EQ(set(silent), u"The wallpaper command \"%1\" ended with status 3"_s.arg(silent));
+    EXPECT_EQ(set(silent), Failure{u"The wallpaper command \"%1\" ended with status 3"_s.arg(silent)});
     const QString killed = script("kill -9 $$");
-    EXPECT_EQ(set(killed), u"The wallpaper command \"%1\" was ended by a signal"_s.arg(killed));
+    EXPECT_EQ(set(killed), Failure{u"The wallpaper command \"%1\" was ended by a signal"_s.arg(killed)});
 }
 
 TEST_F(DesktopPictureCommandTest, theDescriptionIsBoundedAndAFloodIsKilled)
 {
     const auto longText = set(script("head -c 100000 /dev/zero | tr '\\0' x >&2; exit 1"));
-    EXPECT_EQ(longText, QString(1000, 'x'_L1));
+    EXPECT_EQ(longText, Failure{QString(1000, 'x'_L1)});
     const auto flood = set(script("while :; do echo flood >&2; head -c 1000000 /dev/zero >&2; done"));
-    EXPECT_TRUE(flood && flood->startsWith(u"flood"_s));
+    EXPECT_TRUE(wordsOf(flood).startsWith(u"flood"_s));
 }
 
 TEST_F(DesktopPictureCommandTest, whatHangsIsKilledWithAllItStarted)
@@ -111,7 +112,7 @@ TEST_F(DesktopPictureCommandTest, whatHangsIsKilledWithAllItStarted)
     QElapsedTimer clock;
     clock.start();
     EXPECT_EQ(set(hanging, u"/p"_s, std::chrono::milliseconds(1500)),
-              u"The wallpaper command \"%1\" did not end within 1.5 seconds"_s.arg(hanging));
+              Failure{u"The wallpaper command \"%1\" did not end within 1.5 seconds"_s.arg(hanging)});
     EXPECT_LT(clock.elapsed(), 5000);
     const QByteArray child = content("child").trimmed();
     ASSERT_GT(child.toInt(), 0);
@@ -127,7 +128,7 @@ TEST_F(DesktopPictureCommandTest, aPainterLeftBehindLivesOn)
     // It writes to its standard error after the command ended, which must neither kill it nor hold us up.
     const QByteArray text =
         "(while [ ! -e \"$here/go\" ]; do sleep 0.02; done; echo painting >&2; echo x > \"$here/done\") &\n";
-    EXPECT_EQ(set(script(text)), std::nullopt);
+    EXPECT_EQ(set(script(text)), kDone);
     QFile go(m_home.path() + u"/go"_s);
     ASSERT_TRUE(go.open(QIODevice::WriteOnly));
     EXPECT_TRUE(waitFor([&] { return QFile::exists(m_home.path() + u"/done"_s); }));
@@ -135,11 +136,10 @@ TEST_F(DesktopPictureCommandTest, aPainterLeftBehindLivesOn)
 
 TEST_F(DesktopPictureCommandTest, aProgramThatIsNotThereIsNamed)
 {
-    const auto failure = set(u"/nowhere/setter"_s);
-    ASSERT_TRUE(failure);
-    EXPECT_TRUE(failure->startsWith(u"The wallpaper command \"/nowhere/setter\" cannot be started: "_s))
-        << failure->toStdString();
-    EXPECT_TRUE(failure->contains(u"No such file"_s)) << failure->toStdString();
+    const QString words = wordsOf(set(u"/nowhere/setter"_s));
+    EXPECT_TRUE(words.startsWith(u"The wallpaper command \"/nowhere/setter\" cannot be started: "_s))
+        << words.toStdString();
+    EXPECT_TRUE(words.contains(u"No such file"_s)) << words.toStdString();
 }
 
 TEST_F(DesktopPictureCommandTest, withoutAListOfScreensThereIsTheDefaultOne)
@@ -149,7 +149,7 @@ TEST_F(DesktopPictureCommandTest, withoutAListOfScreensThereIsTheDefaultOne)
     EXPECT_EQ(desktop.name(), u"command"_s);
     EXPECT_EQ(desktop.reason(), u"why"_s);
     EXPECT_EQ(desktop.screens(), (QList<Screen>{{u"default"_s, QSize(0, 0)}}));
-    EXPECT_EQ(desktop.setPicture(u"/p"_s, desktop.screens()), std::nullopt);
+    EXPECT_EQ(desktop.setPicture(u"/p"_s, desktop.screens()), kDone);
     EXPECT_EQ(content("calls"), "default");
 }
 

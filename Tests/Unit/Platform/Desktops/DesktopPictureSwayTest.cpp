@@ -1,4 +1,5 @@
 #include "Platform/Desktops/DesktopPictureSway.h"
+#include "Support/Results.h"
 
 #include <gtest/gtest.h>
 
@@ -35,15 +36,15 @@ TEST(DesktopPictureSway, aFailureIsReadFromEveryAnswerThatIsNoSuccess)
     struct Case
     {
         QByteArray answer;
-        std::optional<QString> failure;
+        Result<> outcome;
     };
-    const QString unclear = u"sway's answer cannot be understood"_s;
-    const QString refused = u"sway refused the picture"_s;
+    const Failure unclear{u"sway's answer cannot be understood"_s};
+    const Failure refused{u"sway refused the picture"_s};
     const Case cases[] = {
-        {R"([{"success": true}])", std::nullopt},
-        {R"([{"success": true}, {"success": true}])", std::nullopt},
-        {R"([{"success": false, "parse_error": true, "error": "Invalid syntax"}])", u"Invalid syntax"_s},
-        {R"([{"success": true}, {"success": false, "error": "Two"}])", u"Two"_s},
+        {R"([{"success": true}])", kDone},
+        {R"([{"success": true}, {"success": true}])", kDone},
+        {R"([{"success": false, "parse_error": true, "error": "Invalid syntax"}])", Failure{u"Invalid syntax"_s}},
+        {R"([{"success": true}, {"success": false, "error": "Two"}])", Failure{u"Two"_s}},
         {R"([{"success": false}])", refused},
         {R"([{}])", refused},
         {R"([7])", refused},
@@ -53,7 +54,7 @@ TEST(DesktopPictureSway, aFailureIsReadFromEveryAnswerThatIsNoSuccess)
         {"\xff", unclear},
     };
     for (const Case &each : cases) {
-        EXPECT_EQ(DesktopPictureSway::failureOf(each.answer), each.failure) << each.answer.constData();
+        EXPECT_EQ(DesktopPictureSway::outcomeOf(each.answer), each.outcome) << each.answer.constData();
     }
 }
 

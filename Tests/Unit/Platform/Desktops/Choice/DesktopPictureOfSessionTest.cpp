@@ -1,4 +1,5 @@
 #include "Platform/Desktops/Choice/DesktopPictureOfSession.h"
+#include "Support/Results.h"
 
 #include <QByteArray>
 
@@ -46,7 +47,7 @@ TEST(DesktopPicture, withoutAnyDesktopThereAreNoScreens)
     const auto desktop = makeDesktopPicture();
     EXPECT_EQ(desktop->name(), QString());
     EXPECT_EQ(desktop->screens(), QList<Screen>());
-    EXPECT_EQ(desktop->setPicture(u"/p"_s, {}), desktop->reason());
+    EXPECT_EQ(desktop->setPicture(u"/p"_s, {}), Failure{desktop->reason()});
     EXPECT_NE(desktop->reason(), QString());
 }
 

@@ -2,6 +2,7 @@
 
 #include "Platform/Desktops/DesktopPictureSway.h"
 #include "Support/PrivateHome.h"
+#include "Support/Results.h"
 
 #include <QElapsedTimer>
 #include <QImage>
@@ -221,7 +222,7 @@ TEST(SwaySocket, theScreensRefusalComesInSwaysOwnWordsAndStopsThere)
                                     : frame(R"([{"success": false, "error": "No such colour"}])", 0);
     });
     DesktopPictureSway sway(peer.path(), QString());
-    EXPECT_EQ(sway.setPicture(picture, sway.screens()), u"No such colour"_s);
+    EXPECT_EQ(sway.setPicture(picture, sway.screens()), Failure{u"No such colour"_s});
     const QByteArray end = " bg " + picture.toUtf8() + " fill";
     EXPECT_EQ(commands, (QList<QByteArray>{"output \"A\"" + end, "output \"B C\"" + end}));
 }

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Platform/Failure.h"
+
+#include <ostream>
+
+namespace quorvane {
+
+/// How gtest writes them.
+inline void PrintTo(const Failure &failure, std::ostream *out)
+{
+    *out << "Failure{" << failure.words.toStdString() << '}';
+}
+inline void PrintTo(const Result<> &result, std::ostream *out)
+{
+    if (result) {
+        *out << "done";
+    } else {
+        PrintTo(result.failure(), out);
+    }
+}
+
+/// The words of a failure, to look into; "done" after success.
+inline QString wordsOf(const Result<> &result)
+{
+    return result ? QStringLiteral("done") : result.failure().words;
+}
+
+} // namespace quorvane
