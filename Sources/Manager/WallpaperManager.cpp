@@ -45,11 +45,7 @@ WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
         m_intervalMinutes = kDefaultIntervalMinutes;
     }
     m_intervalMinutes = std::min(m_intervalMinutes, kLongestIntervalMinutes);
-    // A picture that is gone stays unset, and its stale path is left alone: the disk may only be unplugged.
-    const QString current = defaults.text(kCurrentWallpaperPath).value_or(QString());
-    if (!current.isEmpty() && QFileInfo::exists(current)) {
-        setCurrentWallpaperURL(current);
-    }
+    restoreCurrentWallpaper();
     Keychain::migrateLegacyKey(*m_services.legacyKeys);
     m_scope.start(removingAbandonedFiles());
     if (m_autoEnabled) {
@@ -119,6 +115,17 @@ void WallpaperManager::setCurrentWallpaperURL(const QString &url)
         m_services.defaults->set(SettingsKeys::kCurrentWallpaperPath, url);
     }
     Q_EMIT currentWallpaperURLChanged();
+}
+
+void WallpaperManager::restoreCurrentWallpaper()
+{
+    const QString stored = m_services.defaults->text(SettingsKeys::kCurrentWallpaperPath).value_or(QString());
+    if (!stored.isEmpty() && QFileInfo::exists(stored)) {
+        setCurrentWallpaperURL(stored);
+    } else if (!m_currentWallpaperURL.isEmpty()) {
+        m_currentWallpaperURL.clear();
+        Q_EMIT currentWallpaperURLChanged();
+    }
 }
 
 void WallpaperManager::setStatus(const QString &status)
@@ -204,7 +211,7 @@ QString WallpaperManager::selectedModel(const QString &providerId) const
 void WallpaperManager::setSelectedModel(const QString &providerId, const QString &modelId)
 {
     m_services.defaults->set(SettingsKeys::selectedModel(providerId), modelId);
-    Q_EMIT selectedModelChanged();
+    Q_EMIT selectedModelChanged(providerId);
 }
 
 bool WallpaperManager::providerProducesNative4K() const

@@ -123,6 +123,10 @@ class WallpaperManager : public QObject
     /// The path of the picture that is set; empty when there is none.
     [[nodiscard]] const QString &currentWallpaperURL() const { return m_currentWallpaperURL; }
 
+    /// Takes the current wallpaper from the settings, where it may have been changed: the stored path while there is a
+    /// file, else none. The stored path of a picture that is gone is left alone: the disk may only be unplugged.
+    void restoreCurrentWallpaper();
+
     /// Whether the NSFW switch means anything: only Grok honours it.
     [[nodiscard]] bool nsfwApplies() const;
 
@@ -240,7 +244,7 @@ class WallpaperManager : public QObject
     void currentWallpaperURLChanged();
     void progressChanged();
     void upscaleMethodChanged();
-    void selectedModelChanged();
+    void selectedModelChanged(const QString &providerId);
     void keysChanged();
 
     /// One of the operations that return at once has ended; status tells how.

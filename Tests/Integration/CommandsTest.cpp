@@ -165,6 +165,8 @@ TEST_F(CommandsTest, settingsThatMakeNoSenseAreRefusedAndNothingChanges)
         {u"intervalMinutes"_s, u"99999999999999999999"_s},
         {u"providerOverride"_s, u"nobody"_s},
         {u"upscaleMethod"_s, u"magic"_s},
+        {u"currentWallpaperPath"_s, u"lake.png"_s},
+        {u"currentWallpaperPath"_s, QString()},
         {u"selectedModel_gemini"_s, u"gpt-image-2"_s},
         {u"apiKey"_s, u"x"_s},
         {u"unknown"_s},

@@ -5,6 +5,7 @@
 #include "Platform/Files/UserDefaults.h"
 
 #include <QCoreApplication>
+#include <QDir>
 
 #include <algorithm>
 
@@ -157,7 +158,11 @@ std::optional<QString> set(WallpaperManager &manager, UserDefaults &defaults, co
     } else if (const QString provider = providerOfModelKey(manager, key); !provider.isEmpty()) {
         manager.setSelectedModel(provider, text);
     } else {
+        if (!QDir::isAbsolutePath(text)) {
+            return Tr::tr("%1 takes the whole path of a picture").arg(key);
+        }
         defaults.set(key, text);
+        manager.restoreCurrentWallpaper();
     }
     return std::nullopt;
 }
@@ -182,6 +187,9 @@ std::optional<QString> unset(WallpaperManager &manager, UserDefaults &defaults, 
         problem = set(manager, defaults, key, choices(manager, key).first());
     }
     defaults.remove(key);
+    if (key == kCurrentWallpaperPath) {
+        manager.restoreCurrentWallpaper();
+    }
     return problem;
 }
 

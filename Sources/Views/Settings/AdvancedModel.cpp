@@ -23,9 +23,10 @@ void ModelPicker::choose(int index)
 void AdvancedModel::attach()
 {
     for (const auto signal : {&WallpaperManager::providerOverrideChanged, &WallpaperManager::nsfwEnabledChanged,
-                              &WallpaperManager::upscaleMethodChanged, &WallpaperManager::selectedModelChanged}) {
+                              &WallpaperManager::upscaleMethodChanged}) {
         connect(manager(), signal, this, &AdvancedModel::changed);
     }
+    connect(manager(), &WallpaperManager::selectedModelChanged, this, &AdvancedModel::changed);
     for (const auto &provider : manager()->providers()) {
         auto *picker = new ModelPicker(this);
         picker->label = tr("%1 Model").arg(provider->name());

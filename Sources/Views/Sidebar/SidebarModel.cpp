@@ -25,10 +25,10 @@ void SidebarModel::attach()
     // What decides which keys are needed.
     for (const auto signal : {&WallpaperManager::providerOverrideChanged, &WallpaperManager::nsfwEnabledChanged,
                               &WallpaperManager::fourKEnabledChanged, &WallpaperManager::upscaleMethodChanged,
-                              &WallpaperManager::selectedModelChanged, &WallpaperManager::keysChanged,
-                              &WallpaperManager::isLoadingChanged}) {
+                              &WallpaperManager::keysChanged, &WallpaperManager::isLoadingChanged}) {
         connect(source, signal, this, &SidebarModel::refresh);
     }
+    connect(source, &WallpaperManager::selectedModelChanged, this, &SidebarModel::refresh);
     for (const auto signal : {&WallpaperManager::autoEnabledChanged, &WallpaperManager::intervalMinutesChanged,
                               &WallpaperManager::nextFireDateChanged, &WallpaperManager::statusChanged,
                               &WallpaperManager::isErrorChanged, &WallpaperManager::progressChanged}) {

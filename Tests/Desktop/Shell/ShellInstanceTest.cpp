@@ -138,6 +138,18 @@ TEST_F(ShellInstanceTest, commandsAreCarriedOutByTheRunningApplication)
     EXPECT_EQ(session.keyFile(), "{}");
 }
 
+TEST_F(ShellInstanceTest, theCurrentWallpaperOfTheSettingsReachesTheRunningApplication)
+{
+    const QString picture = session.home().path() + u"/lake.png"_s;
+    ASSERT_TRUE(QImage(4, 4, QImage::Format_RGB32).save(picture));
+    const auto application = startAndWait();
+    EXPECT_EQ(command({u"settings"_s, u"currentWallpaperPath"_s, picture}).status, 0);
+    EXPECT_EQ(property(u"CurrentWallpaper"_s).toString(), picture);
+    EXPECT_EQ(command({u"settings"_s, u"--unset"_s, u"currentWallpaperPath"_s}).status, 0);
+    EXPECT_EQ(property(u"CurrentWallpaper"_s).toString(), QString());
+    EXPECT_TRUE(command({u"status"_s, u"--json"_s}).json()["currentWallpaper"_L1].isNull());
+}
+
 TEST_F(ShellInstanceTest, aForwardedUpscaleTellsItsWayAndItsEnd)
 {
     const auto application = startAndWait();

@@ -198,6 +198,31 @@ TEST_F(WallpaperManagerTest, aDeletedCurrentWallpaperStaysUnsetAndItsPathStored)
     EXPECT_EQ(defaults->text(SettingsKeys::kCurrentWallpaperPath), u"/nowhere/a.png"_s);
 }
 
+TEST_F(WallpaperManagerTest, theCurrentWallpaperFollowsAChangeOfTheSettings)
+{
+    const QString path = putImage(u"a.png"_s);
+    start();
+    const QSignalSpy announced(manager.get(), &WallpaperManager::currentWallpaperURLChanged);
+    defaults->set(SettingsKeys::kCurrentWallpaperPath, path);
+    manager->restoreCurrentWallpaper();
+    EXPECT_EQ(manager->currentWallpaperURL(), path);
+    EXPECT_EQ(announced.count(), 1);
+    defaults->set(SettingsKeys::kCurrentWallpaperPath, u"/nowhere/a.png"_s);
+    manager->restoreCurrentWallpaper();
+    EXPECT_EQ(manager->currentWallpaperURL(), QString());
+    EXPECT_EQ(defaults->text(SettingsKeys::kCurrentWallpaperPath), u"/nowhere/a.png"_s);
+    EXPECT_EQ(announced.count(), 2);
+}
+
+TEST_F(WallpaperManagerTest, aChosenModelIsAnnouncedWithItsProvider)
+{
+    start();
+    const QSignalSpy announced(manager.get(), &WallpaperManager::selectedModelChanged);
+    manager->setSelectedModel(u"openai"_s, u"gpt-image-1"_s);
+    ASSERT_EQ(announced.count(), 1);
+    EXPECT_EQ(announced.first().first().toString(), u"openai"_s);
+}
+
 TEST_F(WallpaperManagerTest, whatAKilledRunLeftHalfWrittenIsRemovedAtTheStart)
 {
     const QString leftover = ImageStore::directory() + u"/.a.png.XyZ123.quorvane-tmp"_s;
