@@ -110,7 +110,7 @@ void WallpaperApp::reallyQuit()
 void WallpaperApp::saveState(QSessionManager &session)
 {
     session.setRestartHint(QSessionManager::RestartNever);
-    m_services.defaults.sync();
+    (void)m_services.defaults.sync(); // Who looks after the session is going, too.
 }
 
 void WallpaperApp::notify(const OperationResult &result)

@@ -37,7 +37,7 @@ int main(int argc, char **argv)
                               .screens = screens.get()});
     QObject::connect(&manager, &WallpaperManager::statusChanged, &manager, [&] {
         // The application does so when it ends; this program is killed, perhaps right after it spoke.
-        defaults.sync();
+        (void)defaults.sync();
         std::puts(manager.status().toUtf8().constData());
         std::fflush(stdout);
     });

@@ -54,6 +54,7 @@ class ManagerTest : public testing::Test
     {
         manager.reset();
         http = std::make_unique<HttpClient>();
+        defaults.reset(); // Writes what is pending.
         defaults = std::make_unique<UserDefaults>();
         ManagerServices services{.defaults = defaults.get(),
                                  .http = http.get(),
