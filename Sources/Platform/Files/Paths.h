@@ -5,7 +5,8 @@
 /// Where things lie. Read from the environment on every call, so that a test may move the home.
 namespace quorvane::Paths {
 
-/// The user's home: HOME, or the account's home where HOME is not set. Never ends with a slash.
+/// The user's home: HOME, or the folder of the account where HOME does not name one. Empty where the account has none
+/// either; a program must not go on then.
 [[nodiscard]] QString home();
 
 /// XDG_CONFIG_HOME, or ".config" in the home. Only absolute paths count, as the base directory rules say.
