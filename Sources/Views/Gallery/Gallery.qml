@@ -129,7 +129,7 @@ FocusScope {
         tileHeight: 176
         visible: gallery.model.state === GalleryModel.Album
         focus: visible
-        model: gallery.model.state === GalleryModel.Album ? gallery.model.imageList : null
+        model: gallery.model.imageList
         Keys.onReturnPressed: (images.currentItem as HistoryTile)?.opened()
         Keys.onEnterPressed: (images.currentItem as HistoryTile)?.opened()
         Keys.onSpacePressed: (images.currentItem as HistoryTile)?.opened()

@@ -18,7 +18,9 @@ GridView {
     keyNavigationEnabled: true
     currentIndex: 0
     boundsBehavior: Flickable.StopAtBounds
-    reuseItems: true
+    // Every tile is made for its picture: one that Qt had kept for later use would be told of as if it were seen, and keeps
+    // what it showed when the grid's model goes and comes back.
+    reuseItems: false
     cacheBuffer: 400
     topMargin: 4
     bottomMargin: 12
