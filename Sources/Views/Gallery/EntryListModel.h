@@ -4,6 +4,7 @@
 
 #include <QAbstractListModel>
 
+#include <algorithm>
 #include <vector>
 
 namespace quorvane {
@@ -20,7 +21,6 @@ template <typename Entry> class EntryListModel : public QAbstractListModel
     {
         return parent.isValid() ? 0 : int(m_entries.size());
     }
-
   protected:
     [[nodiscard]] virtual QString keyOf(const Entry &entry) const = 0;
     [[nodiscard]] const Entry &entryAt(const QModelIndex &index) const { return m_entries[std::size_t(index.row())]; }
@@ -32,6 +32,14 @@ template <typename Entry> class EntryListModel : public QAbstractListModel
             beginRemoveRows({}, rows.first, rows.first + rows.count - 1);
             m_entries.erase(m_entries.begin() + rows.first, m_entries.begin() + rows.first + rows.count);
             endRemoveRows();
+        }
+        for (const Move &move : update.moved) {
+            // Qt names the row before which the moved one is put, as the rows are numbered before the move.
+            beginMoveRows({}, move.from, move.from, {}, move.to > move.from ? move.to + 1 : move.to);
+            const auto from = m_entries.begin() + move.from;
+            const auto to = m_entries.begin() + move.to;
+            move.to > move.from ? std::rotate(from, from + 1, to + 1) : std::rotate(to, from, from + 1);
+            endMoveRows();
         }
         for (const Rows &rows : update.added) {
             beginInsertRows({}, rows.first, rows.first + rows.count - 1);

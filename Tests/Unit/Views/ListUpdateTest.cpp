@@ -25,6 +25,9 @@ std::pair<QStringList, int> applied(QStringList rows, const ListUpdate &update, 
     for (const Rows &removed : update.removed) {
         rows.remove(removed.first, removed.count);
     }
+    for (const Move &moved : update.moved) {
+        rows.move(moved.from, moved.to);
+    }
     for (const Rows &added : update.added) {
         for (int row = added.first; row < added.first + added.count; ++row, ++made) {
             rows.insert(row, after[row]);
@@ -35,30 +38,46 @@ std::pair<QStringList, int> applied(QStringList rows, const ListUpdate &update, 
 
 } // namespace
 
-TEST(ListUpdate, onlyWhatCameWentOrMovedIsNew)
+TEST(ListUpdate, onlyWhatCameIsNewAndOnlyWhatMovedIsMoved)
 {
     struct Case
     {
         const char *before;
         const char *after;
         int made;
+        int moved;
     };
     for (const Case &each :
-         {Case{"", "", 0}, Case{"abc", "abc", 0}, Case{"", "ab", 2}, Case{"ab", "", 0}, Case{"abc", "ac", 0},
-          Case{"ac", "abc", 1}, Case{"abc", "axc", 1}, Case{"abcdef", "xacdfy", 2}, Case{"abcde", "eabcd", 1},
-          Case{"eabcd", "abcde", 1}, Case{"abcde", "adbce", 1}, Case{"ab", "ba", 1}, Case{"abcd", "dcba", 3}}) {
+         {Case{"", "", 0, 0}, Case{"abc", "abc", 0, 0}, Case{"", "ab", 2, 0}, Case{"ab", "", 0, 0},
+          Case{"abc", "ac", 0, 0}, Case{"ac", "abc", 1, 0}, Case{"abc", "axc", 1, 0}, Case{"abcdef", "xacdfy", 2, 0},
+          Case{"abcde", "eabcd", 0, 1}, Case{"eabcd", "abcde", 0, 1}, Case{"abcde", "adbce", 0, 1},
+          Case{"ab", "ba", 0, 1}, Case{"abcd", "dcba", 0, 3}, Case{"abcde", "xebcy", 2, 1}}) {
         const QStringList before = letters(each.before);
         const QStringList after = letters(each.after);
-        const auto [rows, made] = applied(before, listUpdate(before, after), after);
+        const ListUpdate update = listUpdate(before, after);
+        const auto [rows, made] = applied(before, update, after);
         EXPECT_EQ(rows, after) << each.before << " to " << each.after;
         EXPECT_EQ(made, each.made) << each.before << " to " << each.after;
+        EXPECT_EQ(update.moved.size(), each.moved) << each.before << " to " << each.after;
     }
+}
+
+TEST(ListUpdate, tooManyMovesAreRemovalsAndInsertions)
+{
+    QStringList before;
+    for (int row = 0; row < 3 * ListUpdate::kMostMoves; ++row) {
+        before.append(QString::number(row));
+    }
+    const QStringList after(before.rbegin(), before.rend());
+    const ListUpdate update = listUpdate(before, after);
+    EXPECT_TRUE(update.moved.empty());
+    EXPECT_EQ(applied(before, update, after).first, after);
 }
 
 TEST(ListUpdate, neighboursGoAndComeTogether)
 {
     const ListUpdate update = listUpdate(letters("abcdef"), letters("xyadef"));
-    EXPECT_EQ(update, (ListUpdate{{{1, 2}}, {{0, 2}}}));
+    EXPECT_EQ(update, (ListUpdate{{{1, 2}}, {}, {{0, 2}}}));
 }
 
 TEST(ListUpdate, anyListBecomesAnyOther)
