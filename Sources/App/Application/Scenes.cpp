@@ -7,6 +7,8 @@
 #include <QPixmapCache>
 #include <QQmlComponent>
 
+#include <chrono>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
@@ -16,6 +18,9 @@ Scenes::Scenes(WallpaperManager &manager, SceneUrls urls, QObject *parent)
     , m_manager(manager)
     , m_urls(std::move(urls))
 {
+    m_idle.setSingleShot(true);
+    m_idle.setInterval(std::chrono::milliseconds(500));
+    connect(&m_idle, &QTimer::timeout, this, &returnIdlePages);
 }
 
 Scenes::~Scenes()
@@ -37,6 +42,7 @@ void Scenes::openSettings(const QString &token)
 
 void Scenes::open(QPointer<QQuickWindow> &window, const QUrl &url, const QString &token)
 {
+    m_idle.stop();
     if (window.isNull()) {
         window = make(url);
         if (window.isNull()) {
@@ -119,7 +125,7 @@ void Scenes::collect()
         m_engine.reset();
         QPixmapCache::clear();
         returnIdleMemory();
-        returnIdlePages();
+        m_idle.start(); // What follows a close still runs, and would fetch pages back.
     }
 }
 

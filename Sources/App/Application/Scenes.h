@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QQmlEngine>
 #include <QQuickWindow>
+#include <QTimer>
 #include <QUrl>
 
 #include <functional>
@@ -66,6 +67,7 @@ class Scenes : public QObject
     WallpaperManager &m_manager;
     SceneUrls m_urls;
     std::unique_ptr<QQmlEngine> m_engine;
+    QTimer m_idle; ///< Runs from when nothing is left of the windows until that has settled, or one is opened again.
     bool m_isTrayShown = true;
     QPointer<QQuickWindow> m_main;
     QPointer<QQuickWindow> m_settings;

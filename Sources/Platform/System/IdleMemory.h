@@ -6,9 +6,10 @@ namespace quorvane {
 /// shall hold little in between. Takes milliseconds; meant for the end of some work.
 void returnIdleMemory();
 
-/// Lets go of the pages of program and library files that are mapped: those used again come back from the system's
-/// cache of files, a fraction of a microsecond each. Starts that on another thread, because finding them takes tens of
-/// milliseconds; meant for when nothing is shown.
+/// Lets go of the pages of the program's and its libraries' code and constants: those used again come back from the
+/// system's cache of files, a fraction of a microsecond each. Nothing can be lost by it, whatever other threads do.
+/// Takes two milliseconds; meant for when nothing is shown, on the thread that makes the windows, so that none is made
+/// meanwhile.
 void returnIdlePages();
 
 } // namespace quorvane
