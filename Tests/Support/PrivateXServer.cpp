@@ -32,6 +32,14 @@ xcb_window_t rootOf(const Connection &connection)
     return xcb_setup_roots_iterator(xcb_get_setup(connection.get())).data->root;
 }
 
+xcb_atom_t atomOf(const Connection &connection, const char *name)
+{
+    const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
+        connection.get(), xcb_intern_atom(connection.get(), 0, static_cast<uint16_t>(std::strlen(name)), name),
+        nullptr));
+    return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+}
+
 /// Knows the two pixel formats that the servers here have: 32 bits for depth 24, and 16 bits as 5, 6 and 5.
 QImage imageOf(const Connection &connection, xcb_drawable_t drawable)
 {
@@ -158,14 +166,10 @@ quint32 PrivateXServer::announcedPixmap(const char *property) const
     if (xcb_connection_has_error(connection.get()) != 0) {
         return 0;
     }
-    const XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
-        connection.get(), xcb_intern_atom(connection.get(), 0, static_cast<uint16_t>(std::strlen(property)), property),
+    const XcbReply<xcb_get_property_reply_t> value(xcb_get_property_reply(
+        connection.get(),
+        xcb_get_property(connection.get(), 0, rootOf(connection), atomOf(connection, property), XCB_ATOM_PIXMAP, 0, 1),
         nullptr));
-    const XcbReply<xcb_get_property_reply_t> value(
-        xcb_get_property_reply(connection.get(),
-                               xcb_get_property(connection.get(), 0, rootOf(connection),
-                                                atom ? atom->atom : xcb_atom_t(XCB_ATOM_NONE), XCB_ATOM_PIXMAP, 0, 1),
-                               nullptr));
     const bool isPixmap = value && xcb_get_property_value_length(value.get()) == sizeof(xcb_pixmap_t);
     return isPixmap ? *static_cast<const xcb_pixmap_t *>(xcb_get_property_value(value.get())) : 0;
 }
@@ -174,6 +178,48 @@ QImage PrivateXServer::pixelsOf(quint32 pixmap) const
 {
     const Connection connection(xcb_connect(m_display.constData(), nullptr));
     return xcb_connection_has_error(connection.get()) == 0 ? imageOf(connection, pixmap) : QImage();
+}
+
+QList<quint32> PrivateXServer::windows() const
+{
+    const Connection connection(xcb_connect(m_display.constData(), nullptr));
+    if (xcb_connection_has_error(connection.get()) != 0) {
+        return {};
+    }
+    const XcbReply<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(connection.get(), xcb_query_tree(connection.get(), rootOf(connection)), nullptr));
+    if (!tree) {
+        return {};
+    }
+    const xcb_atom_t protocols = atomOf(connection, "WM_PROTOCOLS");
+    QList<quint32> found;
+    for (int index = 0; index < xcb_query_tree_children_length(tree.get()); ++index) {
+        const xcb_window_t window = xcb_query_tree_children(tree.get())[index];
+        const XcbReply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+            connection.get(), xcb_get_window_attributes(connection.get(), window), nullptr));
+        const XcbReply<xcb_get_property_reply_t> property(xcb_get_property_reply(
+            connection.get(), xcb_get_property(connection.get(), 0, window, protocols, XCB_ATOM_ATOM, 0, 1), nullptr));
+        if (attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE && property &&
+            xcb_get_property_value_length(property.get()) > 0) {
+            found.append(window);
+        }
+    }
+    return found;
+}
+
+void PrivateXServer::askToClose(quint32 window) const
+{
+    const Connection connection(xcb_connect(m_display.constData(), nullptr));
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = atomOf(connection, "WM_PROTOCOLS");
+    event.data.data32[0] = atomOf(connection, "WM_DELETE_WINDOW");
+    // Waits for the server, which would not read what was sent before the end of a connection.
+    const auto sent = xcb_send_event_checked(connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
+                                             reinterpret_cast<const char *>(&event));
+    const XcbReply<xcb_generic_error_t> error(xcb_request_check(connection.get(), sent));
 }
 
 } // namespace quorvane

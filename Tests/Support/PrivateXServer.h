@@ -3,6 +3,7 @@
 #include "Support/OwnedProgram.h"
 
 #include <QImage>
+#include <QList>
 #include <QRect>
 #include <QSize>
 #include <QTemporaryDir>
@@ -46,6 +47,12 @@ class PrivateXServer
 
     /// The pixels of a pixmap; null when it does not exist.
     [[nodiscard]] QImage pixelsOf(quint32 pixmap) const;
+
+    /// The windows that are shown and can be asked to close.
+    [[nodiscard]] QList<quint32> windows() const;
+
+    /// Asks the window to close, as a window manager does.
+    void askToClose(quint32 window) const;
 
     [[nodiscard]] OwnedProgram &program() { return *m_program; }
 
