@@ -1,27 +1,29 @@
 #pragma once
 
+#include "Platform/Files/SystemCall.h"
+
 #include <QString>
 
 namespace quorvane {
 
 /// Keeps every other holder away from a folder's files while one of them is read, changed and written back: other
-/// processes and other threads alike, because each holder opens the folder anew. Waits for the present holder.
+/// processes and other threads alike, because each holder opens the lock's file anew.
 ///
-/// It is an advisory flock(2) on the folder itself, so no lock file lies about and a killed process lets go at once.
-/// Best effort: where the folder cannot be opened or its file system has no locks, nothing is held and nothing said.
-/// Not recursive: a second lock on the same folder in the same thread waits for ever.
+/// It is an advisory flock(2) on a file of the folder, ".lock", which only its owner can open, so nobody else can keep
+/// us waiting; the file stays, and a killed process lets go at once. It is waited for at most two seconds, and not at
+/// all on the thread of the windows; afterwards, and where no such file can be made or locked, the work goes on without
+/// it: a change by another process at that very moment may then be lost, but no file is ever half a file.
+/// Not recursive.
 class FolderLock
 {
   public:
     explicit FolderLock(const QString &folder);
-    ~FolderLock();
-    FolderLock(const FolderLock &) = delete;
-    FolderLock &operator=(const FolderLock &) = delete;
-    FolderLock(FolderLock &&) = delete;
-    FolderLock &operator=(FolderLock &&) = delete;
+
+    /// Whether the others are kept away.
+    [[nodiscard]] bool isHeld() const { return m_descriptor.isOpen(); }
 
   private:
-    int m_descriptor;
+    FileDescriptor m_descriptor;
 };
 
 } // namespace quorvane

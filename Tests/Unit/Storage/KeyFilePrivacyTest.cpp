@@ -88,7 +88,7 @@ TEST(KeyFilePrivacy, noMomentExistsInWhichOthersCanReadAKey)
 
     const QString folder = home.path() + u"/Library/Application Support/Quorvane"_s;
     const Verdict verdict = judge(QString::fromUtf8(contentOf(tracePath)), folder);
-    EXPECT_EQ(verdict.created, 4);
+    EXPECT_EQ(verdict.created, 5); // Four times the file, and the lock once.
     EXPECT_EQ(verdict.replaced, 4);
     EXPECT_EQ(verdict.openToOthers, QStringList()) << qPrintable(verdict.openToOthers.join('\n'_L1));
     EXPECT_EQ(contentOf(folder + u"/keys.json"_s), "{\"grok\":\"k3\"}");
