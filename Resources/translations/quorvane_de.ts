@@ -63,6 +63,17 @@ Wählen Sie einen bestimmten Anbieter, um ihn für jedes Bild zu verwenden.</tra
     </message>
 </context>
 <context>
+    <name>AsideFile</name>
+    <message>
+        <source>%1 cannot be understood, nor be put aside: %2</source>
+        <translation>%1 ist nicht verständlich und lässt sich nicht beiseitelegen: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be understood. It was put aside as %2, and a new one was begun.</source>
+        <translation>%1 war nicht verständlich, liegt nun als %2 beiseite und wurde neu begonnen.</translation>
+    </message>
+</context>
+<context>
     <name>Autostart</name>
     <message>
         <source>could not write the autostart entry</source>
@@ -641,6 +652,13 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
+    <name>ImageStore</name>
+    <message>
+        <source>%1 could not be deleted: %2</source>
+        <translation>%1 konnte nicht gelöscht werden: %2</translation>
+    </message>
+</context>
+<context>
     <name>IntervalLabel</name>
     <message>
         <source>%1 min</source>
@@ -820,6 +838,17 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>PlasmaScript</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation type="unfinished">Plasma hat das Bild für Bildschirm %1 nicht angenommen</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation type="unfinished">Plasma hat auf %1 seiner %2 Bildschirme eine Arbeitsfläche</translation>
     </message>
 </context>
 <context>
@@ -1064,6 +1093,25 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
+    <name>SettingsGroup</name>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation type="unfinished">Die Einstellungen „%1“ sind nicht installiert</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation type="unfinished">Die Einstellungen „%1“ können nicht gespeichert werden: GLib hat hier kein dconf</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation type="unfinished">Die Einstellung „%1 %2“ kann nicht geändert werden</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation type="unfinished">Die Einstellung „%1 %2“ wurde nicht behalten</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -1095,6 +1143,13 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>Advanced</source>
         <translation>Erweitert</translation>
+    </message>
+</context>
+<context>
+    <name>SideFile</name>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
     </message>
 </context>
 <context>
@@ -1213,31 +1268,7 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
-    <name>Tr</name>
-    <message>
-        <source>Plasma did not take the picture for screen %1</source>
-        <translation type="unfinished">Plasma hat das Bild für Bildschirm %1 nicht angenommen</translation>
-    </message>
-    <message>
-        <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation type="unfinished">Plasma hat auf %1 seiner %2 Bildschirme eine Arbeitsfläche</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; are not installed</source>
-        <translation type="unfinished">Die Einstellungen „%1“ sind nicht installiert</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation type="unfinished">Die Einstellungen „%1“ können nicht gespeichert werden: GLib hat hier kein dconf</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation type="unfinished">Die Einstellung „%1 %2“ kann nicht geändert werden</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation type="unfinished">Die Einstellung „%1 %2“ wurde nicht behalten</translation>
-    </message>
+    <name>SwaySocket</name>
     <message>
         <source>sway cannot be reached: %1</source>
         <translation type="unfinished">sway ist nicht erreichbar: %1</translation>

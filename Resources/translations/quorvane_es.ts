@@ -63,6 +63,17 @@ Elija un proveedor concreto para usarlo en cada generación.</translation>
     </message>
 </context>
 <context>
+    <name>AsideFile</name>
+    <message>
+        <source>%1 cannot be understood, nor be put aside: %2</source>
+        <translation>%1 no se entiende ni se puede apartar: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be understood. It was put aside as %2, and a new one was begun.</source>
+        <translation>%1 no se entendía. Se apartó como %2 y se empezó uno nuevo.</translation>
+    </message>
+</context>
+<context>
     <name>Autostart</name>
     <message>
         <source>could not write the autostart entry</source>
@@ -640,6 +651,13 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
+    <name>ImageStore</name>
+    <message>
+        <source>%1 could not be deleted: %2</source>
+        <translation>No se pudo eliminar %1: %2</translation>
+    </message>
+</context>
+<context>
     <name>IntervalLabel</name>
     <message>
         <source>%1 min</source>
@@ -819,6 +837,17 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>Delete</source>
         <translation>Eliminar</translation>
+    </message>
+</context>
+<context>
+    <name>PlasmaScript</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation type="unfinished">Plasma no aceptó la imagen para la pantalla %1</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation type="unfinished">Plasma tiene un escritorio en %1 de sus %2 pantallas</translation>
     </message>
 </context>
 <context>
@@ -1063,6 +1092,25 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
+    <name>SettingsGroup</name>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation type="unfinished">Los ajustes «%1» no están instalados</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation type="unfinished">Los ajustes «%1» no se pueden conservar: GLib no tiene dconf aquí</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation type="unfinished">El ajuste «%1 %2» no se puede cambiar</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation type="unfinished">El ajuste «%1 %2» no se conservó</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -1094,6 +1142,13 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>Advanced</source>
         <translation>Avanzado</translation>
+    </message>
+</context>
+<context>
+    <name>SideFile</name>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>No se pudo escribir %1: %2</translation>
     </message>
 </context>
 <context>
@@ -1212,31 +1267,7 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
-    <name>Tr</name>
-    <message>
-        <source>Plasma did not take the picture for screen %1</source>
-        <translation type="unfinished">Plasma no aceptó la imagen para la pantalla %1</translation>
-    </message>
-    <message>
-        <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation type="unfinished">Plasma tiene un escritorio en %1 de sus %2 pantallas</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; are not installed</source>
-        <translation type="unfinished">Los ajustes «%1» no están instalados</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation type="unfinished">Los ajustes «%1» no se pueden conservar: GLib no tiene dconf aquí</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation type="unfinished">El ajuste «%1 %2» no se puede cambiar</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation type="unfinished">El ajuste «%1 %2» no se conservó</translation>
-    </message>
+    <name>SwaySocket</name>
     <message>
         <source>sway cannot be reached: %1</source>
         <translation type="unfinished">no se puede acceder a sway: %1</translation>

@@ -63,6 +63,17 @@ Choisissez un fournisseur précis pour l’utiliser à chaque génération.</tra
     </message>
 </context>
 <context>
+    <name>AsideFile</name>
+    <message>
+        <source>%1 cannot be understood, nor be put aside: %2</source>
+        <translation>%1 est incompréhensible et ne peut être mis de côté : %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be understood. It was put aside as %2, and a new one was begun.</source>
+        <translation>%1 était incompréhensible. Il a été mis de côté sous %2 et un nouveau a été commencé.</translation>
+    </message>
+</context>
+<context>
     <name>Autostart</name>
     <message>
         <source>could not write the autostart entry</source>
@@ -642,6 +653,13 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
+    <name>ImageStore</name>
+    <message>
+        <source>%1 could not be deleted: %2</source>
+        <translation>%1 n’a pas pu être supprimé : %2</translation>
+    </message>
+</context>
+<context>
     <name>IntervalLabel</name>
     <message>
         <source>%1 min</source>
@@ -821,6 +839,17 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>Delete</source>
         <translation>Supprimer</translation>
+    </message>
+</context>
+<context>
+    <name>PlasmaScript</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation type="unfinished">Plasma n’a pas accepté l’image pour l’écran %1</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation type="unfinished">Plasma a un bureau sur %1 de ses %2 écrans</translation>
     </message>
 </context>
 <context>
@@ -1065,6 +1094,25 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
+    <name>SettingsGroup</name>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation type="unfinished">Les réglages «&#xa0;%1&#xa0;» ne sont pas installés</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation type="unfinished">Les réglages «&#xa0;%1&#xa0;» ne peuvent pas être conservés&#xa0;: GLib n’a pas dconf ici</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation type="unfinished">Le réglage «&#xa0;%1 %2&#xa0;» ne peut pas être modifié</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation type="unfinished">Le réglage «&#xa0;%1 %2&#xa0;» n’a pas été conservé</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -1096,6 +1144,13 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>Advanced</source>
         <translation>Avancé</translation>
+    </message>
+</context>
+<context>
+    <name>SideFile</name>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>%1 n’a pas pu être écrit : %2</translation>
     </message>
 </context>
 <context>
@@ -1214,31 +1269,7 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
-    <name>Tr</name>
-    <message>
-        <source>Plasma did not take the picture for screen %1</source>
-        <translation type="unfinished">Plasma n’a pas accepté l’image pour l’écran %1</translation>
-    </message>
-    <message>
-        <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation type="unfinished">Plasma a un bureau sur %1 de ses %2 écrans</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; are not installed</source>
-        <translation type="unfinished">Les réglages «&#xa0;%1&#xa0;» ne sont pas installés</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation type="unfinished">Les réglages «&#xa0;%1&#xa0;» ne peuvent pas être conservés&#xa0;: GLib n’a pas dconf ici</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation type="unfinished">Le réglage «&#xa0;%1 %2&#xa0;» ne peut pas être modifié</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation type="unfinished">Le réglage «&#xa0;%1 %2&#xa0;» n’a pas été conservé</translation>
-    </message>
+    <name>SwaySocket</name>
     <message>
         <source>sway cannot be reached: %1</source>
         <translation type="unfinished">sway est injoignable&#xa0;: %1</translation>

@@ -62,6 +62,17 @@ Pick a specific provider to use it for every generation.</source>
     </message>
 </context>
 <context>
+    <name>AsideFile</name>
+    <message>
+        <source>%1 cannot be understood, nor be put aside: %2</source>
+        <translation>%1 を解釈できず、退避もできません: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be understood. It was put aside as %2, and a new one was begun.</source>
+        <translation>%1 を解釈できませんでした。%2 として退避し、新しく作り直しました。</translation>
+    </message>
+</context>
+<context>
     <name>Autostart</name>
     <message>
         <source>could not write the autostart entry</source>
@@ -638,6 +649,13 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>ImageStore</name>
+    <message>
+        <source>%1 could not be deleted: %2</source>
+        <translation>%1 を削除できませんでした: %2</translation>
+    </message>
+</context>
+<context>
     <name>IntervalLabel</name>
     <message>
         <source>%1 min</source>
@@ -816,6 +834,17 @@ using the sidebar controls.</source>
     <message>
         <source>Delete</source>
         <translation>削除</translation>
+    </message>
+</context>
+<context>
+    <name>PlasmaScript</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation type="unfinished">Plasmaが画面%1の画像を受け付けませんでした</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation type="unfinished">Plasmaのデスクトップは%2画面のうち%1画面にあります</translation>
     </message>
 </context>
 <context>
@@ -1056,6 +1085,25 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>SettingsGroup</name>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation type="unfinished">設定“%1”がインストールされていません</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation type="unfinished">設定“%1”を保存できません: ここではGLibにdconfがありません</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation type="unfinished">設定“%1 %2”を変更できません</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation type="unfinished">設定“%1 %2”は保持されませんでした</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -1087,6 +1135,13 @@ using the sidebar controls.</source>
     <message>
         <source>Advanced</source>
         <translation>詳細</translation>
+    </message>
+</context>
+<context>
+    <name>SideFile</name>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>%1 に書き込めませんでした: %2</translation>
     </message>
 </context>
 <context>
@@ -1205,31 +1260,7 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
-    <name>Tr</name>
-    <message>
-        <source>Plasma did not take the picture for screen %1</source>
-        <translation type="unfinished">Plasmaが画面%1の画像を受け付けませんでした</translation>
-    </message>
-    <message>
-        <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation type="unfinished">Plasmaのデスクトップは%2画面のうち%1画面にあります</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; are not installed</source>
-        <translation type="unfinished">設定“%1”がインストールされていません</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation type="unfinished">設定“%1”を保存できません: ここではGLibにdconfがありません</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation type="unfinished">設定“%1 %2”を変更できません</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation type="unfinished">設定“%1 %2”は保持されませんでした</translation>
-    </message>
+    <name>SwaySocket</name>
     <message>
         <source>sway cannot be reached: %1</source>
         <translation type="unfinished">swayに接続できません: %1</translation>

@@ -62,6 +62,17 @@ Pick a specific provider to use it for every generation.</source>
     </message>
 </context>
 <context>
+    <name>AsideFile</name>
+    <message>
+        <source>%1 cannot be understood, nor be put aside: %2</source>
+        <translation>无法理解 %1，也无法将其移至一旁：%2</translation>
+    </message>
+    <message>
+        <source>%1 could not be understood. It was put aside as %2, and a new one was begun.</source>
+        <translation>无法理解 %1。已将其另存为 %2，并重新开始。</translation>
+    </message>
+</context>
+<context>
     <name>Autostart</name>
     <message>
         <source>could not write the autostart entry</source>
@@ -638,6 +649,13 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>ImageStore</name>
+    <message>
+        <source>%1 could not be deleted: %2</source>
+        <translation>无法删除 %1：%2</translation>
+    </message>
+</context>
+<context>
     <name>IntervalLabel</name>
     <message>
         <source>%1 min</source>
@@ -816,6 +834,17 @@ using the sidebar controls.</source>
     <message>
         <source>Delete</source>
         <translation>删除</translation>
+    </message>
+</context>
+<context>
+    <name>PlasmaScript</name>
+    <message>
+        <source>Plasma did not take the picture for screen %1</source>
+        <translation type="unfinished">Plasma 没有接受屏幕 %1 的图片</translation>
+    </message>
+    <message>
+        <source>Plasma has a desktop on %1 of its %2 screens</source>
+        <translation type="unfinished">Plasma 在 %2 个屏幕中的 %1 个上有桌面</translation>
     </message>
 </context>
 <context>
@@ -1056,6 +1085,25 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>SettingsGroup</name>
+    <message>
+        <source>The settings &quot;%1&quot; are not installed</source>
+        <translation type="unfinished">设置“%1”未安装</translation>
+    </message>
+    <message>
+        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
+        <translation type="unfinished">无法保存设置“%1”：此处的 GLib 没有 dconf</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
+        <translation type="unfinished">无法更改设置“%1 %2”</translation>
+    </message>
+    <message>
+        <source>The setting &quot;%1 %2&quot; was not kept</source>
+        <translation type="unfinished">设置“%1 %2”没有保留</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTable</name>
     <message>
         <source>unknown setting %1</source>
@@ -1087,6 +1135,13 @@ using the sidebar controls.</source>
     <message>
         <source>Advanced</source>
         <translation>高级</translation>
+    </message>
+</context>
+<context>
+    <name>SideFile</name>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>无法写入 %1：%2</translation>
     </message>
 </context>
 <context>
@@ -1205,31 +1260,7 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
-    <name>Tr</name>
-    <message>
-        <source>Plasma did not take the picture for screen %1</source>
-        <translation type="unfinished">Plasma 没有接受屏幕 %1 的图片</translation>
-    </message>
-    <message>
-        <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation type="unfinished">Plasma 在 %2 个屏幕中的 %1 个上有桌面</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; are not installed</source>
-        <translation type="unfinished">设置“%1”未安装</translation>
-    </message>
-    <message>
-        <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation type="unfinished">无法保存设置“%1”：此处的 GLib 没有 dconf</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation type="unfinished">无法更改设置“%1 %2”</translation>
-    </message>
-    <message>
-        <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation type="unfinished">设置“%1 %2”没有保留</translation>
-    </message>
+    <name>SwaySocket</name>
     <message>
         <source>sway cannot be reached: %1</source>
         <translation type="unfinished">无法连接 sway：%1</translation>

@@ -35,7 +35,7 @@ std::optional<QString> recordedCopy(const QString &original)
 {
     const TextMap links = readTextMap(ImageStore::variantsPath());
     const auto link = links.find(imageName(original));
-    if (link == links.end()) {
+    if (link == links.end() || !ImageStore::isInLibrary(original)) {
         return std::nullopt;
     }
     return folder() + '/'_L1 + link->second;
@@ -47,7 +47,7 @@ std::optional<QString> recordedOriginal(const QString &image)
     const QString name = imageName(image);
     const auto link =
         std::find_if(links.begin(), links.end(), [&name](const auto &entry) { return entry.second == name; });
-    if (link == links.end()) {
+    if (link == links.end() || !ImageStore::isInLibrary(image)) {
         return std::nullopt;
     }
     return folder() + '/'_L1 + link->first;
@@ -55,6 +55,9 @@ std::optional<QString> recordedOriginal(const QString &image)
 
 Facts factsOf(const QString &image)
 {
+    if (!ImageStore::isInLibrary(image)) {
+        return {}; // Whatever the library knows of a namesake.
+    }
     const TextMap prompts = readTextMap(ImageStore::promptsPath());
     const auto prompt = prompts.find(imageName(image));
     return {.prompt = prompt != prompts.end() ? std::optional(prompt->second) : std::nullopt,

@@ -9,7 +9,7 @@
 #include <optional>
 
 /// What the library knows about a picture, for the windows. Every call reads the disk; any thread. A location is an
-/// absolute path.
+/// absolute path; of a picture outside the library nothing is known, even if one in it has the same name.
 namespace quorvane::ImageRecords {
 
 /// The last component of path: what the records know a picture by.

@@ -239,13 +239,13 @@ TextMap WallpaperManager::storedKeys()
 
 void WallpaperManager::saveKey(const QString &key, const QString &providerId)
 {
-    Keychain::save(key, providerId);
+    (void)Keychain::save(key, providerId);
     Q_EMIT keysChanged();
 }
 
 void WallpaperManager::removeKey(const QString &providerId)
 {
-    Keychain::remove(providerId);
+    (void)Keychain::remove(providerId);
     Q_EMIT keysChanged();
 }
 

@@ -75,7 +75,7 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
     if (run.needsUpscale) {
         original = co_await savedImage(generated.bytes, generated.extension);
         if (!original.isEmpty()) {
-            auto recordPrompt = [prompt = run.prompt, original] { ImageStore::savePrompt(prompt, original); };
+            auto recordPrompt = [prompt = run.prompt, original] { (void)ImageStore::savePrompt(prompt, original); };
             co_await onWorker(&m_libraryThread, std::move(recordPrompt));
         }
         final = co_await upscaledOrOriginal(std::move(generated));
@@ -93,9 +93,9 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
         co_return;
     }
     auto record = [prompt = run.prompt, original, saved] {
-        ImageStore::savePrompt(prompt, saved);
+        (void)ImageStore::savePrompt(prompt, saved);
         if (!original.isEmpty()) {
-            ImageStore::saveVariantLink(original, saved);
+            (void)ImageStore::saveVariantLink(original, saved);
         }
     };
     co_await onWorker(&m_libraryThread, std::move(record));

@@ -98,9 +98,9 @@ QCoro::Task<> WallpaperManager::writingFavorite(QString name, bool isFavorite, q
 {
     auto write = [name, isFavorite] {
         if (isFavorite) {
-            ImageStore::saveFavorite(name);
+            (void)ImageStore::saveFavorite(name);
         } else {
-            ImageStore::removeFavorite(name);
+            (void)ImageStore::removeFavorite(name);
         }
     };
     co_await onWorker(&m_libraryThread, std::move(write));
@@ -121,7 +121,7 @@ void WallpaperManager::deleteImage(const QString &url)
 
 QCoro::Task<> WallpaperManager::deletingImage(QString url, quint64 operation)
 {
-    auto remove = [url] { ImageStore::deleteImage(url); };
+    auto remove = [url] { (void)ImageStore::deleteImage(url); };
     co_await onWorker(&m_libraryThread, std::move(remove));
     co_await reloadingHistory();
     Q_EMIT operationEnded({.file = {}, .original = {}, .operation = operation});

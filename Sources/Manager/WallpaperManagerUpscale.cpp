@@ -90,12 +90,16 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, quint64 oper
         co_return;
     }
     auto record = [url, copy] {
+        // The library knows its own pictures only: a namesake elsewhere has neither its prompt nor its copy.
+        if (!ImageStore::isInLibrary(url)) {
+            return;
+        }
         const auto prompts = readTextMap(ImageStore::promptsPath());
         const auto prompt = prompts.find(imageName(url));
         if (prompt != prompts.end()) {
-            ImageStore::savePrompt(prompt->second, copy);
+            (void)ImageStore::savePrompt(prompt->second, copy);
         }
-        ImageStore::saveVariantLink(url, copy);
+        (void)ImageStore::saveVariantLink(url, copy);
     };
     co_await onWorker(&m_libraryThread, std::move(record));
 

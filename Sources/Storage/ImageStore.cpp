@@ -3,19 +3,20 @@
 #include "Platform/Files/AtomicFile.h"
 #include "Platform/Files/FolderLock.h"
 #include "Platform/Files/Paths.h"
+#include "Platform/Files/SystemCall.h"
 #include "Storage/CreationDate.h"
 #include "Storage/SideFile.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
-#include <array>
+#include <cerrno>
 #include <cstdio>
+#include <functional>
 #include <memory>
 #include <set>
-#include <string_view>
 
 #include <dirent.h>
 
@@ -25,76 +26,60 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> kExtensions{"png", "jpg", "jpeg", "webp"};
-
-bool isImageName(std::string_view name)
+struct Tr
 {
-    const std::size_t dot = name.rfind('.');
-    if (name.starts_with('.') || dot == std::string_view::npos) {
-        return false;
+    Q_DECLARE_TR_FUNCTIONS(ImageStore)
+};
+
+/// The path of the image called name. A side file is edited by hand now and then, and no entry of it may lead a
+/// deletion out of the library, to the library itself or to one of its side files.
+std::optional<QString> linkedPath(const QString &folder, const QString &name)
+{
+    return isImageName(name) ? std::optional(folder + '/'_L1 + name) : std::nullopt;
+}
+
+/// What is not there needs no removal.
+Result<> removeFromDisk(const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    if (path.contains(QChar(u'\0')) || uninterrupted([&] { return std::remove(name.constData()); }) == 0 ||
+        errno == ENOENT || errno == ENOTDIR) {
+        return kDone;
     }
-    const std::string_view extension = name.substr(dot + 1);
-    return std::any_of(kExtensions.begin(), kExtensions.end(), [extension](std::string_view known) {
-        return extension.size() == known.size() &&
-               qstrnicmp(extension.data(), known.data(), static_cast<std::size_t>(known.size())) == 0;
-    });
+    return Failure{Tr::tr("%1 could not be deleted: %2").arg(imageName(path), systemWords(errno))};
 }
 
-/// Whether name names something directly inside a folder. A side file is edited by hand now and then, and no entry of
-/// it may lead a deletion out of the library or to the library itself.
-bool isPlainName(const QString &name)
+QString withoutSlashesAtItsEnd(QString path)
 {
-    return !name.isEmpty() && name != u"."_s && name != u".."_s && !name.contains('/'_L1) &&
-           !name.contains(QChar(u'\0'));
-}
-
-std::optional<QString> memberPath(const QString &folder, const QString &name)
-{
-    if (!isPlainName(name)) {
-        return std::nullopt;
+    while (path.size() > 1 && path.endsWith('/'_L1)) {
+        path.chop(1);
     }
-    return folder + '/'_L1 + name;
+    return path;
 }
 
-void removeFromDisk(const QString &path)
-{
-    if (!path.contains(QChar(u'\0'))) {
-        (void)std::remove(QFile::encodeName(path).constData());
-    }
-}
-
-void write(const QString &path, const std::optional<QByteArray> &bytes)
-{
-    if (bytes) {
-        (void)writeFileAtomically(path, *bytes);
-    }
-}
-
-std::set<QString> readFavorites(const QString &path)
-{
-    const QStringList list = readTextList(path);
-    return {list.begin(), list.end()};
-}
-
-void writeFavorites(const QString &path, const std::set<QString> &favorites)
-{
-    write(path, bytesFromTextList(QStringList(favorites.begin(), favorites.end())));
-}
-
-void saveEntry(const QString &path, const QString &name, const QString &text)
+Result<> saveEntry(const QString &path, const QString &name, const QString &text)
 {
     const FolderLock lock(QFileInfo(path).path());
-    TextMap map = readTextMap(path);
-    map.insert_or_assign(name, text);
-    write(path, bytesFromTextMap(map));
+    const auto insert = [&](TextMap &map) {
+        map.insert_or_assign(name, text);
+        return Change::Write;
+    };
+    return changeTextMap(path, FileAccess::Default, insert);
+}
+
+/// Lets change alter the set of favourites, which the file holds sorted.
+Result<> changeFavorites(const QString &path, const std::function<Change(std::set<QString> &)> &change)
+{
+    const auto changeList = [&](QStringList &list) {
+        std::set<QString> favorites(list.cbegin(), list.cend());
+        const Change answer = change(favorites);
+        list = QStringList(favorites.begin(), favorites.end());
+        return answer;
+    };
+    return changeTextList(path, FileAccess::Default, changeList);
 }
 
 } // namespace
-
-QString imageName(const QString &path)
-{
-    return path.mid(path.lastIndexOf('/'_L1) + 1);
-}
 
 QString ImageStore::directory()
 {
@@ -144,23 +129,37 @@ QStringList ImageStore::allImages()
     return paths;
 }
 
+bool ImageStore::isInLibrary(const QString &path)
+{
+    const QString folder = QFileInfo(withoutSlashesAtItsEnd(path)).absolutePath();
+    const QString library = directory();
+    if (!isPlainName(imageName(path))) {
+        return false;
+    }
+    if (folder == library) {
+        return true;
+    }
+    const QString canonical = QFileInfo(folder).canonicalFilePath();
+    return !canonical.isEmpty() && canonical == QFileInfo(library).canonicalFilePath();
+}
+
 std::optional<QString> ImageStore::saveImage(const QString &name, const QByteArray &bytes)
 {
-    std::optional<QString> path = memberPath(directory(), name);
-    if (path && !writeFileAtomically(*path, bytes)) {
-        path.reset();
+    if (!isPlainName(name)) {
+        return std::nullopt;
     }
-    return path;
+    const QString path = directory() + '/'_L1 + name;
+    return writeFileAtomically(path, bytes) ? std::optional(path) : std::nullopt;
 }
 
-void ImageStore::savePrompt(const QString &prompt, const QString &image)
+Result<> ImageStore::savePrompt(const QString &prompt, const QString &image)
 {
-    saveEntry(promptsPath(), imageName(image), prompt);
+    return saveEntry(promptsPath(), imageName(image), prompt);
 }
 
-void ImageStore::saveVariantLink(const QString &original, const QString &upscaled)
+Result<> ImageStore::saveVariantLink(const QString &original, const QString &upscaled)
 {
-    saveEntry(variantsPath(), imageName(original), imageName(upscaled));
+    return saveEntry(variantsPath(), imageName(original), imageName(upscaled));
 }
 
 std::optional<QString> ImageStore::variant(const QString &image)
@@ -169,7 +168,7 @@ std::optional<QString> ImageStore::variant(const QString &image)
     const QString name = imageName(image);
     const TextMap links = readTextMap(variantsPath());
     const auto existing = [&folder](const QString &candidate) {
-        std::optional<QString> path = memberPath(folder, candidate);
+        std::optional<QString> path = linkedPath(folder, candidate);
         return path && QFileInfo::exists(*path) ? path : std::nullopt;
     };
 
@@ -188,33 +187,43 @@ std::optional<QString> ImageStore::variant(const QString &image)
     return std::nullopt;
 }
 
-void ImageStore::saveFavorite(const QString &name)
+Result<> ImageStore::saveFavorite(const QString &name)
 {
     const FolderLock lock(directory());
-    std::set<QString> favorites = readFavorites(favoritesPath());
-    favorites.insert(name);
-    writeFavorites(favoritesPath(), favorites);
+    const auto insert = [&](std::set<QString> &favorites) {
+        favorites.insert(name);
+        return Change::Write;
+    };
+    return changeFavorites(favoritesPath(), insert);
 }
 
-void ImageStore::removeFavorite(const QString &name)
+Result<> ImageStore::removeFavorite(const QString &name)
 {
     const FolderLock lock(directory());
-    std::set<QString> favorites = readFavorites(favoritesPath());
-    favorites.erase(name);
-    writeFavorites(favoritesPath(), favorites);
+    const auto erase = [&](std::set<QString> &favorites) {
+        favorites.erase(name);
+        return Change::Write;
+    };
+    return changeFavorites(favoritesPath(), erase);
 }
 
-void ImageStore::deleteImage(const QString &image)
+Result<> ImageStore::deleteImage(const QString &image)
 {
     const QString folder = directory();
     const FolderLock lock(folder);
     const QString name = imageName(image);
-    TextMap links = readTextMap(variantsPath());
+    const TextMap links = readTextMap(variantsPath());
+    Result<> outcome = kDone;
+    const auto tell = [&outcome](const Result<> &step) {
+        if (outcome && !step) {
+            outcome = step;
+        }
+    };
 
     // The image, the enlarged copy of this original, and the originals of this enlarged copy.
-    QStringList paths{image};
+    QStringList paths{withoutSlashesAtItsEnd(image)};
     const auto addMember = [&](const QString &member) {
-        if (const auto path = memberPath(folder, member)) {
+        if (const auto path = linkedPath(folder, member)) {
             paths.append(*path);
         }
     };
@@ -229,25 +238,30 @@ void ImageStore::deleteImage(const QString &image)
 
     std::set<QString> removed;
     for (const QString &path : std::as_const(paths)) {
-        removeFromDisk(path);
+        tell(removeFromDisk(path));
         removed.insert(imageName(path));
     }
 
-    TextMap prompts = readTextMap(promptsPath());
-    std::erase_if(prompts, [&removed](const auto &entry) { return removed.contains(entry.first); });
-    write(promptsPath(), bytesFromTextMap(prompts));
+    const auto dropPrompts = [&removed](TextMap &prompts) {
+        std::erase_if(prompts, [&removed](const auto &entry) { return removed.contains(entry.first); });
+        return Change::Write;
+    };
+    tell(changeTextMap(promptsPath(), FileAccess::Default, dropPrompts));
 
-    std::set<QString> favorites = readFavorites(favoritesPath());
-    if (std::erase_if(favorites, [&removed](const QString &favorite) { return removed.contains(favorite); }) > 0) {
-        writeFavorites(favoritesPath(), favorites);
-    }
+    const auto isRemoved = [&removed](const QString &favorite) { return removed.contains(favorite); };
+    const auto dropFavorites = [&isRemoved](std::set<QString> &favorites) {
+        return std::erase_if(favorites, isRemoved) > 0 ? Change::Write : Change::LeaveAlone;
+    };
+    tell(changeFavorites(favoritesPath(), dropFavorites));
 
     const auto namesRemoved = [&removed](const auto &link) {
         return removed.contains(link.first) || removed.contains(link.second);
     };
-    if (std::erase_if(links, namesRemoved) > 0) {
-        write(variantsPath(), bytesFromTextMap(links));
-    }
+    const auto dropLinks = [&namesRemoved](TextMap &entries) {
+        return std::erase_if(entries, namesRemoved) > 0 ? Change::Write : Change::LeaveAlone;
+    };
+    tell(changeTextMap(variantsPath(), FileAccess::Default, dropLinks));
+    return outcome;
 }
 
 void ImageStore::removeAbandonedTemporaries()

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -30,30 +31,26 @@ std::optional<QString> Keychain::load(const QString &providerId)
     return entry == keys.end() ? std::nullopt : std::optional(entry->second);
 }
 
-void Keychain::save(const QString &key, const QString &providerId)
+Result<> Keychain::save(const QString &key, const QString &providerId)
 {
-    const FolderLock lock(folder());
-    TextMap keys = readAll();
-    keys.insert_or_assign(providerId, key);
-    writeAll(keys);
+    return change([&](TextMap &keys) {
+        keys.insert_or_assign(providerId, key);
+        return Change::Write;
+    });
 }
 
-bool Keychain::saveIfAbsent(const QString &key, const QString &providerId)
+Result<> Keychain::saveIfAbsent(const QString &key, const QString &providerId)
 {
-    const FolderLock lock(folder());
-    TextMap keys = readAll();
-    if (keys.emplace(providerId, key).second) {
-        writeAll(keys);
-    }
-    return load(providerId).has_value();
+    return change(
+        [&](TextMap &keys) { return keys.emplace(providerId, key).second ? Change::Write : Change::LeaveAlone; });
 }
 
-void Keychain::remove(const QString &providerId)
+Result<> Keychain::remove(const QString &providerId)
 {
-    const FolderLock lock(folder());
-    TextMap keys = readAll();
-    keys.erase(providerId);
-    writeAll(keys);
+    return change([&](TextMap &keys) {
+        keys.erase(providerId);
+        return Change::Write;
+    });
 }
 
 void Keychain::migrateLegacyKey(SecretStore &store)
@@ -82,13 +79,15 @@ QString Keychain::filePath()
     return folder() + u"/keys.json"_s;
 }
 
-void Keychain::writeAll(const TextMap &keys)
+Result<> Keychain::change(const std::function<Change(TextMap &)> &change)
 {
-    if (const auto bytes = bytesFromTextMap(keys)) {
-        (void)writeFileAtomically(filePath(), *bytes, FileAccess::OwnerOnly);
-        // The new file is private already; this mends one that was opened up and could not be replaced.
-        (void)QFile::setPermissions(filePath(), kOwnerOnly);
+    const FolderLock lock(folder());
+    Result<> changed = changeTextMap(filePath(), FileAccess::OwnerOnly, change);
+    // A new file is private already; this mends one that was opened up and could not be replaced.
+    if (const QString path = filePath(); QFileInfo(path).isFile()) {
+        (void)QFile::setPermissions(path, kOwnerOnly);
     }
+    return changed;
 }
 
 } // namespace quorvane

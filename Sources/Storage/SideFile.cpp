@@ -1,19 +1,22 @@
 #include "Storage/SideFile.h"
 
-#include <QFile>
+#include "Platform/Files/AsideFile.h"
+#include "Platform/Files/WholeFile.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <cerrno>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(SideFile)
+};
 
 // Qt's parser takes U+FEFF at the beginning of a text for a byte order mark and drops it, though a name or a prompt may
 // well begin with it. It keeps the escaped form, so both directions go through that.
@@ -42,62 +45,93 @@ std::optional<QByteArray> serialise(const QJsonDocument &document)
     return bytes;
 }
 
-/// Empty when anything fails. Not QFile, because opening a named pipe of that name would wait for a writer.
-QByteArray readWholeFile(const QString &path)
+/// The content of the file at path; nothing where there is none. A second attempt is made, because some faults pass: a
+/// network's file that was replaced meanwhile, or a moment without descriptors.
+Result<std::optional<QByteArray>> contentOf(const QString &path)
 {
-    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor < 0) {
-        return {};
+    Result<std::optional<QByteArray>> bytes = readWholeIfAny(path, kLargestSideFileBytes);
+    return bytes ? bytes : readWholeIfAny(path, kLargestSideFileBytes);
+}
+
+template <typename Content> Content read(const QString &path, std::optional<Content> (*understood)(const QByteArray &))
+{
+    const Result<std::optional<QByteArray>> bytes = contentOf(path);
+    return bytes && *bytes ? understood(**bytes).value_or(Content()) : Content();
+}
+
+template <typename Content>
+Result<> changeFile(const QString &path, FileAccess access, const std::function<Change(Content &)> &change,
+                    std::optional<Content> (*understood)(const QByteArray &),
+                    std::optional<QByteArray> (*bytesFrom)(const Content &))
+{
+    const Result<std::optional<QByteArray>> found = contentOf(path);
+    std::optional<Content> content = found && *found ? understood(**found) : std::nullopt;
+    const bool isMissing = found && !*found;
+    const bool isKnown = isMissing || content.has_value();
+    if (!content) {
+        content = Content();
     }
-    QByteArray bytes;
-    struct stat status = {};
-    if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size <= kLargestSideFileBytes) {
-        bytes.resize(status.st_size);
-        qsizetype done = 0;
-        while (done < bytes.size()) {
-            const ssize_t count =
-                ::read(descriptor, bytes.data() + done, static_cast<std::size_t>(bytes.size() - done));
-            if (count < 0 && errno == EINTR) {
-                continue;
-            }
-            if (count <= 0) {
-                bytes.clear();
-                break;
-            }
-            done += count;
-        }
+    if (change(*content) == Change::LeaveAlone) {
+        return kDone;
     }
-    ::close(descriptor);
-    return bytes;
+    const std::optional<QByteArray> bytes = bytesFrom(*content);
+    Result<> written = kDone;
+    if (!bytes) {
+        written = Failure{systemWords(EFBIG)};
+    } else {
+        written = isKnown ? writeFileAtomically(path, *bytes, access) : replaceNotUnderstood(path, *bytes, access);
+    }
+    if (!written) {
+        return Failure{Tr::tr("%1 could not be written: %2").arg(QFileInfo(path).fileName(), written.failure().words)};
+    }
+    return kDone;
 }
 
 } // namespace
 
-TextMap textMapFromBytes(const QByteArray &bytes)
+std::optional<TextMap> understoodTextMap(const QByteArray &bytes)
 {
+    const QJsonDocument document = parse(bytes);
+    if (!document.isObject()) {
+        return std::nullopt;
+    }
     TextMap map;
-    const QJsonObject object = parse(bytes).object();
+    const QJsonObject object = document.object();
     for (auto entry = object.begin(); entry != object.end(); ++entry) {
         if (!entry.value().isString()) {
-            return {};
+            return std::nullopt;
         }
         map.emplace_hint(map.end(), entry.key(), entry.value().toString());
     }
     return map;
 }
 
-QStringList textListFromBytes(const QByteArray &bytes)
+std::optional<QStringList> understoodTextList(const QByteArray &bytes)
 {
+    const QJsonDocument document = parse(bytes);
+    if (!document.isArray()) {
+        return std::nullopt;
+    }
     QStringList list;
-    const QJsonArray array = parse(bytes).array();
+    const QJsonArray array = document.array();
     list.reserve(array.size());
     for (const QJsonValue element : array) {
         if (!element.isString()) {
-            return {};
+            return std::nullopt;
         }
         list.append(element.toString());
     }
     return list;
+}
+
+TextMap textMapFromBytes(const QByteArray &bytes)
+{
+    return understoodTextMap(bytes).value_or(TextMap());
+}
+
+QStringList textListFromBytes(const QByteArray &bytes)
+{
+    return understoodTextList(bytes).value_or(QStringList());
 }
 
 std::optional<QByteArray> bytesFromTextMap(const TextMap &map)
@@ -116,12 +150,22 @@ std::optional<QByteArray> bytesFromTextList(const QStringList &list)
 
 TextMap readTextMap(const QString &path)
 {
-    return textMapFromBytes(readWholeFile(path));
+    return read(path, &understoodTextMap);
 }
 
 QStringList readTextList(const QString &path)
 {
-    return textListFromBytes(readWholeFile(path));
+    return read(path, &understoodTextList);
+}
+
+Result<> changeTextMap(const QString &path, FileAccess access, const std::function<Change(TextMap &)> &change)
+{
+    return changeFile(path, access, change, &understoodTextMap, &bytesFromTextMap);
+}
+
+Result<> changeTextList(const QString &path, FileAccess access, const std::function<Change(QStringList &)> &change)
+{
+    return changeFile(path, access, change, &understoodTextList, &bytesFromTextList);
 }
 
 } // namespace quorvane

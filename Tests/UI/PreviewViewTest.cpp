@@ -20,7 +20,7 @@ class PreviewView : public ViewTest
         for (const char *name : {"one.png", "two.png", "three.png"}) {
             (void)putPainting(QLatin1String(name), u"a lake"_s);
         }
-        Keychain::save(u"KEY"_s, u"gemini"_s);
+        EXPECT_TRUE(Keychain::save(u"KEY"_s, u"gemini"_s));
         start();
         open();
         click(u"album a lake"_s);

@@ -111,8 +111,8 @@ class Screenshot : public ViewTest
             (void)putPainting(u"picture-%1.png"_s.arg(number), QLatin1String(prompts[std::size_t(std::min(number, 2))]),
                               {480, 270});
         }
-        Keychain::save(u"KEY-KEY-KEY"_s, u"gemini"_s);
-        ImageStore::saveFavorite(u"picture-1.png"_s);
+        EXPECT_TRUE(Keychain::save(u"KEY-KEY-KEY"_s, u"gemini"_s));
+        EXPECT_TRUE(ImageStore::saveFavorite(u"picture-1.png"_s));
         store(SettingsKeys::kLastPrompt, u"misty mountains at dawn"_s);
         start();
     }
@@ -263,7 +263,7 @@ TEST_F(Screenshot, forTheEye)
                               {960, 540});
         }
     }
-    Keychain::save(u"KEY-KEY-KEY"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"KEY-KEY-KEY"_s, u"gemini"_s));
     store(SettingsKeys::kLastPrompt, u"misty mountains at dawn, soft light, wide valley"_s);
     store(SettingsKeys::kFourKEnabled, true);
     store(SettingsKeys::kAutoEnabled, true);

@@ -30,7 +30,7 @@ TEST_F(SettingsView, withoutKeysTheFieldsAreEmptyAndNothingCanBeSaved)
 
 TEST_F(SettingsView, aKeyIsSavedUpdatedAndRemovedWithoutTouchingTheOthers)
 {
-    Keychain::save(u"OTHER"_s, u"openai"_s);
+    EXPECT_TRUE(Keychain::save(u"OTHER"_s, u"openai"_s));
     openSettings();
     click(u"geminiField"_s);
     type(u"KEY"_s);
@@ -64,7 +64,7 @@ TEST_F(SettingsView, returnStoresTheKeyAndLeavesTheRowAsItWas)
 
 TEST_F(SettingsView, aKeyIsNeitherShownNorToldToAssistiveTechnology)
 {
-    Keychain::save(u"SECRET"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"SECRET"_s, u"gemini"_s));
     openSettings();
     QQuickItem *field = find(u"geminiField"_s);
     EXPECT_EQ(field->property("text").toString(), u"SECRET"_s);

@@ -13,7 +13,7 @@ class SidebarView : public ViewTest
     void openWith(const QStringList &keys)
     {
         for (const QString &id : keys) {
-            Keychain::save(u"KEY"_s, id);
+            EXPECT_TRUE(Keychain::save(u"KEY"_s, id));
         }
         start();
         ASSERT_NE(open(), nullptr);

@@ -108,7 +108,7 @@ class ViewTest : public ManagerTest
         EXPECT_TRUE(paintPicture(prompt.isEmpty() ? name : prompt, size).save(&buffer, "PNG"));
         const QString path = ImageStore::saveImage(name, bytes).value_or(QString());
         if (!prompt.isEmpty()) {
-            ImageStore::savePrompt(prompt, name);
+            EXPECT_TRUE(ImageStore::savePrompt(prompt, name));
         }
         return path;
     }

@@ -230,9 +230,9 @@ CommandOutcome changeKeys(const CommandLine &line, WallpaperManager *manager)
             return failure(Tr::tr("no key on standard input"));
         }
         if (isSet) {
-            manager != nullptr ? manager->saveKey(line.secret, id) : Keychain::save(line.secret, id);
+            manager != nullptr ? manager->saveKey(line.secret, id) : (void)Keychain::save(line.secret, id);
         } else {
-            manager != nullptr ? manager->removeKey(id) : Keychain::remove(id);
+            manager != nullptr ? manager->removeKey(id) : (void)Keychain::remove(id);
         }
         if (Keychain::load(id) != (isSet ? std::optional(line.secret) : std::nullopt)) {
             return failure(Tr::tr("could not write the key file"));

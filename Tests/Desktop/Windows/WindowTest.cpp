@@ -168,7 +168,7 @@ class WindowTest : public testing::Test
         QImage image(400, 400, QImage::Format_RGB32);
         image.fill(Qt::red);
         EXPECT_TRUE(image.save(&buffer, "PNG"));
-        ImageStore::savePrompt(prompt, ImageStore::saveImage(u"one.png"_s, bytes).value_or(QString()));
+        EXPECT_TRUE(ImageStore::savePrompt(prompt, ImageStore::saveImage(u"one.png"_s, bytes).value_or(QString())));
     }
 
     KeyringSession session;
@@ -238,7 +238,7 @@ TEST_F(X11WindowTest, aScreenReaderFindsTheControlsByRoleNameAndState)
 
 TEST_F(X11WindowTest, aStoredKeyIsToldToNobody)
 {
-    Keychain::save(u"SECRET-KEY"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"SECRET-KEY"_s, u"gemini"_s));
     start(server->clientEnvironment(), "xcb");
     openSettings();
     EXPECT_TRUE(comes(u"text"_s, u"OpenAI API Key"_s));

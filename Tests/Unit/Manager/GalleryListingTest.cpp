@@ -24,7 +24,7 @@ TEST_F(GalleryListingTest, itHasTheAlbumsAndThePicturesOfTheOneAskedFor)
 {
     const QString lake = put("lake.png");
     const QString other = put("other.png");
-    ImageStore::savePrompt(u"a lake"_s, lake);
+    EXPECT_TRUE(ImageStore::savePrompt(u"a lake"_s, lake));
     const GalleryListing listing = readGallery({other, lake}, {}, u"a lake"_s);
     ASSERT_EQ(listing.albums.size(), 2U);
     ASSERT_TRUE(listing.pictures && listing.pictures->size() == 1);

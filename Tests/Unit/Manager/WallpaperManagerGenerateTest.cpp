@@ -19,7 +19,7 @@ class WallpaperManagerGenerateTest : public ManagerTest
     WallpaperManagerGenerateTest()
     {
         for (const char *id : {"gemini", "grok", "openai"}) {
-            Keychain::save(u"key of "_s + QLatin1String(id), QLatin1String(id));
+            EXPECT_TRUE(Keychain::save(u"key of "_s + QLatin1String(id), QLatin1String(id)));
         }
     }
 
@@ -88,7 +88,7 @@ TEST_F(WallpaperManagerGenerateTest, grokWith4KRemotelyAsksGemini)
 
 TEST_F(WallpaperManagerGenerateTest, withoutAGeminiKeyTheOriginalIsSavedTwiceAndLinkedWithoutAWord)
 {
-    Keychain::remove(u"gemini"_s);
+    EXPECT_TRUE(Keychain::remove(u"gemini"_s));
     start().setFourKEnabled(true);
     manager->setProviderOverride(u"grok"_s);
     generate();
@@ -104,7 +104,7 @@ TEST_F(WallpaperManagerGenerateTest, withoutAGeminiKeyTheOriginalIsSavedTwiceAnd
 TEST_F(WallpaperManagerGenerateTest, twoSavesInOneSecondLinkThePictureToItselfAndHideIt)
 {
     clock.secondsPerLook = 0;
-    Keychain::remove(u"gemini"_s);
+    EXPECT_TRUE(Keychain::remove(u"gemini"_s));
     start().setFourKEnabled(true);
     manager->setProviderOverride(u"grok"_s);
     generate();
@@ -183,7 +183,7 @@ TEST_F(WallpaperManagerGenerateTest, aProvidersErrorLeavesEverythingAsItWas)
 
 TEST_F(WallpaperManagerGenerateTest, withoutAKeyNothingIsAsked)
 {
-    Keychain::remove(u"grok"_s);
+    EXPECT_TRUE(Keychain::remove(u"grok"_s));
     start().setProviderOverride(u"grok"_s);
     generate();
     EXPECT_EQ(manager->status(), u"Missing Grok API key — open Settings (⌘,)"_s);
@@ -194,7 +194,7 @@ TEST_F(WallpaperManagerGenerateTest, withoutAKeyNothingIsAsked)
 
 TEST_F(WallpaperManagerGenerateTest, anAddressThatIsNotAllowedIsToldBeforeTheKeyIsLookedFor)
 {
-    Keychain::remove(u"gemini"_s);
+    EXPECT_TRUE(Keychain::remove(u"gemini"_s));
     qputenv("QUORVANE_GEMINI_BASE_URL", "http://service.example");
     start();
     generate();
@@ -370,7 +370,7 @@ TEST_F(WallpaperManagerGenerateTest, theKeyStandsInItsHeaderAndNowhereElse)
 
 TEST_F(WallpaperManagerGenerateTest, aKeyThatWouldBeginAnotherHeaderIsNotSent)
 {
-    Keychain::save(u"K\r\nX-Evil: 1"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"K\r\nX-Evil: 1"_s, u"gemini"_s));
     start();
     generate();
     EXPECT_EQ(manager->status(),

@@ -12,7 +12,7 @@ TEST_F(WallpaperManagerHistoryTest, anOriginalIsHiddenWhileItsVariantIsThere)
 {
     const QString original = putImage(u"a.png"_s);
     const QString upscaled = putImage(u"b.png"_s);
-    ImageStore::saveVariantLink(original, upscaled);
+    EXPECT_TRUE(ImageStore::saveVariantLink(original, upscaled));
     start();
     EXPECT_EQ(manager->history(), QStringList{upscaled});
     ASSERT_TRUE(QFile::remove(upscaled));
@@ -54,7 +54,7 @@ TEST_F(WallpaperManagerHistoryTest, togglingAFavouriteTwiceLeavesThingsAsTheyWer
 
 TEST_F(WallpaperManagerHistoryTest, favouritesOfFilesThatAreGoneStayInTheSetAndMakeNoAlbum)
 {
-    ImageStore::saveFavorite(u"gone.png"_s);
+    EXPECT_TRUE(ImageStore::saveFavorite(u"gone.png"_s));
     (void)putImage(u"a.png"_s);
     start();
     EXPECT_TRUE(manager->favorites().contains(u"gone.png"_s));
@@ -67,7 +67,7 @@ TEST_F(WallpaperManagerHistoryTest, albumsFollowTheFilesAtEveryCall)
     const QString path = putImage(u"a.png"_s);
     start();
     EXPECT_EQ(manager->albums().front().id, u"Uncategorized"_s);
-    ImageStore::savePrompt(u"a lake"_s, path);
+    EXPECT_TRUE(ImageStore::savePrompt(u"a lake"_s, path));
     EXPECT_EQ(manager->albums().front().id, u"a lake"_s);
     manager->toggleFavorite(path);
     ASSERT_EQ(manager->albums().size(), 2U);
@@ -78,7 +78,7 @@ TEST_F(WallpaperManagerHistoryTest, deletingTakesThePartnerAlongAndReloads)
 {
     const QString original = putImage(u"a.png"_s);
     const QString upscaled = putImage(u"b.png"_s);
-    ImageStore::saveVariantLink(original, upscaled);
+    EXPECT_TRUE(ImageStore::saveVariantLink(original, upscaled));
     start();
     manager->deleteImage(upscaled);
     manager->waitUntilIdle();
@@ -108,7 +108,7 @@ TEST_F(WallpaperManagerHistoryTest, aFavouriteToggledWhileTheLibraryIsReadIsNotU
 TEST_F(WallpaperManagerHistoryTest, theStartOnlyBeginsToReadAndWhoAsksGetsTheWholeAnswer)
 {
     const QString image = putImage(u"one.png"_s);
-    ImageStore::saveFavorite(u"one.png"_s);
+    EXPECT_TRUE(ImageStore::saveFavorite(u"one.png"_s));
     start();
     EXPECT_FALSE(manager->isHistoryRead());
     EXPECT_EQ(manager->history(), QStringList{image});

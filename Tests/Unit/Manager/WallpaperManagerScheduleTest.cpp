@@ -17,7 +17,7 @@ class WallpaperManagerScheduleTest : public ManagerTest
     WallpaperManagerScheduleTest()
     {
         clock.secondsPerLook = 0;
-        Keychain::save(u"K"_s, u"gemini"_s);
+        EXPECT_TRUE(Keychain::save(u"K"_s, u"gemini"_s));
     }
 
     /// Automatic mode with the interval, from now on.
@@ -107,7 +107,7 @@ TEST_F(WallpaperManagerScheduleTest, longIntervalsAreWaitedForWithOneAlarm)
 
 TEST_F(WallpaperManagerScheduleTest, lateFiringsDoNotShiftTheRhythm)
 {
-    Keychain::remove(u"gemini"_s); // Each generation ends at once.
+    EXPECT_TRUE(Keychain::remove(u"gemini"_s)); // Each generation ends at once.
     startEvery(5);
     const auto begin = clock.uptime();
     clock.pass(1000 * 5min + 1s, 70ms);
@@ -124,12 +124,12 @@ TEST_F(WallpaperManagerScheduleTest, aGenerationThatStillRunsDoesNotSkipTheNext)
 
 TEST_F(WallpaperManagerScheduleTest, aFailedGenerationDoesNotEndTheSchedule)
 {
-    Keychain::remove(u"gemini"_s);
+    EXPECT_TRUE(Keychain::remove(u"gemini"_s));
     startEvery(5);
     clock.pass(5min);
     EXPECT_EQ(generations(), 0);
     EXPECT_TRUE(manager->isError());
-    Keychain::save(u"K"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"K"_s, u"gemini"_s));
     clock.pass(5min);
     EXPECT_EQ(generations(), 1);
     EXPECT_FALSE(manager->isError());

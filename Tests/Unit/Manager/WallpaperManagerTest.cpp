@@ -148,7 +148,7 @@ TEST_F(WallpaperManagerTest, missingKeysNameTheProviderAndTheRemoteUpscale)
     manager->setFourKEnabled(true);
     EXPECT_EQ(manager->missingKeys(), (QStringList{u"Grok"_s, u"Gemini (for 4K upscale)"_s}));
 
-    Keychain::save(u"K"_s, u"grok"_s);
+    EXPECT_TRUE(Keychain::save(u"K"_s, u"grok"_s));
     EXPECT_EQ(manager->missingKeys(), QStringList{u"Gemini (for 4K upscale)"_s});
 
     defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
@@ -161,7 +161,7 @@ TEST_F(WallpaperManagerTest, missingKeysNameTheProviderAndTheRemoteUpscale)
 
     // An empty key is a key.
     manager->setFourKEnabled(true);
-    Keychain::save(QString(), u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(QString(), u"gemini"_s));
     EXPECT_TRUE(manager->missingKeys().isEmpty());
 }
 
@@ -175,7 +175,7 @@ TEST_F(WallpaperManagerTest, geminiIsNotMissedTwice)
 TEST_F(WallpaperManagerTest, anUnreadableKeyFileHoldsNoKeys)
 {
     start();
-    Keychain::save(u"K"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"K"_s, u"gemini"_s));
     EXPECT_TRUE(manager->missingKeys().isEmpty());
     QFile file(home.path() + u"/Library/Application Support/Quorvane/keys.json"_s);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));

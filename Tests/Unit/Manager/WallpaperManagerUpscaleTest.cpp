@@ -45,7 +45,7 @@ TEST_F(WallpaperManagerUpscaleTest, withoutAMethodAndAKeyItSaysSoAndWritesNothin
 TEST_F(WallpaperManagerUpscaleTest, locallyItNeedsNoKeyAndTheCopyIsAPng)
 {
     const QString path = putPicture(u"a.JPG"_s);
-    ImageStore::savePrompt(u"a lake"_s, path);
+    EXPECT_TRUE(ImageStore::savePrompt(u"a lake"_s, path));
     start();
     defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
     upscale(path);
@@ -57,14 +57,14 @@ TEST_F(WallpaperManagerUpscaleTest, locallyItNeedsNoKeyAndTheCopyIsAPng)
     EXPECT_EQ(sideFile("prompts.json"), R"({"a.JPG":"a lake","wallpaper_2026-01-31_23-59-01.png":"a lake"})");
     EXPECT_EQ(ImageStore::variant(path), copy);
     EXPECT_EQ(ImageStore::variant(copy), path);
-    ImageStore::deleteImage(copy);
+    EXPECT_TRUE(ImageStore::deleteImage(copy));
     EXPECT_FALSE(QFile::exists(path));
     EXPECT_FALSE(QFile::exists(copy));
 }
 
 TEST_F(WallpaperManagerUpscaleTest, theServiceGetsTheExtensionInLowerCase)
 {
-    Keychain::save(u"K"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"K"_s, u"gemini"_s));
     const QString path = putPicture(u"a.PNG"_s);
     const QString photo = putPicture(u"b.JPG"_s);
     start();
@@ -112,7 +112,7 @@ TEST_F(WallpaperManagerUpscaleTest, aFailedUpscaleIsAnErrorAndTheSourceStays)
 
 TEST_F(WallpaperManagerUpscaleTest, theServicesErrorIsToldWithBothPrefixes)
 {
-    Keychain::save(u"K"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"K"_s, u"gemini"_s));
     Misbehaviour refusal(Misbehaviour::Kind::ErrorObject);
     refusal.text = "no";
     service.setMisbehaviour(refusal);

@@ -30,7 +30,7 @@ QString nameOf(int writer, int number)
 void savePrompts(int writer)
 {
     for (int number = 0; number < kWritesEach; ++number) {
-        ImageStore::savePrompt(u"prompt"_s, nameOf(writer, number));
+        EXPECT_TRUE(ImageStore::savePrompt(u"prompt"_s, nameOf(writer, number)));
     }
 }
 
@@ -83,19 +83,19 @@ TEST(ImageStoreShared, deletionsBesideOtherWritersLoseNothingOfTheirs)
 {
     const PrivateHome home;
     for (int number = 0; number < kWritesEach; ++number) {
-        ImageStore::savePrompt(u"old"_s, nameOf(9, number));
-        ImageStore::saveFavorite(nameOf(9, number));
-        ImageStore::saveVariantLink(nameOf(9, number), nameOf(8, number));
+        EXPECT_TRUE(ImageStore::savePrompt(u"old"_s, nameOf(9, number)));
+        EXPECT_TRUE(ImageStore::saveFavorite(nameOf(9, number)));
+        EXPECT_TRUE(ImageStore::saveVariantLink(nameOf(9, number), nameOf(8, number)));
     }
     const pid_t deleting = inProcess([] {
         for (int number = 0; number < kWritesEach; ++number) {
-            ImageStore::deleteImage(nameOf(9, number));
+            EXPECT_TRUE(ImageStore::deleteImage(nameOf(9, number)));
         }
     });
     for (int number = 0; number < kWritesEach; ++number) {
-        ImageStore::savePrompt(u"new"_s, nameOf(0, number));
-        ImageStore::saveFavorite(nameOf(0, number));
-        ImageStore::saveVariantLink(nameOf(0, number), nameOf(1, number));
+        EXPECT_TRUE(ImageStore::savePrompt(u"new"_s, nameOf(0, number)));
+        EXPECT_TRUE(ImageStore::saveFavorite(nameOf(0, number)));
+        EXPECT_TRUE(ImageStore::saveVariantLink(nameOf(0, number), nameOf(1, number)));
     }
     EXPECT_TRUE(endedWell(deleting));
     const TextMap prompts = readTextMap(ImageStore::promptsPath());
@@ -114,13 +114,13 @@ TEST(ImageStoreShared, aReaderBesideAWriterSeesEveryFileWhole)
 {
     const PrivateHome home;
     ASSERT_TRUE(ImageStore::saveImage(u"a.png"_s, QByteArray(300'000, 'a')));
-    ImageStore::savePrompt(QString(20'000, 'a'_L1), u"a.png"_s);
+    EXPECT_TRUE(ImageStore::savePrompt(QString(20'000, 'a'_L1), u"a.png"_s));
     std::atomic<bool> done = false;
     std::thread writer([&done] {
         for (int round = 0; round < 30; ++round) {
             const char letter = round % 2 == 0 ? 'b' : 'a';
             (void)ImageStore::saveImage(u"a.png"_s, QByteArray(300'000, letter));
-            ImageStore::savePrompt(QString(20'000, QLatin1Char(letter)), u"a.png"_s);
+            EXPECT_TRUE(ImageStore::savePrompt(QString(20'000, QLatin1Char(letter)), u"a.png"_s));
         }
         done = true;
     });
@@ -144,7 +144,7 @@ TEST(KeychainShared, threadsAndProcessesWritingAtOnceLoseNoKey)
     const PrivateHome home;
     const auto saveKeys = [](int writer) {
         for (int number = 0; number < kWritesEach; ++number) {
-            Keychain::save(u"key"_s, nameOf(writer, number));
+            EXPECT_TRUE(Keychain::save(u"key"_s, nameOf(writer, number)));
         }
     };
     const pid_t child = inProcess([&] { saveKeys(0); });

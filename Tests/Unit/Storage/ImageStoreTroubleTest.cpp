@@ -24,15 +24,15 @@ namespace {
 void fillLibrary()
 {
     EXPECT_TRUE(ImageStore::saveImage(u"old.png"_s, "picture"));
-    ImageStore::savePrompt(u"lake"_s, u"old.png"_s);
-    ImageStore::saveFavorite(u"old.png"_s);
-    ImageStore::saveVariantLink(u"old.png"_s, u"large.png"_s);
+    EXPECT_TRUE(ImageStore::savePrompt(u"lake"_s, u"old.png"_s));
+    EXPECT_TRUE(ImageStore::saveFavorite(u"old.png"_s));
+    EXPECT_TRUE(ImageStore::saveVariantLink(u"old.png"_s, u"large.png"_s));
 }
 
 void expectLibraryAsFilled(const QString &library)
 {
     EXPECT_EQ(QDir(library).entryList(QDir::Files | QDir::Hidden, QDir::Name),
-              (QStringList{u"favorites.json"_s, u"old.png"_s, u"prompts.json"_s, u"variants.json"_s}));
+              (QStringList{u".lock"_s, u"favorites.json"_s, u"old.png"_s, u"prompts.json"_s, u"variants.json"_s}));
     EXPECT_EQ(contentOf(library + u"/old.png"_s), "picture");
     EXPECT_EQ(contentOf(library + u"/prompts.json"_s), "{\"old.png\":\"lake\"}");
     EXPECT_EQ(contentOf(library + u"/favorites.json"_s), "[\"old.png\"]");
@@ -52,9 +52,9 @@ TEST(ImageStoreTrouble, aWriteThatFailsHalfWayChangesNothing)
         const FileSizeLimit limit(100);
         EXPECT_FALSE(ImageStore::saveImage(u"new.png"_s, QByteArray(50'000, 'x')));
         EXPECT_FALSE(ImageStore::saveImage(u"old.png"_s, QByteArray(50'000, 'x')));
-        ImageStore::savePrompt(kLongText, u"new.png"_s);
-        ImageStore::saveFavorite(kLongText);
-        ImageStore::saveVariantLink(u"new.png"_s, kLongText);
+        EXPECT_FALSE(ImageStore::savePrompt(kLongText, u"new.png"_s));
+        EXPECT_FALSE(ImageStore::saveFavorite(kLongText));
+        EXPECT_FALSE(ImageStore::saveVariantLink(u"new.png"_s, kLongText));
     }
     expectLibraryAsFilled(home.library());
 }
@@ -69,24 +69,24 @@ TEST(ImageStoreTrouble, aFullDiskChangesNothing)
     fillLibrary();
     EXPECT_FALSE(ImageStore::saveImage(u"new.png"_s, QByteArray(100'000, 'x')));
     EXPECT_FALSE(ImageStore::saveImage(u"old.png"_s, QByteArray(100'000, 'x')));
-    ImageStore::savePrompt(kLongText, u"new.png"_s);
-    ImageStore::saveFavorite(kLongText);
-    ImageStore::saveVariantLink(u"new.png"_s, kLongText);
+    EXPECT_FALSE(ImageStore::savePrompt(kLongText, u"new.png"_s));
+    EXPECT_FALSE(ImageStore::saveFavorite(kLongText));
+    EXPECT_FALSE(ImageStore::saveVariantLink(u"new.png"_s, kLongText));
     expectLibraryAsFilled(home.library());
 }
 
 TEST(ImageStoreTrouble, aDiskWithoutRoomForAnotherFileChangesNothing)
 {
     const PrivateHome home;
-    // One inode for the folder and four for the files of the library.
-    const SmallDisk disk(home.library(), "size=1m,nr_inodes=6");
+    // One inode for the folder, one for the lock and four for the files of the library.
+    const SmallDisk disk(home.library(), "size=1m,nr_inodes=7");
     if (!disk.isMounted()) {
         GTEST_SKIP() << "no right to mount a small disk here";
     }
     fillLibrary();
     ASSERT_TRUE(putFile(home.library() + u"/last"_s));
     EXPECT_FALSE(ImageStore::saveImage(u"new.png"_s, "x"));
-    ImageStore::savePrompt(u"p"_s, u"new.png"_s);
+    EXPECT_FALSE(ImageStore::savePrompt(u"p"_s, u"new.png"_s));
     ASSERT_TRUE(QFile::remove(home.library() + u"/last"_s));
     expectLibraryAsFilled(home.library());
 }
@@ -100,8 +100,8 @@ TEST(ImageStoreTrouble, aFolderThatMayNotBeWrittenChangesNothing)
         ASSERT_EQ(::chmod(QFile::encodeName(home.library()).constData(), 0555), 0);
         const AsOrdinaryUser user;
         EXPECT_FALSE(ImageStore::saveImage(u"new.png"_s, "x"));
-        ImageStore::savePrompt(u"p"_s, u"new.png"_s);
-        ImageStore::deleteImage(u"old.png"_s);
+        EXPECT_FALSE(ImageStore::savePrompt(u"p"_s, u"new.png"_s));
+        EXPECT_FALSE(ImageStore::deleteImage(u"old.png"_s));
         EXPECT_EQ(ImageStore::allImages(), QStringList{home.library() + u"/old.png"_s});
     }
     expectLibraryAsFilled(home.library());
@@ -115,9 +115,9 @@ TEST(ImageStoreTrouble, aFolderThatCannotBeMadeIsAnEmptyLibrary)
     EXPECT_EQ(ImageStore::directory(), home.library());
     EXPECT_TRUE(ImageStore::allImages().isEmpty());
     EXPECT_FALSE(ImageStore::saveImage(u"a.png"_s, "x"));
-    ImageStore::savePrompt(u"p"_s, u"a.png"_s);
-    ImageStore::saveFavorite(u"a.png"_s);
-    ImageStore::deleteImage(u"/nowhere/a.png"_s);
+    EXPECT_FALSE(ImageStore::savePrompt(u"p"_s, u"a.png"_s));
+    EXPECT_FALSE(ImageStore::saveFavorite(u"a.png"_s));
+    EXPECT_FALSE(ImageStore::deleteImage(u"/nowhere/a.png"_s));
     EXPECT_EQ(ImageStore::variant(u"a.png"_s), std::nullopt);
     EXPECT_EQ(contentOf(home.path() + u"/Pictures"_s), "x");
 }
@@ -155,7 +155,7 @@ TEST(ImageStoreTrouble, anUnreadableSideFileIsEmptyAndReplacedAtTheNextWrite)
     ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), 0), 0);
     const AsOrdinaryUser user;
     EXPECT_TRUE(readTextMap(path).empty());
-    ImageStore::savePrompt(u"p"_s, u"new.png"_s);
+    EXPECT_TRUE(ImageStore::savePrompt(u"p"_s, u"new.png"_s));
     EXPECT_EQ(readTextMap(path), (TextMap{{u"new.png"_s, u"p"_s}}));
 }
 
@@ -164,9 +164,9 @@ TEST(ImageStoreTrouble, aFileThatCannotBeDeletedStillLosesItsEntries)
     const PrivateHome home;
     ASSERT_TRUE(putFile(home.library() + u"/full.png/inside.txt"_s));
     ASSERT_TRUE(putFile(home.library() + u"/small.png"_s));
-    ImageStore::savePrompt(u"p"_s, u"full.png"_s);
-    ImageStore::saveVariantLink(u"small.png"_s, u"full.png"_s);
-    ImageStore::deleteImage(home.library() + u"/full.png"_s);
+    EXPECT_TRUE(ImageStore::savePrompt(u"p"_s, u"full.png"_s));
+    EXPECT_TRUE(ImageStore::saveVariantLink(u"small.png"_s, u"full.png"_s));
+    EXPECT_FALSE(ImageStore::deleteImage(home.library() + u"/full.png"_s));
     EXPECT_TRUE(QFileInfo::exists(home.library() + u"/full.png/inside.txt"_s));
     EXPECT_FALSE(QFileInfo::exists(home.library() + u"/small.png"_s));
     EXPECT_TRUE(readTextMap(ImageStore::promptsPath()).empty());
@@ -184,10 +184,10 @@ TEST(ImageStoreTrouble, namesThatAreNoTextDisturbNobody)
     EXPECT_EQ(ImageStore::allImages(), QStringList{home.library() + u"/old.png"_s});
     for (const QString &name :
          {QFile::decodeName("\xff\xfe odd.png"), QString(QChar(0xd800)) + u".png"_s, u"old.png"_s + QChar(u'\0')}) {
-        ImageStore::savePrompt(u"p"_s, name);
-        ImageStore::saveFavorite(name);
+        EXPECT_TRUE(ImageStore::savePrompt(u"p"_s, name));
+        EXPECT_TRUE(ImageStore::saveFavorite(name));
         EXPECT_EQ(ImageStore::variant(name), std::nullopt);
-        ImageStore::deleteImage(home.library() + '/'_L1 + name);
+        EXPECT_TRUE(ImageStore::deleteImage(home.library() + '/'_L1 + name));
     }
     EXPECT_EQ(::access(odd.constData(), F_OK), 0);
     ASSERT_EQ(::unlink(odd.constData()), 0);
@@ -198,7 +198,7 @@ TEST(ImageStoreTrouble, whatAKilledProcessLeftIsNeverListedAndCanBeRemoved)
 {
     const PrivateHome home;
     fillLibrary();
-    Keychain::save(u"k1"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"k1"_s, u"gemini"_s));
     const QString keys = home.path() + u"/Library/Application Support/Quorvane"_s;
     for (const QString &folder : {home.library(), keys}) {
         const QString path = folder + u"/.half.png.abcdef.quorvane-tmp"_s;
@@ -211,16 +211,16 @@ TEST(ImageStoreTrouble, whatAKilledProcessLeftIsNeverListedAndCanBeRemoved)
     ImageStore::removeAbandonedTemporaries();
     Keychain::removeAbandonedTemporaries();
     expectLibraryAsFilled(home.library());
-    EXPECT_EQ(QDir(keys).entryList(QDir::Files | QDir::Hidden), QStringList{u"keys.json"_s});
+    EXPECT_EQ(QDir(keys).entryList(QDir::Files | QDir::Hidden, QDir::Name), (QStringList{u".lock"_s, u"keys.json"_s}));
 }
 
 TEST(KeychainTrouble, aWriteThatFailsHalfWayKeepsTheKeys)
 {
     const PrivateHome home;
-    Keychain::save(u"k1"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"k1"_s, u"gemini"_s));
     {
         const FileSizeLimit limit(100);
-        Keychain::save(kLongText, u"grok"_s);
+        EXPECT_FALSE(Keychain::save(kLongText, u"grok"_s));
         EXPECT_FALSE(Keychain::saveIfAbsent(kLongText, u"openai"_s));
     }
     EXPECT_EQ(Keychain::readAll(), (TextMap{{u"gemini"_s, u"k1"_s}}));
@@ -229,7 +229,7 @@ TEST(KeychainTrouble, aWriteThatFailsHalfWayKeepsTheKeys)
 TEST(KeychainTrouble, anUnreadableFileIsEmpty)
 {
     const PrivateHome home;
-    Keychain::save(u"k1"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"k1"_s, u"gemini"_s));
     const QString folder = home.path() + u"/Library/Application Support/Quorvane"_s;
     ASSERT_EQ(::chmod(QFile::encodeName(home.path()).constData(), 0755), 0);
     AsOrdinaryUser::giveAway(folder);
@@ -243,8 +243,8 @@ TEST(KeychainTrouble, aFolderThatCannotBeMadeIsAnEmptyStore)
 {
     const PrivateHome home;
     ASSERT_TRUE(putFile(home.path() + u"/Library"_s));
-    Keychain::save(u"k1"_s, u"gemini"_s);
-    Keychain::remove(u"gemini"_s);
+    EXPECT_FALSE(Keychain::save(u"k1"_s, u"gemini"_s));
+    EXPECT_FALSE(Keychain::remove(u"gemini"_s));
     EXPECT_FALSE(Keychain::saveIfAbsent(u"k1"_s, u"gemini"_s));
     EXPECT_TRUE(Keychain::readAll().empty());
 }

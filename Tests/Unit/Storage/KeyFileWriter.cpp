@@ -9,9 +9,7 @@ int main()
 {
     using quorvane::Keychain;
     ::umask(0);
-    Keychain::save(u"k1"_s, u"gemini"_s);
-    Keychain::save(u"k2"_s, u"gemini"_s);
-    const bool isSaved = Keychain::saveIfAbsent(u"k3"_s, u"grok"_s);
-    Keychain::remove(u"gemini"_s);
-    return isSaved ? 0 : 1;
+    const bool isDone = Keychain::save(u"k1"_s, u"gemini"_s) && Keychain::save(u"k2"_s, u"gemini"_s) &&
+                        Keychain::saveIfAbsent(u"k3"_s, u"grok"_s) && Keychain::remove(u"gemini"_s);
+    return isDone ? 0 : 1;
 }

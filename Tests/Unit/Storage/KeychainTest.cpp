@@ -45,22 +45,22 @@ TEST_F(KeychainTest, withoutAFileThereIsNoKeyAndReadingMakesOnlyTheFolder)
 
 TEST_F(KeychainTest, theFirstKeyMakesAFileWithThatEntryOnly)
 {
-    Keychain::save(u"k1"_s, m_grok);
+    EXPECT_TRUE(Keychain::save(u"k1"_s, m_grok));
     EXPECT_EQ(content(), "{\"grok\":\"k1\"}");
 }
 
 TEST_F(KeychainTest, keysAreSortedReplacedAndKeptExactlyAsGiven)
 {
-    Keychain::save(u"k1"_s, m_openai);
-    Keychain::save(u"old"_s, m_gemini);
-    Keychain::save(u"  \"ké\n "_s, m_gemini);
+    EXPECT_TRUE(Keychain::save(u"k1"_s, m_openai));
+    EXPECT_TRUE(Keychain::save(u"old"_s, m_gemini));
+    EXPECT_TRUE(Keychain::save(u"  \"ké\n "_s, m_gemini));
     EXPECT_EQ(content(), "{\"gemini\":\"  \\\"ké\\n \",\"openai\":\"k1\"}");
     EXPECT_EQ(Keychain::load(m_gemini), u"  \"ké\n "_s);
 }
 
 TEST_F(KeychainTest, anEmptyTextIsAStoredKey)
 {
-    Keychain::save(QString(), m_gemini);
+    EXPECT_TRUE(Keychain::save(QString(), m_gemini));
     ASSERT_TRUE(Keychain::load(m_gemini).has_value());
     EXPECT_EQ(Keychain::load(m_gemini), QString());
     EXPECT_EQ(content(), "{\"gemini\":\"\"}");
@@ -68,8 +68,8 @@ TEST_F(KeychainTest, anEmptyTextIsAStoredKey)
 
 TEST_F(KeychainTest, removingTheLastKeyLeavesAnEmptyObject)
 {
-    Keychain::save(u"k1"_s, m_gemini);
-    Keychain::remove(m_gemini);
+    EXPECT_TRUE(Keychain::save(u"k1"_s, m_gemini));
+    EXPECT_TRUE(Keychain::remove(m_gemini));
     EXPECT_EQ(Keychain::load(m_gemini), std::nullopt);
     EXPECT_EQ(content(), "{}");
 }
@@ -78,7 +78,7 @@ TEST_F(KeychainTest, removingWhatIsNotStoredRewritesTheFileAndItsPermissions)
 {
     ASSERT_TRUE(putFile(file(), "{ \"openai\": \"k2\", \"grok\": \"k1\" }\n"));
     ASSERT_EQ(::chmod(QFile::encodeName(file()).constData(), 0644), 0);
-    Keychain::remove(m_gemini);
+    EXPECT_TRUE(Keychain::remove(m_gemini));
     EXPECT_EQ(content(), "{\"grok\":\"k1\",\"openai\":\"k2\"}");
     EXPECT_EQ(modeOf(file()), 0600U);
 }
@@ -89,7 +89,7 @@ TEST_F(KeychainTest, oneWrongValueMakesTheWholeFileEmpty)
         ASSERT_TRUE(putFile(file(), wrong));
         EXPECT_TRUE(Keychain::readAll().empty()) << wrong;
         EXPECT_EQ(Keychain::load(m_gemini), std::nullopt);
-        Keychain::save(u"k1"_s, m_grok);
+        EXPECT_TRUE(Keychain::save(u"k1"_s, m_grok));
         EXPECT_EQ(content(), "{\"grok\":\"k1\"}");
     }
 }
@@ -97,7 +97,7 @@ TEST_F(KeychainTest, oneWrongValueMakesTheWholeFileEmpty)
 TEST_F(KeychainTest, onlyTheOwnerMayEnterTheFolderAndReadTheFile)
 {
     const mode_t umaskBefore = ::umask(0);
-    Keychain::save(u"k1"_s, m_gemini);
+    EXPECT_TRUE(Keychain::save(u"k1"_s, m_gemini));
     ::umask(umaskBefore);
     EXPECT_EQ(modeOf(file()), 0600U);
     EXPECT_EQ(modeOf(folder()), 0700U);

@@ -78,8 +78,8 @@ TEST_F(LegacyKeysTest, theOldestKeyIsGoneBeforeTheOthersAreLookedAt)
 
 TEST_F(LegacyKeysTest, aKeyInTheFileWinsAndTheItemIsStillDeleted)
 {
-    Keychain::save(u"typed in"_s, u"gemini"_s);
-    Keychain::save(QString(), u"grok"_s);
+    EXPECT_TRUE(Keychain::save(u"typed in"_s, u"gemini"_s));
+    EXPECT_TRUE(Keychain::save(QString(), u"grok"_s));
     m_store.items = {{m_geminiAccount, "k1"}, {m_grokAccount, "k2"}};
     Keychain::migrateLegacyKey(m_store);
     EXPECT_EQ(contentOf(file()), "{\"gemini\":\"typed in\",\"grok\":\"\"}");
@@ -112,7 +112,7 @@ TEST_F(LegacyKeysTest, anItemThatCannotBeDeletedDoesNoHarm)
     m_store.items = {{m_geminiAccount, "k1"}};
     m_store.removable = false;
     Keychain::migrateLegacyKey(m_store);
-    Keychain::save(u"newer"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"newer"_s, u"gemini"_s));
     Keychain::migrateLegacyKey(m_store);
     EXPECT_EQ(contentOf(file()), "{\"gemini\":\"newer\"}");
 }

@@ -59,7 +59,7 @@ TEST_F(GalleryModelTest, itGoesFromEmptyToAlbumsToOneAlbumAndBack)
     EXPECT_EQ(attach().state(), GalleryModel::State::Reading);
     EXPECT_TRUE(comesTo(GalleryModel::State::Empty));
     const QString image = putImage(u"one.png"_s);
-    ImageStore::savePrompt(u"a lake"_s, image);
+    EXPECT_TRUE(ImageStore::savePrompt(u"a lake"_s, image));
     manager->reloadHistory();
     EXPECT_EQ(model->state(), GalleryModel::State::Albums);
     EXPECT_EQ(model->images(), QStringList{image});
@@ -78,7 +78,7 @@ TEST_F(GalleryModelTest, itGoesFromEmptyToAlbumsToOneAlbumAndBack)
 TEST_F(GalleryModelTest, deletingTheLastPictureOfTheOpenAlbumClosesIt)
 {
     const QString image = putImage(u"one.png"_s);
-    ImageStore::savePrompt(u"a lake"_s, image);
+    EXPECT_TRUE(ImageStore::savePrompt(u"a lake"_s, image));
     (void)putImage(u"two.png"_s);
     attach().openAlbum(u"a lake"_s);
     EXPECT_TRUE(lists({image}));
@@ -103,7 +103,7 @@ TEST_F(GalleryModelTest, thePromptIsNotOfferedInTheTwoSpecialAlbums)
 TEST_F(GalleryModelTest, theAlbumOfTheEmptyPromptCanBeOpenedToo)
 {
     const QString image = putImage(u"one.png"_s);
-    ImageStore::savePrompt(QString(), image);
+    EXPECT_TRUE(ImageStore::savePrompt(QString(), image));
     attach().openAlbum(QString());
     EXPECT_TRUE(lists({image}));
     EXPECT_EQ(model->state(), GalleryModel::State::Album);
@@ -124,8 +124,8 @@ TEST_F(GalleryModelTest, anAlbumThatIsOpenedBeforeTheLastOneWasReadIsTheOneThatI
 {
     const QString lake = putImage(u"one.png"_s);
     const QString hill = putImage(u"two.png"_s);
-    ImageStore::savePrompt(u"a lake"_s, lake);
-    ImageStore::savePrompt(u"a hill"_s, hill);
+    EXPECT_TRUE(ImageStore::savePrompt(u"a lake"_s, lake));
+    EXPECT_TRUE(ImageStore::savePrompt(u"a hill"_s, hill));
     attach().openAlbum(u"a lake"_s);
     model->openAlbum(u"a hill"_s);
     EXPECT_TRUE(lists({hill}));

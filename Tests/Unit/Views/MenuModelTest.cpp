@@ -55,7 +55,7 @@ TEST_F(MenuModelTest, theSwitchStartsAndStopsTheSchedule)
 
 TEST_F(MenuModelTest, itGeneratesOnlyWhenTheSidebarCould)
 {
-    Keychain::save(u"KEY"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"KEY"_s, u"gemini"_s));
     store(SettingsKeys::kLastPrompt, u"a lake"_s);
     attach().generate();
     EXPECT_FALSE(manager->isLoading());

@@ -70,7 +70,7 @@ TEST_F(PreviewModelTest, onlyAPictureNarrowerThan4KWithoutAPartnerCanBeEnlarged)
     const QString wide = putPicture(u"wide.png"_s, 3840);
     const QString broken = putImage(u"broken.png"_s);
     const QString paired = putPicture(u"paired.png"_s, 8);
-    ImageStore::saveVariantLink(paired, wide);
+    EXPECT_TRUE(ImageStore::saveVariantLink(paired, wide));
     attach();
     for (const auto &[url, can] : {std::pair{narrow, true}, {wide, false}, {broken, false}, {paired, false}}) {
         model->setPreviewURL(url);
@@ -141,7 +141,7 @@ TEST_F(PreviewModelTest, aPromptIsOfferedOnlyWhereOneIsRecorded)
     EXPECT_FALSE(model->canUsePrompt());
     model->usePrompt();
     EXPECT_TRUE(model->isOpen());
-    ImageStore::savePrompt(u"a lake"_s, one);
+    EXPECT_TRUE(ImageStore::savePrompt(u"a lake"_s, one));
     manager->reloadHistory();
     EXPECT_TRUE(isRead());
     EXPECT_TRUE(model->canUsePrompt());

@@ -33,7 +33,7 @@ TEST_F(SidebarModelTest, thePromptComesFromTheManagerAndGoesBack)
 
 TEST_F(SidebarModelTest, generatingNeedsAPromptAKeyAndNoRun)
 {
-    Keychain::save(u"KEY"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"KEY"_s, u"gemini"_s));
     attach();
     EXPECT_FALSE(model->canGenerate());
     model->generate();
@@ -56,7 +56,7 @@ TEST_F(SidebarModelTest, generatingNeedsAPromptAKeyAndNoRun)
 
 TEST_F(SidebarModelTest, anotherServiceNeedsItsOwnKeyAtOnce)
 {
-    Keychain::save(u"KEY"_s, u"gemini"_s);
+    EXPECT_TRUE(Keychain::save(u"KEY"_s, u"gemini"_s));
     attach().setPromptText(u"a lake"_s);
     ASSERT_TRUE(waitFor([&] { return model->canGenerate(); }));
     manager->setProviderOverride(u"openai"_s);
