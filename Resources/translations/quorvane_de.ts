@@ -642,6 +642,26 @@ mit den Bedienelementen in der Seitenleiste.</translation>
         <source>The request timed out.</source>
         <translation>Zeitüberschreitung bei der Anfrage.</translation>
     </message>
+    <message>
+        <source>The service closed the connection before it answered.</source>
+        <translation>Der Dienst hat die Verbindung geschlossen, bevor er geantwortet hat.</translation>
+    </message>
+    <message>
+        <source>The service closed the connection in the middle of its answer.</source>
+        <translation>Der Dienst hat die Verbindung mitten in seiner Antwort geschlossen.</translation>
+    </message>
+    <message>
+        <source>The service has moved to %1</source>
+        <translation>Der Dienst ist umgezogen nach %1</translation>
+    </message>
+    <message>
+        <source>The service did not accept the API key.</source>
+        <translation>Der Dienst hat den API-Schlüssel nicht angenommen.</translation>
+    </message>
+    <message>
+        <source>The proxy asks for a name and a password.</source>
+        <translation>Der Proxy verlangt einen Namen und ein Passwort.</translation>
+    </message>
 </context>
 <context>
     <name>ImageRecords</name>

@@ -641,6 +641,26 @@ con los controles de la barra lateral.</translation>
         <source>The request timed out.</source>
         <translation>Se agotó el tiempo de espera de la petición.</translation>
     </message>
+    <message>
+        <source>The service closed the connection before it answered.</source>
+        <translation>El servicio cerró la conexión antes de responder.</translation>
+    </message>
+    <message>
+        <source>The service closed the connection in the middle of its answer.</source>
+        <translation>El servicio cerró la conexión en medio de su respuesta.</translation>
+    </message>
+    <message>
+        <source>The service has moved to %1</source>
+        <translation>El servicio se ha trasladado a %1</translation>
+    </message>
+    <message>
+        <source>The service did not accept the API key.</source>
+        <translation>El servicio no aceptó la clave de API.</translation>
+    </message>
+    <message>
+        <source>The proxy asks for a name and a password.</source>
+        <translation>El proxy pide un nombre y una contraseña.</translation>
+    </message>
 </context>
 <context>
     <name>ImageRecords</name>

@@ -643,6 +643,26 @@ avec les commandes du panneau latéral.</translation>
         <source>The request timed out.</source>
         <translation>La requête a expiré.</translation>
     </message>
+    <message>
+        <source>The service closed the connection before it answered.</source>
+        <translation>Le service a fermé la connexion avant de répondre.</translation>
+    </message>
+    <message>
+        <source>The service closed the connection in the middle of its answer.</source>
+        <translation>Le service a fermé la connexion au milieu de sa réponse.</translation>
+    </message>
+    <message>
+        <source>The service has moved to %1</source>
+        <translation>Le service a déménagé à l’adresse %1</translation>
+    </message>
+    <message>
+        <source>The service did not accept the API key.</source>
+        <translation>Le service n’a pas accepté la clé API.</translation>
+    </message>
+    <message>
+        <source>The proxy asks for a name and a password.</source>
+        <translation>Le proxy demande un nom et un mot de passe.</translation>
+    </message>
 </context>
 <context>
     <name>ImageRecords</name>

@@ -639,6 +639,26 @@ using the sidebar controls.</source>
         <source>The request timed out.</source>
         <translation>要求がタイムアウトしました。</translation>
     </message>
+    <message>
+        <source>The service closed the connection before it answered.</source>
+        <translation>サービスが応答する前に接続を閉じました。</translation>
+    </message>
+    <message>
+        <source>The service closed the connection in the middle of its answer.</source>
+        <translation>サービスが応答の途中で接続を閉じました。</translation>
+    </message>
+    <message>
+        <source>The service has moved to %1</source>
+        <translation>サービスは %1 に移転しました</translation>
+    </message>
+    <message>
+        <source>The service did not accept the API key.</source>
+        <translation>サービスが API キーを受け付けませんでした。</translation>
+    </message>
+    <message>
+        <source>The proxy asks for a name and a password.</source>
+        <translation>プロキシが名前とパスワードを求めています。</translation>
+    </message>
 </context>
 <context>
     <name>ImageRecords</name>

@@ -639,6 +639,26 @@ using the sidebar controls.</source>
         <source>The request timed out.</source>
         <translation>请求超时。</translation>
     </message>
+    <message>
+        <source>The service closed the connection before it answered.</source>
+        <translation>服务在应答之前关闭了连接。</translation>
+    </message>
+    <message>
+        <source>The service closed the connection in the middle of its answer.</source>
+        <translation>服务在应答途中关闭了连接。</translation>
+    </message>
+    <message>
+        <source>The service has moved to %1</source>
+        <translation>服务已迁移到 %1</translation>
+    </message>
+    <message>
+        <source>The service did not accept the API key.</source>
+        <translation>服务不接受该 API 密钥。</translation>
+    </message>
+    <message>
+        <source>The proxy asks for a name and a password.</source>
+        <translation>代理要求提供用户名和密码。</translation>
+    </message>
 </context>
 <context>
     <name>ImageRecords</name>

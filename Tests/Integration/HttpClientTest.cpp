@@ -3,11 +3,11 @@
 #include "Platform/Network/HttpClient.h"
 #include "Platform/Threads/TaskScope.h"
 #include "Support/TestCertificates.h"
+#include "Support/TrustedAuthority.h"
 #include "Support/WaitFor.h"
 #include "demo-service/DemoService.h"
 
 #include <QSslCertificate>
-#include <QTemporaryFile>
 
 #include <gtest/gtest.h>
 
@@ -18,25 +18,6 @@ namespace quorvane {
 namespace {
 
 using Kind = Misbehaviour::Kind;
-
-/// Makes the client trust the authority of this run for as long as it lives.
-class TrustedAuthority
-{
-  public:
-    explicit TrustedAuthority(const QSslCertificate &authority)
-    {
-        EXPECT_TRUE(m_file.open());
-        m_file.write(authority.toPem());
-        m_file.close();
-        qputenv("SSL_CERT_FILE", m_file.fileName().toLocal8Bit());
-    }
-    ~TrustedAuthority() { qunsetenv("SSL_CERT_FILE"); }
-    TrustedAuthority(const TrustedAuthority &) = delete;
-    TrustedAuthority &operator=(const TrustedAuthority &) = delete;
-
-  private:
-    QTemporaryFile m_file;
-};
 
 struct Outcome
 {
@@ -198,27 +179,7 @@ TEST_F(HttpClientTest, headersWithoutEndAreRefused)
     EXPECT_FALSE(postWith(Kind::EndlessHeaders).failure.isEmpty());
 }
 
-TEST_F(HttpClientTest, redirectsToTheSameHostAreFollowedWithKeyAndBody)
-{
-    for (const int status : {307, 308}) {
-        service.clearRequests();
-        service.setResponder([status](const HttpRequest &arrived) -> std::optional<WireScript> {
-            if (arrived.path == "/moved") {
-                return HttpAnswer::json(200, "{}");
-            }
-            return HttpAnswer{status, {{"Location", "/moved"}}, {}};
-        });
-        HttpClient client;
-        EXPECT_EQ(post(client, request(service)).answer, "{}");
-        const auto requests = service.requests();
-        ASSERT_EQ(requests.size(), 2);
-        EXPECT_EQ(requests.at(1).method, "POST");
-        EXPECT_EQ(requests.at(1).body, requests.at(0).body);
-        EXPECT_EQ(requests.at(1).header("Authorization"), "Bearer SECRET");
-    }
-}
-
-TEST_F(HttpClientTest, olderRedirectsBecomeGetAsBrowsersDo)
+TEST_F(HttpClientTest, redirectsToTheSameHostAreFollowedWithTheKeyAsGet)
 {
     for (const int status : {301, 302, 303}) {
         service.clearRequests();
@@ -233,6 +194,7 @@ TEST_F(HttpClientTest, olderRedirectsBecomeGetAsBrowsersDo)
         ASSERT_EQ(service.requests().size(), 2);
         EXPECT_EQ(service.requests().at(1).method, "GET");
         EXPECT_TRUE(service.requests().at(1).body.isEmpty());
+        EXPECT_EQ(service.requests().at(1).header("Authorization"), "Bearer SECRET");
     }
 }
 
@@ -242,6 +204,7 @@ TEST_F(HttpClientTest, aRedirectToAnotherHostLosesTheKey)
     other.setResponder(
         [](const HttpRequest & /*arrived*/) -> std::optional<WireScript> { return HttpAnswer::json(200, "{}"); });
     Misbehaviour away(Kind::Redirect);
+    away.status = 302;
     away.text = other.baseAddress().toEncoded() + "/elsewhere";
     EXPECT_EQ(postWith(away).answer, "{}");
     ASSERT_EQ(other.requests().size(), 1);
@@ -257,14 +220,14 @@ TEST_F(HttpClientTest, aRedirectToAndFroDoesNotBringTheKeyBack)
     DemoService other;
     const QByteArray home = service.baseAddress().toEncoded() + "/back";
     other.setResponder([home](const HttpRequest & /*arrived*/) -> std::optional<WireScript> {
-        return HttpAnswer{307, {{"Location", home}}, {}};
+        return HttpAnswer{302, {{"Location", home}}, {}};
     });
     const QByteArray away = other.baseAddress().toEncoded() + "/away";
     service.setResponder([away](const HttpRequest &arrived) -> std::optional<WireScript> {
         if (arrived.path == "/back") {
             return HttpAnswer::json(200, "{}");
         }
-        return HttpAnswer{307, {{"Location", away}}, {}};
+        return HttpAnswer{302, {{"Location", away}}, {}};
     });
     HttpClient client;
     EXPECT_EQ(post(client, request(service)).answer, "{}");
@@ -276,15 +239,20 @@ TEST_F(HttpClientTest, redirectsToAddressesWithoutEncryptionAreRefused)
 {
     for (const char *target :
          {"http://service.example/", "ftp://127.0.0.1/", "file:///etc/passwd", "http://192.168.1.1/"}) {
-        Misbehaviour away(Kind::Redirect);
-        away.text = target;
-        EXPECT_EQ(postWith(away).failure, u"The service redirected to an address without encryption."_s) << target;
+        for (const int status : {301, 302, 303, 307, 308}) {
+            Misbehaviour away(Kind::Redirect);
+            away.status = status;
+            away.text = target;
+            EXPECT_EQ(postWith(away).failure, u"The service redirected to an address without encryption."_s) << target;
+        }
     }
 }
 
 TEST_F(HttpClientTest, redirectsThatNeverEndAreGivenUp)
 {
-    EXPECT_EQ(postWith(Kind::RedirectLoop).failure, u"The service redirected too many times."_s);
+    Misbehaviour loop(Kind::RedirectLoop);
+    loop.status = 303;
+    EXPECT_EQ(postWith(loop).failure, u"The service redirected too many times."_s);
     EXPECT_EQ(service.requests().size(), 11);
 }
 
@@ -318,6 +286,32 @@ TEST_F(HttpClientTest, cancellingEndsWhatRunsAndWhatComes)
     ASSERT_TRUE(waitFor([&scope] { return scope.running() == 0; }));
     EXPECT_EQ(outcome.failure, u"The request was cancelled."_s);
     EXPECT_EQ(post(client, request(service)).failure, u"The request was cancelled."_s);
+}
+
+TEST_F(HttpClientTest, noCallUsesAConnectionOfAnother)
+{
+    // The first call holds its connection while the second one's becomes idle, where the third one must not find it.
+    HttpClient client;
+    Outcome first;
+    TaskScope scope;
+    service.setResponder([](const HttpRequest &arrived) -> std::optional<WireScript> {
+        if (arrived.path == "/first") {
+            return WireScript().hang();
+        }
+        return HttpAnswer::json(200, "{}");
+    });
+    scope.start(posting(&client, request(service, u"/first"_s), &first));
+    ASSERT_TRUE(waitFor([this] { return service.requests().size() == 1; }));
+    for (int calls = 2; calls <= 3; ++calls) {
+        Outcome outcome;
+        TaskScope inner;
+        inner.start(posting(&client, request(service), &outcome));
+        ASSERT_TRUE(waitFor([&inner] { return inner.running() == 0; }));
+        EXPECT_EQ(outcome.answer, "{}");
+        EXPECT_EQ(service.connections(), calls);
+    }
+    client.cancelAll();
+    ASSERT_TRUE(waitFor([&scope] { return scope.running() == 0; }));
 }
 
 TEST(HttpClientOverIpv6, works)

@@ -1,14 +1,23 @@
 // One request is one or more exchanges: redirects are followed here instead of in Qt, because Qt would carry every
 // header along to another host. A finished exchange is judged by whether an HTTP answer came back whole, not by Qt's
 // error code, which counts 404 and 500 as failures although their bodies are what the caller wants to read.
+//
+// Qt by itself sends a POST again: over HTTP/1.1 up to three times when the connection ends before the answer began,
+// and once more for every step of NTLM. Neither can be switched off as such. But Qt has to rewind the body for it, so
+// the body is a device that gives its bytes once; a connection that was idle, which servers may close at any moment, is
+// never used; and challenges are not answered.
 
 #include "Platform/Network/HttpClient.h"
 
+#include "Platform/Network/OnceReadBody.h"
 #include "Platform/Network/TrustedCertificates.h"
+#include "Platform/Threads/Worker.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QCoroFuture>
 #include <QHostAddress>
+#include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QPromise>
@@ -42,6 +51,34 @@ bool sameOrigin(const QUrl &left, const QUrl &right)
     return left.scheme() == right.scheme() && left.host() == right.host() && port(left) == port(right);
 }
 
+// Why no whole answer came.
+QString brokenOff(const QNetworkReply &reply, int status)
+{
+    // Where Qt knows nothing it says so in these words, and where it would have liked to send the body again it
+    // complains of that.
+    const bool isUntold = reply.error() == QNetworkReply::ContentReSendError ||
+                          reply.error() == QNetworkReply::RemoteHostClosedError ||
+                          reply.errorString() == QBuffer().errorString();
+    if (!isUntold) {
+        return reply.errorString();
+    }
+    return status == 0 ? Tr::tr("The service closed the connection before it answered.")
+                       : Tr::tr("The service closed the connection in the middle of its answer.");
+}
+
+// Why a redirect that would repeat the POST is not followed.
+QString movedTo(const QUrl &url)
+{
+    if (!isAllowedAddress(url)) {
+        return Tr::tr("The service redirected to an address without encryption.");
+    }
+    return Tr::tr("The service has moved to %1")
+        .arg(url.toString(QUrl::RemoveQuery | QUrl::RemoveFragment | QUrl::RemoveUserInfo));
+}
+
+// Of the statuses that say where to ask instead, those from which on a POST stays one.
+constexpr int kTemporaryRedirect = 307;
+
 // Qt turns each status from 400 on into one of these; anything else means that the transport itself failed.
 bool isStatusOnly(QNetworkReply::NetworkError error)
 {
@@ -50,7 +87,6 @@ bool isStatusOnly(QNetworkReply::NetworkError error)
                                               QNetworkReply::ContentOperationNotPermittedError,
                                               QNetworkReply::ContentNotFoundError,
                                               QNetworkReply::AuthenticationRequiredError,
-                                              QNetworkReply::ContentReSendError,
                                               QNetworkReply::ContentConflictError,
                                               QNetworkReply::ContentGoneError,
                                               QNetworkReply::UnknownContentError,
@@ -96,7 +132,6 @@ struct HttpClient::Exchange
 HttpClient::HttpClient(qint64 answerLimitBytes)
     : m_answerLimitBytes(answerLimitBytes)
 {
-    m_network.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
 }
 
 HttpClient::~HttpClient() = default;
@@ -106,37 +141,11 @@ void HttpClient::cancelAll()
     m_stop.request_stop();
 }
 
-/// Lives as long as a request runs. When none does any more, connections and their thread go: a program that waits for
-/// hours shall not be woken to keep them.
-class HttpClient::Busy
-{
-  public:
-    explicit Busy(HttpClient *client)
-        : m_client(client)
-    {
-        ++m_client->m_running;
-    }
-    ~Busy()
-    {
-        if (--m_client->m_running == 0) {
-            m_client->m_network.clearConnectionCache();
-        }
-    }
-    Busy(const Busy &) = delete;
-    Busy &operator=(const Busy &) = delete;
-    Busy(Busy &&) = delete;
-    Busy &operator=(Busy &&) = delete;
-
-  private:
-    HttpClient *m_client;
-};
-
 QCoro::Task<QByteArray> HttpClient::post(Request request)
 {
     const QUrl origin = request.url;
     auto state = std::make_unique<Exchange>();
     state->request = std::move(request);
-    const Busy busy(this);
     for (int redirects = 0; redirects <= kRedirectLimit; ++redirects) {
         if (!isAllowedAddress(state->request.url)) {
             throw TransportError(redirects == 0 ? Tr::tr("The address is neither https nor on this machine.")
@@ -160,20 +169,36 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
     if (m_stop.stop_requested()) {
         throw TransportError(Tr::tr("The request was cancelled."));
     }
-    QNetworkRequest request(state->request.url);
-    if (!m_tls) {
-        m_tls = trustedTlsConfiguration();
+    if (!m_tls && state->request.url.scheme() == "https"_L1) {
+        // Hundreds of certificates take longer to read than a window may stand still.
+        m_tls = co_await onWorker(trustedTlsConfiguration);
+        if (m_stop.stop_requested()) {
+            throw TransportError(Tr::tr("The request was cancelled."));
+        }
     }
-    request.setSslConfiguration(*m_tls);
+    QNetworkRequest request(state->request.url);
+    if (m_tls) {
+        request.setSslConfiguration(*m_tls);
+    }
     request.setTransferTimeout(static_cast<int>(state->request.silenceLimit.count()));
     if (!state->request.secret.name.isEmpty()) {
         request.setRawHeader(state->request.secret.name, state->request.secret.value);
     }
+    // A challenge ends the exchange, with its words.
+    request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
+    std::unique_ptr<OnceReadBody> body;
     if (!state->asGet) {
         request.setRawHeader("Content-Type", state->request.contentType);
+        // Without these two Qt would copy the body into a buffer of its own, from which it could send it again.
+        request.setHeader(QNetworkRequest::ContentLengthHeader, state->request.body.size());
+        request.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
+        body = std::make_unique<OnceReadBody>(std::exchange(state->request.body, {}));
     }
-    const std::unique_ptr<QNetworkReply> reply(state->asGet ? m_network.get(request)
-                                                            : m_network.post(request, state->request.body));
+    // Of this exchange alone: its connection and the thread that serves it go with it, so that a program that waits for
+    // hours is not woken to keep them.
+    QNetworkAccessManager network;
+    network.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
+    const std::unique_ptr<QNetworkReply> reply(body ? network.post(request, body.get()) : network.get(request));
     state->answer.clear();
 
     QObject::connect(reply.get(), &QNetworkReply::readyRead, reply.get(), [this, state, reply = reply.get()] {
@@ -210,19 +235,32 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
         throw TransportError(Tr::tr("The request timed out."));
     }
     const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    const QUrl target = reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
+    if (reply->error() == QNetworkReply::ContentReSendError && !target.isEmpty()) {
+        throw TransportError(movedTo(state->request.url.resolved(target)));
+    }
+    // Over HTTP/2 a challenge ends the exchange before its words are there.
+    if (reply->attribute(QNetworkRequest::Http2WasUsedAttribute).toBool() && state->answer.isEmpty()) {
+        if (reply->error() == QNetworkReply::AuthenticationRequiredError) {
+            throw TransportError(Tr::tr("The service did not accept the API key."));
+        }
+        if (reply->error() == QNetworkReply::ProxyAuthenticationRequiredError) {
+            throw TransportError(Tr::tr("The proxy asks for a name and a password."));
+        }
+    }
     // Qt tells an answer that does not unpack, or unpacks to far too much, like an unusual status.
     const bool isWhole =
         reply->error() == QNetworkReply::NoError || (status >= kFirstErrorStatus && isStatusOnly(reply->error()));
     if (status == 0 || !isWhole) {
-        throw TransportError(reply->errorString());
+        throw TransportError(brokenOff(*reply, status));
     }
-    if (status >= kFirstRedirectStatus && status < kFirstErrorStatus) {
-        const QUrl target = reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
-        if (!target.isEmpty()) {
-            constexpr int kSeeOther = 303;
-            state->asGet = state->asGet || status <= kSeeOther;
-            co_return state->request.url.resolved(target);
+    if (status >= kFirstRedirectStatus && status < kFirstErrorStatus && !target.isEmpty()) {
+        const QUrl resolved = state->request.url.resolved(target);
+        if (!state->asGet && status >= kTemporaryRedirect) {
+            throw TransportError(movedTo(resolved));
         }
+        state->asGet = true;
+        co_return resolved;
     }
     state->answer += reply->readAll();
     co_return std::nullopt;

@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QCoroTask>
 #include <QList>
-#include <QNetworkAccessManager>
 #include <QSslConfiguration>
 #include <QString>
 #include <QUrl>
@@ -33,6 +32,9 @@ class TransportError : public std::exception
 
 /// Sends requests over verified TLS (HTTP/2 where the server has it) and collects whole answers. Belongs to a thread
 /// with an event loop; any number of requests may run at once.
+///
+/// A call is one POST on a connection of its own, whatever happens to it: who asks a service for a picture may have to
+/// pay for every request that arrives there.
 class HttpClient
 {
   public:
@@ -47,7 +49,7 @@ class HttpClient
         QUrl url;               ///< https, or http to this machine.
         QByteArray contentType; ///< Sent with the body.
         Header secret;          ///< Goes to the origin of url alone, not along redirects elsewhere.
-        QByteArray body;        ///< Sent with POST.
+        QByteArray body;        ///< Sent with POST, once.
         std::chrono::milliseconds silenceLimit{60000}; ///< How long no byte may move before the request fails.
     };
 
@@ -64,7 +66,8 @@ class HttpClient
 
     /// The body of the answer, whatever its HTTP status. Throws TransportError when none came, the answer broke off,
     /// was too large, the certificate does not hold, or a redirect leads to an address that is not allowed.
-    /// Redirects are followed as browsers do (301, 302 and 303 become GET); the secret header stays with its origin.
+    /// Redirects that browsers follow with GET (301, 302 and 303) are followed so, and the secret header stays with its
+    /// origin; those that want the POST again (307 and 308) are an error that tells the new address.
     [[nodiscard]] QCoro::Task<QByteArray> post(Request request);
 
     /// Ends every running request with a TransportError, and every later one at once. For tearing down.
@@ -72,13 +75,10 @@ class HttpClient
 
   private:
     struct Exchange;
-    class Busy;
     [[nodiscard]] QCoro::Task<std::optional<QUrl>> exchange(Exchange *state);
 
-    QNetworkAccessManager m_network;
-    std::optional<QSslConfiguration> m_tls; ///< Read with the first request, because many starts make none.
+    std::optional<QSslConfiguration> m_tls; ///< Read with the first https request, because many starts make none.
     qint64 m_answerLimitBytes;
-    int m_running = 0;
     std::stop_source m_stop;
 };
 
