@@ -134,7 +134,7 @@ UserDefaults::UserDefaults(const QString &path)
 
 UserDefaults::~UserDefaults()
 {
-    (void)sync(); // Who wants to know has asked before.
+    written(sync());
 }
 
 QString UserDefaults::defaultPath()
