@@ -136,6 +136,109 @@ Wählen Sie einen bestimmten Anbieter, um ihn für jedes Bild zu verwenden.</tra
         <source>--action needs one of: generate, toggle-auto, settings, quit</source>
         <translation>--action braucht eines von: generate, toggle-auto, settings, quit</translation>
     </message>
+</context>
+<context>
+    <name>CommandTable</name>
+    <message>
+        <source>make a picture and set it as the wallpaper</source>
+        <translation>ein Bild erzeugen und als Hintergrund setzen</translation>
+    </message>
+    <message>
+        <source>make a 4K copy of a picture and set it</source>
+        <translation>ein Bild in 4K kopieren und die Kopie setzen</translation>
+    </message>
+    <message>
+        <source>set a picture as the wallpaper of every screen</source>
+        <translation>ein Bild auf jedem Bildschirm setzen</translation>
+    </message>
+    <message>
+        <source>provider, settings, schedule, wallpaper, screens</source>
+        <translation>Anbieter, Einstellungen, Zeitplan, Hintergrund, Bildschirme</translation>
+    </message>
+    <message>
+        <source>list the pictures, newest first</source>
+        <translation>die Bilder auflisten, das neueste zuerst</translation>
+    </message>
+    <message>
+        <source>list the pictures by prompt</source>
+        <translation>die Bilder nach Prompt auflisten</translation>
+    </message>
+    <message>
+        <source>mark a picture as a favourite, or no longer</source>
+        <translation>ein Bild als Favorit markieren oder nicht mehr</translation>
+    </message>
+    <message>
+        <source>delete a picture and its 4K partner for good</source>
+        <translation>ein Bild und sein 4K-Gegenstück endgültig löschen</translation>
+    </message>
+    <message>
+        <source>print all settings</source>
+        <translation>alle Einstellungen ausgeben</translation>
+    </message>
+    <message>
+        <source>print a setting</source>
+        <translation>eine Einstellung ausgeben</translation>
+    </message>
+    <message>
+        <source>change a setting</source>
+        <translation>eine Einstellung ändern</translation>
+    </message>
+    <message>
+        <source>go back to the default of a setting</source>
+        <translation>zur Vorgabe einer Einstellung zurückkehren</translation>
+    </message>
+    <message>
+        <source>list the services whose API keys are stored</source>
+        <translation>die Dienste auflisten, deren API-Schlüssel gespeichert sind</translation>
+    </message>
+    <message>
+        <source>store an API key, read from standard input</source>
+        <translation>einen API-Schlüssel von der Standardeingabe speichern</translation>
+    </message>
+    <message>
+        <source>delete an API key</source>
+        <translation>einen API-Schlüssel löschen</translation>
+    </message>
+    <message>
+        <source>automatic mode</source>
+        <translation>automatischer Betrieb</translation>
+    </message>
+    <message>
+        <source>start with the session</source>
+        <translation>mit der Sitzung starten</translation>
+    </message>
+    <message>
+        <source>show the super-resolution network</source>
+        <translation>das Netz zum Hochskalieren zeigen</translation>
+    </message>
+    <message>
+        <source>check a network and make it yours</source>
+        <translation>ein Netz prüfen und zum eigenen machen</translation>
+    </message>
+    <message>
+        <source>end the running application</source>
+        <translation>das laufende Programm beenden</translation>
+    </message>
+    <message>
+        <source>FILE</source>
+        <translation>DATEI</translation>
+    </message>
+    <message>
+        <source>KEY</source>
+        <translation>NAME</translation>
+    </message>
+    <message>
+        <source>VALUE</source>
+        <translation>WERT</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>[--prompt TEXT]</source>
+        <translation>[--prompt TEXT]</translation>
+    </message>
     <message>
         <source>Usage: quorvane [--hidden]
        quorvane --action NAME
@@ -144,24 +247,6 @@ Wählen Sie einen bestimmten Anbieter, um ihn für jedes Bild zu verwenden.</tra
 Without a command the application starts and opens its window (--hidden: tray only).
 --action starts it where it does not run, and does what the desktop entry&apos;s action
 does: generate, toggle-auto, settings or quit.
-
-  generate [--prompt TEXT]      make a picture and set it as the wallpaper
-  upscale FILE                  make a 4K copy of a picture and set it
-  set FILE                      set a picture as the wallpaper of every screen
-  status                        provider, settings, schedule, wallpaper, screens
-  history, albums               what the gallery lists, in its order
-  favorite FILE                 mark a picture as a favourite, or no longer
-  delete FILE                   delete a picture and its 4K partner for good
-  settings [KEY [VALUE]]        print all, print one, set one; --unset KEY
-  key list|set ID|delete ID     API keys of gemini, grok, openai; set reads
-                                the key from standard input
-  auto on|off                   automatic mode
-  autostart on|off              start with the session
-  model [install FILE]          the super-resolution network
-  quit                          end the running application
-
-FILE is a path, or the name of a picture in the library.
-Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>Aufruf: quorvane [--hidden]
         quorvane --action NAME
@@ -170,25 +255,13 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 Ohne Befehl startet das Programm und öffnet sein Fenster (--hidden: nur das Symbol in der Leiste).
 --action startet es, wo es nicht läuft, und tut, was die Aktion des Programmeintrags
 tut: generate, toggle-auto, settings oder quit.
-
-  generate [--prompt TEXT]      ein Bild erzeugen und als Hintergrund setzen
-  upscale DATEI                 ein Bild in 4K kopieren und die Kopie setzen
-  set DATEI                     ein Bild auf jedem Bildschirm setzen
-  status                        Anbieter, Einstellungen, Zeitplan, Hintergrund,
-                                Bildschirme
-  history, albums               was die Galerie zeigt, in ihrer Reihenfolge
-  favorite DATEI                ein Bild als Favorit markieren oder nicht mehr
-  delete DATEI                  ein Bild und sein 4K-Gegenstück endgültig löschen
-  settings [NAME [WERT]]        alle ausgeben, eine ausgeben, eine setzen;
-                                --unset NAME
-  key list|set ID|delete ID     API-Schlüssel von gemini, grok, openai; set liest
-                                den Schlüssel von der Standardeingabe
-  auto on|off                   automatischer Betrieb
-  autostart on|off              mit der Sitzung starten
-  model [install DATEI]         das Netz zum Hochskalieren
-  quit                          das laufende Programm beenden
-
-DATEI ist ein Pfad oder der Name eines Bildes in der Sammlung.
+</translation>
+    </message>
+    <message>
+        <source>FILE is a path, or the name of a picture in the library. ID is gemini, grok or openai.
+Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
+</source>
+        <translation>DATEI ist ein Pfad oder der Name eines Bildes in der Sammlung. ID ist gemini, grok oder openai.
 Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
 </translation>
     </message>
@@ -198,14 +271,6 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
     <message>
         <source>could not delete %1</source>
         <translation>%1 konnte nicht gelöscht werden</translation>
-    </message>
-    <message>
-        <source>could not write %1</source>
-        <translation>%1 konnte nicht geschrieben werden</translation>
-    </message>
-    <message>
-        <source>unknown setting %1</source>
-        <translation>unbekannte Einstellung %1</translation>
     </message>
     <message>
         <source>no such file: %1</source>
@@ -218,10 +283,6 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
     <message>
         <source>no key on standard input</source>
         <translation>kein Schlüssel auf der Standardeingabe</translation>
-    </message>
-    <message>
-        <source>could not write the key file</source>
-        <translation>die Schlüsseldatei konnte nicht geschrieben werden</translation>
     </message>
     <message>
         <source>API key for %1: </source>
@@ -238,6 +299,10 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
     <message>
         <source>the application did not answer: %1</source>
         <translation>das Programm hat nicht geantwortet: %1</translation>
+    </message>
+    <message>
+        <source>the application was asked to end and still runs</source>
+        <translation>das Programm wurde gebeten, sich zu beenden, und läuft noch</translation>
     </message>
 </context>
 <context>
@@ -864,11 +929,11 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <name>PlasmaScript</name>
     <message>
         <source>Plasma did not take the picture for screen %1</source>
-        <translation type="unfinished">Plasma hat das Bild für Bildschirm %1 nicht angenommen</translation>
+        <translation>Plasma hat das Bild für Bildschirm %1 nicht angenommen</translation>
     </message>
     <message>
         <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation type="unfinished">Plasma hat auf %1 seiner %2 Bildschirme eine Arbeitsfläche</translation>
+        <translation>Plasma hat auf %1 seiner %2 Bildschirme eine Arbeitsfläche</translation>
     </message>
 </context>
 <context>
@@ -949,6 +1014,10 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>the application runs already and can be told nothing without a session bus</source>
         <translation>die Anwendung läuft schon, und ohne Sitzungsbus kann ihr nichts mitgeteilt werden</translation>
+    </message>
+    <message>
+        <source>there is no home folder: HOME names none, and the account has none</source>
+        <translation>es gibt keinen persönlichen Ordner: HOME nennt keinen, und das Konto hat keinen</translation>
     </message>
 </context>
 <context>
@@ -1116,19 +1185,19 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <name>SettingsGroup</name>
     <message>
         <source>The settings &quot;%1&quot; are not installed</source>
-        <translation type="unfinished">Die Einstellungen „%1“ sind nicht installiert</translation>
+        <translation>Die Einstellungen „%1“ sind nicht installiert</translation>
     </message>
     <message>
         <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation type="unfinished">Die Einstellungen „%1“ können nicht gespeichert werden: GLib hat hier kein dconf</translation>
+        <translation>Die Einstellungen „%1“ können nicht gespeichert werden: GLib hat hier kein dconf</translation>
     </message>
     <message>
         <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation type="unfinished">Die Einstellung „%1 %2“ kann nicht geändert werden</translation>
+        <translation>Die Einstellung „%1 %2“ kann nicht geändert werden</translation>
     </message>
     <message>
         <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation type="unfinished">Die Einstellung „%1 %2“ wurde nicht behalten</translation>
+        <translation>Die Einstellung „%1 %2“ wurde nicht behalten</translation>
     </message>
 </context>
 <context>
@@ -1148,6 +1217,10 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>%1 takes one of: %2</source>
         <translation>%1 nimmt eines von: %2</translation>
+    </message>
+    <message>
+        <source>%1 takes the whole path of a picture</source>
+        <translation>%1 nimmt den vollständigen Pfad eines Bildes</translation>
     </message>
 </context>
 <context>
@@ -1291,23 +1364,23 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <name>SwaySocket</name>
     <message>
         <source>sway cannot be reached: %1</source>
-        <translation type="unfinished">sway ist nicht erreichbar: %1</translation>
+        <translation>sway ist nicht erreichbar: %1</translation>
     </message>
     <message>
         <source>sway&apos;s answer cannot be understood</source>
-        <translation type="unfinished">die Antwort von sway ist nicht zu verstehen</translation>
+        <translation>die Antwort von sway ist nicht zu verstehen</translation>
     </message>
     <message>
         <source>sway does not answer</source>
-        <translation type="unfinished">sway antwortet nicht</translation>
+        <translation>sway antwortet nicht</translation>
     </message>
     <message>
         <source>sway ended the connection: %1</source>
-        <translation type="unfinished">sway hat die Verbindung beendet: %1</translation>
+        <translation>sway hat die Verbindung beendet: %1</translation>
     </message>
     <message>
         <source>sway ended the connection</source>
-        <translation type="unfinished">sway hat die Verbindung beendet</translation>
+        <translation>sway hat die Verbindung beendet</translation>
     </message>
 </context>
 <context>
@@ -1333,6 +1406,17 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>Upscaling to 4K...</source>
         <translation>Wird auf 4K hochskaliert&#xa0;…</translation>
+    </message>
+</context>
+<context>
+    <name>UserDefaults</name>
+    <message>
+        <source>could not read %1: %2</source>
+        <translation>%1 konnte nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>could not write %1: %2</source>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
     </message>
 </context>
 <context>
@@ -1457,6 +1541,10 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>The window cannot be opened</source>
         <translation>Das Fenster kann nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>The settings are not kept</source>
+        <translation>Die Einstellungen werden nicht gespeichert</translation>
     </message>
 </context>
 <context>

@@ -136,6 +136,109 @@ Elija un proveedor concreto para usarlo en cada generación.</translation>
         <source>--action needs one of: generate, toggle-auto, settings, quit</source>
         <translation>--action necesita uno de: generate, toggle-auto, settings, quit</translation>
     </message>
+</context>
+<context>
+    <name>CommandTable</name>
+    <message>
+        <source>make a picture and set it as the wallpaper</source>
+        <translation>generar una imagen y ponerla de fondo de pantalla</translation>
+    </message>
+    <message>
+        <source>make a 4K copy of a picture and set it</source>
+        <translation>hacer una copia 4K de una imagen y ponerla</translation>
+    </message>
+    <message>
+        <source>set a picture as the wallpaper of every screen</source>
+        <translation>poner una imagen de fondo en todas las pantallas</translation>
+    </message>
+    <message>
+        <source>provider, settings, schedule, wallpaper, screens</source>
+        <translation>proveedor, ajustes, programación, fondo, pantallas</translation>
+    </message>
+    <message>
+        <source>list the pictures, newest first</source>
+        <translation>listar las imágenes, las más nuevas primero</translation>
+    </message>
+    <message>
+        <source>list the pictures by prompt</source>
+        <translation>listar las imágenes por indicación</translation>
+    </message>
+    <message>
+        <source>mark a picture as a favourite, or no longer</source>
+        <translation>marcar una imagen como favorita, o dejar de hacerlo</translation>
+    </message>
+    <message>
+        <source>delete a picture and its 4K partner for good</source>
+        <translation>eliminar para siempre una imagen y su versión 4K</translation>
+    </message>
+    <message>
+        <source>print all settings</source>
+        <translation>mostrar todos los ajustes</translation>
+    </message>
+    <message>
+        <source>print a setting</source>
+        <translation>mostrar un ajuste</translation>
+    </message>
+    <message>
+        <source>change a setting</source>
+        <translation>cambiar un ajuste</translation>
+    </message>
+    <message>
+        <source>go back to the default of a setting</source>
+        <translation>volver al valor predeterminado de un ajuste</translation>
+    </message>
+    <message>
+        <source>list the services whose API keys are stored</source>
+        <translation>listar los servicios cuyas claves de API están guardadas</translation>
+    </message>
+    <message>
+        <source>store an API key, read from standard input</source>
+        <translation>guardar una clave de API leída de la entrada estándar</translation>
+    </message>
+    <message>
+        <source>delete an API key</source>
+        <translation>eliminar una clave de API</translation>
+    </message>
+    <message>
+        <source>automatic mode</source>
+        <translation>modo automático</translation>
+    </message>
+    <message>
+        <source>start with the session</source>
+        <translation>iniciar con la sesión</translation>
+    </message>
+    <message>
+        <source>show the super-resolution network</source>
+        <translation>mostrar la red de ampliación</translation>
+    </message>
+    <message>
+        <source>check a network and make it yours</source>
+        <translation>comprobar una red y hacerla suya</translation>
+    </message>
+    <message>
+        <source>end the running application</source>
+        <translation>cerrar la aplicación en ejecución</translation>
+    </message>
+    <message>
+        <source>FILE</source>
+        <translation>ARCHIVO</translation>
+    </message>
+    <message>
+        <source>KEY</source>
+        <translation>NOMBRE</translation>
+    </message>
+    <message>
+        <source>VALUE</source>
+        <translation>VALOR</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>[--prompt TEXT]</source>
+        <translation>[--prompt TEXTO]</translation>
+    </message>
     <message>
         <source>Usage: quorvane [--hidden]
        quorvane --action NAME
@@ -144,24 +247,6 @@ Elija un proveedor concreto para usarlo en cada generación.</translation>
 Without a command the application starts and opens its window (--hidden: tray only).
 --action starts it where it does not run, and does what the desktop entry&apos;s action
 does: generate, toggle-auto, settings or quit.
-
-  generate [--prompt TEXT]      make a picture and set it as the wallpaper
-  upscale FILE                  make a 4K copy of a picture and set it
-  set FILE                      set a picture as the wallpaper of every screen
-  status                        provider, settings, schedule, wallpaper, screens
-  history, albums               what the gallery lists, in its order
-  favorite FILE                 mark a picture as a favourite, or no longer
-  delete FILE                   delete a picture and its 4K partner for good
-  settings [KEY [VALUE]]        print all, print one, set one; --unset KEY
-  key list|set ID|delete ID     API keys of gemini, grok, openai; set reads
-                                the key from standard input
-  auto on|off                   automatic mode
-  autostart on|off              start with the session
-  model [install FILE]          the super-resolution network
-  quit                          end the running application
-
-FILE is a path, or the name of a picture in the library.
-Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>Uso: quorvane [--hidden]
      quorvane --action NOMBRE
@@ -170,24 +255,13 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 Sin orden, la aplicación se inicia y abre su ventana (--hidden: solo el icono de la bandeja).
 --action la inicia donde no se ejecuta y hace lo que hace la acción de la entrada de
 escritorio: generate, toggle-auto, settings o quit.
-
-  generate [--prompt TEXTO]     generar una imagen y ponerla de fondo de pantalla
-  upscale ARCHIVO               hacer una copia 4K de una imagen y ponerla
-  set ARCHIVO                   poner una imagen de fondo en todas las pantallas
-  status                        proveedor, ajustes, programación, fondo, pantallas
-  history, albums               lo que muestra la galería, en su orden
-  favorite ARCHIVO              marcar una imagen como favorita, o dejar de hacerlo
-  delete ARCHIVO                eliminar para siempre una imagen y su versión 4K
-  settings [NOMBRE [VALOR]]     mostrar todos, mostrar uno, cambiar uno;
-                                --unset NOMBRE
-  key list|set ID|delete ID     claves de API de gemini, grok, openai; set lee la
-                                clave de la entrada estándar
-  auto on|off                   modo automático
-  autostart on|off              iniciar con la sesión
-  model [install ARCHIVO]       la red de ampliación
-  quit                          cerrar la aplicación en ejecución
-
-ARCHIVO es una ruta, o el nombre de una imagen de la biblioteca.
+</translation>
+    </message>
+    <message>
+        <source>FILE is a path, or the name of a picture in the library. ID is gemini, grok or openai.
+Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
+</source>
+        <translation>ARCHIVO es una ruta, o el nombre de una imagen de la biblioteca. ID es gemini, grok u openai.
 Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es errónea.
 </translation>
     </message>
@@ -197,14 +271,6 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
     <message>
         <source>could not delete %1</source>
         <translation>no se pudo eliminar %1</translation>
-    </message>
-    <message>
-        <source>could not write %1</source>
-        <translation>no se pudo escribir %1</translation>
-    </message>
-    <message>
-        <source>unknown setting %1</source>
-        <translation>ajuste desconocido %1</translation>
     </message>
     <message>
         <source>no such file: %1</source>
@@ -217,10 +283,6 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
     <message>
         <source>no key on standard input</source>
         <translation>no hay ninguna clave en la entrada estándar</translation>
-    </message>
-    <message>
-        <source>could not write the key file</source>
-        <translation>no se pudo escribir el archivo de claves</translation>
     </message>
     <message>
         <source>API key for %1: </source>
@@ -237,6 +299,10 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
     <message>
         <source>the application did not answer: %1</source>
         <translation>la aplicación no respondió: %1</translation>
+    </message>
+    <message>
+        <source>the application was asked to end and still runs</source>
+        <translation>se pidió a la aplicación que terminara y sigue en ejecución</translation>
     </message>
 </context>
 <context>
@@ -863,11 +929,11 @@ con los controles de la barra lateral.</translation>
     <name>PlasmaScript</name>
     <message>
         <source>Plasma did not take the picture for screen %1</source>
-        <translation type="unfinished">Plasma no aceptó la imagen para la pantalla %1</translation>
+        <translation>Plasma no aceptó la imagen para la pantalla %1</translation>
     </message>
     <message>
         <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation type="unfinished">Plasma tiene un escritorio en %1 de sus %2 pantallas</translation>
+        <translation>Plasma tiene un escritorio en %1 de sus %2 pantallas</translation>
     </message>
 </context>
 <context>
@@ -948,6 +1014,10 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>the application runs already and can be told nothing without a session bus</source>
         <translation>la aplicación ya está en marcha y sin bus de sesión no se le puede comunicar nada</translation>
+    </message>
+    <message>
+        <source>there is no home folder: HOME names none, and the account has none</source>
+        <translation>no hay carpeta personal: HOME no indica ninguna y la cuenta no tiene ninguna</translation>
     </message>
 </context>
 <context>
@@ -1115,19 +1185,19 @@ con los controles de la barra lateral.</translation>
     <name>SettingsGroup</name>
     <message>
         <source>The settings &quot;%1&quot; are not installed</source>
-        <translation type="unfinished">Los ajustes «%1» no están instalados</translation>
+        <translation>Los ajustes «%1» no están instalados</translation>
     </message>
     <message>
         <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation type="unfinished">Los ajustes «%1» no se pueden conservar: GLib no tiene dconf aquí</translation>
+        <translation>Los ajustes «%1» no se pueden conservar: GLib no tiene dconf aquí</translation>
     </message>
     <message>
         <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation type="unfinished">El ajuste «%1 %2» no se puede cambiar</translation>
+        <translation>El ajuste «%1 %2» no se puede cambiar</translation>
     </message>
     <message>
         <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation type="unfinished">El ajuste «%1 %2» no se conservó</translation>
+        <translation>El ajuste «%1 %2» no se conservó</translation>
     </message>
 </context>
 <context>
@@ -1147,6 +1217,10 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>%1 takes one of: %2</source>
         <translation>%1 admite uno de: %2</translation>
+    </message>
+    <message>
+        <source>%1 takes the whole path of a picture</source>
+        <translation>%1 acepta la ruta completa de una imagen</translation>
     </message>
 </context>
 <context>
@@ -1290,23 +1364,23 @@ con los controles de la barra lateral.</translation>
     <name>SwaySocket</name>
     <message>
         <source>sway cannot be reached: %1</source>
-        <translation type="unfinished">no se puede acceder a sway: %1</translation>
+        <translation>no se puede acceder a sway: %1</translation>
     </message>
     <message>
         <source>sway&apos;s answer cannot be understood</source>
-        <translation type="unfinished">no se entiende la respuesta de sway</translation>
+        <translation>no se entiende la respuesta de sway</translation>
     </message>
     <message>
         <source>sway does not answer</source>
-        <translation type="unfinished">sway no responde</translation>
+        <translation>sway no responde</translation>
     </message>
     <message>
         <source>sway ended the connection: %1</source>
-        <translation type="unfinished">sway cerró la conexión: %1</translation>
+        <translation>sway cerró la conexión: %1</translation>
     </message>
     <message>
         <source>sway ended the connection</source>
-        <translation type="unfinished">sway cerró la conexión</translation>
+        <translation>sway cerró la conexión</translation>
     </message>
 </context>
 <context>
@@ -1332,6 +1406,17 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>Upscaling to 4K...</source>
         <translation>Ampliando a 4K…</translation>
+    </message>
+</context>
+<context>
+    <name>UserDefaults</name>
+    <message>
+        <source>could not read %1: %2</source>
+        <translation>no se pudo leer %1: %2</translation>
+    </message>
+    <message>
+        <source>could not write %1: %2</source>
+        <translation>no se pudo escribir %1: %2</translation>
     </message>
 </context>
 <context>
@@ -1456,6 +1541,10 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>The window cannot be opened</source>
         <translation>No se puede abrir la ventana</translation>
+    </message>
+    <message>
+        <source>The settings are not kept</source>
+        <translation>Los ajustes no se guardan</translation>
     </message>
 </context>
 <context>

@@ -136,6 +136,109 @@ Choisissez un fournisseur précis pour l’utiliser à chaque génération.</tra
         <source>--action needs one of: generate, toggle-auto, settings, quit</source>
         <translation>--action attend l’une de ces valeurs&#xa0;: generate, toggle-auto, settings, quit</translation>
     </message>
+</context>
+<context>
+    <name>CommandTable</name>
+    <message>
+        <source>make a picture and set it as the wallpaper</source>
+        <translation>générer une image et l’appliquer en fond d’écran</translation>
+    </message>
+    <message>
+        <source>make a 4K copy of a picture and set it</source>
+        <translation>faire une copie 4K d’une image et l’appliquer</translation>
+    </message>
+    <message>
+        <source>set a picture as the wallpaper of every screen</source>
+        <translation>appliquer une image à tous les écrans</translation>
+    </message>
+    <message>
+        <source>provider, settings, schedule, wallpaper, screens</source>
+        <translation>fournisseur, réglages, programmation, fond d’écran, écrans</translation>
+    </message>
+    <message>
+        <source>list the pictures, newest first</source>
+        <translation>lister les images, la plus récente d’abord</translation>
+    </message>
+    <message>
+        <source>list the pictures by prompt</source>
+        <translation>lister les images par invite</translation>
+    </message>
+    <message>
+        <source>mark a picture as a favourite, or no longer</source>
+        <translation>marquer une image comme favorite, ou ne plus</translation>
+    </message>
+    <message>
+        <source>delete a picture and its 4K partner for good</source>
+        <translation>supprimer définitivement une image et son équivalent 4K</translation>
+    </message>
+    <message>
+        <source>print all settings</source>
+        <translation>afficher tous les réglages</translation>
+    </message>
+    <message>
+        <source>print a setting</source>
+        <translation>afficher un réglage</translation>
+    </message>
+    <message>
+        <source>change a setting</source>
+        <translation>modifier un réglage</translation>
+    </message>
+    <message>
+        <source>go back to the default of a setting</source>
+        <translation>revenir à la valeur par défaut d’un réglage</translation>
+    </message>
+    <message>
+        <source>list the services whose API keys are stored</source>
+        <translation>lister les services dont la clé API est enregistrée</translation>
+    </message>
+    <message>
+        <source>store an API key, read from standard input</source>
+        <translation>enregistrer une clé API lue sur l’entrée standard</translation>
+    </message>
+    <message>
+        <source>delete an API key</source>
+        <translation>supprimer une clé API</translation>
+    </message>
+    <message>
+        <source>automatic mode</source>
+        <translation>mode automatique</translation>
+    </message>
+    <message>
+        <source>start with the session</source>
+        <translation>démarrer avec la session</translation>
+    </message>
+    <message>
+        <source>show the super-resolution network</source>
+        <translation>afficher le réseau d’agrandissement</translation>
+    </message>
+    <message>
+        <source>check a network and make it yours</source>
+        <translation>vérifier un réseau et l’adopter</translation>
+    </message>
+    <message>
+        <source>end the running application</source>
+        <translation>quitter l’application lancée</translation>
+    </message>
+    <message>
+        <source>FILE</source>
+        <translation>FICHIER</translation>
+    </message>
+    <message>
+        <source>KEY</source>
+        <translation>NOM</translation>
+    </message>
+    <message>
+        <source>VALUE</source>
+        <translation>VALEUR</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>[--prompt TEXT]</source>
+        <translation>[--prompt TEXTE]</translation>
+    </message>
     <message>
         <source>Usage: quorvane [--hidden]
        quorvane --action NAME
@@ -144,24 +247,6 @@ Choisissez un fournisseur précis pour l’utiliser à chaque génération.</tra
 Without a command the application starts and opens its window (--hidden: tray only).
 --action starts it where it does not run, and does what the desktop entry&apos;s action
 does: generate, toggle-auto, settings or quit.
-
-  generate [--prompt TEXT]      make a picture and set it as the wallpaper
-  upscale FILE                  make a 4K copy of a picture and set it
-  set FILE                      set a picture as the wallpaper of every screen
-  status                        provider, settings, schedule, wallpaper, screens
-  history, albums               what the gallery lists, in its order
-  favorite FILE                 mark a picture as a favourite, or no longer
-  delete FILE                   delete a picture and its 4K partner for good
-  settings [KEY [VALUE]]        print all, print one, set one; --unset KEY
-  key list|set ID|delete ID     API keys of gemini, grok, openai; set reads
-                                the key from standard input
-  auto on|off                   automatic mode
-  autostart on|off              start with the session
-  model [install FILE]          the super-resolution network
-  quit                          end the running application
-
-FILE is a path, or the name of a picture in the library.
-Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>Utilisation&#xa0;: quorvane [--hidden]
               quorvane --action NOM
@@ -170,26 +255,13 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 Sans commande, l’application démarre et ouvre sa fenêtre (--hidden&#xa0;: seulement l’icône de notification).
 --action la démarre là où elle n’est pas lancée, et fait ce que fait l’action de
 l’entrée de bureau&#xa0;: generate, toggle-auto, settings ou quit.
-
-  generate [--prompt TEXTE]     générer une image et l’appliquer en fond d’écran
-  upscale FICHIER               faire une copie 4K d’une image et l’appliquer
-  set FICHIER                   appliquer une image à tous les écrans
-  status                        fournisseur, réglages, programmation, fond d’écran,
-                                écrans
-  history, albums               ce que montre la galerie, dans son ordre
-  favorite FICHIER              marquer une image comme favorite, ou ne plus
-  delete FICHIER                supprimer définitivement une image et son
-                                équivalent 4K
-  settings [NOM [VALEUR]]       tout afficher, en afficher un, en définir un&#x202f;;
-                                --unset NOM
-  key list|set ID|delete ID     clés API de gemini, grok, openai&#x202f;; set lit la clé
-                                sur l’entrée standard
-  auto on|off                   mode automatique
-  autostart on|off              démarrer avec la session
-  model [install FICHIER]       le réseau d’agrandissement
-  quit                          quitter l’application lancée
-
-FICHIER est un chemin, ou le nom d’une image de la bibliothèque.
+</translation>
+    </message>
+    <message>
+        <source>FILE is a path, or the name of a picture in the library. ID is gemini, grok or openai.
+Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
+</source>
+        <translation>FICHIER est un chemin, ou le nom d’une image de la bibliothèque. ID est gemini, grok ou openai.
 Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande fausse.
 </translation>
     </message>
@@ -199,14 +271,6 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
     <message>
         <source>could not delete %1</source>
         <translation>impossible de supprimer %1</translation>
-    </message>
-    <message>
-        <source>could not write %1</source>
-        <translation>impossible d’écrire %1</translation>
-    </message>
-    <message>
-        <source>unknown setting %1</source>
-        <translation>réglage inconnu %1</translation>
     </message>
     <message>
         <source>no such file: %1</source>
@@ -219,10 +283,6 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
     <message>
         <source>no key on standard input</source>
         <translation>aucune clé sur l’entrée standard</translation>
-    </message>
-    <message>
-        <source>could not write the key file</source>
-        <translation>impossible d’écrire le fichier des clés</translation>
     </message>
     <message>
         <source>API key for %1: </source>
@@ -239,6 +299,10 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
     <message>
         <source>the application did not answer: %1</source>
         <translation>l’application n’a pas répondu&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>the application was asked to end and still runs</source>
+        <translation>l’application a été priée de quitter et tourne encore</translation>
     </message>
 </context>
 <context>
@@ -865,11 +929,11 @@ avec les commandes du panneau latéral.</translation>
     <name>PlasmaScript</name>
     <message>
         <source>Plasma did not take the picture for screen %1</source>
-        <translation type="unfinished">Plasma n’a pas accepté l’image pour l’écran %1</translation>
+        <translation>Plasma n’a pas accepté l’image pour l’écran %1</translation>
     </message>
     <message>
         <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation type="unfinished">Plasma a un bureau sur %1 de ses %2 écrans</translation>
+        <translation>Plasma a un bureau sur %1 de ses %2 écrans</translation>
     </message>
 </context>
 <context>
@@ -950,6 +1014,10 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>the application runs already and can be told nothing without a session bus</source>
         <translation>l’application est déjà lancée et, sans bus de session, rien ne peut lui être transmis</translation>
+    </message>
+    <message>
+        <source>there is no home folder: HOME names none, and the account has none</source>
+        <translation>il n’y a pas de dossier personnel : HOME n’en indique aucun et le compte n’en a pas</translation>
     </message>
 </context>
 <context>
@@ -1117,19 +1185,19 @@ avec les commandes du panneau latéral.</translation>
     <name>SettingsGroup</name>
     <message>
         <source>The settings &quot;%1&quot; are not installed</source>
-        <translation type="unfinished">Les réglages «&#xa0;%1&#xa0;» ne sont pas installés</translation>
+        <translation>Les réglages «&#xa0;%1&#xa0;» ne sont pas installés</translation>
     </message>
     <message>
         <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation type="unfinished">Les réglages «&#xa0;%1&#xa0;» ne peuvent pas être conservés&#xa0;: GLib n’a pas dconf ici</translation>
+        <translation>Les réglages «&#xa0;%1&#xa0;» ne peuvent pas être conservés&#xa0;: GLib n’a pas dconf ici</translation>
     </message>
     <message>
         <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation type="unfinished">Le réglage «&#xa0;%1 %2&#xa0;» ne peut pas être modifié</translation>
+        <translation>Le réglage «&#xa0;%1 %2&#xa0;» ne peut pas être modifié</translation>
     </message>
     <message>
         <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation type="unfinished">Le réglage «&#xa0;%1 %2&#xa0;» n’a pas été conservé</translation>
+        <translation>Le réglage «&#xa0;%1 %2&#xa0;» n’a pas été conservé</translation>
     </message>
 </context>
 <context>
@@ -1149,6 +1217,10 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>%1 takes one of: %2</source>
         <translation>%1 accepte une valeur parmi&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>%1 takes the whole path of a picture</source>
+        <translation>%1 accepte le chemin complet d’une image</translation>
     </message>
 </context>
 <context>
@@ -1292,23 +1364,23 @@ avec les commandes du panneau latéral.</translation>
     <name>SwaySocket</name>
     <message>
         <source>sway cannot be reached: %1</source>
-        <translation type="unfinished">sway est injoignable&#xa0;: %1</translation>
+        <translation>sway est injoignable&#xa0;: %1</translation>
     </message>
     <message>
         <source>sway&apos;s answer cannot be understood</source>
-        <translation type="unfinished">la réponse de sway est incompréhensible</translation>
+        <translation>la réponse de sway est incompréhensible</translation>
     </message>
     <message>
         <source>sway does not answer</source>
-        <translation type="unfinished">sway ne répond pas</translation>
+        <translation>sway ne répond pas</translation>
     </message>
     <message>
         <source>sway ended the connection: %1</source>
-        <translation type="unfinished">sway a mis fin à la connexion&#xa0;: %1</translation>
+        <translation>sway a mis fin à la connexion&#xa0;: %1</translation>
     </message>
     <message>
         <source>sway ended the connection</source>
-        <translation type="unfinished">sway a mis fin à la connexion</translation>
+        <translation>sway a mis fin à la connexion</translation>
     </message>
 </context>
 <context>
@@ -1334,6 +1406,17 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>Upscaling to 4K...</source>
         <translation>Agrandissement en 4K…</translation>
+    </message>
+</context>
+<context>
+    <name>UserDefaults</name>
+    <message>
+        <source>could not read %1: %2</source>
+        <translation>impossible de lire %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>could not write %1: %2</source>
+        <translation>impossible d’écrire %1&#xa0;: %2</translation>
     </message>
 </context>
 <context>
@@ -1458,6 +1541,10 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>The window cannot be opened</source>
         <translation>Impossible d’ouvrir la fenêtre</translation>
+    </message>
+    <message>
+        <source>The settings are not kept</source>
+        <translation>Les réglages ne sont pas enregistrés</translation>
     </message>
 </context>
 <context>

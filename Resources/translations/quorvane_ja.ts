@@ -135,6 +135,109 @@ Pick a specific provider to use it for every generation.</source>
         <source>--action needs one of: generate, toggle-auto, settings, quit</source>
         <translation>--actionには次のいずれかが必要です: generate, toggle-auto, settings, quit</translation>
     </message>
+</context>
+<context>
+    <name>CommandTable</name>
+    <message>
+        <source>make a picture and set it as the wallpaper</source>
+        <translation>画像を生成して壁紙に設定</translation>
+    </message>
+    <message>
+        <source>make a 4K copy of a picture and set it</source>
+        <translation>画像の4Kコピーを作って壁紙に設定</translation>
+    </message>
+    <message>
+        <source>set a picture as the wallpaper of every screen</source>
+        <translation>画像をすべての画面の壁紙に設定</translation>
+    </message>
+    <message>
+        <source>provider, settings, schedule, wallpaper, screens</source>
+        <translation>プロバイダー、設定、スケジュール、壁紙、画面</translation>
+    </message>
+    <message>
+        <source>list the pictures, newest first</source>
+        <translation>画像を新しい順に一覧表示</translation>
+    </message>
+    <message>
+        <source>list the pictures by prompt</source>
+        <translation>画像をプロンプトごとに一覧表示</translation>
+    </message>
+    <message>
+        <source>mark a picture as a favourite, or no longer</source>
+        <translation>画像をお気に入りに追加、または解除</translation>
+    </message>
+    <message>
+        <source>delete a picture and its 4K partner for good</source>
+        <translation>画像とその4Kの対を完全に削除</translation>
+    </message>
+    <message>
+        <source>print all settings</source>
+        <translation>すべての設定を表示</translation>
+    </message>
+    <message>
+        <source>print a setting</source>
+        <translation>設定を1つ表示</translation>
+    </message>
+    <message>
+        <source>change a setting</source>
+        <translation>設定を変更</translation>
+    </message>
+    <message>
+        <source>go back to the default of a setting</source>
+        <translation>設定を既定値に戻す</translation>
+    </message>
+    <message>
+        <source>list the services whose API keys are stored</source>
+        <translation>APIキーが保存されているサービスを一覧表示</translation>
+    </message>
+    <message>
+        <source>store an API key, read from standard input</source>
+        <translation>標準入力から読み込んだAPIキーを保存</translation>
+    </message>
+    <message>
+        <source>delete an API key</source>
+        <translation>APIキーを削除</translation>
+    </message>
+    <message>
+        <source>automatic mode</source>
+        <translation>自動モード</translation>
+    </message>
+    <message>
+        <source>start with the session</source>
+        <translation>セッションとともに起動</translation>
+    </message>
+    <message>
+        <source>show the super-resolution network</source>
+        <translation>超解像ネットワークを表示</translation>
+    </message>
+    <message>
+        <source>check a network and make it yours</source>
+        <translation>ネットワークを確認して自分用に設定</translation>
+    </message>
+    <message>
+        <source>end the running application</source>
+        <translation>実行中のアプリケーションを終了</translation>
+    </message>
+    <message>
+        <source>FILE</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>KEY</source>
+        <translation>キー</translation>
+    </message>
+    <message>
+        <source>VALUE</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>[--prompt TEXT]</source>
+        <translation>[--prompt テキスト]</translation>
+    </message>
     <message>
         <source>Usage: quorvane [--hidden]
        quorvane --action NAME
@@ -143,24 +246,6 @@ Pick a specific provider to use it for every generation.</source>
 Without a command the application starts and opens its window (--hidden: tray only).
 --action starts it where it does not run, and does what the desktop entry&apos;s action
 does: generate, toggle-auto, settings or quit.
-
-  generate [--prompt TEXT]      make a picture and set it as the wallpaper
-  upscale FILE                  make a 4K copy of a picture and set it
-  set FILE                      set a picture as the wallpaper of every screen
-  status                        provider, settings, schedule, wallpaper, screens
-  history, albums               what the gallery lists, in its order
-  favorite FILE                 mark a picture as a favourite, or no longer
-  delete FILE                   delete a picture and its 4K partner for good
-  settings [KEY [VALUE]]        print all, print one, set one; --unset KEY
-  key list|set ID|delete ID     API keys of gemini, grok, openai; set reads
-                                the key from standard input
-  auto on|off                   automatic mode
-  autostart on|off              start with the session
-  model [install FILE]          the super-resolution network
-  quit                          end the running application
-
-FILE is a path, or the name of a picture in the library.
-Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>使い方: quorvane [--hidden]
         quorvane --action 名前
@@ -169,23 +254,13 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 コマンドなしではアプリケーションを起動し、ウィンドウを開きます（--hidden: トレイのみ）。
 --actionは実行中でなければアプリケーションを起動し、デスクトップエントリーの
 アクションを行います: generate、toggle-auto、settings、quit。
-
-  generate [--prompt テキスト]  画像を生成して壁紙に設定
-  upscale ファイル              画像の4Kコピーを作って壁紙に設定
-  set ファイル                  画像をすべての画面の壁紙に設定
-  status                        プロバイダー、設定、スケジュール、壁紙、画面
-  history, albums               ギャラリーに並ぶもの（同じ順序）
-  favorite ファイル             画像をお気に入りに追加、または解除
-  delete ファイル               画像とその4Kの対を完全に削除
-  settings [キー [値]]          すべてを表示、1つを表示、1つを設定; --unset キー
-  key list|set ID|delete ID     gemini、grok、openaiのAPIキー; setはキーを
-                                標準入力から読み込み
-  auto on|off                   自動モード
-  autostart on|off              セッションとともに起動
-  model [install ファイル]      超解像ネットワーク
-  quit                          実行中のアプリケーションを終了
-
-ファイルはパス、またはライブラリの画像の名前です。
+</translation>
+    </message>
+    <message>
+        <source>FILE is a path, or the name of a picture in the library. ID is gemini, grok or openai.
+Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
+</source>
+        <translation>ファイルはパス、またはライブラリの画像の名前です。IDはgemini、grok、openaiのいずれかです。
 終了ステータス: 0 完了、1 エラーで終了、2 コマンドラインの誤り。
 </translation>
     </message>
@@ -195,14 +270,6 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     <message>
         <source>could not delete %1</source>
         <translation>%1を削除できませんでした</translation>
-    </message>
-    <message>
-        <source>could not write %1</source>
-        <translation>%1に書き込めませんでした</translation>
-    </message>
-    <message>
-        <source>unknown setting %1</source>
-        <translation>不明な設定%1</translation>
     </message>
     <message>
         <source>no such file: %1</source>
@@ -215,10 +282,6 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     <message>
         <source>no key on standard input</source>
         <translation>標準入力にキーがありません</translation>
-    </message>
-    <message>
-        <source>could not write the key file</source>
-        <translation>キーファイルに書き込めませんでした</translation>
     </message>
     <message>
         <source>API key for %1: </source>
@@ -235,6 +298,10 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     <message>
         <source>the application did not answer: %1</source>
         <translation>アプリケーションが応答しませんでした: %1</translation>
+    </message>
+    <message>
+        <source>the application was asked to end and still runs</source>
+        <translation>アプリケーションに終了を求めましたが、まだ実行中です</translation>
     </message>
 </context>
 <context>
@@ -860,11 +927,11 @@ using the sidebar controls.</source>
     <name>PlasmaScript</name>
     <message>
         <source>Plasma did not take the picture for screen %1</source>
-        <translation type="unfinished">Plasmaが画面%1の画像を受け付けませんでした</translation>
+        <translation>Plasmaが画面%1の画像を受け付けませんでした</translation>
     </message>
     <message>
         <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation type="unfinished">Plasmaのデスクトップは%2画面のうち%1画面にあります</translation>
+        <translation>Plasmaのデスクトップは%2画面のうち%1画面にあります</translation>
     </message>
 </context>
 <context>
@@ -945,6 +1012,10 @@ using the sidebar controls.</source>
     <message>
         <source>the application runs already and can be told nothing without a session bus</source>
         <translation>アプリケーションはすでに動作していますが、セッションバスがないため何も伝えられません</translation>
+    </message>
+    <message>
+        <source>there is no home folder: HOME names none, and the account has none</source>
+        <translation>ホームフォルダーがありません: HOMEに指定がなく、アカウントにもありません</translation>
     </message>
 </context>
 <context>
@@ -1108,19 +1179,19 @@ using the sidebar controls.</source>
     <name>SettingsGroup</name>
     <message>
         <source>The settings &quot;%1&quot; are not installed</source>
-        <translation type="unfinished">設定“%1”がインストールされていません</translation>
+        <translation>設定“%1”がインストールされていません</translation>
     </message>
     <message>
         <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation type="unfinished">設定“%1”を保存できません: ここではGLibにdconfがありません</translation>
+        <translation>設定“%1”を保存できません: ここではGLibにdconfがありません</translation>
     </message>
     <message>
         <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation type="unfinished">設定“%1 %2”を変更できません</translation>
+        <translation>設定“%1 %2”を変更できません</translation>
     </message>
     <message>
         <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation type="unfinished">設定“%1 %2”は保持されませんでした</translation>
+        <translation>設定“%1 %2”は保持されませんでした</translation>
     </message>
 </context>
 <context>
@@ -1140,6 +1211,10 @@ using the sidebar controls.</source>
     <message>
         <source>%1 takes one of: %2</source>
         <translation>%1には次のいずれかを指定します: %2</translation>
+    </message>
+    <message>
+        <source>%1 takes the whole path of a picture</source>
+        <translation>%1には画像の完全なパスを指定します</translation>
     </message>
 </context>
 <context>
@@ -1283,23 +1358,23 @@ using the sidebar controls.</source>
     <name>SwaySocket</name>
     <message>
         <source>sway cannot be reached: %1</source>
-        <translation type="unfinished">swayに接続できません: %1</translation>
+        <translation>swayに接続できません: %1</translation>
     </message>
     <message>
         <source>sway&apos;s answer cannot be understood</source>
-        <translation type="unfinished">swayの応答を理解できません</translation>
+        <translation>swayの応答を理解できません</translation>
     </message>
     <message>
         <source>sway does not answer</source>
-        <translation type="unfinished">swayが応答しません</translation>
+        <translation>swayが応答しません</translation>
     </message>
     <message>
         <source>sway ended the connection: %1</source>
-        <translation type="unfinished">swayが接続を終了しました: %1</translation>
+        <translation>swayが接続を終了しました: %1</translation>
     </message>
     <message>
         <source>sway ended the connection</source>
-        <translation type="unfinished">swayが接続を終了しました</translation>
+        <translation>swayが接続を終了しました</translation>
     </message>
 </context>
 <context>
@@ -1325,6 +1400,17 @@ using the sidebar controls.</source>
     <message>
         <source>Upscaling to 4K...</source>
         <translation>4Kにアップスケール中…</translation>
+    </message>
+</context>
+<context>
+    <name>UserDefaults</name>
+    <message>
+        <source>could not read %1: %2</source>
+        <translation>%1を読み込めませんでした: %2</translation>
+    </message>
+    <message>
+        <source>could not write %1: %2</source>
+        <translation>%1に書き込めませんでした: %2</translation>
     </message>
 </context>
 <context>
@@ -1449,6 +1535,10 @@ using the sidebar controls.</source>
     <message>
         <source>The window cannot be opened</source>
         <translation>ウィンドウを開けません</translation>
+    </message>
+    <message>
+        <source>The settings are not kept</source>
+        <translation>設定が保存されません</translation>
     </message>
 </context>
 <context>

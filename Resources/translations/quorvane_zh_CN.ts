@@ -135,6 +135,109 @@ Pick a specific provider to use it for every generation.</source>
         <source>--action needs one of: generate, toggle-auto, settings, quit</source>
         <translation>--action 需要以下之一：generate, toggle-auto, settings, quit</translation>
     </message>
+</context>
+<context>
+    <name>CommandTable</name>
+    <message>
+        <source>make a picture and set it as the wallpaper</source>
+        <translation>生成图片并设为壁纸</translation>
+    </message>
+    <message>
+        <source>make a 4K copy of a picture and set it</source>
+        <translation>制作图片的 4K 副本并设为壁纸</translation>
+    </message>
+    <message>
+        <source>set a picture as the wallpaper of every screen</source>
+        <translation>将图片设为所有屏幕的壁纸</translation>
+    </message>
+    <message>
+        <source>provider, settings, schedule, wallpaper, screens</source>
+        <translation>服务商、设置、计划、壁纸、屏幕</translation>
+    </message>
+    <message>
+        <source>list the pictures, newest first</source>
+        <translation>列出图片，最新的在前</translation>
+    </message>
+    <message>
+        <source>list the pictures by prompt</source>
+        <translation>按提示词列出图片</translation>
+    </message>
+    <message>
+        <source>mark a picture as a favourite, or no longer</source>
+        <translation>收藏图片，或取消收藏</translation>
+    </message>
+    <message>
+        <source>delete a picture and its 4K partner for good</source>
+        <translation>永久删除图片及其 4K 对应图片</translation>
+    </message>
+    <message>
+        <source>print all settings</source>
+        <translation>显示全部设置</translation>
+    </message>
+    <message>
+        <source>print a setting</source>
+        <translation>显示一项设置</translation>
+    </message>
+    <message>
+        <source>change a setting</source>
+        <translation>更改一项设置</translation>
+    </message>
+    <message>
+        <source>go back to the default of a setting</source>
+        <translation>将一项设置恢复为默认值</translation>
+    </message>
+    <message>
+        <source>list the services whose API keys are stored</source>
+        <translation>列出已保存 API 密钥的服务</translation>
+    </message>
+    <message>
+        <source>store an API key, read from standard input</source>
+        <translation>保存从标准输入读取的 API 密钥</translation>
+    </message>
+    <message>
+        <source>delete an API key</source>
+        <translation>删除 API 密钥</translation>
+    </message>
+    <message>
+        <source>automatic mode</source>
+        <translation>自动模式</translation>
+    </message>
+    <message>
+        <source>start with the session</source>
+        <translation>随会话启动</translation>
+    </message>
+    <message>
+        <source>show the super-resolution network</source>
+        <translation>显示超分辨率网络</translation>
+    </message>
+    <message>
+        <source>check a network and make it yours</source>
+        <translation>检查一个网络并用作自己的网络</translation>
+    </message>
+    <message>
+        <source>end the running application</source>
+        <translation>结束正在运行的应用程序</translation>
+    </message>
+    <message>
+        <source>FILE</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>KEY</source>
+        <translation>键</translation>
+    </message>
+    <message>
+        <source>VALUE</source>
+        <translation>值</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>[--prompt TEXT]</source>
+        <translation>[--prompt 文字]</translation>
+    </message>
     <message>
         <source>Usage: quorvane [--hidden]
        quorvane --action NAME
@@ -143,24 +246,6 @@ Pick a specific provider to use it for every generation.</source>
 Without a command the application starts and opens its window (--hidden: tray only).
 --action starts it where it does not run, and does what the desktop entry&apos;s action
 does: generate, toggle-auto, settings or quit.
-
-  generate [--prompt TEXT]      make a picture and set it as the wallpaper
-  upscale FILE                  make a 4K copy of a picture and set it
-  set FILE                      set a picture as the wallpaper of every screen
-  status                        provider, settings, schedule, wallpaper, screens
-  history, albums               what the gallery lists, in its order
-  favorite FILE                 mark a picture as a favourite, or no longer
-  delete FILE                   delete a picture and its 4K partner for good
-  settings [KEY [VALUE]]        print all, print one, set one; --unset KEY
-  key list|set ID|delete ID     API keys of gemini, grok, openai; set reads
-                                the key from standard input
-  auto on|off                   automatic mode
-  autostart on|off              start with the session
-  model [install FILE]          the super-resolution network
-  quit                          end the running application
-
-FILE is a path, or the name of a picture in the library.
-Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>用法：quorvane [--hidden]
       quorvane --action 名称
@@ -169,23 +254,13 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 不带命令时，启动应用程序并打开其窗口（--hidden：仅托盘）。
 --action 在应用程序未运行时启动它，并执行桌面条目中的操作：
 generate、toggle-auto、settings 或 quit。
-
-  generate [--prompt 文字]      生成图片并设为壁纸
-  upscale 文件                  制作图片的 4K 副本并设为壁纸
-  set 文件                      将图片设为所有屏幕的壁纸
-  status                        服务商、设置、计划、壁纸、屏幕
-  history, albums               图库所列内容，顺序相同
-  favorite 文件                 收藏图片，或取消收藏
-  delete 文件                   永久删除图片及其 4K 对应图片
-  settings [键 [值]]            显示全部、显示一项、设置一项；--unset 键
-  key list|set ID|delete ID     gemini、grok、openai 的 API 密钥；set 从标准输入
-                                读取密钥
-  auto on|off                   自动模式
-  autostart on|off              随会话启动
-  model [install 文件]          超分辨率网络
-  quit                          结束正在运行的应用程序
-
-文件可以是路径，也可以是图库中图片的名称。
+</translation>
+    </message>
+    <message>
+        <source>FILE is a path, or the name of a picture in the library. ID is gemini, grok or openai.
+Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
+</source>
+        <translation>文件可以是路径，也可以是图库中图片的名称。ID 为 gemini、grok 或 openai。
 退出状态：0 完成，1 因错误结束，2 命令行有误。
 </translation>
     </message>
@@ -195,14 +270,6 @@ generate、toggle-auto、settings 或 quit。
     <message>
         <source>could not delete %1</source>
         <translation>无法删除 %1</translation>
-    </message>
-    <message>
-        <source>could not write %1</source>
-        <translation>无法写入 %1</translation>
-    </message>
-    <message>
-        <source>unknown setting %1</source>
-        <translation>未知设置 %1</translation>
     </message>
     <message>
         <source>no such file: %1</source>
@@ -215,10 +282,6 @@ generate、toggle-auto、settings 或 quit。
     <message>
         <source>no key on standard input</source>
         <translation>标准输入中没有密钥</translation>
-    </message>
-    <message>
-        <source>could not write the key file</source>
-        <translation>无法写入密钥文件</translation>
     </message>
     <message>
         <source>API key for %1: </source>
@@ -235,6 +298,10 @@ generate、toggle-auto、settings 或 quit。
     <message>
         <source>the application did not answer: %1</source>
         <translation>应用程序没有应答：%1</translation>
+    </message>
+    <message>
+        <source>the application was asked to end and still runs</source>
+        <translation>已要求应用程序结束，但它仍在运行</translation>
     </message>
 </context>
 <context>
@@ -860,11 +927,11 @@ using the sidebar controls.</source>
     <name>PlasmaScript</name>
     <message>
         <source>Plasma did not take the picture for screen %1</source>
-        <translation type="unfinished">Plasma 没有接受屏幕 %1 的图片</translation>
+        <translation>Plasma 没有接受屏幕 %1 的图片</translation>
     </message>
     <message>
         <source>Plasma has a desktop on %1 of its %2 screens</source>
-        <translation type="unfinished">Plasma 在 %2 个屏幕中的 %1 个上有桌面</translation>
+        <translation>Plasma 在 %2 个屏幕中的 %1 个上有桌面</translation>
     </message>
 </context>
 <context>
@@ -945,6 +1012,10 @@ using the sidebar controls.</source>
     <message>
         <source>the application runs already and can be told nothing without a session bus</source>
         <translation>应用程序已在运行，但没有会话总线，无法向其传达任何内容</translation>
+    </message>
+    <message>
+        <source>there is no home folder: HOME names none, and the account has none</source>
+        <translation>没有主文件夹：HOME 未指定，账户也没有</translation>
     </message>
 </context>
 <context>
@@ -1108,19 +1179,19 @@ using the sidebar controls.</source>
     <name>SettingsGroup</name>
     <message>
         <source>The settings &quot;%1&quot; are not installed</source>
-        <translation type="unfinished">设置“%1”未安装</translation>
+        <translation>设置“%1”未安装</translation>
     </message>
     <message>
         <source>The settings &quot;%1&quot; cannot be kept: GLib has no dconf here</source>
-        <translation type="unfinished">无法保存设置“%1”：此处的 GLib 没有 dconf</translation>
+        <translation>无法保存设置“%1”：此处的 GLib 没有 dconf</translation>
     </message>
     <message>
         <source>The setting &quot;%1 %2&quot; cannot be changed</source>
-        <translation type="unfinished">无法更改设置“%1 %2”</translation>
+        <translation>无法更改设置“%1 %2”</translation>
     </message>
     <message>
         <source>The setting &quot;%1 %2&quot; was not kept</source>
-        <translation type="unfinished">设置“%1 %2”没有保留</translation>
+        <translation>设置“%1 %2”没有保留</translation>
     </message>
 </context>
 <context>
@@ -1140,6 +1211,10 @@ using the sidebar controls.</source>
     <message>
         <source>%1 takes one of: %2</source>
         <translation>%1 可取以下之一：%2</translation>
+    </message>
+    <message>
+        <source>%1 takes the whole path of a picture</source>
+        <translation>%1 接受图片的完整路径</translation>
     </message>
 </context>
 <context>
@@ -1283,23 +1358,23 @@ using the sidebar controls.</source>
     <name>SwaySocket</name>
     <message>
         <source>sway cannot be reached: %1</source>
-        <translation type="unfinished">无法连接 sway：%1</translation>
+        <translation>无法连接 sway：%1</translation>
     </message>
     <message>
         <source>sway&apos;s answer cannot be understood</source>
-        <translation type="unfinished">无法理解 sway 的应答</translation>
+        <translation>无法理解 sway 的应答</translation>
     </message>
     <message>
         <source>sway does not answer</source>
-        <translation type="unfinished">sway 没有应答</translation>
+        <translation>sway 没有应答</translation>
     </message>
     <message>
         <source>sway ended the connection: %1</source>
-        <translation type="unfinished">sway 结束了连接：%1</translation>
+        <translation>sway 结束了连接：%1</translation>
     </message>
     <message>
         <source>sway ended the connection</source>
-        <translation type="unfinished">sway 结束了连接</translation>
+        <translation>sway 结束了连接</translation>
     </message>
 </context>
 <context>
@@ -1325,6 +1400,17 @@ using the sidebar controls.</source>
     <message>
         <source>Upscaling to 4K...</source>
         <translation>正在放大到 4K…</translation>
+    </message>
+</context>
+<context>
+    <name>UserDefaults</name>
+    <message>
+        <source>could not read %1: %2</source>
+        <translation>无法读取 %1：%2</translation>
+    </message>
+    <message>
+        <source>could not write %1: %2</source>
+        <translation>无法写入 %1：%2</translation>
     </message>
 </context>
 <context>
@@ -1449,6 +1535,10 @@ using the sidebar controls.</source>
     <message>
         <source>The window cannot be opened</source>
         <translation>无法打开窗口</translation>
+    </message>
+    <message>
+        <source>The settings are not kept</source>
+        <translation>设置未保存</translation>
     </message>
 </context>
 <context>

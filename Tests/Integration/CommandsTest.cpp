@@ -3,6 +3,7 @@
 #include "Support/CommandRun.h"
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
+#include "Support/SmallDisk.h"
 #include "demo-service/DemoService.h"
 
 #include <QImage>
@@ -12,6 +13,8 @@
 #include <QTcpSocket>
 
 #include <memory>
+
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -64,7 +67,9 @@ TEST_F(CommandsTest, generateMakesAPictureAndSaysSoInJson)
     const CommandRun made = run({u"generate"_s, u"--prompt"_s, u"a lake"_s, u"--json"_s});
     EXPECT_EQ(made.status, 0);
     const QJsonObject result = made.json().toObject();
-    EXPECT_EQ(result.keys(), (QStringList{u"file"_s, u"isError"_s, u"original"_s, u"status"_s}));
+    for (const QString &member : {u"file"_s, u"isError"_s, u"original"_s, u"status"_s}) {
+        EXPECT_TRUE(result.contains(member)) << member.toStdString();
+    }
     EXPECT_EQ(result.value("status"_L1).toString(), u"Wallpaper set!"_s);
     EXPECT_FALSE(result.value("isError"_L1).toBool());
     EXPECT_TRUE(result.value("original"_L1).isNull());
@@ -178,6 +183,161 @@ TEST_F(CommandsTest, settingsThatMakeNoSenseAreRefusedAndNothingChanges)
         EXPECT_FALSE(refused.errors.isEmpty());
     }
     EXPECT_FALSE(QFile::exists(home.path() + u"/.config/Quorvane/Quorvane.conf"_s));
+}
+
+TEST_F(CommandsTest, aFullDiskLosesNoSettingAndIsTold)
+{
+    const QString folder = home.path() + u"/.config/Quorvane"_s;
+    const SmallDisk disk(folder, "size=64k");
+    if (!disk.isMounted()) {
+        GTEST_SKIP() << "no disk can be mounted here";
+    }
+    ASSERT_EQ(run({u"settings"_s, u"lastPrompt"_s, u"a lake"_s}).status, 0);
+    const QByteArray before = contentOf(folder + u"/Quorvane.conf"_s);
+    QFile ballast(folder + u"/ballast"_s);
+    ASSERT_TRUE(ballast.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    while (ballast.write(QByteArray(512, 'x')) > 0) {
+    }
+    const QString words = u"could not write %1/Quorvane.conf: No space left on device"_s.arg(folder);
+    const CommandRun told = run({u"settings"_s, u"nsfwEnabled"_s, u"true"_s});
+    EXPECT_EQ(told.status, 1);
+    EXPECT_EQ(QString::fromUtf8(told.errors), u"quorvane: "_s + words + u"\n"_s);
+    EXPECT_EQ(run({u"auto"_s, u"on"_s}).status, 1);
+    EXPECT_EQ(contentOf(folder + u"/Quorvane.conf"_s), before);
+
+    // A picture is set all the same, and what was not kept is a note beside it.
+    const QString picture = home.path() + u"/a.png"_s;
+    ASSERT_TRUE(QImage(4, 4, QImage::Format_RGB32).save(picture));
+    const CommandRun set = run({u"set"_s, picture, u"--json"_s});
+    EXPECT_EQ(set.status, 0);
+    EXPECT_EQ(set.json()["status"_L1].toString(), u"Wallpaper set!"_s);
+    EXPECT_EQ(set.json()["problems"_L1].toArray(), QJsonArray{words});
+    EXPECT_TRUE(set.errors.contains("quorvane: " + words.toUtf8() + '\n')) << set.errors.constData();
+    EXPECT_EQ(contentOf(folder + u"/Quorvane.conf"_s), before);
+}
+
+TEST_F(CommandsTest, whatChangesNoSettingWritesNone)
+{
+    const QString path = generate(u"a lake"_s);
+    const QString file = home.path() + u"/.config/Quorvane/Quorvane.conf"_s;
+    const auto inode = [&file] {
+        struct stat status = {};
+        return ::stat(QFile::encodeName(file).constData(), &status) == 0 ? status.st_ino : 0;
+    };
+    const ino_t before = inode();
+    ASSERT_NE(before, 0U);
+    for (const QStringList &arguments : {QStringList{u"favorite"_s, path},
+                                         {u"status"_s},
+                                         {u"set"_s, path},
+                                         {u"settings"_s, u"lastPrompt"_s, u"a lake"_s}}) {
+        EXPECT_EQ(run(arguments).status, 0);
+        EXPECT_EQ(inode(), before) << arguments.join(' '_L1).toStdString();
+    }
+}
+
+TEST_F(CommandsTest, settingsThatCannotBeReadAreToldAndNotReplaced)
+{
+    // A folder in the file's place: even root cannot read it as a file.
+    const QString file = home.path() + u"/.config/Quorvane/Quorvane.conf"_s;
+    ASSERT_TRUE(QDir().mkpath(file));
+    const CommandRun all = run({u"settings"_s});
+    EXPECT_EQ(all.status, 0);
+    EXPECT_TRUE(all.errors.startsWith("quorvane: could not read ")) << all.errors.constData();
+    EXPECT_EQ(run({u"settings"_s, u"nsfwEnabled"_s, u"true"_s}).status, 1);
+    EXPECT_TRUE(QFileInfo(file).isDir());
+}
+
+TEST_F(CommandsTest, withoutAHomeNothingIsDone)
+{
+    // In a world of users where nobody has a name, and so no home.
+    const QStringList nobody{u"--user"_s, QStringLiteral(QUORVANE_PROGRAM)};
+    environment.remove(u"HOME"_s);
+    QProcess probe;
+    probe.start(u"unshare"_s, {u"--user"_s, u"true"_s});
+    if (!probe.waitForFinished() || probe.exitCode() != 0) {
+        GTEST_SKIP() << "users cannot be kept apart here";
+    }
+    for (const QStringList &arguments : {QStringList{u"status"_s},
+                                         {u"key"_s, u"list"_s},
+                                         {u"model"_s},
+                                         {u"--hidden"_s},
+                                         {u"history"_s, u"--json"_s}}) {
+        for (const QString &told : {QString(), u"relative"_s}) {
+            environment.insert(u"HOME"_s, told);
+            QProcess process;
+            process.setProcessEnvironment(environment);
+            process.start(u"unshare"_s, nobody + arguments);
+            ASSERT_TRUE(process.waitForFinished());
+            EXPECT_EQ(process.exitCode(), 1) << arguments.join(' '_L1).toStdString();
+            EXPECT_EQ(process.readAllStandardError(),
+                      "quorvane: there is no home folder: HOME names none, and the account has none\n");
+            EXPECT_EQ(process.readAllStandardOutput().isEmpty(), !arguments.contains(u"--json"_s));
+        }
+    }
+}
+
+TEST_F(CommandsTest, aKeyThatIsNotKeptIsTold)
+{
+    const QString folder = home.path() + u"/Library/Application Support/Quorvane"_s;
+    const SmallDisk disk(folder, "size=8k");
+    if (!disk.isMounted()) {
+        GTEST_SKIP() << "no disk can be mounted here";
+    }
+    ASSERT_EQ(run({u"key"_s, u"set"_s, u"grok"_s}, "OLD").status, 0);
+    QFile ballast(folder + u"/ballast"_s);
+    ASSERT_TRUE(ballast.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    while (ballast.write(QByteArray(512, 'x')) > 0) {
+    }
+    for (const QStringList &change : {QStringList{u"set"_s, u"gemini"_s}, {u"delete"_s, u"grok"_s}}) {
+        const CommandRun told = run(QStringList{u"key"_s} + change, "SECRET");
+        EXPECT_EQ(told.status, 1) << change.first().toStdString();
+        EXPECT_TRUE(told.errors.contains("No space left on device")) << told.errors.constData();
+        EXPECT_FALSE(told.errors.contains("SECRET") || told.errors.contains("OLD"));
+    }
+    EXPECT_EQ(contentOf(folder + u"/keys.json"_s), "{\"grok\":\"OLD\"}");
+}
+
+TEST_F(CommandsTest, jsonIsOneValueInEveryCase)
+{
+    const QList<std::pair<QStringList, int>> failing{
+        {{u"set"_s, u"gone.png"_s}, 1},
+        {{u"upscale"_s, u"gone.png"_s}, 1},
+        {{u"favorite"_s, u"gone.png"_s}, 1},
+        {{u"delete"_s, u"gone.png"_s}, 1},
+        {{u"key"_s, u"set"_s, u"grok"_s}, 1},
+        {{u"model"_s}, 1},
+        {{u"model"_s, u"install"_s, u"/etc/passwd"_s}, 1},
+        {{u"quit"_s}, 1},
+        {{u"generate"_s}, 1},
+        {{u"settings"_s, u"unknown"_s}, 2},
+        {{u"settings"_s, u"intervalMinutes"_s, u"soon"_s}, 2},
+        {{u"paint"_s}, 2},
+        {{u"set"_s}, 2},
+    };
+    for (const auto &[arguments, status] : failing) {
+        const CommandRun failed = run(arguments + QStringList{u"--json"_s});
+        EXPECT_EQ(failed.status, status) << arguments.join(' '_L1).toStdString();
+        const QJsonValue value = failed.json();
+        EXPECT_TRUE(value["isError"_L1].toBool()) << arguments.join(' '_L1).toStdString();
+        EXPECT_FALSE(value["status"_L1].toString().isEmpty()) << arguments.join(' '_L1).toStdString();
+    }
+}
+
+TEST_F(CommandsTest, theWordsOfAServiceAreOnlyRead)
+{
+    ASSERT_EQ(run({u"key"_s, u"set"_s, u"gemini"_s}, "KEY").status, 0);
+    Misbehaviour hostile(Misbehaviour::Kind::ErrorObject);
+    hostile.text = "no\x1b[2J\nWallpaper set!\x9b";
+    service.setMisbehaviour(hostile);
+    const CommandRun failed = run({u"generate"_s});
+    EXPECT_EQ(failed.status, 1);
+    for (const QByteArray &stream : {failed.output, failed.errors}) {
+        EXPECT_EQ(stream.count('\n'), 1) << stream.constData();
+        EXPECT_FALSE(stream.contains('\x1b')) << stream.constData();
+        EXPECT_TRUE(stream.contains("no␛[2J␊Wallpaper set!")) << stream.constData();
+    }
+    // For programs the text is whole.
+    EXPECT_TRUE(run({u"generate"_s, u"--json"_s}).json()["status"_L1].toString().contains(u"no\x1b[2J\nWallpaper"_s));
 }
 
 TEST_F(CommandsTest, statusTellsEverythingThatScriptsRelyOn)

@@ -1,11 +1,13 @@
 #include "App/Application/Commands.h"
 
 #include "App/Command/CommandRunner.h"
+#include "App/Command/CommandTable.h"
 #include "App/Command/Console.h"
 #include "App/Command/Reports.h"
 #include "App/Command/Services.h"
 #include "App/Control/Forwarding.h"
-#include "Upscaling/Network/ModelFiles.h"
+#include "Platform/Files/StorageNotices.h"
+#include "Platform/PrintableText.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -27,12 +29,6 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(Commands)
 };
 
-int fail(const QString &problem, int status = kFailed)
-{
-    Console::printError(u"quorvane: "_s + problem);
-    return status;
-}
-
 void printSettings(const QJsonObject &values, const CommandLine &line)
 {
     if (line.arguments.isEmpty()) {
@@ -51,7 +47,7 @@ void printText(const CommandLine &line, const QJsonValue &value)
     case Verb::Generate:
     case Verb::Upscale:
     case Verb::Set:
-        Console::print(value["status"_L1].toString());
+        Console::print(printable(value["status"_L1].toString()));
         return;
     case Verb::Status:
         Console::print(Reports::statusText(value.toObject()));
@@ -74,6 +70,10 @@ void printText(const CommandLine &line, const QJsonValue &value)
         }
         return;
     case Verb::Model:
+        if (value["isError"_L1].toBool()) {
+            Console::printError(u"quorvane: "_s + value["status"_L1].toString());
+            return;
+        }
         Console::print(value["file"_L1].toString());
         Console::print(value["description"_L1].toString());
         return;
@@ -84,8 +84,16 @@ void printText(const CommandLine &line, const QJsonValue &value)
 
 int finish(const CommandLine &line, const CommandOutcome &outcome)
 {
-    if (!outcome.problem.isEmpty()) {
-        return fail(outcome.problem, outcome.status);
+    const QStringList notices = StorageNotices::take();
+    for (const QString &notice : notices) {
+        Console::printError(u"quorvane: "_s + notice);
+    }
+    if (outcome.problem) {
+        return Console::fail(*outcome.problem, line.json, outcome.status);
+    }
+    const QJsonArray problems = outcome.value["problems"_L1].toArray();
+    for (const QJsonValue &problem : problems) {
+        Console::printError(u"quorvane: "_s + problem.toString());
     }
     line.json ? Console::printJson(outcome.value) : printText(line, outcome.value);
     return outcome.status;
@@ -112,49 +120,44 @@ CommandOutcome runHere(const CommandLine &line)
         return CommandRunner::changeKeys(line);
     }
     Services services(Services::Life::OneCommand);
+    if (!services.defaults.reading()) {
+        Console::printError(u"quorvane: "_s + services.defaults.reading().failure().words);
+    }
     follow(services.manager);
     std::optional<CommandOutcome> outcome;
     CommandRunner::start(services, line, [&outcome](const CommandOutcome &ended) { outcome = ended; });
     services.manager.waitUntilIdle();
+    services.tasks.wait();
     return outcome.value();
 }
 
-int runModel(const CommandLine &line)
-{
-    const CommandOutcome outcome = CommandRunner::useModel(line);
-    if (outcome.problem.isEmpty() && outcome.value["file"_L1].isNull() && !line.json) {
-        return fail(missingModel().errorDescription());
-    }
-    return finish(line, outcome);
-}
-
 /// Makes the arguments mean the same in another process: reads the key that is to be set, and makes files absolute.
-/// What is wrong with them, for the user.
-std::optional<QString> prepare(CommandLine &line)
+/// Fails with what is wrong with them.
+Result<> prepare(CommandLine &line)
 {
     switch (line.verb) {
     case Verb::Key:
         if (line.arguments.first() == "set"_L1) {
             const auto key = Console::readSecret(Tr::tr("API key for %1: ").arg(line.arguments.at(1)));
             if (!key) {
-                return Tr::tr("standard input holds no key");
+                return Failure{Tr::tr("standard input holds no key")};
             }
             line.secret = *key;
         }
-        return std::nullopt;
+        return {};
     case Verb::Upscale:
     case Verb::Set:
     case Verb::Favorite:
     case Verb::Delete: {
         const QString file = CommandRunner::fileOf(line);
         if (file.isEmpty()) {
-            return CommandRunner::noSuchFile(line);
+            return Failure{CommandRunner::noSuchFile(line)};
         }
         line.arguments = {file};
-        return std::nullopt;
+        return {};
     }
     default:
-        return std::nullopt;
+        return {};
     }
 }
 
@@ -172,18 +175,18 @@ int runCommand(CommandLine line)
     case Verb::Autostart:
         return finish(line, CommandRunner::switchAutostart(line));
     case Verb::Model:
-        return runModel(line);
+        return finish(line, CommandRunner::useModel(line));
     default:
         break;
     }
-    if (const std::optional<QString> problem = prepare(line)) {
-        return fail(*problem);
+    if (const Result<> prepared = prepare(line); !prepared) {
+        return Console::fail(prepared.failure(), line.json);
     }
     if (const std::optional<CommandOutcome> forwarded = forward(line)) {
         return finish(line, *forwarded);
     }
     if (line.verb == Verb::Quit) {
-        return fail(Tr::tr("the application is not running"));
+        return Console::fail(Failure{Tr::tr("the application is not running")}, line.json);
     }
     return finish(line, runHere(line));
 }

@@ -9,6 +9,7 @@
 #include "App/Control/ControlService.h"
 #include "App/Control/InstanceLock.h"
 #include "Platform/Bus/SessionBus.h"
+#include "Platform/Files/Paths.h"
 #include "Platform/System/GraphicsProcessor.h"
 
 #include <QApplication>
@@ -30,12 +31,6 @@ struct Tr
 {
     Q_DECLARE_TR_FUNCTIONS(Program)
 };
-
-int fail(const QString &problem, int status = kFailed)
-{
-    Console::printError(u"quorvane: "_s + problem);
-    return status;
-}
 
 enum class Role { Application, Done, Failed };
 
@@ -103,7 +98,7 @@ int runWithoutDisplay(CommandLine line)
     if (handOver(control, claim, line)) {
         return kSucceeded;
     }
-    return fail(Tr::tr("there is no display; see quorvane --help for what needs none"));
+    return Console::fail(Failure{Tr::tr("there is no display; see quorvane --help for what needs none")}, line.json);
 }
 
 /// Where the display goes away, Qt ends the process by exit() from within the event loop. The destructors of static
@@ -125,9 +120,12 @@ int runApplication(const CommandLine &line, const SceneUrls &urls)
     if (role != Role::Application) {
         return role == Role::Done
                    ? kSucceeded
-                   : fail(line.action && !bus.isConnected()
-                              ? Tr::tr("the application runs already and can be told nothing without a session bus")
-                              : Tr::tr("the application runs already and does not answer"));
+                   : Console::fail(
+                         Failure{
+                             line.action && !bus.isConnected()
+                                 ? Tr::tr("the application runs already and can be told nothing without a session bus")
+                                 : Tr::tr("the application runs already and does not answer")},
+                         line.json);
     }
     WallpaperApp app(bus, control, urls);
     QObject::connect(&lock, &InstanceLock::activated, &app, &WallpaperApp::openMain);
@@ -142,21 +140,22 @@ int runApplication(const CommandLine &line, const SceneUrls &urls)
     return QCoreApplication::exec();
 }
 
-using Parsed = std::variant<CommandLine, QString>;
-
-bool isForWindows(const Parsed &parsed)
+bool isForWindows(const Result<CommandLine> &parsed)
 {
-    const auto *line = std::get_if<CommandLine>(&parsed);
-    return line != nullptr && line->verb == CommandLine::Verb::Start && hasDisplay();
+    return parsed && parsed->verb == CommandLine::Verb::Start && hasDisplay() && !Paths::home().isEmpty();
 }
 
-int runWithoutWindows(const Parsed &parsed)
+int runWithoutWindows(const Result<CommandLine> &parsed, const QStringList &arguments)
 {
-    if (const auto *problem = std::get_if<QString>(&parsed)) {
-        return fail(*problem, kWrongCommandLine);
+    if (!parsed) {
+        return Console::fail(parsed.failure(), arguments.contains(u"--json"_s), kWrongCommandLine);
     }
-    const auto &line = std::get<CommandLine>(parsed);
-    return line.verb == CommandLine::Verb::Start ? runWithoutDisplay(line) : runCommand(line);
+    const bool onlyTells = parsed->verb == CommandLine::Verb::Help || parsed->verb == CommandLine::Verb::Version;
+    if (!onlyTells && Paths::home().isEmpty()) {
+        const Failure homeless{Tr::tr("there is no home folder: HOME names none, and the account has none")};
+        return Console::fail(homeless, parsed->json);
+    }
+    return parsed->verb == CommandLine::Verb::Start ? runWithoutDisplay(*parsed) : runCommand(*parsed);
 }
 
 } // namespace
@@ -174,15 +173,14 @@ int runProgram(int argc, char **argv, const SceneUrls &urls)
     if (!isForWindows(parseCommandLine(arguments))) {
         QCoreApplication application(argc, argv);
         installTranslations(application, languages);
-        return runWithoutWindows(parseCommandLine(arguments));
+        return runWithoutWindows(parseCommandLine(arguments), arguments);
     }
     chooseDrawing();
     const std::unique_ptr<QGuiApplication> application = makeApplication(argc, argv);
     installTranslations(*application, languages);
     QGuiApplication::setLayoutDirection(directionFor(languages));
     QGuiApplication::setDesktopFileName(Control::busName());
-    const auto line = std::get<CommandLine>(parseCommandLine(arguments));
-    return runApplication(line, urls);
+    return runApplication(*parseCommandLine(arguments), urls);
 }
 
 } // namespace quorvane

@@ -42,6 +42,14 @@ WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls u
         Console::printError(u"quorvane: "_s + problem);
         m_notifications.show({tr("The window cannot be opened"), problem, {}});
     });
+    const auto settingsFailed = [this](const Failure &failure) {
+        Console::printError(u"quorvane: "_s + failure.words);
+        m_notifications.show({tr("The settings are not kept"), failure.words, {}});
+    };
+    m_services.defaults.failed = settingsFailed;
+    if (!m_services.defaults.reading()) {
+        settingsFailed(m_services.defaults.reading().failure());
+    }
     // X11 session managers would start what runs at log-out again, with its window; starting with the session is what
     // autostart is for. Direct, because the session manager waits for the answer.
     connect(qGuiApp, &QGuiApplication::saveStateRequest, this, &WallpaperApp::saveState, Qt::DirectConnection);
@@ -66,6 +74,7 @@ WallpaperApp::~WallpaperApp()
     // Nothing is asked of a manager that is going, and what it still tells is nobody's business: the windows and the
     // menu go before it.
     m_control.release();
+    m_services.defaults.failed = [](const Failure &failure) { Console::printError(u"quorvane: "_s + failure.words); };
     disconnect(&m_services.manager, nullptr, this, nullptr);
 }
 

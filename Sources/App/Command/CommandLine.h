@@ -1,10 +1,11 @@
 #pragma once
 
+#include "Platform/Failure.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <optional>
-#include <variant>
 
 namespace quorvane {
 
@@ -44,10 +45,7 @@ struct CommandLine
     bool unset = false;            ///< settings --unset: remove the key.
 };
 
-/// Reads the arguments without the program's name. A text instead is what is wrong with them, for the user.
-[[nodiscard]] std::variant<CommandLine, QString> parseCommandLine(const QStringList &arguments);
-
-/// What --help prints.
-[[nodiscard]] QString helpText();
+/// Reads the arguments without the program's name. Fails with what is wrong with them.
+[[nodiscard]] Result<CommandLine> parseCommandLine(const QStringList &arguments);
 
 } // namespace quorvane

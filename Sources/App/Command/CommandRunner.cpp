@@ -2,7 +2,7 @@
 
 #include "App/Command/Reports.h"
 #include "App/Command/Services.h"
-#include "App/Command/SettingsTable.h"
+#include "App/Command/SettingsCommands.h"
 #include "Platform/System/Autostart.h"
 #include "Platform/Threads/Worker.h"
 #include "Storage/ImageStore.h"
@@ -32,7 +32,7 @@ struct Tr
 
 CommandOutcome failure(const QString &problem, int status = kFailed)
 {
-    return {status, {}, problem};
+    return {status, {}, Failure{problem}};
 }
 
 bool mayBeElsewhere(const CommandLine &line)
@@ -96,41 +96,6 @@ void startOnFile(WallpaperManager &manager, const CommandLine &line, const Ended
     });
 }
 
-CommandOutcome changeSettings(Services &services, const CommandLine &line)
-{
-    WallpaperManager &manager = services.manager;
-    UserDefaults &defaults = services.defaults;
-    const QString key = line.arguments.value(0);
-    if (line.unset || line.arguments.size() == 2) {
-        const auto problem = line.unset ? SettingsTable::unset(manager, defaults, key)
-                                        : SettingsTable::set(manager, defaults, key, line.arguments.at(1));
-        if (problem) {
-            return failure(*problem, kWrongCommandLine);
-        }
-        if (!defaults.sync()) {
-            return failure(Tr::tr("could not write %1").arg(UserDefaults::defaultPath()));
-        }
-    }
-    const QStringList known = SettingsTable::keys(manager);
-    if (!key.isEmpty() && !known.contains(key)) {
-        return failure(Tr::tr("unknown setting %1").arg(key), kWrongCommandLine);
-    }
-    QJsonObject values;
-    for (const QString &each : key.isEmpty() ? known : QStringList{key}) {
-        values.insert(each, SettingsTable::value(manager, defaults, each));
-    }
-    return {kSucceeded, values, {}};
-}
-
-CommandOutcome switchAuto(Services &services, const CommandLine &line)
-{
-    services.manager.setAutoEnabled(line.arguments.first() == "on"_L1);
-    if (!services.defaults.sync()) {
-        return failure(Tr::tr("could not write %1").arg(UserDefaults::defaultPath()));
-    }
-    return {kSucceeded, QJsonObject{{u"autoEnabled"_s, services.manager.autoEnabled()}}, {}};
-}
-
 /// Off the main thread, for what loads a network or waits for the desktop.
 QCoro::Task<> runningOnWorker(std::function<CommandOutcome()> work, Ended ended)
 {
@@ -169,14 +134,17 @@ QString noSuchFile(const CommandLine &line)
     return text.arg(line.arguments.first());
 }
 
-void start(Services &services, const CommandLine &line, const Ended &ended)
+void start(Services &services, const CommandLine &line, const Ended &whenDone)
 {
     WallpaperManager &manager = services.manager;
+    const auto whenKept = [&services, whenDone](const CommandOutcome &outcome) {
+        services.tasks.start(SettingsCommands::endingWhenKept(services.defaults, outcome, whenDone));
+    };
+    const Ended ended = SettingsCommands::mayChange(line) ? Ended(whenKept) : whenDone;
     switch (line.verb) {
     case Verb::Generate:
         if (line.prompt) {
             manager.setPrompt(*line.prompt);
-            services.defaults.sync();
         }
         runOperation(
             manager, [&manager] { manager.generateAndSet(); },
@@ -189,10 +157,10 @@ void start(Services &services, const CommandLine &line, const Ended &ended)
         startOnFile(manager, line, ended);
         return;
     case Verb::Settings:
-        ended(changeSettings(services, line));
+        ended(SettingsCommands::settings(services, line));
         return;
     case Verb::Auto:
-        ended(switchAuto(services, line));
+        ended(SettingsCommands::switchAuto(manager, line));
         return;
     case Verb::Status:
         manager.askForScreens([&services, ended](const QList<Screen> &screens) {
@@ -229,13 +197,12 @@ CommandOutcome changeKeys(const CommandLine &line, WallpaperManager *manager)
         if (isSet && line.secret.isEmpty()) {
             return failure(Tr::tr("no key on standard input"));
         }
-        if (isSet) {
-            manager != nullptr ? manager->saveKey(line.secret, id) : (void)Keychain::save(line.secret, id);
-        } else {
-            manager != nullptr ? manager->removeKey(id) : (void)Keychain::remove(id);
+        const Result<> kept = isSet ? Keychain::save(line.secret, id) : Keychain::remove(id);
+        if (!kept) {
+            return failure(kept.failure().words);
         }
-        if (Keychain::load(id) != (isSet ? std::optional(line.secret) : std::nullopt)) {
-            return failure(Tr::tr("could not write the key file"));
+        if (manager != nullptr) {
+            Q_EMIT manager->keysChanged();
         }
     }
     QJsonArray ids;
@@ -261,10 +228,15 @@ CommandOutcome useModel(const CommandLine &line, const std::stop_token &stop)
             installModel(line.arguments.at(1), stop);
         }
         const std::optional<QString> file = findModel();
-        return {kSucceeded,
-                QJsonObject{{u"file"_s, Reports::textOrNull(file.value_or(QString()))},
-                            {u"description"_s, file ? QJsonValue(describeModel(*file)) : QJsonValue()}},
-                {}};
+        if (!file) {
+            return {kFailed,
+                    QJsonObject{{u"file"_s, QJsonValue()},
+                                {u"description"_s, QJsonValue()},
+                                {u"status"_s, missingModel().errorDescription()},
+                                {u"isError"_s, true}},
+                    {}};
+        }
+        return {kSucceeded, QJsonObject{{u"file"_s, *file}, {u"description"_s, describeModel(*file)}}, {}};
     } catch (const std::exception &error) {
         return failure(QString::fromUtf8(error.what()));
     }

@@ -16,11 +16,11 @@ namespace CommandRunner {
 
 using Ended = std::function<void(const CommandOutcome &)>;
 
-/// Starts any command but "quit"; ended is called once, before this returns where nothing is to be waited for.
-void start(Services &services, const CommandLine &line, const Ended &ended);
+/// Starts any command but "quit"; whenDone is called once, before this returns where nothing is to be waited for.
+void start(Services &services, const CommandLine &line, const Ended &whenDone);
 
-/// The verb "key", which needs the key file alone. The key to set is line.secret. Where there is a manager, it makes
-/// the change, so that its windows follow.
+/// The verb "key", which needs the key file alone. The key to set is line.secret. A manager announces the change, so
+/// that its windows follow.
 [[nodiscard]] CommandOutcome changeKeys(const CommandLine &line, WallpaperManager *manager = nullptr);
 
 /// The verb "autostart". In a sandbox it waits for the desktop; meant for a worker where there is an event loop.

@@ -1,13 +1,18 @@
 #include "App/Command/Console.h"
 
+#include "Platform/PrintableText.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStringDecoder>
+#include <QStringList>
 
 #include <cstdio>
 
 #include <termios.h>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane::Console {
 
@@ -55,28 +60,45 @@ class SilentTerminal
 
 } // namespace
 
-void print(const QString &line)
+void print(const QString &text)
 {
-    write(stdout, line.toUtf8() + '\n');
+    if (::isatty(STDOUT_FILENO) != 1) {
+        write(stdout, text.toUtf8() + '\n');
+        return;
+    }
+    // The lines of a list are ours; what is in them may be anybody's.
+    const QStringList lines = text.split('\n'_L1);
+    for (const QString &line : lines) {
+        write(stdout, printable(line).toUtf8() + '\n');
+    }
 }
 
 void printJson(const QJsonValue &value)
 {
     // QJsonDocument writes lists and objects only, so a single value goes out through a list of one.
-    QByteArray text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    const QByteArray text = printableJson(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact));
     write(stdout, text.sliced(1, text.size() - 2) + '\n');
 }
 
-void printError(const QString &line)
+void printError(const QString &words)
 {
     const QByteArray clear = ::isatty(STDERR_FILENO) == 1 ? "\r\x1b[K" : "";
-    write(stderr, clear + line.toUtf8() + '\n');
+    write(stderr, clear + printable(words).toUtf8() + '\n');
+}
+
+int fail(const Failure &failure, bool json, int status)
+{
+    if (json) {
+        printJson(failureJson(failure));
+    }
+    printError(u"quorvane: "_s + failure.words);
+    return status;
 }
 
 void printProgress(const QString &note)
 {
     if (::isatty(STDERR_FILENO) == 1) {
-        write(stderr, "\r\x1b[K" + note.toUtf8());
+        write(stderr, "\r\x1b[K" + printable(note).toUtf8());
     }
 }
 

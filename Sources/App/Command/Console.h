@@ -1,5 +1,7 @@
 #pragma once
 
+#include "App/Command/CommandOutcome.h"
+
 #include <QJsonValue>
 #include <QString>
 
@@ -8,14 +10,17 @@
 /// Standard input, output and error of a command.
 namespace quorvane::Console {
 
-/// A line on standard output.
-void print(const QString &line);
+/// text on standard output, with a line's end. A terminal shows what is no text in it, and obeys none of it.
+void print(const QString &text);
 
 /// value on standard output as one line of JSON, an object, a list or a single value.
 void printJson(const QJsonValue &value);
 
-/// A line on standard error.
-void printError(const QString &line);
+/// words on standard error as one line, whatever is in them.
+void printError(const QString &words);
+
+/// Ends with words instead of a value: prints them, for a program as JSON too, and returns status.
+int fail(const Failure &failure, bool json, int status = kFailed);
 
 /// A note on standard error that the next one replaces; nothing where that is no terminal.
 void printProgress(const QString &note);

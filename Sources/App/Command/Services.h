@@ -25,8 +25,8 @@ struct Services
     std::unique_ptr<Clock> clock;
     std::unique_ptr<PowerEvents> powerEvents;
     std::unique_ptr<Screens> screens;
+    TaskScope tasks; ///< What commands do beside the manager, and after the last that it tells: it goes before them.
     WallpaperManager manager;
-    TaskScope tasks; ///< What commands do beside the manager.
 
     /// Only what stays has a schedule, and follows sleep and screens; a command is gone before any of it matters.
     enum class Life { OneCommand, Application };

@@ -11,186 +11,180 @@
 
 using namespace Qt::StringLiterals;
 
-namespace quorvane::SettingsTable {
+namespace quorvane {
 
 namespace {
 
 using namespace SettingsKeys;
+using Kind = Setting::Kind;
 
 struct Tr
 {
     Q_DECLARE_TR_FUNCTIONS(SettingsTable)
 };
 
-std::optional<bool> booleanFrom(const QString &text)
-{
-    static const QStringList yes{u"true"_s, u"on"_s, u"yes"_s, u"1"_s};
-    static const QStringList no{u"false"_s, u"off"_s, u"no"_s, u"0"_s};
-    const QString word = text.toLower();
-    if (yes.contains(word)) {
-        return true;
-    }
-    return no.contains(word) ? std::optional(false) : std::nullopt;
-}
+const QString kTrue = u"true"_s;
+const QString kFalse = u"false"_s;
 
-/// The texts that the key takes; empty where any text will do.
-QStringList choices(const WallpaperManager &manager, const QString &key)
+/// text as Setting::change takes it.
+Result<QString> accepted(const Setting &setting, const QString &text)
 {
-    if (key == kUpscaleMethod) {
-        return {u"gemini"_s, u"local"_s};
-    }
-    QStringList found = key == kProviderOverride ? QStringList{u"auto"_s} : QStringList();
-    for (const auto &provider : manager.providers()) {
-        if (key == kProviderOverride) {
-            found.append(provider->id());
-        } else if (key == selectedModel(provider->id())) {
-            for (const ModelOption &model : provider->models()) {
-                found.append(model.id);
-            }
+    switch (setting.kind) {
+    case Kind::Switch: {
+        const QString word = text.toLower();
+        if (QStringList{kTrue, u"on"_s, u"yes"_s, u"1"_s}.contains(word)) {
+            return kTrue;
         }
-    }
-    return found;
-}
-
-/// The provider whose model the key names; empty for any other key.
-QString providerOfModelKey(const WallpaperManager &manager, const QString &key)
-{
-    for (const auto &provider : manager.providers()) {
-        if (key == selectedModel(provider->id())) {
-            return provider->id();
+        if (QStringList{kFalse, u"off"_s, u"no"_s, u"0"_s}.contains(word)) {
+            return kFalse;
         }
+        return Failure{Tr::tr("%1 takes true or false").arg(setting.key)};
     }
-    return {};
+    case Kind::Minutes: {
+        bool isNumber = false;
+        const qint64 minutes = text.toLongLong(&isNumber);
+        if (!isNumber || minutes < 1 || minutes > WallpaperManager::kLongestIntervalMinutes) {
+            return Failure{Tr::tr("%1 takes a whole number of minutes from 1 to %2")
+                               .arg(setting.key)
+                               .arg(WallpaperManager::kLongestIntervalMinutes)};
+        }
+        return QString::number(minutes);
+    }
+    case Kind::Choice:
+        if (!setting.choices.contains(text)) {
+            return Failure{Tr::tr("%1 takes one of: %2").arg(setting.key, setting.choices.join(u", "_s))};
+        }
+        return text;
+    case Kind::Picture:
+        if (!QDir::isAbsolutePath(text)) {
+            return Failure{Tr::tr("%1 takes the whole path of a picture").arg(setting.key)};
+        }
+        return text;
+    case Kind::Text:
+        break;
+    }
+    return text;
 }
 
-QString unknownKey(const QString &key)
+Setting selectedModelOf(const ImageProvider &provider, WallpaperManager &manager, UserDefaults &defaults)
 {
-    return Tr::tr("unknown setting %1").arg(key);
+    QStringList models;
+    for (const ModelOption &model : provider.models()) {
+        models.append(model.id);
+    }
+    const QString key = selectedModel(provider.id());
+    return {key,
+            Kind::Choice,
+            models.value(0),
+            models,
+            [&defaults, key, first = models.value(0)] { return defaults.text(key).value_or(first); },
+            [&manager, id = provider.id()](const QString &model) { manager.setSelectedModel(id, model); }};
 }
 
-} // namespace
-
-QStringList keys(const WallpaperManager &manager)
+std::vector<Setting> table(WallpaperManager &manager, UserDefaults &defaults)
 {
-    QStringList all{kLastPrompt,  kFourKEnabled,    kNsfwEnabled,   kProviderOverride,
-                    kAutoEnabled, kIntervalMinutes, kUpscaleMethod, kCurrentWallpaperPath};
+    QStringList providers{u"auto"_s};
     for (const auto &provider : manager.providers()) {
-        all.append(selectedModel(provider->id()));
+        providers.append(provider->id());
+    }
+    const QStringList methods{u"gemini"_s, u"local"_s};
+    const auto wallpaper = [&defaults]() -> QJsonValue {
+        const std::optional<QString> path = defaults.text(kCurrentWallpaperPath);
+        return path ? QJsonValue(*path) : QJsonValue();
+    };
+    const auto setWallpaper = [&manager, &defaults](const QString &path) {
+        if (path.isEmpty()) {
+            defaults.remove(kCurrentWallpaperPath);
+        } else {
+            defaults.set(kCurrentWallpaperPath, path);
+        }
+        manager.restoreCurrentWallpaper();
+    };
+    std::vector<Setting> all{
+        {kLastPrompt,
+         Kind::Text,
+         {},
+         {},
+         [&manager] { return manager.prompt(); },
+         [&manager](const QString &text) { manager.setPrompt(text); }},
+        {kFourKEnabled,
+         Kind::Switch,
+         kFalse,
+         {},
+         [&manager] { return manager.fourKEnabled(); },
+         [&manager](const QString &text) { manager.setFourKEnabled(text == kTrue); }},
+        {kNsfwEnabled,
+         Kind::Switch,
+         kFalse,
+         {},
+         [&manager] { return manager.nsfwEnabled(); },
+         [&manager](const QString &text) { manager.setNsfwEnabled(text == kTrue); }},
+        {kProviderOverride, Kind::Choice, providers.first(), providers,
+         [&manager] { return manager.providerOverride(); },
+         [&manager](const QString &text) { manager.setProviderOverride(text); }},
+        {kAutoEnabled,
+         Kind::Switch,
+         kFalse,
+         {},
+         [&manager] { return manager.autoEnabled(); },
+         [&manager](const QString &text) { manager.setAutoEnabled(text == kTrue); }},
+        {kIntervalMinutes,
+         Kind::Minutes,
+         QString::number(WallpaperManager::kDefaultIntervalMinutes),
+         {},
+         [&manager] { return manager.intervalMinutes(); },
+         [&manager](const QString &text) { manager.setIntervalMinutes(text.toLongLong()); }},
+        {kUpscaleMethod, Kind::Choice, methods.first(), methods,
+         [&defaults, first = methods.first()] { return defaults.text(kUpscaleMethod).value_or(first); },
+         [&manager](const QString &text) { manager.setUpscaleMethod(text); }},
+        {kCurrentWallpaperPath, Kind::Picture, {}, {}, wallpaper, setWallpaper},
+    };
+    for (const auto &provider : manager.providers()) {
+        all.push_back(selectedModelOf(*provider, manager, defaults));
     }
     return all;
 }
 
-QJsonValue value(const WallpaperManager &manager, const UserDefaults &defaults, const QString &key)
+} // namespace
+
+SettingsTable::SettingsTable(WallpaperManager &manager, UserDefaults &defaults)
+    : m_defaults(defaults)
+    , m_settings(table(manager, defaults))
 {
-    if (key == kLastPrompt) {
-        return manager.prompt();
+}
+
+Result<Setting> SettingsTable::find(const QString &key) const
+{
+    const auto found = std::find_if(m_settings.begin(), m_settings.end(),
+                                    [&key](const Setting &setting) { return setting.key == key; });
+    return found == m_settings.end() ? Result<Setting>(Failure{Tr::tr("unknown setting %1").arg(key)})
+                                     : Result<Setting>(*found);
+}
+
+Result<> SettingsTable::set(const QString &key, const QString &text)
+{
+    const Result<Setting> setting = find(key);
+    if (!setting) {
+        return setting.failure();
     }
-    if (key == kFourKEnabled) {
-        return manager.fourKEnabled();
+    const Result<QString> taken = accepted(*setting, text);
+    if (!taken) {
+        return taken.failure();
     }
-    if (key == kNsfwEnabled) {
-        return manager.nsfwEnabled();
-    }
-    if (key == kProviderOverride) {
-        return manager.providerOverride();
-    }
-    if (key == kAutoEnabled) {
-        return manager.autoEnabled();
-    }
-    if (key == kIntervalMinutes) {
-        return manager.intervalMinutes();
-    }
-    if (key == kUpscaleMethod) {
-        return defaults.text(key).value_or(u"gemini"_s);
-    }
-    if (key == kCurrentWallpaperPath) {
-        const std::optional<QString> path = defaults.text(key);
-        return path ? QJsonValue(*path) : QJsonValue();
-    }
-    for (const auto &provider : manager.providers()) {
-        if (key == selectedModel(provider->id())) {
-            return defaults.text(key).value_or(provider->models().first().id);
-        }
-    }
+    setting->change(*taken);
     return {};
 }
 
-std::optional<QString> set(WallpaperManager &manager, UserDefaults &defaults, const QString &key, const QString &text)
+Result<> SettingsTable::unset(const QString &key)
 {
-    if (!keys(manager).contains(key)) {
-        return unknownKey(key);
-    }
-    if (key == kFourKEnabled || key == kNsfwEnabled || key == kAutoEnabled) {
-        const std::optional<bool> enabled = booleanFrom(text);
-        if (!enabled) {
-            return Tr::tr("%1 takes true or false").arg(key);
-        }
-        if (key == kFourKEnabled) {
-            manager.setFourKEnabled(*enabled);
-        } else if (key == kNsfwEnabled) {
-            manager.setNsfwEnabled(*enabled);
-        } else {
-            manager.setAutoEnabled(*enabled);
-        }
-        return std::nullopt;
-    }
-    if (key == kIntervalMinutes) {
-        bool isNumber = false;
-        const qint64 minutes = text.toLongLong(&isNumber);
-        if (!isNumber || minutes < 1 || minutes > WallpaperManager::kLongestIntervalMinutes) {
-            return Tr::tr("%1 takes a whole number of minutes from 1 to %2")
-                .arg(key)
-                .arg(WallpaperManager::kLongestIntervalMinutes);
-        }
-        manager.setIntervalMinutes(minutes);
-        return std::nullopt;
-    }
-    const QStringList offered = choices(manager, key);
-    if (!offered.isEmpty() && !offered.contains(text)) {
-        return Tr::tr("%1 takes one of: %2").arg(key, offered.join(u", "_s));
-    }
-    if (key == kLastPrompt) {
-        manager.setPrompt(text);
-    } else if (key == kProviderOverride) {
-        manager.setProviderOverride(text);
-    } else if (key == kUpscaleMethod) {
-        manager.setUpscaleMethod(text);
-    } else if (const QString provider = providerOfModelKey(manager, key); !provider.isEmpty()) {
-        manager.setSelectedModel(provider, text);
-    } else {
-        if (!QDir::isAbsolutePath(text)) {
-            return Tr::tr("%1 takes the whole path of a picture").arg(key);
-        }
-        defaults.set(key, text);
-        manager.restoreCurrentWallpaper();
-    }
-    return std::nullopt;
-}
-
-std::optional<QString> unset(WallpaperManager &manager, UserDefaults &defaults, const QString &key)
-{
-    if (!keys(manager).contains(key)) {
-        return unknownKey(key);
+    const Result<Setting> setting = find(key);
+    if (!setting) {
+        return setting.failure();
     }
     // What is in force changes first, so that everything that hangs on it follows; then the stored value goes.
-    std::optional<QString> problem;
-    if (key == kFourKEnabled || key == kNsfwEnabled || key == kAutoEnabled) {
-        problem = set(manager, defaults, key, u"false"_s);
-    } else if (key == kIntervalMinutes) {
-        problem = set(manager, defaults, key, QString::number(WallpaperManager::kDefaultIntervalMinutes));
-    } else if (key == kLastPrompt) {
-        manager.setPrompt(QString());
-    } else if (key == kProviderOverride) {
-        manager.setProviderOverride(u"auto"_s);
-    } else if (key == kUpscaleMethod || !providerOfModelKey(manager, key).isEmpty()) {
-        // The first that is offered is what holds without a choice.
-        problem = set(manager, defaults, key, choices(manager, key).first());
-    }
-    defaults.remove(key);
-    if (key == kCurrentWallpaperPath) {
-        manager.restoreCurrentWallpaper();
-    }
-    return problem;
+    setting->change(setting->initial);
+    m_defaults.remove(key);
+    return {};
 }
 
-} // namespace quorvane::SettingsTable
+} // namespace quorvane

@@ -1,33 +1,59 @@
 #pragma once
 
+#include "Platform/Failure.h"
+
 #include <QJsonValue>
 #include <QString>
 #include <QStringList>
 
-#include <optional>
+#include <functional>
+#include <vector>
 
 namespace quorvane {
 
 class UserDefaults;
 class WallpaperManager;
 
-/// The settings as the command line shows and changes them, under the names by which they are stored.
-namespace SettingsTable {
+/// One setting, with everything that the command line must know about it.
+struct Setting
+{
+    enum class Kind {
+        Switch,  ///< true or false
+        Minutes, ///< A whole number from 1 to the manager's longest interval.
+        Choice,  ///< One of choices.
+        Text,    ///< Any text.
+        Picture  ///< The whole path of a file, or nothing.
+    };
 
-/// Every name there is.
-[[nodiscard]] QStringList keys(const WallpaperManager &manager);
+    QString key; ///< The name by which it is stored.
+    Kind kind;
+    QString initial;                             ///< What holds while nothing is stored.
+    QStringList choices;                         ///< Of Kind::Choice.
+    std::function<QJsonValue()> value;           ///< What holds now.
+    std::function<void(const QString &)> change; ///< Takes a text of the kind's form, through the one who must know.
+};
 
-/// The value in force: the stored one, or what holds while none is stored. null for an unknown key.
-[[nodiscard]] QJsonValue value(const WallpaperManager &manager, const UserDefaults &defaults, const QString &key);
+/// The settings as the command line shows and changes them. The manager and the store outlive it.
+class SettingsTable
+{
+  public:
+    SettingsTable(WallpaperManager &manager, UserDefaults &defaults);
 
-/// Sets one value from text, with everything that a change of it entails. What is wrong with key or text, for the
-/// user; nothing when it is set.
-[[nodiscard]] std::optional<QString> set(WallpaperManager &manager, UserDefaults &defaults, const QString &key,
-                                         const QString &text);
+    [[nodiscard]] const std::vector<Setting> &settings() const { return m_settings; }
 
-/// Goes back to what holds while nothing is stored. What is wrong with key; nothing when it is done.
-[[nodiscard]] std::optional<QString> unset(WallpaperManager &manager, UserDefaults &defaults, const QString &key);
+    /// The setting of that name. Fails where there is none.
+    [[nodiscard]] Result<Setting> find(const QString &key) const;
 
-} // namespace SettingsTable
+    /// Changes one setting, with everything that a change of it entails. Fails where the key or the text makes no
+    /// sense. It is in force then, but perhaps not kept yet.
+    Result<> set(const QString &key, const QString &text);
+
+    /// Goes back to what holds while nothing is stored.
+    Result<> unset(const QString &key);
+
+  private:
+    UserDefaults &m_defaults;
+    std::vector<Setting> m_settings;
+};
 
 } // namespace quorvane

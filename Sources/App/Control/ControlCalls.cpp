@@ -1,10 +1,11 @@
 #include "App/Control/ControlCalls.h"
 
+#include "App/Command/CommandTable.h"
+
 #include <QDBusArgument>
 #include <QVariantMap>
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -12,57 +13,33 @@ namespace quorvane::Control {
 
 namespace {
 
-using Verb = CommandLine::Verb;
+using Argument = CommandForm::Argument;
+using Extra = CommandForm::Extra;
 
-/// A method, and the words of the command line before its arguments.
-struct Method
-{
-    QLatin1String name;
-    Verb verb;
-    QLatin1String action; ///< The first argument of the command line, for example "set" of "key set"; or empty.
-    int arguments;        ///< How many texts it takes.
-};
-
-constexpr std::array kMethods{
-    Method{"Upscale"_L1, Verb::Upscale, {}, 1},
-    Method{"Set"_L1, Verb::Set, {}, 1},
-    Method{"Favorite"_L1, Verb::Favorite, {}, 1},
-    Method{"Delete"_L1, Verb::Delete, {}, 1},
-    Method{"Settings"_L1, Verb::Settings, {}, 0},
-    Method{"Setting"_L1, Verb::Settings, {}, 1},
-    Method{"SetSetting"_L1, Verb::Settings, {}, 2},
-    Method{"ListKeys"_L1, Verb::Key, "list"_L1, 0},
-    Method{"DeleteKey"_L1, Verb::Key, "delete"_L1, 1},
-    Method{"History"_L1, Verb::History, {}, 0},
-    Method{"Albums"_L1, Verb::Albums, {}, 0},
-    Method{"Status"_L1, Verb::Status, {}, 0},
-    Method{"Model"_L1, Verb::Model, {}, 0},
-    Method{"InstallModel"_L1, Verb::Model, "install"_L1, 1},
-    Method{"Quit"_L1, Verb::Quit, {}, 0},
-};
-
-// Methods whose arguments are more than texts in a row.
-const QLatin1String kGenerate("Generate");
-const QLatin1String kAuto("Auto");
-const QLatin1String kAutostart("Autostart");
-const QLatin1String kUnsetSetting("UnsetSetting");
-const QLatin1String kSetKey("SetKey");
 const QLatin1String kPrompt("prompt");
 
-bool areTexts(const QVariantList &arguments, qsizetype count)
+/// The types of what the method of a form takes.
+QStringList typesOf(const CommandForm &form)
 {
-    return arguments.size() == count && std::all_of(arguments.begin(), arguments.end(), [](const QVariant &each) {
-               return each.typeId() == QMetaType::QString;
-           });
+    if (form.extra == Extra::Prompt) {
+        return {u"a{sv}"_s};
+    }
+    QStringList types;
+    for (const Argument argument : form.arguments) {
+        types.append(argument == Argument::Switch ? u"b"_s : u"s"_s);
+    }
+    if (form.extra == Extra::Secret) {
+        types.append(u"s"_s);
+    }
+    return types;
 }
 
-QStringList texts(const QVariantList &arguments)
+bool haveTypes(const QVariantList &arguments, const QStringList &types)
 {
-    QStringList result;
-    for (const QVariant &argument : arguments) {
-        result.append(argument.toString());
-    }
-    return result;
+    return std::equal(arguments.begin(), arguments.end(), types.begin(), types.end(),
+                      [](const QVariant &argument, const QString &type) {
+                          return argument.typeId() == (type == "b"_L1 ? QMetaType::Bool : QMetaType::QString);
+                      });
 }
 
 /// The options of a call, from the wire or from this process.
@@ -85,7 +62,7 @@ std::optional<CommandLine> generateFrom(const QVariantList &arguments)
         return std::nullopt;
     }
     CommandLine line;
-    line.verb = Verb::Generate;
+    line.verb = CommandLine::Verb::Generate;
     const QVariant prompt = options->value(kPrompt);
     if (prompt.isValid() && prompt.typeId() != QMetaType::QString) {
         return std::nullopt;
@@ -94,44 +71,6 @@ std::optional<CommandLine> generateFrom(const QVariantList &arguments)
         line.prompt = prompt.toString();
     }
     return line;
-}
-
-/// As the command line would read it, with all its tests.
-std::optional<CommandLine> parsed(QStringList words, const QStringList &arguments)
-{
-    if (!arguments.isEmpty()) {
-        words.append(u"--"_s);
-    }
-    const auto line = parseCommandLine(words + arguments);
-    return std::holds_alternative<CommandLine>(line) ? std::optional(std::get<CommandLine>(line)) : std::nullopt;
-}
-
-QString word(Verb verb)
-{
-    switch (verb) {
-    case Verb::Upscale:
-        return u"upscale"_s;
-    case Verb::Set:
-        return u"set"_s;
-    case Verb::Favorite:
-        return u"favorite"_s;
-    case Verb::Delete:
-        return u"delete"_s;
-    case Verb::Settings:
-        return u"settings"_s;
-    case Verb::Key:
-        return u"key"_s;
-    case Verb::History:
-        return u"history"_s;
-    case Verb::Albums:
-        return u"albums"_s;
-    case Verb::Status:
-        return u"status"_s;
-    case Verb::Model:
-        return u"model"_s;
-    default:
-        return u"quit"_s;
-    }
 }
 
 } // namespace
@@ -177,15 +116,9 @@ QString introspectionXml()
         // What the command prints with --json.
         xml += u"<arg name=\"json\" type=\"s\" direction=\"out\"/></method>"_s;
     };
-    const QString text = u"s"_s;
-    for (const Method &each : kMethods) {
-        method(each.name, QStringList(each.arguments, text));
+    for (const CommandForm &form : commandForms()) {
+        method(form.method, typesOf(form));
     }
-    method(kGenerate, {u"a{sv}"_s});
-    method(kAuto, {u"b"_s});
-    method(kAutostart, {u"b"_s});
-    method(kUnsetSetting, {text});
-    method(kSetKey, {text, text});
     for (const auto &[name, type] : {std::pair("Status", "s"), std::pair("IsError", "b"), std::pair("IsLoading", "b"),
                                      std::pair("Progress", "a{sv}"), std::pair("AutoEnabled", "b"),
                                      std::pair("NextFireDate", "s"), std::pair("CurrentWallpaper", "s")}) {
@@ -204,76 +137,54 @@ QString introspectionXml()
 
 std::optional<Call> callFor(const CommandLine &line)
 {
-    QVariantList arguments;
-    for (const QString &argument : line.arguments) {
-        arguments.append(argument);
+    const CommandForm *form = formOf(line);
+    if (form == nullptr || form->by == CommandForm::By::Process) {
+        return std::nullopt;
     }
-    switch (line.verb) {
-    case Verb::Generate: {
-        const QVariantMap options = line.prompt ? QVariantMap{{QString(kPrompt), *line.prompt}} : QVariantMap();
-        return Call{kGenerate, {options}};
+    Call call{form->method, {}};
+    if (form->extra == Extra::Prompt) {
+        call.arguments.append(line.prompt ? QVariantMap{{QString(kPrompt), *line.prompt}} : QVariantMap());
     }
-    case Verb::Auto:
-        return Call{kAuto, {line.arguments.first() == "on"_L1}};
-    case Verb::Settings:
-        if (line.unset) {
-            return Call{kUnsetSetting, arguments};
-        }
-        break;
-    case Verb::Key:
-        if (line.arguments.first() == "set"_L1) {
-            return Call{kSetKey, {line.arguments.at(1), line.secret}};
-        }
-        arguments.removeFirst();
-        break;
-    case Verb::History:
-    case Verb::Albums:
-    case Verb::Autostart:
-    case Verb::Model:
-        return std::nullopt; // Files tell it to any process, or are changed by it.
-    default:
-        break;
+    const QStringList texts = line.arguments.mid(form->action.isEmpty() ? 0 : 1);
+    for (qsizetype index = 0; index < texts.size(); ++index) {
+        const bool isSwitch = form->arguments.at(index) == Argument::Switch;
+        call.arguments.append(isSwitch ? QVariant(texts.at(index) == "on"_L1) : QVariant(texts.at(index)));
     }
-    for (const Method &each : kMethods) {
-        const bool hasAction = each.action.isEmpty() || each.action == line.arguments.value(0);
-        if (each.verb == line.verb && hasAction && each.arguments == arguments.size()) {
-            return Call{each.name, arguments};
-        }
+    if (form->extra == Extra::Secret) {
+        call.arguments.append(line.secret);
     }
-    return std::nullopt;
+    return call;
 }
 
 std::optional<CommandLine> lineFrom(const Call &call)
 {
-    const QVariantList &arguments = call.arguments;
-    if (call.method == kGenerate) {
-        return generateFrom(arguments);
+    const QList<CommandForm> &forms = commandForms();
+    const auto form = std::find_if(forms.begin(), forms.end(),
+                                   [&call](const CommandForm &each) { return each.method == call.method; });
+    if (form == forms.end()) {
+        return std::nullopt;
     }
-    const bool isSwitch = call.method == kAuto || call.method == kAutostart;
-    if (isSwitch && arguments.size() == 1 && arguments.first().typeId() == QMetaType::Bool) {
-        return parsed({call.method == kAuto ? u"auto"_s : u"autostart"_s},
-                      {arguments.first().toBool() ? u"on"_s : u"off"_s});
+    if (form->extra == Extra::Prompt) {
+        return generateFrom(call.arguments);
     }
-    if (call.method == kUnsetSetting && areTexts(arguments, 1)) {
-        return parsed({u"settings"_s, u"--unset"_s}, texts(arguments));
+    if (!haveTypes(call.arguments, typesOf(*form))) {
+        return std::nullopt;
     }
-    if (call.method == kSetKey && areTexts(arguments, 2)) {
-        auto line = parsed({u"key"_s, u"set"_s}, {arguments.first().toString()});
-        if (line) {
-            line->secret = arguments.last().toString();
-        }
-        return line;
+    CommandLine line;
+    line.verb = form->verb;
+    line.unset = form->extra == Extra::Unset;
+    if (!form->action.isEmpty()) {
+        line.arguments.append(form->action);
     }
-    for (const Method &each : kMethods) {
-        if (each.name == call.method && areTexts(arguments, each.arguments)) {
-            QStringList words{word(each.verb)};
-            if (!each.action.isEmpty()) {
-                words.append(each.action);
-            }
-            return parsed(words, texts(arguments));
-        }
+    for (qsizetype index = 0; index < form->arguments.size(); ++index) {
+        const QVariant &argument = call.arguments.at(index);
+        const bool isSwitch = form->arguments.at(index) == Argument::Switch;
+        line.arguments.append(isSwitch ? (argument.toBool() ? u"on"_s : u"off"_s) : argument.toString());
     }
-    return std::nullopt;
+    if (form->extra == Extra::Secret) {
+        line.secret = call.arguments.last().toString();
+    }
+    return formOf(line) == &*form ? std::optional(line) : std::nullopt;
 }
 
 } // namespace quorvane::Control

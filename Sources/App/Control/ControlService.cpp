@@ -35,10 +35,10 @@ QString tokenFrom(const QVariant &platformData)
 
 QDBusMessage replyWith(const QDBusMessage &call, const CommandOutcome &outcome)
 {
-    if (!outcome.problem.isEmpty()) {
+    if (outcome.problem) {
         const bool isWrong = outcome.status == kWrongCommandLine;
         return call.createErrorReply(isWrong ? Control::wrongArgumentsError() : Control::failedError(),
-                                     outcome.problem);
+                                     outcome.problem->words);
     }
     const QByteArray list = QJsonDocument(QJsonArray{outcome.value}).toJson(QJsonDocument::Compact);
     return call.createReply(QString::fromUtf8(list.sliced(1, list.size() - 2)));

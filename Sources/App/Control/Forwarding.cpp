@@ -11,13 +11,20 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
+#include <QDeadlineTimer>
 #include <QEventLoop>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTimer>
 
+#include <cerrno>
 #include <chrono>
 #include <limits>
+
+#include <poll.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -78,26 +85,95 @@ CommandOutcome outcomeOf(const QDBusPendingReply<QString> &reply)
     if (reply.isError()) {
         const QString name = reply.error().name();
         if (name == Control::failedError() || name == Control::wrongArgumentsError()) {
-            return {name == Control::failedError() ? kFailed : kWrongCommandLine, {}, reply.error().message()};
+            return {name == Control::failedError() ? kFailed : kWrongCommandLine, {}, Failure{reply.error().message()}};
         }
-        return {kFailed, {}, Tr::tr("the application did not answer: %1").arg(reply.error().message())};
+        return {kFailed, {}, Failure{Tr::tr("the application did not answer: %1").arg(reply.error().message())}};
     }
     const QByteArray list = '[' + reply.value().toUtf8() + ']';
     const QJsonValue value = QJsonDocument::fromJson(list).array().first();
     return {value["isError"_L1].toBool() ? kFailed : kSucceeded, value, {}};
 }
 
+/// What the application answers, however long that takes.
+CommandOutcome answerTo(const SessionBus &bus, const Control::Call &call)
+{
+    const QDBusPendingCall pending = bus.connection().asyncCall(
+        messageTo(Control::interfaceName(), call.method, call.arguments), std::numeric_limits<int>::max());
+    const QDBusPendingCallWatcher watcher(pending);
+    QEventLoop loop;
+    QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
+    if (!pending.isFinished()) {
+        loop.exec();
+    }
+    return outcomeOf(pending);
+}
+
+/// The process of the application, looked for before it is asked to end: afterwards its name is gone, or another's.
+class RunningProcess
+{
+  public:
+    explicit RunningProcess(const SessionBus &bus)
+    {
+        // In a sandbox processes have other numbers than on the bus.
+        const uint pid = QFile::exists(u"/.flatpak-info"_s)
+                             ? 0
+                             : bus.connection().interface()->servicePid(Control::busName()).value();
+        if (pid != 0) {
+            m_descriptor = static_cast<int>(::syscall(SYS_pidfd_open, static_cast<pid_t>(pid), 0U));
+        }
+    }
+    ~RunningProcess()
+    {
+        if (m_descriptor >= 0) {
+            ::close(m_descriptor);
+        }
+    }
+    RunningProcess(const RunningProcess &) = delete;
+    RunningProcess &operator=(const RunningProcess &) = delete;
+    RunningProcess(RunningProcess &&) = delete;
+    RunningProcess &operator=(RunningProcess &&) = delete;
+
+    [[nodiscard]] bool isSeen() const { return m_descriptor >= 0; }
+
+    /// Only of a process that is seen. False where it still runs at the deadline.
+    [[nodiscard]] bool waitForEnd(QDeadlineTimer deadline) const
+    {
+        pollfd end{m_descriptor, POLLIN, 0};
+        int answer = -1;
+        do {
+            answer = ::poll(&end, 1, static_cast<int>(deadline.remainingTime()));
+        } while (answer < 0 && errno == EINTR);
+        return answer > 0;
+    }
+
+  private:
+    int m_descriptor = -1;
+};
+
 /// Until the application has left the bus, so that it can be started again.
-void waitForTheEnd(const SessionBus &bus)
+void waitUntilItLeft(const SessionBus &bus, QDeadlineTimer deadline)
 {
     const QDBusServiceWatcher watcher(Control::busName(), bus.connection(),
                                       QDBusServiceWatcher::WatchForUnregistration);
     QEventLoop loop;
     QObject::connect(&watcher, &QDBusServiceWatcher::serviceUnregistered, &loop, &QEventLoop::quit);
-    QTimer::singleShot(kQuitLimit, &loop, &QEventLoop::quit);
+    QTimer::singleShot(std::chrono::milliseconds(deadline.remainingTime()), &loop, &QEventLoop::quit);
     if (isRunning(bus)) {
         loop.exec();
     }
+}
+
+/// Asks the application to end, and waits until its process has.
+CommandOutcome quit(const SessionBus &bus, const Control::Call &call)
+{
+    const RunningProcess process(bus);
+    const QDeadlineTimer deadline(kQuitLimit);
+    const CommandOutcome outcome = answerTo(bus, call);
+    waitUntilItLeft(bus, deadline);
+    if (process.isSeen() ? !process.waitForEnd(deadline) : isRunning(bus)) {
+        return {kFailed, {}, Failure{Tr::tr("the application was asked to end and still runs")}};
+    }
+    return outcome;
 }
 
 } // namespace
@@ -113,18 +189,7 @@ std::optional<CommandOutcome> forward(const CommandLine &line)
         return std::nullopt;
     }
     const Follower follower(bus.connection());
-    const QDBusPendingCall pending = bus.connection().asyncCall(
-        messageTo(Control::interfaceName(), call->method, call->arguments), std::numeric_limits<int>::max());
-    const QDBusPendingCallWatcher watcher(pending);
-    QEventLoop loop;
-    QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
-    if (!pending.isFinished()) {
-        loop.exec();
-    }
-    if (line.verb == CommandLine::Verb::Quit) {
-        waitForTheEnd(bus);
-    }
-    return outcomeOf(pending);
+    return line.verb == CommandLine::Verb::Quit ? quit(bus, *call) : answerTo(bus, *call);
 }
 
 } // namespace quorvane

@@ -3,6 +3,7 @@
 #include "Platform/Files/AtomicFile.h"
 #include "Platform/Files/FolderLock.h"
 #include "Platform/Files/Paths.h"
+#include "Platform/Files/SystemCall.h"
 #include "Platform/Files/WholeFile.h"
 #include "Platform/Threads/Worker.h"
 
@@ -10,6 +11,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <cerrno>
 #include <map>
 #include <mutex>
 
@@ -93,14 +95,21 @@ class UserDefaults::Writer
             return needed ? Result<>() : needed.failure();
         }
         const QString folder = QFileInfo(m_path).path();
-        QDir().mkpath(folder); // Where that fails, the system says why when the file is written.
+        if (!QDir().mkpath(folder)) {
+            return notWritten(systemWords(errno));
+        }
         const FolderLock lock(folder);
         const auto content = edited(changes);
         if (!content || !*content) {
             return content ? Result<>() : content.failure();
         }
         const Result<> written = writeFileAtomically(m_path, (*content)->bytes());
-        return written ? written : Failure{Tr::tr("could not write %1: %2").arg(m_path, written.failure().words)};
+        return written ? written : notWritten(written.failure().words);
+    }
+
+    [[nodiscard]] Failure notWritten(const QString &words) const
+    {
+        return Failure{Tr::tr("could not write %1: %2").arg(m_path, words)};
     }
 
     /// The file as it is now, with the changes; nothing where it has them already.

@@ -204,6 +204,21 @@ TEST_F(ShellInstanceTest, quitEndsItAndTheNextStartIsTheApplication)
     EXPECT_TRUE(next->isRunning());
 }
 
+TEST_F(ShellInstanceTest, quitReturnsWhenTheProcessHasEnded)
+{
+    session.environment().insert(u"TEST_SLOW_END"_s, u"yes"_s);
+    const auto application = startAndWait();
+    Application quit(session.environment(), {u"quit"_s}, QStringLiteral(QUORVANE_PROGRAM));
+    ASSERT_TRUE(waitFor([this] { return !isOnBus(); }));
+    // By now a quit that waits for the name alone would be over: a whole other command has its time in between.
+    EXPECT_EQ(command({u"settings"_s}).status, 0);
+    EXPECT_TRUE(quit.isRunning());
+    EXPECT_TRUE(application->isRunning());
+    application->tell("end");
+    EXPECT_EQ(quit.waitForEnd(), 0) << quit.errors().constData();
+    EXPECT_EQ(application->waitForEnd(), 0);
+}
+
 TEST_F(ShellInstanceTest, desktopActionsReachIt)
 {
     const auto application = startAndWait();

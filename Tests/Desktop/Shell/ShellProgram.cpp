@@ -2,6 +2,7 @@
 // standard input is one of
 //   Ctrl+Q      keys, pressed in a window that is open
 //   sleep 90    the clock goes on by so many seconds, and then what is due rings
+//   end         may end, where TEST_SLOW_END has it wait for that
 //   $NAME       the variable of the environment is told on standard error
 
 #include "App/Application/Program.h"
@@ -77,8 +78,14 @@ std::unique_ptr<Clock> makeSystemClock()
 int main(int argc, char **argv)
 {
     const QString folder = qEnvironmentVariable("TEST_WINDOWS");
-    return quorvane::runProgram(argc, argv,
-                                {QUrl::fromLocalFile(folder + u"/MainWindow.qml"_s),
-                                 QUrl::fromLocalFile(folder + u"/SettingsWindow.qml"_s),
-                                 {}});
+    const int status = quorvane::runProgram(argc, argv,
+                                            {QUrl::fromLocalFile(folder + u"/MainWindow.qml"_s),
+                                             QUrl::fromLocalFile(folder + u"/SettingsWindow.qml"_s),
+                                             {}});
+    for (std::string line; qEnvironmentVariableIsSet("TEST_SLOW_END") && line != "end";) {
+        if (!std::getline(std::cin, line)) {
+            break;
+        }
+    }
+    return status;
 }

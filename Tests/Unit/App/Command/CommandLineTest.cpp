@@ -13,8 +13,7 @@ using Verb = CommandLine::Verb;
 std::optional<CommandLine> parsed(const char *words)
 {
     const auto result = parseCommandLine(QString::fromUtf8(words).split(' '_L1, Qt::SkipEmptyParts));
-    const auto *line = std::get_if<CommandLine>(&result);
-    return line != nullptr ? std::optional(*line) : std::nullopt;
+    return result ? std::optional(*result) : std::nullopt;
 }
 
 } // namespace

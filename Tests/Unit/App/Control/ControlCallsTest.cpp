@@ -11,8 +11,8 @@ namespace {
 CommandLine lineOf(const QStringList &arguments)
 {
     const auto parsed = parseCommandLine(arguments);
-    EXPECT_TRUE(std::holds_alternative<CommandLine>(parsed)) << arguments.join(' '_L1).toStdString();
-    return std::get<CommandLine>(parsed);
+    EXPECT_TRUE(parsed) << arguments.join(' '_L1).toStdString();
+    return *parsed;
 }
 
 } // namespace

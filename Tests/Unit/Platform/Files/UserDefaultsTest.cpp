@@ -175,6 +175,16 @@ TEST_F(UserDefaultsTest, aFileThatCannotBeReadIsNeverReplaced)
     EXPECT_TRUE(after.boolean(u"nsfwEnabled"_s));
 }
 
+TEST_F(UserDefaultsTest, whyNoFolderCanBeMadeIsTold)
+{
+    ASSERT_TRUE(putFile(home.path() + u"/.config"_s));
+    UserDefaults defaults;
+    defaults.set(u"nsfwEnabled"_s, true);
+    const Result<> result = defaults.sync();
+    ASSERT_FALSE(result);
+    EXPECT_TRUE(result.failure().words.endsWith(u": Not a directory"_s)) << result.failure().words.toStdString();
+}
+
 TEST_F(UserDefaultsTest, aPipeInItsPlaceHoldsNothingUp)
 {
     ASSERT_TRUE(QDir().mkpath(QFileInfo(path()).path()));
