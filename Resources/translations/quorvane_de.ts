@@ -104,17 +104,6 @@ Wählen Sie einen bestimmten Anbieter, um ihn für jedes Bild zu verwenden.</tra
     </message>
 </context>
 <context>
-    <name>BusClient</name>
-    <message>
-        <source>The session bus cannot be reached</source>
-        <translation>Der Sitzungsbus ist nicht erreichbar</translation>
-    </message>
-    <message>
-        <source>There is no answer</source>
-        <translation>Es kommt keine Antwort</translation>
-    </message>
-</context>
-<context>
     <name>CommandLine</name>
     <message>
         <source>--prompt needs a text</source>
@@ -306,25 +295,6 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
     </message>
 </context>
 <context>
-    <name>DesktopBus</name>
-    <message>
-        <source>%1 does not draw the background now: %2 is not on the session bus</source>
-        <translation>%1 zeichnet den Hintergrund zurzeit nicht: %2 ist nicht auf dem Sitzungsbus</translation>
-    </message>
-    <message>
-        <source> or </source>
-        <translation> oder </translation>
-    </message>
-    <message>
-        <source>The session bus cannot be reached</source>
-        <translation>Der Sitzungsbus ist nicht erreichbar</translation>
-    </message>
-    <message>
-        <source>%1 does not answer</source>
-        <translation>%1 antwortet nicht</translation>
-    </message>
-</context>
-<context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>
@@ -500,10 +470,6 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
 </context>
 <context>
     <name>DesktopPicturePlasma</name>
-    <message>
-        <source>The session bus cannot be reached</source>
-        <translation>Der Sitzungsbus ist nicht erreichbar</translation>
-    </message>
     <message>
         <source>Plasma&apos;s desktop does not run (org.kde.plasmashell is not on the session bus)</source>
         <translation>Die Arbeitsfläche von Plasma läuft nicht (org.kde.plasmashell ist nicht auf dem Sitzungsbus)</translation>
@@ -852,6 +818,17 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
+    <name>MessageBus</name>
+    <message>
+        <source>%1 does not answer</source>
+        <translation>%1 antwortet nicht</translation>
+    </message>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>Der Sitzungsbus ist nicht erreichbar</translation>
+    </message>
+</context>
+<context>
     <name>MissingKeys</name>
     <message>
         <source>Missing %1 API key</source>
@@ -956,6 +933,10 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>The desktop&apos;s question was not answered</source>
         <translation>Die Frage der Arbeitsumgebung wurde nicht beantwortet</translation>
+    </message>
+    <message>
+        <source>There is no answer</source>
+        <translation>Es kommt keine Antwort</translation>
     </message>
 </context>
 <context>
@@ -1179,6 +1160,17 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>No image in response</source>
         <translation>Kein Bild in der Antwort</translation>
+    </message>
+</context>
+<context>
+    <name>SessionDesktops</name>
+    <message>
+        <source>%1 does not draw the background now: %2 is not on the session bus</source>
+        <translation>%1 zeichnet den Hintergrund zurzeit nicht: %2 ist nicht auf dem Sitzungsbus</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> oder </translation>
     </message>
 </context>
 <context>

@@ -104,17 +104,6 @@ Elija un proveedor concreto para usarlo en cada generación.</translation>
     </message>
 </context>
 <context>
-    <name>BusClient</name>
-    <message>
-        <source>The session bus cannot be reached</source>
-        <translation>No se puede acceder al bus de sesión</translation>
-    </message>
-    <message>
-        <source>There is no answer</source>
-        <translation>No hay respuesta</translation>
-    </message>
-</context>
-<context>
     <name>CommandLine</name>
     <message>
         <source>--prompt needs a text</source>
@@ -306,25 +295,6 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
     </message>
 </context>
 <context>
-    <name>DesktopBus</name>
-    <message>
-        <source>%1 does not draw the background now: %2 is not on the session bus</source>
-        <translation>%1 no dibuja el fondo ahora: %2 no está en el bus de sesión</translation>
-    </message>
-    <message>
-        <source> or </source>
-        <translation> o </translation>
-    </message>
-    <message>
-        <source>The session bus cannot be reached</source>
-        <translation>No se puede acceder al bus de sesión</translation>
-    </message>
-    <message>
-        <source>%1 does not answer</source>
-        <translation>%1 no responde</translation>
-    </message>
-</context>
-<context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>
@@ -500,10 +470,6 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
 </context>
 <context>
     <name>DesktopPicturePlasma</name>
-    <message>
-        <source>The session bus cannot be reached</source>
-        <translation>No se puede acceder al bus de sesión</translation>
-    </message>
     <message>
         <source>Plasma&apos;s desktop does not run (org.kde.plasmashell is not on the session bus)</source>
         <translation>El escritorio de Plasma no se está ejecutando (org.kde.plasmashell no está en el bus de sesión)</translation>
@@ -852,6 +818,17 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
+    <name>MessageBus</name>
+    <message>
+        <source>%1 does not answer</source>
+        <translation>%1 no responde</translation>
+    </message>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>No se puede acceder al bus de sesión</translation>
+    </message>
+</context>
+<context>
     <name>MissingKeys</name>
     <message>
         <source>Missing %1 API key</source>
@@ -956,6 +933,10 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>The desktop&apos;s question was not answered</source>
         <translation>La pregunta del escritorio quedó sin respuesta</translation>
+    </message>
+    <message>
+        <source>There is no answer</source>
+        <translation>No hay respuesta</translation>
     </message>
 </context>
 <context>
@@ -1179,6 +1160,17 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>No image in response</source>
         <translation>No hay ninguna imagen en la respuesta</translation>
+    </message>
+</context>
+<context>
+    <name>SessionDesktops</name>
+    <message>
+        <source>%1 does not draw the background now: %2 is not on the session bus</source>
+        <translation>%1 no dibuja el fondo ahora: %2 no está en el bus de sesión</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> o </translation>
     </message>
 </context>
 <context>

@@ -104,17 +104,6 @@ Choisissez un fournisseur précis pour l’utiliser à chaque génération.</tra
     </message>
 </context>
 <context>
-    <name>BusClient</name>
-    <message>
-        <source>The session bus cannot be reached</source>
-        <translation>Le bus de session est injoignable</translation>
-    </message>
-    <message>
-        <source>There is no answer</source>
-        <translation>Il n’y a pas de réponse</translation>
-    </message>
-</context>
-<context>
     <name>CommandLine</name>
     <message>
         <source>--prompt needs a text</source>
@@ -306,25 +295,6 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
     </message>
 </context>
 <context>
-    <name>DesktopBus</name>
-    <message>
-        <source>%1 does not draw the background now: %2 is not on the session bus</source>
-        <translation>%1 ne dessine pas l’arrière-plan en ce moment&#xa0;: %2 n’est pas sur le bus de session</translation>
-    </message>
-    <message>
-        <source> or </source>
-        <translation> ou </translation>
-    </message>
-    <message>
-        <source>The session bus cannot be reached</source>
-        <translation>Le bus de session est injoignable</translation>
-    </message>
-    <message>
-        <source>%1 does not answer</source>
-        <translation>%1 ne répond pas</translation>
-    </message>
-</context>
-<context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>
@@ -500,10 +470,6 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
 </context>
 <context>
     <name>DesktopPicturePlasma</name>
-    <message>
-        <source>The session bus cannot be reached</source>
-        <translation>Le bus de session est injoignable</translation>
-    </message>
     <message>
         <source>Plasma&apos;s desktop does not run (org.kde.plasmashell is not on the session bus)</source>
         <translation>Le bureau de Plasma n’est pas lancé (org.kde.plasmashell n’est pas sur le bus de session)</translation>
@@ -852,6 +818,17 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
+    <name>MessageBus</name>
+    <message>
+        <source>%1 does not answer</source>
+        <translation>%1 ne répond pas</translation>
+    </message>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>Le bus de session est injoignable</translation>
+    </message>
+</context>
+<context>
     <name>MissingKeys</name>
     <message>
         <source>Missing %1 API key</source>
@@ -956,6 +933,10 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>The desktop&apos;s question was not answered</source>
         <translation>La question de l’environnement de bureau est restée sans réponse</translation>
+    </message>
+    <message>
+        <source>There is no answer</source>
+        <translation>Il n’y a pas de réponse</translation>
     </message>
 </context>
 <context>
@@ -1179,6 +1160,17 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>No image in response</source>
         <translation>Aucune image dans la réponse</translation>
+    </message>
+</context>
+<context>
+    <name>SessionDesktops</name>
+    <message>
+        <source>%1 does not draw the background now: %2 is not on the session bus</source>
+        <translation>%1 ne dessine pas l’arrière-plan en ce moment&#xa0;: %2 n’est pas sur le bus de session</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> ou </translation>
     </message>
 </context>
 <context>

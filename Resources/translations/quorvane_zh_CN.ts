@@ -103,17 +103,6 @@ Pick a specific provider to use it for every generation.</source>
     </message>
 </context>
 <context>
-    <name>BusClient</name>
-    <message>
-        <source>The session bus cannot be reached</source>
-        <translation>无法连接会话总线</translation>
-    </message>
-    <message>
-        <source>There is no answer</source>
-        <translation>没有应答</translation>
-    </message>
-</context>
-<context>
     <name>CommandLine</name>
     <message>
         <source>--prompt needs a text</source>
@@ -305,25 +294,6 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     </message>
 </context>
 <context>
-    <name>DesktopBus</name>
-    <message>
-        <source>%1 does not draw the background now: %2 is not on the session bus</source>
-        <translation>%1 目前不绘制背景：%2 不在会话总线上</translation>
-    </message>
-    <message>
-        <source> or </source>
-        <translation> 或 </translation>
-    </message>
-    <message>
-        <source>The session bus cannot be reached</source>
-        <translation>无法连接会话总线</translation>
-    </message>
-    <message>
-        <source>%1 does not answer</source>
-        <translation>%1 没有应答</translation>
-    </message>
-</context>
-<context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>
@@ -499,10 +469,6 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </context>
 <context>
     <name>DesktopPicturePlasma</name>
-    <message>
-        <source>The session bus cannot be reached</source>
-        <translation>无法连接会话总线</translation>
-    </message>
     <message>
         <source>Plasma&apos;s desktop does not run (org.kde.plasmashell is not on the session bus)</source>
         <translation>Plasma 的桌面未在运行（org.kde.plasmashell 不在会话总线上）</translation>
@@ -850,6 +816,17 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>MessageBus</name>
+    <message>
+        <source>%1 does not answer</source>
+        <translation>%1 没有应答</translation>
+    </message>
+    <message>
+        <source>The session bus cannot be reached</source>
+        <translation>无法连接会话总线</translation>
+    </message>
+</context>
+<context>
     <name>MissingKeys</name>
     <message>
         <source>Missing %1 API key</source>
@@ -954,6 +931,10 @@ using the sidebar controls.</source>
     <message>
         <source>The desktop&apos;s question was not answered</source>
         <translation>桌面的询问没有得到回答</translation>
+    </message>
+    <message>
+        <source>There is no answer</source>
+        <translation>没有应答</translation>
     </message>
 </context>
 <context>
@@ -1173,6 +1154,17 @@ using the sidebar controls.</source>
     <message>
         <source>No image in response</source>
         <translation>应答中没有图片</translation>
+    </message>
+</context>
+<context>
+    <name>SessionDesktops</name>
+    <message>
+        <source>%1 does not draw the background now: %2 is not on the session bus</source>
+        <translation>%1 目前不绘制背景：%2 不在会话总线上</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> 或 </translation>
     </message>
 </context>
 <context>

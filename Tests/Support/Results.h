@@ -21,7 +21,7 @@ inline void PrintTo(const Result<> &result, std::ostream *out)
 }
 
 /// The words of a failure, to look into; "done" after success.
-inline QString wordsOf(const Result<> &result)
+template <typename T> QString wordsOf(const Result<T> &result)
 {
     return result ? QStringLiteral("done") : result.failure().words;
 }

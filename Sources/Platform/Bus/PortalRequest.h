@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Bus/BusClient.h"
+#include "Platform/Bus/MessageBus.h"
 
 #include <QObject>
 #include <QVariantMap>
@@ -13,29 +13,35 @@
 namespace quorvane {
 
 /// One request to a portal of the desktop: a call whose answer comes as a signal, after the user was asked if need be.
-/// For one thread, which needs no event loop of its own.
+/// For one thread; waiting runs an event loop, and needs none around it.
 class PortalRequest : public QObject
 {
     Q_OBJECT
 
   public:
-    explicit PortalRequest(BusClient &client);
+    explicit PortalRequest(MessageBus bus);
 
     /// The option "handle_token" that the call must carry.
     [[nodiscard]] QString token() const { return m_token; }
 
-    struct Outcome
+    struct Answer
     {
-        /// 0 done, 1 the user said no, 2 it ended otherwise; nothing when there was no answer.
-        std::optional<uint> response;
-        QString error; ///< What failed instead, in the other side's own words.
+        enum class Response : uint { Done = 0, RefusedByUser = 1 }; ///< Anything else is another end.
+
+        Response response;
+        QVariantMap results;
     };
-    /// Calls and waits. An answer that takes longer than limit means that the user is being asked: then this calls
-    /// asking and waits on, until there is an answer, the portal goes away, stop is requested, or nobody can still be
-    /// there.
-    [[nodiscard]] Outcome ask(const QDBusMessage &question, const QVariantList &arguments,
-                              std::chrono::milliseconds limit, const std::function<void()> &asking,
-                              const std::stop_token &stop);
+    /// How long to wait. An answer that takes longer than patience means that the user is being asked: then asking is
+    /// called, and the wait goes on until there is an answer, the portal goes away, stop is requested, or nobody can
+    /// still be there.
+    struct Wait
+    {
+        std::chrono::milliseconds patience;
+        std::function<void()> asking;
+        std::stop_token stop;
+    };
+    [[nodiscard]] Result<Answer> ask(const QString &interface, const QString &method, const QVariantList &arguments,
+                                     const Wait &wait);
 
   private Q_SLOTS:
     void answered(uint response, const QVariantMap &results);
@@ -45,10 +51,15 @@ class PortalRequest : public QObject
     void stopped(); ///< From any thread.
 
   private:
-    BusClient &m_client;
+    void end(const Result<Answer> &outcome);
+
+    MessageBus m_bus;
     QString m_token;
     QString m_path;
-    Outcome m_outcome;
+    std::optional<Result<Answer>> m_outcome;
 };
+
+/// Whether the session has a portal with the interface; starts the portal where it does not run.
+[[nodiscard]] bool hasPortal(const MessageBus &bus, const QString &interface);
 
 } // namespace quorvane

@@ -1,27 +1,23 @@
 #pragma once
 
-#include <QDBusConnection>
+#include "Platform/Bus/MessageBus.h"
+
 #include <QObject>
 #include <QTimer>
 
 namespace quorvane {
 
-/// The program's own connection to the session bus. Where the bus goes away, as when it is restarted, the connection
-/// comes back with it, and whoever has objects there puts them there again at connected().
+/// The session bus for what lives as long as the program does. Where the bus goes away, as when it is restarted, the
+/// connection comes back with it, and whoever has objects there puts them there again at connected().
 class SessionBus : public QObject
 {
     Q_OBJECT
 
   public:
     explicit SessionBus(QObject *parent = nullptr);
-    ~SessionBus() override;
 
-    /// Where the session's bus listens: DBUS_SESSION_BUS_ADDRESS, or "bus" in the run-time folder. Empty where there is
-    /// none; no bus is ever started.
-    [[nodiscard]] static QString address();
-
-    [[nodiscard]] bool isConnected() const { return connection().isConnected(); }
-    [[nodiscard]] QDBusConnection connection() const { return QDBusConnection(m_name); }
+    [[nodiscard]] bool isConnected() const { return m_bus.isConnected(); }
+    [[nodiscard]] QDBusConnection connection() const { return m_bus.connection(); }
 
   Q_SIGNALS:
     void connected();
@@ -31,10 +27,10 @@ class SessionBus : public QObject
     void lost();
 
   private:
-    void open();
+    void listen();
     void retry();
 
-    QString m_name;
+    MessageBus m_bus;
     QTimer m_retry;
 };
 

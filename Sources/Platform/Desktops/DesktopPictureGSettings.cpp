@@ -3,7 +3,7 @@
 
 #include "Platform/Desktops/DesktopPictureGSettings.h"
 
-#include "Platform/Bus/DesktopBus.h"
+#include "Platform/Bus/MessageBus.h"
 #include "Platform/Desktops/Protocols/SettingsGroup.h"
 #include "Platform/Pictures/HandedPicture.h"
 #include "Platform/Pictures/PictureCopy.h"
@@ -40,16 +40,10 @@ QString changedValueFor(const BackgroundSettings &settings, const QString &path,
     return settings.form == BackgroundSettings::Form::Path && value == current ? '/'_L1 + value : value;
 }
 
-Result<> findPainter(const SessionDesktop &desktop, const QString &busAddress, const QDeadlineTimer &deadline)
-{
-    DesktopBus bus(busAddress, deadline);
-    return bus.findOneOf(desktop.painters, desktop.title);
-}
-
 /// What the settings hold as the picture.
 Result<QString> currentOf(const SessionDesktop &desktop, const QString &busAddress, const QDeadlineTimer &deadline)
 {
-    if (const Result<> painter = findPainter(desktop, busAddress, deadline); !painter) {
+    if (const Result<> painter = findPainter(desktop, MessageBus(busAddress, deadline)); !painter) {
         return painter.failure();
     }
     const SettingsGroup group(desktop.settings.schema);
@@ -130,7 +124,7 @@ Result<> DesktopPictureGSettings::setPicture(const QString &path, const QList<Sc
     const auto result =
         withinLimit(left, [=, desktop = m_desktop, address = m_busAddress](const std::stop_token &stop) {
             Result<> changed = change(settings, value, stop);
-            return changed ? findPainter(desktop, address, changing) : changed;
+            return changed ? findPainter(desktop, MessageBus(address, changing)) : changed;
         });
     if (!result || !*result) {
         return result ? *result : silence;

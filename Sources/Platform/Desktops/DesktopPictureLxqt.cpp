@@ -4,7 +4,7 @@
 
 #include "Platform/Desktops/DesktopPictureLxqt.h"
 
-#include "Platform/Bus/DesktopBus.h"
+#include "Platform/Bus/MessageBus.h"
 #include "Platform/Desktops/DesktopPictureX11.h"
 #include "Platform/Desktops/SessionDesktops.h"
 #include "Platform/Pictures/FillCrop.h"
@@ -46,10 +46,10 @@ bool isLaidOutPerScreen()
     return QSettings(file, QSettings::IniFormat).value(u"Desktop/PerScreenWallpaper"_s).toBool();
 }
 
-Result<> findPainter(DesktopBus &bus)
+Result<> findDesktop(const MessageBus &bus)
 {
     const SessionDesktop &lxqt = *sessionDesktop(DesktopBackend::Lxqt, {});
-    if (Result<> found = bus.findOneOf(lxqt.painters, lxqt.title); !found) {
+    if (Result<> found = findPainter(lxqt, bus); !found) {
         return found;
     }
     // The same program may run for its folder windows alone.
@@ -66,8 +66,8 @@ Result<> findPainter(DesktopBus &bus)
 /// The areas that the picture must fill; fails where there is no use in making one.
 Result<QList<QRect>> layoutOf(const QString &busAddress, const QByteArray &display, const QDeadlineTimer &deadline)
 {
-    DesktopBus bus(busAddress, deadline);
-    if (const Result<> painter = findPainter(bus); !painter) {
+    const MessageBus bus(busAddress, deadline);
+    if (const Result<> painter = findDesktop(bus); !painter) {
         return painter.failure();
     }
     const X11Connection x(display);
@@ -129,7 +129,7 @@ Result<> DesktopPictureLxqt::setPicture(const QString &path, const QList<Screen>
     }
     const QDeadlineTimer showing(left);
     const auto shown = withinLimit(left, [=, address = m_busAddress](const std::stop_token &stop) -> Result<> {
-        DesktopBus bus(address, showing);
+        const MessageBus bus(address, showing);
         if (stop.stop_requested()) {
             return silence;
         }

@@ -1,6 +1,6 @@
 #include "Platform/Desktops/DesktopPicturePlasma.h"
 
-#include "Platform/Bus/BusClient.h"
+#include "Platform/Bus/MessageBus.h"
 #include "Platform/Desktops/Protocols/PlasmaScript.h"
 #include "Platform/Pictures/PictureCopy.h"
 #include "Platform/Threads/TimeLimit.h"
@@ -38,22 +38,20 @@ struct Answer
     QString error;
 };
 
-Answer evaluate(BusClient &client, const QString &script, QDeadlineTimer deadline)
+Answer evaluate(const MessageBus &bus, const QString &script)
 {
-    if (!client.bus().isConnected()) {
-        return {{}, Tr::tr("The session bus cannot be reached")};
+    if (!bus.isConnected()) {
+        return {{}, MessageBus::unreachable().words};
     }
-    // Asked first, because a call to a name that nobody owns could start another Plasma.
-    if (!client.isOwned(kShell, deadline)) {
+    if (!bus.isOwned(kShell)) {
         return {{}, Tr::tr("Plasma's desktop does not run (org.kde.plasmashell is not on the session bus)")};
     }
-    const BusClient::Answer answer = client.call(
-        QDBusMessage::createMethodCall(kShell, u"/PlasmaShell"_s, u"org.kde.PlasmaShell"_s, u"evaluateScript"_s),
-        {script}, deadline);
-    if (!answer.error.isEmpty()) {
-        return {{}, Tr::tr("Plasma: %1").arg(answer.error)};
+    const Result<QVariantList> answer =
+        bus.call(kShell, u"/PlasmaShell"_s, u"org.kde.PlasmaShell"_s, u"evaluateScript"_s, {script});
+    if (!answer) {
+        return {{}, Tr::tr("Plasma: %1").arg(answer.failure().words)};
     }
-    const QString printed = answer.arguments.value(0).toString();
+    const QString printed = answer->value(0).toString();
     const std::optional<Report> report = PlasmaScript::reportOf(printed);
     return report ? Answer{*report, {}} : Answer{{}, Tr::tr("Plasma answered: %1").arg(printed.trimmed())};
 }
@@ -62,13 +60,13 @@ Answer evaluate(BusClient &client, const QString &script, QDeadlineTimer deadlin
 Answer setEverywhere(const QString &busAddress, const QString &url, qsizetype screens, const std::stop_token &stop,
                      QDeadlineTimer deadline)
 {
-    BusClient client(busAddress);
+    const MessageBus bus(busAddress, deadline);
     const QDeadlineTimer newScreens(kNewScreenLimit);
     while (true) {
         if (stop.stop_requested()) {
             return {{}, QString()};
         }
-        Answer answer = evaluate(client, PlasmaScript::setting(url), deadline);
+        Answer answer = evaluate(bus, PlasmaScript::setting(url));
         if (!answer.error.isEmpty() || answer.report.visible() >= screens || newScreens.hasExpired() ||
             deadline.hasExpired()) {
             if (answer.error.isEmpty()) {
@@ -105,8 +103,7 @@ Result<> DesktopPicturePlasma::setPicture(const QString &path, const QList<Scree
 {
     const QDeadlineTimer deadline(m_limit);
     const auto shown = withinLimit(m_limit, [address = m_busAddress, deadline](const std::stop_token &) {
-        BusClient client(address);
-        return evaluate(client, PlasmaScript::reading(), deadline);
+        return evaluate(MessageBus(address, deadline), PlasmaScript::reading());
     });
     if (!shown || !shown->error.isEmpty()) {
         return Failure{shown ? shown->error : silence()};

@@ -1,13 +1,12 @@
 #include "Platform/Desktops/DesktopPicturePortal.h"
 
-#include "Platform/Bus/BusClient.h"
+#include "Platform/Bus/MessageBus.h"
 #include "Platform/Bus/PortalRequest.h"
 #include "Platform/Pictures/PictureFile.h"
 #include "Platform/Threads/TimeLimit.h"
 
 #include <QCoreApplication>
 #include <QDBusUnixFileDescriptor>
-#include <QDBusVariant>
 #include <QFile>
 
 #include <utility>
@@ -26,13 +25,7 @@ struct Tr
 /// Enough to know that a picture decodes to its end.
 constexpr QSize kCheckSize(256, 256);
 
-const QString kPortal = u"org.freedesktop.portal.Desktop"_s;
-const QString kObject = u"/org/freedesktop/portal/desktop"_s;
 const QString kInterface = u"org.freedesktop.portal.Wallpaper"_s;
-
-/// How many of the portal's answers mean what.
-constexpr uint kAccepted = 0;
-constexpr uint kRefusedByUser = 1;
 
 } // namespace
 
@@ -51,10 +44,7 @@ bool DesktopPicturePortal::answers(const QString &busAddress, std::chrono::milli
         return false;
     }
     const auto has = withinLimit(limit, [busAddress, limit](const std::stop_token &) {
-        BusClient client(busAddress);
-        const QDBusMessage question =
-            QDBusMessage::createMethodCall(kPortal, kObject, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-        return client.call(question, {kInterface, u"version"_s}, QDeadlineTimer(limit)).error.isEmpty();
+        return hasPortal(MessageBus(busAddress, QDeadlineTimer(limit)), kInterface);
     });
     return has.value_or(false);
 }
@@ -75,31 +65,31 @@ Result<> DesktopPicturePortal::setPicture(const QString &path, const QList<Scree
         return Failure{Tr::tr("The picture cannot be read: %1").arg(file.errorString())};
     }
     // Connecting has no limit of its own, and this thread has to wait for the user below.
-    auto connected = withinLimit(
-        m_limit, [address = m_busAddress](const std::stop_token &) { return std::make_shared<BusClient>(address); });
-    if (!connected) {
+    const auto bus =
+        withinLimit(m_limit, [address = m_busAddress](const std::stop_token &) { return MessageBus(address); });
+    if (!bus) {
         return Failure{Tr::tr("The session bus does not answer")};
     }
-    BusClient &client = **connected;
-    PortalRequest request(client);
+    PortalRequest request(*bus);
     const QVariantMap options{
         {u"handle_token"_s, request.token()}, {u"show-preview"_s, false}, {u"set-on"_s, u"background"_s}};
-    const QDBusMessage question = QDBusMessage::createMethodCall(kPortal, kObject, kInterface, u"SetWallpaperFile"_s);
     const QVariantList arguments{QString(), QVariant::fromValue(QDBusUnixFileDescriptor(file.handle())), options};
     const auto isAsking = [this] {
         if (asking) {
             asking(Tr::tr("Waiting for your answer to the desktop's question about the background"));
         }
     };
-    const PortalRequest::Outcome outcome = request.ask(question, arguments, m_limit, isAsking, m_stop.get_token());
-    if (!outcome.response) {
-        return Failure{outcome.error};
+    using Response = PortalRequest::Answer::Response;
+    const auto answer =
+        request.ask(kInterface, u"SetWallpaperFile"_s, arguments, {m_limit, isAsking, m_stop.get_token()});
+    if (!answer) {
+        return answer.failure();
     }
-    if (*outcome.response == kAccepted) {
+    if (answer->response == Response::Done) {
         return kDone;
     }
-    return Failure{*outcome.response == kRefusedByUser ? Tr::tr("You did not allow it to set the background")
-                                                       : Tr::tr("The desktop's portal refused the picture")};
+    return Failure{answer->response == Response::RefusedByUser ? Tr::tr("You did not allow it to set the background")
+                                                               : Tr::tr("The desktop's portal refused the picture")};
 }
 
 } // namespace quorvane

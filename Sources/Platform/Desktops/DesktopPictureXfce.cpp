@@ -1,6 +1,6 @@
 #include "Platform/Desktops/DesktopPictureXfce.h"
 
-#include "Platform/Bus/DesktopBus.h"
+#include "Platform/Bus/MessageBus.h"
 #include "Platform/Desktops/SessionDesktops.h"
 #include "Platform/Pictures/HandedPicture.h"
 #include "Platform/Pictures/PictureCopy.h"
@@ -29,19 +29,19 @@ const QString kStyle = u"image-style"_s;
 /// As large as needed to fill the screen, cropped around the centre.
 constexpr int kZoomed = 5;
 
-Result<QVariantList> ask(DesktopBus &bus, const QString &method, const QVariantList &arguments)
+Result<QVariantList> ask(const MessageBus &bus, const QString &method, const QVariantList &arguments)
 {
     return bus.call(u"org.xfce.Xfconf"_s, u"/org/xfce/Xfconf"_s, u"org.xfce.Xfconf"_s, method, arguments);
 }
 
 /// Everything below "/backdrop".
-Result<QVariantMap> backdrops(DesktopBus &bus)
+Result<QVariantMap> backdrops(const MessageBus &bus)
 {
     const auto answer = ask(bus, u"GetAllProperties"_s, {u"xfce4-desktop"_s, u"/backdrop"_s});
     return answer ? Result(qdbus_cast<QVariantMap>(answer->value(0))) : answer.failure();
 }
 
-int workspaceCount(DesktopBus &bus)
+int workspaceCount(const MessageBus &bus)
 {
     const auto answer = ask(bus, u"GetProperty"_s, {u"xfwm4"_s, u"/general/workspace_count"_s});
     return answer ? qvariant_cast<QDBusVariant>(answer->value(0)).variant().toInt() : 0;
@@ -52,10 +52,10 @@ Failure silence()
     return {Tr::tr("XFCE does not answer")};
 }
 
-Result<> show(DesktopBus &bus, const QString &path, const QList<Screen> &screens, const std::stop_token &stop)
+Result<> show(const MessageBus &bus, const QString &path, const QList<Screen> &screens, const std::stop_token &stop)
 {
     const SessionDesktop &xfce = *sessionDesktop(DesktopBackend::Xfce, {});
-    if (Result<> found = bus.findOneOf(xfce.painters, xfce.title); !found) {
+    if (Result<> found = findPainter(xfce, bus); !found) {
         return found;
     }
     // There is nothing before the desktop's first start has come that far; any other failure comes up again below.
@@ -87,7 +87,7 @@ Result<> show(DesktopBus &bus, const QString &path, const QList<Screen> &screens
             return Failure{Tr::tr("XFCE did not keep the setting \"%1\"").arg(property.key())};
         }
     }
-    return bus.findOneOf(xfce.painters, xfce.title);
+    return findPainter(xfce, bus);
 }
 
 } // namespace
@@ -109,7 +109,7 @@ Result<> DesktopPictureXfce::setPicture(const QString &path, const QList<Screen>
     }
     const QDeadlineTimer deadline(m_limit);
     const auto result = withinLimit(m_limit, [=, address = m_busAddress](const std::stop_token &stop) {
-        DesktopBus bus(address, deadline);
+        const MessageBus bus(address, deadline);
         return show(bus, handed.path, screens, stop);
     });
     if (!result || !*result) {

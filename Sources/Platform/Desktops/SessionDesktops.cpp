@@ -1,5 +1,7 @@
 #include "Platform/Desktops/SessionDesktops.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -7,6 +9,11 @@ using namespace Qt::StringLiterals;
 namespace quorvane {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(SessionDesktops)
+};
 
 using Form = BackgroundSettings::Form;
 using Content = BackgroundSettings::Content;
@@ -94,6 +101,19 @@ QString namingEntry(const SessionDesktop &desktop, const QStringList &currentDes
         return desktop.entries.contains(each, Qt::CaseInsensitive);
     });
     return entry == currentDesktops.end() ? QString() : *entry;
+}
+
+Result<> findPainter(const SessionDesktop &desktop, const MessageBus &bus)
+{
+    const Result<QStringList> present = bus.names();
+    if (!present) {
+        return present.failure();
+    }
+    const bool isThere = std::any_of(desktop.painters.begin(), desktop.painters.end(),
+                                     [&](const QString &painter) { return present->contains(painter); });
+    return isThere ? kDone
+                   : Failure{Tr::tr("%1 does not draw the background now: %2 is not on the session bus")
+                                 .arg(desktop.title, desktop.painters.join(Tr::tr(" or ")))};
 }
 
 } // namespace quorvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Bus/MessageBus.h"
 #include "Platform/Desktops/DesktopBackend.h"
 
 #include <QList>
@@ -48,5 +49,8 @@ struct SessionDesktop
 
 /// The first of the entries that names the desktop; empty when none does.
 [[nodiscard]] QString namingEntry(const SessionDesktop &desktop, const QStringList &currentDesktops);
+
+/// Whether what draws the desktop's background is on the bus.
+[[nodiscard]] Result<> findPainter(const SessionDesktop &desktop, const MessageBus &bus);
 
 } // namespace quorvane

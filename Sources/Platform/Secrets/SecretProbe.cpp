@@ -1,11 +1,9 @@
 #include "Platform/Secrets/SecretProbe.h"
 
 #include <QDBusArgument>
-#include <QDBusConnection>
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QMap>
 
 using namespace Qt::StringLiterals;
@@ -18,14 +16,6 @@ const QString &secretsName()
 {
     static const QString name = u"org.freedesktop.secrets"_s;
     return name;
-}
-
-/// Without this look the library would try to start a bus of its own, which takes its time and helps nobody.
-bool hasSessionBus()
-{
-    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
-           (qEnvironmentVariableIsSet("XDG_RUNTIME_DIR") &&
-            QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/bus"_s));
 }
 
 /// Where QtKeychain goes to the wallet rather than to the Secret Service.
@@ -62,13 +52,13 @@ bool SecretProbe::isReadable(const QString &service, const QString &account)
 
 SecretProbe::Storage SecretProbe::findStorage()
 {
-    if (!hasSessionBus()) {
+    m_bus.emplace(MessageBus::sessionAddress());
+    if (!m_bus->isConnected()) {
         return Storage::None;
     }
     const auto names = [this](const QString &method) {
         const QString bus = u"org.freedesktop.DBus"_s;
-        const auto reply = call(bus, u"/org/freedesktop/DBus"_s, bus, method);
-        return reply ? reply->value(0).toStringList() : QStringList();
+        return ask(bus, u"/org/freedesktop/DBus"_s, bus, method).toStringList();
     };
     const QStringList owned = names(u"ListNames"_s);
     if (isPlasma()) {
@@ -91,39 +81,36 @@ bool SecretProbe::isInSecretService(const QString &service, const QString &accou
 {
     const QMap<QString, QString> attributes{
         {u"xdg:schema"_s, u"org.qt.keychain"_s}, {u"server"_s, service}, {u"user"_s, account}};
-    const auto reply = call(secretsName(), u"/org/freedesktop/secrets"_s, u"org.freedesktop.Secret.Service"_s,
-                            u"SearchItems"_s, {QVariant::fromValue(attributes)});
     // The reply is two lists of items: the readable ones and the locked ones.
-    return reply && !qdbus_cast<QList<QDBusObjectPath>>(reply->value(0)).isEmpty();
+    const QVariant readable = ask(secretsName(), u"/org/freedesktop/secrets"_s, u"org.freedesktop.Secret.Service"_s,
+                                  u"SearchItems"_s, {QVariant::fromValue(attributes)});
+    return readable.isValid() && !qdbus_cast<QList<QDBusObjectPath>>(readable).isEmpty();
 }
 
 bool SecretProbe::isInWallet(const QString &service, const QString &account)
 {
     const QString path = u"/modules/"_s + m_wallet.section('.'_L1, -1);
-    const auto ask = [&](const QString &method, const QVariantList &arguments) {
-        const auto reply = call(m_wallet, path, u"org.kde.KWallet"_s, method, arguments);
-        return reply ? reply->value(0) : QVariant();
+    const auto askWallet = [&](const QString &method, const QVariantList &arguments) {
+        return ask(m_wallet, path, u"org.kde.KWallet"_s, method, arguments);
     };
-    const QString wallet = ask(u"networkWallet"_s, {}).toString();
-    const QVariant missing = ask(u"keyDoesNotExist"_s, {wallet, service, account});
-    return missing.isValid() && !missing.toBool() && ask(u"isOpen"_s, {wallet}).toBool();
+    const QString wallet = askWallet(u"networkWallet"_s, {}).toString();
+    const QVariant missing = askWallet(u"keyDoesNotExist"_s, {wallet, service, account});
+    return missing.isValid() && !missing.toBool() && askWallet(u"isOpen"_s, {wallet}).toBool();
 }
 
-std::optional<QVariantList> SecretProbe::call(const QString &peer, const QString &path, const QString &interface,
-                                              const QString &method, const QVariantList &arguments)
+QVariant SecretProbe::ask(const QString &peer, const QString &path, const QString &interface, const QString &method,
+                          const QVariantList &arguments)
 {
     using namespace std::chrono_literals;
     if (m_left <= 0ms) {
-        return std::nullopt;
+        return {};
     }
     QElapsedTimer timer;
     timer.start();
-    QDBusMessage question = QDBusMessage::createMethodCall(peer, path, interface, method);
-    question.setArguments(arguments);
-    const QDBusMessage reply =
-        QDBusConnection::sessionBus().call(question, QDBus::Block, static_cast<int>(m_left.count()));
+    const MessageBus bus = m_bus->until(QDeadlineTimer(m_left));
+    const Result<QVariantList> reply = bus.callOrStart(peer, path, interface, method, arguments);
     m_left -= std::chrono::milliseconds(timer.elapsed());
-    return reply.type() == QDBusMessage::ReplyMessage ? std::optional(reply.arguments()) : std::nullopt;
+    return reply ? reply->value(0) : QVariant();
 }
 
 } // namespace quorvane

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDBusMessage>
+#include "Platform/Bus/MessageBus.h"
+
 #include <QString>
 #include <QVariantList>
 
@@ -28,11 +29,12 @@ class SecretProbe
     [[nodiscard]] Storage findStorage();
     [[nodiscard]] bool isInSecretService(const QString &service, const QString &account);
     [[nodiscard]] bool isInWallet(const QString &service, const QString &account);
-    /// The arguments of the reply; nothing after an error or when the time is up.
-    [[nodiscard]] std::optional<QVariantList> call(const QString &peer, const QString &path, const QString &interface,
-                                                   const QString &method, const QVariantList &arguments = {});
+    /// The first argument of the reply; invalid after an error or when the time is up. May start the storage.
+    [[nodiscard]] QVariant ask(const QString &peer, const QString &path, const QString &interface,
+                               const QString &method, const QVariantList &arguments = {});
 
     std::chrono::milliseconds m_left;
+    std::optional<MessageBus> m_bus; ///< From the first question on.
     Storage m_storage = Storage::Unknown;
     QString m_wallet; ///< Bus name of the wallet daemon in use.
 };

@@ -1,11 +1,11 @@
 #include "Platform/System/Autostart.h"
 
+#include "Platform/Bus/Sandbox.h"
 #include "Platform/Files/AtomicFile.h"
 #include "Platform/Files/Paths.h"
 #include "Platform/System/AutostartPortal.h"
 
 #include <QCoreApplication>
-#include <QDBusConnection>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -24,12 +24,6 @@ struct Tr
 };
 
 const QString kEntry = u"/autostart/app.quorvane.Quorvane.desktop"_s;
-
-/// The program in a sandbox has a configuration folder of its own, which no desktop reads.
-bool isSandboxed()
-{
-    return QFile::exists(u"/.flatpak-info"_s);
-}
 
 /// A word of Exec=, which is no shell line: quoted, with the characters escaped that the desktop entry rules name, and
 /// once more for being a string value; a percent sign would begin a field code.
@@ -72,8 +66,8 @@ bool isInSystemFolders()
 
 Result<> setAutostart(Autostart autostart)
 {
-    if (isSandboxed()) {
-        return askPortalForAutostart(QDBusConnection::sessionBus(), autostart);
+    if (isSandboxed()) { // No desktop reads the configuration folder of a sandbox.
+        return askPortalForAutostart(MessageBus(MessageBus::sessionAddress()), autostart);
     }
     return writeAutostartEntry(autostart, QCoreApplication::applicationFilePath());
 }

@@ -21,6 +21,10 @@ void openFolderOf(const QString &path)
 
 void FileManager::show(const QString &path)
 {
+    if (!m_bus.isConnected()) {
+        openFolderOf(path); // A call would never end.
+        return;
+    }
     const QString interface = u"org.freedesktop.FileManager1"_s;
     QDBusMessage call =
         QDBusMessage::createMethodCall(interface, u"/org/freedesktop/FileManager1"_s, interface, u"ShowItems"_s);

@@ -1,13 +1,17 @@
 #include "Platform/System/PowerEventsLogind.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
-PowerEventsLogind::PowerEventsLogind(QDBusConnection bus)
+PowerEventsLogind::PowerEventsLogind(MessageBus bus)
+    : m_bus(std::move(bus))
 {
-    bus.connect(u"org.freedesktop.login1"_s, u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s,
-                u"PrepareForSleep"_s, this, SLOT(prepareForSleep(bool)));
+    m_bus.connection().connect(u"org.freedesktop.login1"_s, u"/org/freedesktop/login1"_s,
+                               u"org.freedesktop.login1.Manager"_s, u"PrepareForSleep"_s, this,
+                               SLOT(prepareForSleep(bool)));
 }
 
 void PowerEventsLogind::prepareForSleep(bool isStarting)
@@ -20,7 +24,7 @@ void PowerEventsLogind::prepareForSleep(bool isStarting)
 
 std::unique_ptr<PowerEvents> makePowerEvents()
 {
-    const QDBusConnection bus = QDBusConnection::systemBus();
+    const MessageBus bus(MessageBus::systemAddress());
     return bus.isConnected() ? std::make_unique<PowerEventsLogind>(bus) : nullptr;
 }
 

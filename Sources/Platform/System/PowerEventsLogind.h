@@ -1,8 +1,7 @@
 #pragma once
 
+#include "Platform/Bus/MessageBus.h"
 #include "Platform/System/PowerEvents.h"
-
-#include <QDBusConnection>
 
 namespace quorvane {
 
@@ -13,10 +12,14 @@ class PowerEventsLogind final : public PowerEvents
     Q_OBJECT
 
   public:
-    explicit PowerEventsLogind(QDBusConnection bus);
+    /// bus is the machine's.
+    explicit PowerEventsLogind(MessageBus bus);
 
   private Q_SLOTS:
     void prepareForSleep(bool isStarting);
+
+  private:
+    MessageBus m_bus;
 };
 
 } // namespace quorvane

@@ -1,7 +1,7 @@
 // What is kept in the settings, and what goes wrong there: real settings on a private bus, where the test itself stands
 // for the shell. What a shell shows of them is SessionDesktopTest's.
 
-#include "Platform/Bus/DesktopBus.h"
+#include "Platform/Bus/MessageBus.h"
 #include "Platform/Desktops/Protocols/SettingsGroup.h"
 #include "Support/Files.h"
 #include "Support/PositionPicture.h"
@@ -131,7 +131,7 @@ TEST_F(DesktopPictureGSettingsTest, settingsThatDoNotAnswerAreGivenUp)
     ASSERT_TRUE(PrivateSession::give(m_session->servicesFolder() + u"/ca.desrt.dconf.service"_s,
                                      "[D-BUS Service]\nName=ca.desrt.dconf\nExec=/bin/sleep 1000\n"));
     const QString bus = u"org.freedesktop.DBus"_s;
-    ASSERT_TRUE(DesktopBus(m_session->busAddress(), QDeadlineTimer(20'000))
+    ASSERT_TRUE(MessageBus(m_session->busAddress(), QDeadlineTimer(20'000))
                     .call(bus, u"/org/freedesktop/DBus"_s, bus, u"ReloadConfig"_s));
     EXPECT_EQ(failureToSet(save(u"picture.png"_s, 40)), "The settings of GNOME do not answer");
 }

@@ -5,7 +5,7 @@
 #include "BigDesktops.h"
 #include "DesktopSession.h"
 
-#include "Platform/Bus/BusClient.h"
+#include "Platform/Bus/MessageBus.h"
 #include "Platform/Desktops/Protocols/PlasmaScript.h"
 #include "Platform/Files/Paths.h"
 #include "Support/Files.h"
@@ -173,14 +173,13 @@ class DesktopPicturePlasmaTest : public testing::Test
     /// Plasma has come so far that it has a desktop for each screen.
     [[nodiscard]] bool waitForDesktops(int count) const
     {
-        BusClient client(m_session->busAddress());
+        const MessageBus bus(m_session->busAddress());
         return waitFor(
             [&] {
-                const auto answer =
-                    client.call(QDBusMessage::createMethodCall(u"org.kde.plasmashell"_s, u"/PlasmaShell"_s,
-                                                               u"org.kde.PlasmaShell"_s, u"evaluateScript"_s),
-                                {PlasmaScript::reading()}, QDeadlineTimer(1000));
-                const auto report = PlasmaScript::reportOf(answer.arguments.value(0).toString());
+                const auto answer = bus.until(QDeadlineTimer(1000))
+                                        .call(u"org.kde.plasmashell"_s, u"/PlasmaShell"_s, u"org.kde.PlasmaShell"_s,
+                                              u"evaluateScript"_s, {PlasmaScript::reading()});
+                const auto report = PlasmaScript::reportOf(answer ? answer->value(0).toString() : QString());
                 return report && report->visible() == count;
             },
             kStartLimit);
@@ -316,8 +315,8 @@ TEST_F(DesktopPicturePlasmaTest, aShellThatIsKilledOrHangsIsAnErrorAndTheNextOne
     DesktopPicturePlasma impatient(m_session->busAddress(), m_display, QString(), std::chrono::milliseconds(500));
     EXPECT_NE(impatient.setPicture(save(u"two.png"_s, 130), screens), kDone);
     m_shell->signal(SIGKILL);
-    BusClient bus(m_session->busAddress());
-    ASSERT_TRUE(waitFor([&] { return !bus.isOwned(u"org.kde.plasmashell"_s, QDeadlineTimer(1000)); }));
+    const MessageBus bus(m_session->busAddress());
+    ASSERT_TRUE(waitFor([&] { return !bus.until(QDeadlineTimer(1000)).isOwned(u"org.kde.plasmashell"_s); }));
     const Result<> gone = m_desktop->setPicture(path, screens);
     EXPECT_TRUE(wordsOf(gone).contains(u"org.kde.plasmashell is not on the session bus"_s));
 

@@ -5,7 +5,7 @@
 #include "BigDesktops.h"
 #include "DesktopSession.h"
 
-#include "Platform/Bus/BusClient.h"
+#include "Platform/Bus/MessageBus.h"
 #include "Support/Files.h"
 #include "Support/PositionPicture.h"
 #include "Support/PrivateHome.h"
@@ -75,7 +75,7 @@ class DesktopPicturePortalTest : public testing::Test
         ASSERT_TRUE(m_session->isReady());
         m_session->environment().insert(u"XDG_CURRENT_DESKTOP"_s, u"GNOME"_s);
         m_session->environment().insert(u"XDG_SESSION_TYPE"_s, u"wayland"_s);
-        m_client = std::make_unique<BusClient>(m_session->busAddress());
+        m_bus = std::make_unique<MessageBus>(m_session->busAddress());
         m_session->start(kLibexec + u"dconf-service"_s);
         ASSERT_TRUE(waitForName(u"ca.desrt.dconf"_s));
         // Nothing shall lie over the picture.
@@ -118,41 +118,39 @@ class DesktopPicturePortalTest : public testing::Test
         return service;
     }
 
+    [[nodiscard]] MessageBus within(int milliseconds) const { return m_bus->until(QDeadlineTimer(milliseconds)); }
+
     [[nodiscard]] bool waitForName(const QString &name)
     {
-        return waitFor([&] { return m_client->isOwned(name, QDeadlineTimer(1000)); }, kStartLimit);
+        return waitFor([&] { return within(1000).isOwned(name); }, kStartLimit);
     }
 
     [[nodiscard]] bool shellDid(const char *script)
     {
         const auto answer =
-            m_client->call(QDBusMessage::createMethodCall(kShell, u"/org/gnome/Shell"_s, kShell, u"Eval"_s),
-                           {QString::fromUtf8(script)}, QDeadlineTimer(1000));
-        return answer.arguments.value(0).toBool();
+            within(1000).callOrStart(kShell, u"/org/gnome/Shell"_s, kShell, u"Eval"_s, {QString::fromUtf8(script)});
+        return answer && answer->value(0).toBool();
     }
 
     /// What the desktop remembers of the user's answer.
     void permit(const QString &answer)
     {
         const Permissions permissions{{QString(), {answer}}};
-        const auto set =
-            m_client->call(QDBusMessage::createMethodCall(
-                               kPermissions, u"/org/freedesktop/impl/portal/PermissionStore"_s, kPermissions, u"Set"_s),
-                           {u"wallpaper"_s, true, u"wallpaper"_s, QVariant::fromValue(permissions),
-                            QVariant::fromValue(QDBusVariant(QVariant::fromValue(uchar(0))))},
-                           QDeadlineTimer(5000));
-        ASSERT_EQ(set.error, QString());
+        const auto set = within(5000).callOrStart(
+            kPermissions, u"/org/freedesktop/impl/portal/PermissionStore"_s, kPermissions, u"Set"_s,
+            {u"wallpaper"_s, true, u"wallpaper"_s, QVariant::fromValue(permissions),
+             QVariant::fromValue(QDBusVariant(QVariant::fromValue(uchar(0))))});
+        ASSERT_TRUE(set) << set.failure().words.toStdString();
     }
 
     [[nodiscard]] QImage screenshot()
     {
         EXPECT_TRUE(shellDid("Main.overview.hide()")); // It opens by itself some time after the start.
         const QString file = m_session->folder() + u"/shot.png"_s;
-        const auto answer = m_client->call(
-            QDBusMessage::createMethodCall(u"org.gnome.Shell.Screenshot"_s, u"/org/gnome/Shell/Screenshot"_s,
-                                           u"org.gnome.Shell.Screenshot"_s, u"Screenshot"_s),
-            {false, false, file}, QDeadlineTimer(5000));
-        return answer.error.isEmpty() ? QImage(file) : QImage();
+        const auto answer =
+            within(5000).callOrStart(u"org.gnome.Shell.Screenshot"_s, u"/org/gnome/Shell/Screenshot"_s,
+                                     u"org.gnome.Shell.Screenshot"_s, u"Screenshot"_s, {false, false, file});
+        return answer ? QImage(file) : QImage();
     }
 
     [[nodiscard]] QString waitForPicture(int mark)
@@ -184,7 +182,7 @@ class DesktopPicturePortalTest : public testing::Test
     PrivateHome m_home;
     SessionDisplay m_display;
     std::unique_ptr<DesktopSession> m_session;
-    std::unique_ptr<BusClient> m_client;
+    std::unique_ptr<MessageBus> m_bus;
     OwnedProgram *m_portal = nullptr;
 };
 

@@ -1,6 +1,6 @@
 #include "RealDesktop.h"
 
-#include "Platform/Bus/DesktopBus.h"
+#include "Platform/Bus/MessageBus.h"
 #include "Support/WaitFor.h"
 
 #include <QDBusVariant>
@@ -91,7 +91,7 @@ class GnomeDesktop final : public RealDesktop
     [[nodiscard]] QImage screenshot() override
     {
         const QString file = session().runtimeFolder() + u"/screenshot.png"_s;
-        DesktopBus bus(session().busAddress(), QDeadlineTimer(kCallLimit));
+        const MessageBus bus(session().busAddress(), QDeadlineTimer(kCallLimit));
         const auto answer = bus.call(u"org.gnome.Shell.Screenshot"_s, u"/org/gnome/Shell/Screenshot"_s,
                                      u"org.gnome.Shell.Screenshot"_s, u"Screenshot"_s, {false, false, file});
         return answer && answer->value(0).toBool() ? QImage(file) : QImage();
@@ -134,7 +134,7 @@ class GnomeDesktop final : public RealDesktop
     /// What a line of the shell's own language gives, as text.
     [[nodiscard]] QString evaluate(const QString &line)
     {
-        DesktopBus bus(session().busAddress(), QDeadlineTimer(kCallLimit));
+        const MessageBus bus(session().busAddress(), QDeadlineTimer(kCallLimit));
         const auto answer =
             bus.call(u"org.gnome.Shell"_s, u"/org/gnome/Shell"_s, u"org.gnome.Shell"_s, u"Eval"_s, {line});
         return answer && answer->value(0).toBool() ? answer->value(1).toString() : QString();
@@ -144,7 +144,7 @@ class GnomeDesktop final : public RealDesktop
     {
         const QString name = u"org.gnome.Mutter.DisplayConfig"_s;
         const QString path = u"/org/gnome/Mutter/DisplayConfig"_s;
-        DesktopBus bus(session().busAddress(), QDeadlineTimer(kCallLimit));
+        const MessageBus bus(session().busAddress(), QDeadlineTimer(kCallLimit));
         const auto state = bus.call(name, path, name, u"GetCurrentState"_s);
         return state && session().run(u"gdbus"_s, {u"call"_s, u"--session"_s, u"-d"_s, name, u"-o"_s, path, u"-m"_s,
                                                    name + u".ApplyMonitorsConfig"_s, state->value(0).toString(), u"1"_s,
@@ -208,28 +208,21 @@ bool RealDesktop::kill()
 {
     m_programs.back()->signal(SIGKILL);
     // A session manager is one program and what draws another.
-    DesktopBus bus(m_session.busAddress(), QDeadlineTimer(kCallLimit));
+    const MessageBus bus(m_session.busAddress(), QDeadlineTimer(kCallLimit));
     const QString busName = u"org.freedesktop.DBus"_s;
     const auto painter =
         bus.call(busName, u"/org/freedesktop/DBus"_s, busName, u"GetConnectionUnixProcessID"_s, {m_plan.painter});
     if (painter) {
         ::kill(static_cast<pid_t>(painter->value(0).toUInt()), SIGKILL);
     }
-    return waitFor([&] {
-        const auto names = bus.names();
-        return names && !names->contains(m_plan.painter);
-    });
+    return waitFor([&] { return !bus.isOwned(m_plan.painter); });
 }
 
 bool RealDesktop::waitForName(const QString &name) const
 {
     // One connection for all questions: everybody on the bus is told of each that comes and goes.
-    DesktopBus bus(m_session.busAddress(), QDeadlineTimer(kStartLimit));
-    const auto isThere = [&] {
-        const auto names = bus.names();
-        return names && names->contains(name);
-    };
-    return waitFor(isThere, kStartLimit);
+    const MessageBus bus(m_session.busAddress(), QDeadlineTimer(kStartLimit));
+    return waitFor([&] { return bus.isOwned(name); }, kStartLimit);
 }
 
 QString TestedDesktop::missing() const

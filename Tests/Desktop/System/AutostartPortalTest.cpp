@@ -73,15 +73,13 @@ class AutostartPortal : public testing::Test
         }
         ASSERT_TRUE(m_session.startBus());
     }
-    void TearDown() override { QDBusConnection::disconnectFromBus(m_name); }
 
     [[nodiscard]] Result<> ask(Autostart autostart, std::chrono::milliseconds limit = std::chrono::seconds(20)) const
     {
         const QString address = m_session.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s);
-        return askPortalForAutostart(QDBusConnection::connectToBus(address, m_name), autostart, limit);
+        return askPortalForAutostart(MessageBus(address), autostart, limit);
     }
 
-    const QString m_name = u"the sandboxed program"_s;
     mutable KeyringSession m_session;
 };
 

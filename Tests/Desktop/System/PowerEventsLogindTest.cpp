@@ -24,7 +24,6 @@ namespace {
 
 const QString kLogind = u"org.freedesktop.login1"_s;
 const QString kStranger = u"a stranger"_s;
-const QString kOurs = u"ours"_s;
 
 /// A "system" bus of the test's own, and a logind that is its name and its signal.
 class PowerEventsLogindTest : public testing::Test
@@ -42,17 +41,18 @@ class PowerEventsLogindTest : public testing::Test
         m_address = QString::fromUtf8(m_bus->readLine());
         ASSERT_FALSE(m_address.isEmpty()) << m_bus->errors().constData();
         ASSERT_TRUE(QDBusConnection::connectToBus(m_address, kStranger).isConnected());
-        m_events = std::make_unique<PowerEventsLogind>(QDBusConnection::connectToBus(m_address, kOurs));
+        m_ours = std::make_unique<MessageBus>(m_address);
+        m_events = std::make_unique<PowerEventsLogind>(*m_ours);
         m_wakings = std::make_unique<QSignalSpy>(m_events.get(), &PowerEvents::woke);
-        ASSERT_TRUE(QDBusConnection(kOurs).connect(QString(), QString(), QString(), u"Last"_s, &m_last, SLOT(quit())));
+        ASSERT_TRUE(m_ours->connection().connect(QString(), QString(), QString(), u"Last"_s, &m_last, SLOT(quit())));
         // The bus has heard of both connections once it has answered something later.
-        ASSERT_FALSE(QDBusConnection(kOurs).interface()->isServiceRegistered(kLogind).value());
+        ASSERT_FALSE(m_ours->connection().interface()->isServiceRegistered(kLogind).value());
     }
 
     ~PowerEventsLogindTest() override
     {
         m_events.reset();
-        for (const QString &name : {kLogind, kStranger, kOurs}) {
+        for (const QString &name : {kLogind, kStranger}) {
             QDBusConnection::disconnectFromBus(name);
         }
     }
@@ -104,6 +104,7 @@ class PowerEventsLogindTest : public testing::Test
     QProcessEnvironment m_environment;
     QString m_address;
     std::unique_ptr<OwnedProgram> m_bus;
+    std::unique_ptr<MessageBus> m_ours;
     std::unique_ptr<PowerEventsLogind> m_events;
     std::unique_ptr<QSignalSpy> m_wakings;
 };
@@ -172,7 +173,7 @@ TEST_F(PowerEventsLogindTest, theCommonMockOfLogindWakesUsToo)
         GTEST_SKIP() << "python3-dbusmock is not installed";
     }
     QEventLoop appeared;
-    QDBusServiceWatcher watcher(kLogind, QDBusConnection(kOurs), QDBusServiceWatcher::WatchForRegistration);
+    QDBusServiceWatcher watcher(kLogind, m_ours->connection(), QDBusServiceWatcher::WatchForRegistration);
     QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &appeared, [&appeared] { appeared.quit(); });
     QTimer::singleShot(std::chrono::seconds(20), &appeared, [&appeared] { appeared.exit(1); });
     const OwnedProgram mock(python, {u"-m"_s, u"dbusmock"_s, u"--system"_s, u"--template"_s, u"logind"_s},
@@ -183,7 +184,7 @@ TEST_F(PowerEventsLogindTest, theCommonMockOfLogindWakesUsToo)
                                                            u"org.freedesktop.DBus.Mock"_s, u"EmitSignal"_s);
     emission.setArguments({u"org.freedesktop.login1.Manager"_s, u"PrepareForSleep"_s, u"b"_s, QVariantList{false}});
     // The mock has its name a moment before it has its objects.
-    ASSERT_TRUE(waitFor([&] { return QDBusConnection(kOurs).call(emission).type() == QDBusMessage::ReplyMessage; }));
+    ASSERT_TRUE(waitFor([&] { return m_ours->connection().call(emission).type() == QDBusMessage::ReplyMessage; }));
     EXPECT_TRUE(waitFor([this] { return m_wakings->count() == 1; }));
 }
 

@@ -173,14 +173,14 @@ TEST_F(SystemAppearanceTest, aFileManagerIsAskedToShowTheFile)
     EXPECT_EQ(files.asked.signature(), u"ass"_s);
 }
 
-TEST_F(SystemAppearanceTest, withoutAFileManagerOnTheBusTheFolderIsOpened)
+/// What is opened instead of a picture in the file manager: the address that the opener gets.
+QByteArray openedInstead(const QString &folder)
 {
-    const QString folder = session.home().path();
-    ASSERT_TRUE(QDir().mkpath(folder + u"/bin"_s));
+    EXPECT_TRUE(QDir().mkpath(folder + u"/bin"_s));
     const QString opener = folder + u"/bin/xdg-open"_s;
-    ASSERT_TRUE(
+    EXPECT_TRUE(
         putFile(opener, "#!/bin/sh\nprintf %s \"$1\" > \"$HOME/part\" && mv \"$HOME/part\" \"$HOME/opened\"\n"));
-    ASSERT_TRUE(QFile::setPermissions(opener, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    EXPECT_TRUE(QFile::setPermissions(opener, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     const QByteArray before = qgetenv("PATH");
     qputenv("PATH", (folder + u"/bin:"_s).toLocal8Bit() + before);
     FileManager manager;
@@ -188,7 +188,20 @@ TEST_F(SystemAppearanceTest, withoutAFileManagerOnTheBusTheFolderIsOpened)
     const QString opened = folder + u"/opened"_s;
     EXPECT_TRUE(waitFor([&] { return QFile::exists(opened); }));
     qputenv("PATH", before);
-    EXPECT_EQ(contentOf(opened), (folder + u"/Pictures"_s).toLocal8Bit());
+    return contentOf(opened);
+}
+
+TEST_F(SystemAppearanceTest, withoutAFileManagerOnTheBusTheFolderIsOpened)
+{
+    const QString folder = session.home().path();
+    EXPECT_EQ(openedInstead(folder), (folder + u"/Pictures"_s).toLocal8Bit());
+}
+
+TEST_F(SystemAppearanceTest, withoutABusTheFolderIsOpened)
+{
+    const QString folder = session.home().path();
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
+    EXPECT_EQ(openedInstead(folder), (folder + u"/Pictures"_s).toLocal8Bit());
 }
 
 } // namespace quorvane

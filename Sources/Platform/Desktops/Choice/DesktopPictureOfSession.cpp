@@ -1,7 +1,7 @@
 #include "Platform/Desktops/Choice/DesktopPictureOfSession.h"
 
-#include "Platform/Bus/DesktopBus.h"
-#include "Platform/Bus/SessionBus.h"
+#include "Platform/Bus/MessageBus.h"
+#include "Platform/Bus/Sandbox.h"
 #include "Platform/Desktops/Choice/DesktopChoice.h"
 #include "Platform/Desktops/DesktopPictureCommand.h"
 #include "Platform/Desktops/DesktopPictureGSettings.h"
@@ -46,8 +46,8 @@ QStringList hyprlandFolders()
 
 QStringList namesOnTheBus()
 {
-    const auto names = withinLimit(kDesktopLimit, [address = SessionBus::address()](const auto &) {
-        return DesktopBus(address, QDeadlineTimer(kDesktopLimit)).names();
+    const auto names = withinLimit(kDesktopLimit, [address = MessageBus::sessionAddress()](const auto &) {
+        return MessageBus(address, QDeadlineTimer(kDesktopLimit)).names();
     });
     return names && *names ? **names : QStringList();
 }
@@ -71,8 +71,8 @@ QList<Screen> x11Screens()
 /// On Wayland the X server that stands in for old programs may not run, and starting it would be a waste.
 QList<Screen> gnomeScreens()
 {
-    const auto asked = withinLimit(kDesktopLimit, [address = SessionBus::address()](const auto &) {
-        DesktopBus bus(address, QDeadlineTimer(kDesktopLimit));
+    const auto asked = withinLimit(kDesktopLimit, [address = MessageBus::sessionAddress()](const auto &) {
+        const MessageBus bus(address, QDeadlineTimer(kDesktopLimit));
         return mutterScreens(bus);
     });
     return asked && *asked ? **asked : x11Screens();
@@ -89,7 +89,7 @@ DesktopFacts factsOfThisSession()
     facts.hasWayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
     facts.hasX11 = !qEnvironmentVariableIsEmpty("DISPLAY");
     facts.currentDesktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(':'_L1, Qt::SkipEmptyParts);
-    facts.isSandboxed = QFile::exists(u"/.flatpak-info"_s) || qgetenv("container") == "flatpak";
+    facts.isSandboxed = isSandboxed();
     facts.busNames = namesOnTheBus();
     facts.schemas = installedSchemas();
     facts.hasHyprland = !qEnvironmentVariableIsEmpty("HYPRLAND_INSTANCE_SIGNATURE");
@@ -99,7 +99,7 @@ DesktopFacts factsOfThisSession()
     // Asking starts the portal where it does not run, so it is asked only where it could be chosen.
     const bool isLast = facts.wanted.isEmpty() && chooseDesktop(facts).way == DesktopBackend::None;
     if (facts.isSandboxed || facts.wanted == "portal"_L1 || isLast) {
-        facts.portalAnswers = DesktopPicturePortal::answers(SessionBus::address());
+        facts.portalAnswers = DesktopPicturePortal::answers(MessageBus::sessionAddress());
     }
     return facts;
 }
@@ -107,7 +107,7 @@ DesktopFacts factsOfThisSession()
 std::unique_ptr<DesktopPicture> settingsPicture(const DesktopChoice &choice, const QStringList &currentDesktops)
 {
     return std::make_unique<DesktopPictureGSettings>(
-        nameOf(choice.way), *sessionDesktop(choice.way, currentDesktops), SessionBus::address(),
+        nameOf(choice.way), *sessionDesktop(choice.way, currentDesktops), MessageBus::sessionAddress(),
         choice.way == DesktopBackend::Gnome ? gnomeScreens : x11Screens, choice.reason);
 }
 
@@ -118,22 +118,22 @@ std::unique_ptr<DesktopPicture> pictureFor(const DesktopFacts &facts, ProgramLif
     case DesktopBackend::None:
         break;
     case DesktopBackend::Plasma:
-        return std::make_unique<DesktopPicturePlasma>(SessionBus::address(), sessionDisplay(), choice.reason);
+        return std::make_unique<DesktopPicturePlasma>(MessageBus::sessionAddress(), sessionDisplay(), choice.reason);
     case DesktopBackend::Hyprland:
         return std::make_unique<DesktopPictureHyprland>(hyprlandFolders(), sessionDisplay().wayland, choice.reason,
                                                         life);
     case DesktopBackend::LayerShell:
         return std::make_unique<DesktopPictureLayerShell>(sessionDisplay().wayland, choice.reason, life);
     case DesktopBackend::Portal:
-        return std::make_unique<DesktopPicturePortal>(SessionBus::address(), sessionDisplay(), choice.reason);
+        return std::make_unique<DesktopPicturePortal>(MessageBus::sessionAddress(), sessionDisplay(), choice.reason);
     case DesktopBackend::Gnome:
     case DesktopBackend::Mate:
     case DesktopBackend::Cinnamon:
         return settingsPicture(choice, facts.currentDesktops);
     case DesktopBackend::Xfce:
-        return std::make_unique<DesktopPictureXfce>(SessionBus::address(), x11Screens, choice.reason);
+        return std::make_unique<DesktopPictureXfce>(MessageBus::sessionAddress(), x11Screens, choice.reason);
     case DesktopBackend::Lxqt:
-        return std::make_unique<DesktopPictureLxqt>(SessionBus::address(), qgetenv("DISPLAY"), choice.reason);
+        return std::make_unique<DesktopPictureLxqt>(MessageBus::sessionAddress(), qgetenv("DISPLAY"), choice.reason);
     case DesktopBackend::Sway:
         return std::make_unique<DesktopPictureSway>(pathVariable("SWAYSOCK"), choice.reason);
     case DesktopBackend::X11:

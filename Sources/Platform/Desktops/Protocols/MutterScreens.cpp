@@ -99,7 +99,7 @@ template <typename Element> QList<Element> listOf(const QVariant &value)
 
 } // namespace
 
-std::optional<QList<Screen>> mutterScreens(DesktopBus &bus)
+std::optional<QList<Screen>> mutterScreens(const MessageBus &bus)
 {
     const auto answer = bus.call(kName, u"/org/gnome/Mutter/DisplayConfig"_s, kName, u"GetCurrentState"_s);
     // A serial number, monitors, screens, properties.

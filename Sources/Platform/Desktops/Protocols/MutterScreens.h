@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Bus/DesktopBus.h"
+#include "Platform/Bus/MessageBus.h"
 #include "Platform/Pictures/Screen.h"
 
 #include <optional>
@@ -8,6 +8,6 @@
 namespace quorvane {
 
 /// The screens as GNOME's compositor has them, on Wayland and on X11; nothing where no such compositor answers.
-[[nodiscard]] std::optional<QList<Screen>> mutterScreens(DesktopBus &bus);
+[[nodiscard]] std::optional<QList<Screen>> mutterScreens(const MessageBus &bus);
 
 } // namespace quorvane
