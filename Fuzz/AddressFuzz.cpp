@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const QByteArray address = input.left(input.indexOf('\n')).replace('\0', ' ');
     const QString model = QString::fromUtf8(input.mid(input.indexOf('\n') + 1));
     qputenv(kGeminiService.addressVariable, address);
-    const bool refused = addressProblem(kGeminiService).has_value();
+    const bool refused = !checkAddress(kGeminiService);
     const QUrl url = requestUrl(geminiRequest({}, {}, model));
     if (!refused && url.isValid()) {
         const QUrl base(QString::fromUtf8(address), QUrl::StrictMode);

@@ -295,6 +295,13 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
     </message>
 </context>
 <context>
+    <name>DescribedError</name>
+    <message>
+        <source>The reason is not known.</source>
+        <translation>Der Grund ist nicht bekannt.</translation>
+    </message>
+</context>
+<context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>

@@ -295,6 +295,13 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
     </message>
 </context>
 <context>
+    <name>DescribedError</name>
+    <message>
+        <source>The reason is not known.</source>
+        <translation>Se desconoce el motivo.</translation>
+    </message>
+</context>
+<context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>

@@ -295,6 +295,13 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
     </message>
 </context>
 <context>
+    <name>DescribedError</name>
+    <message>
+        <source>The reason is not known.</source>
+        <translation>La raison n’est pas connue.</translation>
+    </message>
+</context>
+<context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>

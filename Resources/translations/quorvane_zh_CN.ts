@@ -294,6 +294,13 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     </message>
 </context>
 <context>
+    <name>DescribedError</name>
+    <message>
+        <source>The reason is not known.</source>
+        <translation>原因不明。</translation>
+    </message>
+</context>
+<context>
     <name>DesktopChoice</name>
     <message>
         <source>QUORVANE_DESKTOP is &quot;%1&quot;, which is none of %2</source>

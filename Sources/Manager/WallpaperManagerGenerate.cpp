@@ -34,8 +34,8 @@ void WallpaperManager::generateAndSet(Trigger trigger)
 
     const ImageProvider &provider = resolvedProvider();
     // Told before the key is read: a key must not even be looked up for an address that it may not go to.
-    if (const std::optional<QString> problem = addressProblem(provider.id())) {
-        report(*problem, true);
+    if (const Result<> address = checkAddress(provider.id()); !address) {
+        report(address.failure().words, true);
         setIsLoading(false);
         Q_EMIT operationEnded({.file = {}, .original = {}, .operation = operation, .isTimed = isTimed});
         return;
@@ -60,7 +60,7 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
     try {
         generated = co_await run.provider->generate(run.prompt, run.apiKey, run.modelId, m_fourKEnabled);
     } catch (const std::exception &error) {
-        failure = QString::fromUtf8(error.what());
+        failure = failureOf(error).words;
     }
     if (!failure.isEmpty()) {
         report(failure, true);
@@ -111,6 +111,10 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
 QCoro::Task<WallpaperManager::FinalImage> WallpaperManager::upscaledOrOriginal(GeneratedImage generated)
 {
     const bool isLocal = upscaleMethod() == "local"_L1;
+    if (const Result<> address = checkAddress(kGeminiService); !isLocal && !address) {
+        report(tr("Upscale failed, using original — %1").arg(address.failure().words), false);
+        co_return FinalImage{std::move(generated.bytes), std::move(generated.extension)};
+    }
     const std::optional<QString> geminiKey = isLocal ? std::nullopt : Keychain::load(u"gemini"_s);
     if (!isLocal && !geminiKey) {
         co_return FinalImage{std::move(generated.bytes), std::move(generated.extension)};
@@ -127,7 +131,7 @@ QCoro::Task<WallpaperManager::FinalImage> WallpaperManager::upscaledOrOriginal(G
     } catch (const std::exception &error) {
         const QString warning =
             isLocal ? tr("Local upscale failed, using original — %1") : tr("Upscale failed, using original — %1");
-        report(warning.arg(QString::fromUtf8(error.what())), false);
+        report(warning.arg(failureOf(error).words), false);
     }
     co_return FinalImage{std::move(generated.bytes), std::move(generated.extension)};
 }

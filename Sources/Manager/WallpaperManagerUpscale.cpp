@@ -54,6 +54,11 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, quint64 oper
 
     // 1. Enlarge it by the chosen method.
     const bool isLocal = upscaleMethod() == "local"_L1;
+    if (const Result<> address = checkAddress(kGeminiService); !isLocal && !address) {
+        report(address.failure().words, true);
+        end({});
+        co_return;
+    }
     UpscaledImage upscaled;
     QString failure;
     try {
@@ -74,7 +79,7 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, quint64 oper
             upscaled = co_await upscaleImage(m_services.http, std::move(source), std::move(ext), *key);
         }
     } catch (const std::exception &error) {
-        failure = QString::fromUtf8(error.what());
+        failure = failureOf(error).words;
     }
     if (!failure.isEmpty()) {
         report(tr("Upscale failed: %1").arg(failure), true);

@@ -11,12 +11,25 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(ProviderError)
 };
 
+QString description(ProviderError::Kind kind, const QString &message)
+{
+    switch (kind) {
+    case ProviderError::Kind::InvalidResponse:
+        return Tr::tr("Invalid response: %1").arg(message);
+    case ProviderError::Kind::ApiError:
+        return Tr::tr("API error: %1").arg(message);
+    case ProviderError::Kind::NetworkError:
+        return Tr::tr("Network error: %1").arg(message);
+    }
+    return message;
+}
+
 } // namespace
 
 ProviderError::ProviderError(Kind kind, QString message)
-    : m_kind(kind)
+    : DescribedError(description(kind, message))
+    , m_kind(kind)
     , m_message(std::move(message))
-    , m_what(errorDescription().toUtf8())
 {
 }
 
@@ -33,24 +46,6 @@ ProviderError ProviderError::apiError(const QString &message)
 ProviderError ProviderError::networkError(const QString &description)
 {
     return {Kind::NetworkError, description};
-}
-
-QString ProviderError::errorDescription() const
-{
-    switch (m_kind) {
-    case Kind::InvalidResponse:
-        return Tr::tr("Invalid response: %1").arg(m_message);
-    case Kind::ApiError:
-        return Tr::tr("API error: %1").arg(m_message);
-    case Kind::NetworkError:
-        return Tr::tr("Network error: %1").arg(m_message);
-    }
-    return m_message;
-}
-
-const char *ProviderError::what() const noexcept
-{
-    return m_what.constData();
 }
 
 } // namespace quorvane

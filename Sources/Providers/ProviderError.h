@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QString>
+#include "Platform/DescribedError.h"
 
-#include <exception>
+#include <QString>
 
 namespace quorvane {
 
 /// Why an image service or an upscaler gave no picture. Thrown inside coroutines and shown to the user as the status
 /// line.
-class ProviderError : public std::exception
+class ProviderError : public DescribedError
 {
   public:
     enum class Kind {
@@ -27,15 +27,11 @@ class ProviderError : public std::exception
     [[nodiscard]] const QString &message() const { return m_message; }
 
     /// The text the user reads: the kind's prefix and the message.
-    [[nodiscard]] QString errorDescription() const;
-
-    /// errorDescription() in UTF-8.
-    [[nodiscard]] const char *what() const noexcept override;
+    [[nodiscard]] const QString &errorDescription() const { return words(); }
 
   private:
     Kind m_kind;
     QString m_message;
-    QByteArray m_what;
 };
 
 } // namespace quorvane

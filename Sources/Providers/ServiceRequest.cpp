@@ -53,26 +53,27 @@ QByteArrayView withoutDataAddress(QByteArrayView text)
 
 } // namespace
 
-std::optional<QString> addressProblem(const Service &service)
+Result<> checkAddress(const Service &service)
 {
     if (isAllowedAddress(QUrl(baseAddress(service), QUrl::StrictMode))) {
-        return std::nullopt;
+        return kDone;
     }
-    return Tr::tr("%1 must be an https address, or http on this machine.").arg(QLatin1String(service.addressVariable));
+    return Failure{
+        Tr::tr("%1 must be an https address, or http on this machine.").arg(QLatin1String(service.addressVariable))};
 }
 
-std::optional<QString> addressProblem(const QString &providerId)
+Result<> checkAddress(const QString &providerId)
 {
     if (providerId == "gemini"_L1) {
-        return addressProblem(kGeminiService);
+        return checkAddress(kGeminiService);
     }
     if (providerId == "grok"_L1) {
-        return addressProblem(kGrokService);
+        return checkAddress(kGrokService);
     }
     if (providerId == "openai"_L1) {
-        return addressProblem(kOpenAIService);
+        return checkAddress(kOpenAIService);
     }
-    return std::nullopt;
+    return kDone;
 }
 
 GeneratedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &format)
@@ -103,7 +104,12 @@ GeneratedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &for
     if (!bytes) {
         throw ProviderError::invalidResponse(format.undecodable);
     }
-    return {std::move(*bytes), picture->extension};
+    // 5. What kind of picture it is.
+    QString extension = picture->extension;
+    if (picture->mimeType.isString()) {
+        extension = document->textOf(picture->mimeType, &storage).contains("png") ? u"png"_s : u"jpg"_s;
+    }
+    return {std::move(*bytes), std::move(extension)};
 }
 
 QUrl requestUrl(const ServiceRequest &request)
@@ -114,8 +120,8 @@ QUrl requestUrl(const ServiceRequest &request)
 QCoro::Task<GeneratedImage> requestImage(HttpClient *http, ServiceRequest request, AnswerFormat format)
 {
     // 1. The address.
-    if (const std::optional<QString> problem = addressProblem(request.service)) {
-        throw ProviderError::networkError(*problem);
+    if (const Result<> address = checkAddress(request.service); !address) {
+        throw ProviderError::networkError(address.failure().words);
     }
     const QUrl url = requestUrl(request);
     if (!url.isValid()) {
@@ -136,7 +142,7 @@ QCoro::Task<GeneratedImage> requestImage(HttpClient *http, ServiceRequest reques
     try {
         answer = co_await http->post(std::move(httpRequest));
     } catch (const TransportError &error) {
-        throw ProviderError::networkError(error.description());
+        throw ProviderError::networkError(error.words());
     }
     // 4. Read the answer.
     auto read = [answer = std::move(answer), format = std::move(format)]() mutable {
@@ -160,7 +166,7 @@ std::optional<PictureInAnswer> firstDataEntry(const QJsonObject &answer, const Q
     if (!text.isString()) {
         return std::nullopt;
     }
-    return PictureInAnswer{text, extension};
+    return PictureInAnswer{.base64 = text, .extension = extension};
 }
 
 std::optional<PictureInAnswer> firstInlineData(const QJsonObject &answer)
@@ -178,8 +184,7 @@ std::optional<PictureInAnswer> firstInlineData(const QJsonObject &answer)
     if (!text.isString() || !mimeType.isString()) {
         return std::nullopt;
     }
-    const bool isPng = mimeType.toString().contains("png"_L1);
-    return PictureInAnswer{text, isPng ? u"png"_s : u"jpg"_s};
+    return PictureInAnswer{.base64 = text, .mimeType = mimeType};
 }
 
 } // namespace quorvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Failure.h"
 #include "Platform/Network/HttpClient.h"
 #include "Providers/ImageProvider.h"
 
@@ -28,12 +29,12 @@ inline constexpr Service kGeminiService{"QUORVANE_GEMINI_BASE_URL", "https://gen
 inline constexpr Service kGrokService{"QUORVANE_XAI_BASE_URL", "https://api.x.ai"};
 inline constexpr Service kOpenAIService{"QUORVANE_OPENAI_BASE_URL", "https://api.openai.com"};
 
-/// What is wrong with the service's base address in the environment, for the user; nothing when it may be used. Asked
-/// before a key is read.
-[[nodiscard]] std::optional<QString> addressProblem(const Service &service);
+/// Whether the service's base address may be used. Asked before a key is read: none is looked up for an address that it
+/// may not go to.
+[[nodiscard]] Result<> checkAddress(const Service &service);
 
-/// As above for the service of a provider id; nothing for an unknown id.
-[[nodiscard]] std::optional<QString> addressProblem(const QString &providerId);
+/// As above for the service of a provider id; success for an unknown id.
+[[nodiscard]] Result<> checkAddress(const QString &providerId);
 
 struct ServiceRequest
 {
@@ -47,8 +48,9 @@ struct ServiceRequest
 /// Where the picture stands in an answer.
 struct PictureInAnswer
 {
-    QJsonValue base64; ///< A text.
-    QString extension;
+    QJsonValue base64;             ///< A text.
+    QString extension{};           ///< What the service always sends, or empty where mimeType says it.
+    QJsonValue mimeType{};         ///< A text that says "png" somewhere, or the picture is a "jpg".
     bool mayBeDataAddress = false; ///< The text may begin with "data:…base64,".
 };
 

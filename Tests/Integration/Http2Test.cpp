@@ -28,7 +28,7 @@ QCoro::Task<> posting(HttpClient *client, HttpClient::Request request, QString *
         const QByteArray answer = co_await client->post(std::move(request));
         *outcome = QString::number(answer.size());
     } catch (const TransportError &error) {
-        *outcome = error.description();
+        *outcome = error.words();
     }
 }
 

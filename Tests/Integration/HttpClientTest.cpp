@@ -30,7 +30,7 @@ QCoro::Task<> posting(HttpClient *client, HttpClient::Request request, Outcome *
     try {
         outcome->answer = co_await client->post(std::move(request));
     } catch (const TransportError &error) {
-        outcome->failure = error.description();
+        outcome->failure = error.words();
     }
 }
 

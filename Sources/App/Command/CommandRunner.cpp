@@ -3,6 +3,7 @@
 #include "App/Command/Reports.h"
 #include "App/Command/Services.h"
 #include "App/Command/SettingsCommands.h"
+#include "Platform/DescribedError.h"
 #include "Platform/System/Autostart.h"
 #include "Platform/Threads/Worker.h"
 #include "Storage/ImageStore.h"
@@ -238,7 +239,7 @@ CommandOutcome useModel(const CommandLine &line, const std::stop_token &stop)
         }
         return {kSucceeded, QJsonObject{{u"file"_s, *file}, {u"description"_s, describeModel(*file)}}, {}};
     } catch (const std::exception &error) {
-        return failure(QString::fromUtf8(error.what()));
+        return failure(failureOf(error).words);
     }
 }
 

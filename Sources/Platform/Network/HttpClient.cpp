@@ -101,12 +101,6 @@ bool isStatusOnly(QNetworkReply::NetworkError error)
 
 } // namespace
 
-TransportError::TransportError(QString description)
-    : m_description(std::move(description))
-    , m_utf8(m_description.toUtf8())
-{
-}
-
 bool isAllowedAddress(const QUrl &url)
 {
     if (!url.isValid() || url.host().isEmpty()) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/DescribedError.h"
+
 #include <QByteArray>
 #include <QCoroTask>
 #include <QList>
@@ -8,23 +10,15 @@
 #include <QUrl>
 
 #include <chrono>
-#include <exception>
 #include <optional>
 #include <stop_token>
 
 namespace quorvane {
 
 /// Why no answer came: the transport's own description in one sentence. Never holds a header's value.
-class TransportError : public std::exception
+class TransportError : public DescribedError
 {
-  public:
-    explicit TransportError(QString description);
-    [[nodiscard]] const QString &description() const { return m_description; }
-    [[nodiscard]] const char *what() const noexcept override { return m_utf8.constData(); }
-
-  private:
-    QString m_description;
-    QByteArray m_utf8;
+    using DescribedError::DescribedError;
 };
 
 /// True for https addresses and for http to a loopback address: the only ones that a request may go to.

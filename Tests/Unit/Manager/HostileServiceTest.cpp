@@ -28,7 +28,7 @@ struct Case
 class HostileServiceTest : public ManagerTest, public testing::WithParamInterface<const char *>
 {
   protected:
-    HostileServiceTest() { Keychain::save(u"KEY"_s, QLatin1String(GetParam())); }
+    HostileServiceTest() { EXPECT_TRUE(Keychain::save(u"KEY"_s, QLatin1String(GetParam()))); }
 
     void expect(const Misbehaviour &misbehaviour, const QString &line)
     {
@@ -103,7 +103,10 @@ TEST_P(HostileServiceTest, theServicesOwnWordsAreToldAsTheyAre)
     Misbehaviour quota(Kind::ErrorObject);
     quota.text = "quota \"exceeded\"\n水";
     expect(quota, u"API error: quota \"exceeded\"\n水"_s);
-    expect(Kind::OddErrorText, u"API error: "_s);
+    // A zero character in the middle cuts nothing, and half a character is replaced.
+    const QString odd = u"API error: before ? between "_s + QChar(u'\0') + u" after"_s;
+    expect(Kind::OddErrorText, odd);
+    EXPECT_EQ(manager->status(), odd);
 }
 
 TEST_P(HostileServiceTest, answersThatWouldFillTheMemoryAreRefused)

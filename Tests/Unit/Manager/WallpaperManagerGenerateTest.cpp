@@ -115,6 +115,19 @@ TEST_F(WallpaperManagerGenerateTest, twoSavesInOneSecondLinkThePictureToItselfAn
     EXPECT_EQ(manager->currentWallpaperURL(), inLibrary("wallpaper_2026-01-31_23-59-00.jpg"));
 }
 
+TEST_F(WallpaperManagerGenerateTest, anAddressThatIsNotAllowedForTheUpscaleIsToldBeforeTheKeyIsLookedFor)
+{
+    qputenv("QUORVANE_GEMINI_BASE_URL", "http://service.example");
+    EXPECT_TRUE(Keychain::save(u"KEY"_s, u"grok"_s));
+    start().setProviderOverride(u"grok"_s);
+    manager->setFourKEnabled(true);
+    generate();
+    const QString warning =
+        u"Upscale failed, using original — QUORVANE_GEMINI_BASE_URL must be an https address, or http on this machine."_s;
+    EXPECT_TRUE(statuses.contains(warning)) << statuses.join(u" | "_s).toStdString();
+    EXPECT_FALSE(manager->isError());
+}
+
 TEST_F(WallpaperManagerGenerateTest, aFailedUpscaleIsAWarningAndTheOriginalIsUsed)
 {
     localUpscale = [](QByteArray, std::stop_token, std::function<void(UpscaleProgress)>) -> QCoro::Task<UpscaledImage> {

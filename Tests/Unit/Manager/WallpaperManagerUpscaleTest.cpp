@@ -1,6 +1,8 @@
 #include "Manager/SettingsKeys.h"
 #include "Unit/Manager/ManagerFixture.h"
 
+#include <stdexcept>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
@@ -38,6 +40,41 @@ TEST_F(WallpaperManagerUpscaleTest, withoutAMethodAndAKeyItSaysSoAndWritesNothin
     start();
     upscale(path);
     EXPECT_EQ(manager->status(), u"No Gemini API key — switch to Local upscale in Settings > Advanced"_s);
+    EXPECT_TRUE(manager->isError());
+    EXPECT_EQ(files(), QStringList{u"a.png"_s});
+}
+
+TEST_F(WallpaperManagerUpscaleTest, anAddressThatIsNotAllowedIsToldBeforeTheKeyIsLookedFor)
+{
+    const QString path = putPicture(u"a.png"_s);
+    qputenv("QUORVANE_GEMINI_BASE_URL", "http://service.example");
+    start();
+    for (const bool hasKey : {false, true}) {
+        if (hasKey) {
+            EXPECT_TRUE(Keychain::save(u"KEY"_s, u"gemini"_s));
+        }
+        upscale(path);
+        EXPECT_EQ(manager->status(), u"QUORVANE_GEMINI_BASE_URL must be an https address, or http on this machine."_s);
+        EXPECT_TRUE(manager->isError());
+        EXPECT_EQ(files(), QStringList{u"a.png"_s});
+    }
+    // Nothing goes there locally.
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
+    upscale(path);
+    EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
+}
+
+TEST_F(WallpaperManagerUpscaleTest, anUpscalerThatFailsWithoutAWordFails)
+{
+    const QString path = putPicture(u"a.png"_s);
+    localUpscale = [](QByteArray, std::stop_token, std::function<void(UpscaleProgress)>) -> QCoro::Task<UpscaledImage> {
+        throw std::runtime_error("");
+        co_return UpscaledImage();
+    };
+    start();
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
+    upscale(path);
+    EXPECT_EQ(manager->status(), u"Upscale failed: The reason is not known."_s);
     EXPECT_TRUE(manager->isError());
     EXPECT_EQ(files(), QStringList{u"a.png"_s});
 }

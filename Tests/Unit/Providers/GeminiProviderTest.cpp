@@ -81,4 +81,16 @@ TEST(GeminiProvider, answersAreReadThisWay)
     }
 }
 
+TEST(GeminiProvider, aMimeTypeOfAnyLengthSaysWhatThePictureIs)
+{
+    for (const qsizetype bytes : {10, 4096, 4097, 100000}) {
+        const QByteArray front = R"({"candidates":[{"content":{"parts":[{"inlineData":{"data":"TWFu","mimeType":")";
+        const QByteArray back = R"("}}]}}]})";
+        const QByteArray filling(bytes, 'x');
+        EXPECT_EQ(outcomeOf(front + filling + "png" + back, geminiAnswer()), u"picture:png:Man"_s) << bytes;
+        EXPECT_EQ(outcomeOf(front + filling + "\\u0070ng" + back, geminiAnswer()), u"picture:png:Man"_s) << bytes;
+        EXPECT_EQ(outcomeOf(front + filling + "gnp" + back, geminiAnswer()), u"picture:jpg:Man"_s) << bytes;
+    }
+}
+
 } // namespace quorvane
