@@ -42,8 +42,8 @@ class Oracle
 /// A text of what makes trouble: quotes, separators, escapes, numbers behind them, other scripts.
 QString randomText(QRandomGenerator &random)
 {
-    static const QStringList pieces{u"a"_s,     u"Z"_s, u"7"_s,  u" "_s,  u"\""_s, u"\\"_s, u";"_s,    u","_s,
-                                    u"="_s,     u"@"_s, u"%"_s,  u"\n"_s, u"\t"_s, u"\r"_s, u"\x01"_s, u"\x7f"_s,
+    static const QStringList pieces{u"a"_s,      u"Z"_s,  u"7"_s, u" "_s,  u"\""_s, u"\\"_s, u";"_s,    u","_s,
+                                    u"="_s,      u"@"_s,  u"%"_s, u"\n"_s, u"\t"_s, u"\r"_s, u"\x01"_s, u"\x7f"_s,
                                     u"\u00e4"_s, u"水"_s, u"🌊"_s, u"["_s,  u"]"_s,  u"#"_s,  u"'"_s,    u"General"_s};
     QString text;
     for (quint32 left = random.bounded(12U); left > 0; --left) {
@@ -152,8 +152,8 @@ TEST(SettingsText, olderAndHandWrittenFormsAreRead)
         const QByteArray file = "[General]\nlastPrompt=" + bytes + "\n";
         EXPECT_EQ(SettingsText(file).value(u"lastPrompt"_s), text) << bytes.constData();
         const QVariant oracle = Oracle(file).value(u"lastPrompt"_s);
-        const QString told = oracle.typeId() == QMetaType::QStringList ? oracle.toStringList().join(u", "_s)
-                                                                      : oracle.toString();
+        const QString told =
+            oracle.typeId() == QMetaType::QStringList ? oracle.toStringList().join(u", "_s) : oracle.toString();
         EXPECT_EQ(oracle.isValid() ? std::optional(told) : std::nullopt, text) << bytes.constData();
     }
 }
