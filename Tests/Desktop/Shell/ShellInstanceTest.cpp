@@ -208,6 +208,7 @@ TEST_F(ShellInstanceTest, quitReturnsWhenTheProcessHasEnded)
 {
     session.environment().insert(u"TEST_SLOW_END"_s, u"yes"_s);
     const auto application = startAndWait();
+    session.environment().remove(u"TEST_SLOW_END"_s);
     Application quit(session.environment(), {u"quit"_s}, QStringLiteral(QUORVANE_PROGRAM));
     ASSERT_TRUE(waitFor([this] { return !isOnBus(); }));
     // By now a quit that waits for the name alone would be over: a whole other command has its time in between.
