@@ -3,6 +3,7 @@
 #include "App/Command/Console.h"
 #include "App/Command/Reports.h"
 #include "App/Control/ControlCalls.h"
+#include "Platform/Bus/Sandbox.h"
 #include "Platform/Bus/SessionBus.h"
 
 #include <QCoreApplication>
@@ -13,7 +14,6 @@
 #include <QDBusServiceWatcher>
 #include <QDeadlineTimer>
 #include <QEventLoop>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTimer>
@@ -115,9 +115,7 @@ class RunningProcess
     explicit RunningProcess(const SessionBus &bus)
     {
         // In a sandbox processes have other numbers than on the bus.
-        const uint pid = QFile::exists(u"/.flatpak-info"_s)
-                             ? 0
-                             : bus.connection().interface()->servicePid(Control::busName()).value();
+        const uint pid = isSandboxed() ? 0 : bus.connection().interface()->servicePid(Control::busName()).value();
         if (pid != 0) {
             m_descriptor = static_cast<int>(::syscall(SYS_pidfd_open, static_cast<pid_t>(pid), 0U));
         }
