@@ -3,13 +3,13 @@
 #include <QByteArray>
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <dlfcn.h>
 #include <vector>
 
-// The loader is there or not, and three of its functions are needed: their few declarations stand here instead of a
-// dependency. They are part of Vulkan 1.0 and cannot change.
+// The loader is there or not, so its three functions are looked up instead of linked.
+#define VK_NO_PROTOTYPES
+#include <vulkan/vulkan.h>
 
 namespace quorvane {
 
@@ -18,34 +18,6 @@ namespace {
 /// By the names of their manifests; the loader knows this variable from version 1.3.234 on.
 constexpr const char *kSwitchOff = "VK_LOADER_DRIVERS_DISABLE";
 constexpr const char *kSoftwareDrivers = "*lvp*,*lavapipe*,*swiftshader*";
-
-struct Instance;
-struct Device;
-
-struct InstanceDescription
-{
-    std::int32_t structureType = 1;
-    const void *next = nullptr;
-    std::uint32_t flags = 0;
-    const void *application = nullptr;
-    std::uint32_t layerCount = 0;
-    const char *const *layers = nullptr;
-    std::uint32_t extensionCount = 0;
-    const char *const *extensions = nullptr;
-};
-
-struct DeviceProperties
-{
-    static constexpr std::int32_t kProcessor = 4;
-
-    std::array<std::uint32_t, 4> versionsAndIds;
-    std::int32_t deviceType;
-    std::array<std::uint64_t, 256> rest; ///< Names and limits: about 800 bytes.
-};
-
-using CreateInstance = std::int32_t (*)(const InstanceDescription *, const void *, Instance **);
-using EnumerateDevices = std::int32_t (*)(Instance *, std::uint32_t *, Device **);
-using GetProperties = void (*)(Device *, DeviceProperties *);
 
 template <typename Function> Function function(void *library, const char *name)
 {
@@ -67,26 +39,28 @@ VulkanDevices findVulkanDevices()
     if (library == nullptr) {
         return VulkanDevices::None;
     }
-    const auto createInstance = function<CreateInstance>(library, "vkCreateInstance");
-    const auto enumerateDevices = function<EnumerateDevices>(library, "vkEnumeratePhysicalDevices");
-    const auto getProperties = function<GetProperties>(library, "vkGetPhysicalDeviceProperties");
+    const auto createInstance = function<PFN_vkCreateInstance>(library, "vkCreateInstance");
+    const auto enumerateDevices = function<PFN_vkEnumeratePhysicalDevices>(library, "vkEnumeratePhysicalDevices");
+    const auto getProperties = function<PFN_vkGetPhysicalDeviceProperties>(library, "vkGetPhysicalDeviceProperties");
     if (createInstance == nullptr || enumerateDevices == nullptr || getProperties == nullptr) {
         return VulkanDevices::None;
     }
-    const InstanceDescription description;
-    Instance *instance = nullptr;
+    VkInstanceCreateInfo description{};
+    description.sType = VK_STRUCTURE_TYPE_INSTANCE_CREATE_INFO;
+    VkInstance instance = VK_NULL_HANDLE;
     std::uint32_t count = 0;
-    if (createInstance(&description, nullptr, &instance) != 0 || enumerateDevices(instance, &count, nullptr) != 0) {
+    if (createInstance(&description, nullptr, &instance) != VK_SUCCESS ||
+        enumerateDevices(instance, &count, nullptr) != VK_SUCCESS) {
         return VulkanDevices::None;
     }
-    std::vector<Device *> devices(count);
-    if (count == 0 || enumerateDevices(instance, &count, devices.data()) != 0) {
+    std::vector<VkPhysicalDevice> devices(count);
+    if (count == 0 || enumerateDevices(instance, &count, devices.data()) != VK_SUCCESS) {
         return VulkanDevices::None;
     }
-    const bool software = std::any_of(devices.begin(), devices.end(), [getProperties](Device *device) {
-        DeviceProperties properties{};
+    const bool software = std::any_of(devices.begin(), devices.end(), [getProperties](VkPhysicalDevice device) {
+        VkPhysicalDeviceProperties properties{};
         getProperties(device, &properties);
-        return properties.deviceType == DeviceProperties::kProcessor;
+        return properties.deviceType == VK_PHYSICAL_DEVICE_TYPE_CPU;
     });
     return software ? VulkanDevices::Software : VulkanDevices::Hardware;
 }
