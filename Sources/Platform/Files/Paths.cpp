@@ -59,9 +59,4 @@ QString stateHome()
     return fromEnvironment("XDG_STATE_HOME", ".local/state"_L1);
 }
 
-QString cacheHome()
-{
-    return fromEnvironment("XDG_CACHE_HOME", ".cache"_L1);
-}
-
 } // namespace quorvane::Paths

@@ -18,7 +18,4 @@ namespace quorvane::Paths {
 /// XDG_STATE_HOME, or ".local/state" in the home: copies that a desktop needs for as long as a picture is set.
 [[nodiscard]] QString stateHome();
 
-/// XDG_CACHE_HOME, or ".cache" in the home.
-[[nodiscard]] QString cacheHome();
-
 } // namespace quorvane::Paths

@@ -12,7 +12,7 @@ GridView {
     readonly property real tileWidth: cellWidth - 20
 
     // The last column keeps its gap, and the grid gives it back by being wider than what it shows.
-    cellWidth: Math.floor((width + 0) / gallery.columns(width - 20))
+    cellWidth: Math.floor(width / gallery.columns(width - 20))
     cellHeight: tileHeight + 20
     clip: true
     keyNavigationEnabled: true
