@@ -1,3 +1,4 @@
+#include "Outcome.h"
 #include "PeakMemory.h"
 
 #include "Providers/Base64.h"
@@ -65,7 +66,10 @@ double peakOf(const auto &work)
 /// The three ways in turns, so that all see the same machine.
 void answerToPicture(benchmark::State &state)
 {
-    const QByteArray answer = answerWith(randomBytes(30 * kMebibyte * 3 / 4).toBase64());
+    const QByteArray picture = randomBytes(30 * kMebibyte * 3 / 4);
+    const QByteArray answer = answerWith(picture.toBase64());
+    expect(state, imageFromAnswer(answer, geminiAnswer()).bytes == picture && decodedNaively(answer) == picture,
+           "the picture is not what was sent");
     double ours = 0;
     double naive = 0;
     double copy = 0;
@@ -98,15 +102,16 @@ void answerToFile(benchmark::State &state)
     const QByteArray answer = answerWith(base64);
     const QString source = ImageStore::directory() + u"/source.txt"_s;
     QFile file(source);
-    (void)file.open(QIODevice::WriteOnly);
-    file.write(base64);
+    const bool isSource = file.open(QIODevice::WriteOnly) && file.write(base64) == base64.size();
     file.close();
+    expect(state, isSource, "the text to compare with was not written");
 
     double ours = 0;
     double reading = 0;
+    bool areSaved = true;
     const auto toFile = [&] {
         const GeneratedImage image = imageFromAnswer(answer, geminiAnswer());
-        benchmark::DoNotOptimize(ImageStore::saveImage(u"a.png"_s, image.bytes).has_value());
+        areSaved = ImageStore::saveImage(u"a.png"_s, image.bytes).has_value() && areSaved;
     };
     for (auto round : state) {
         const double seconds = secondsOf(toFile);
@@ -120,11 +125,14 @@ void answerToFile(benchmark::State &state)
     }
     state.counters["ours/reading and decoding"] = ours / reading;
     state.counters["peak/answer"] = 1 + peakOf(toFile) / static_cast<double>(answer.size());
+    expect(state, areSaved, "the picture was not saved");
 }
 
 void base64(benchmark::State &state)
 {
-    const QByteArray text = randomBytes(30 * kMebibyte * 3 / 4).toBase64();
+    const QByteArray bytes = randomBytes(30 * kMebibyte * 3 / 4);
+    const QByteArray text = bytes.toBase64();
+    expect(state, decodeBase64(text) == bytes, "the text is not decoded");
     double ours = 0;
     double qt = 0;
     for (auto round : state) {
@@ -150,8 +158,5 @@ int main(int argc, char **argv)
     add("30 MiB answer to picture", quorvane::answerToPicture);
     add("20 MB PNG: answer to file", quorvane::answerToFile);
     add("30 MiB of base64", quorvane::base64);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return quorvane::runBenchmarks(argc, argv);
 }

@@ -1,3 +1,5 @@
+#include "Outcome.h"
+
 #include "Manager/WallpaperManager.h"
 #include "Platform/Desktops/Choice/DesktopPictureOfSession.h"
 #include "Platform/Files/UserDefaults.h"
@@ -38,8 +40,9 @@ void makeLibrary()
     TextMap links;
     for (int number = 0; number < kImages; ++number) {
         const QString name = u"wallpaper_2024-05-01_%1.png"_s.arg(number, 6, 10, '0'_L1);
-        QFile file(folder + name);
-        (void)file.open(QIODevice::WriteOnly);
+        if (!QFile(folder + name).open(QIODevice::WriteOnly)) {
+            qFatal("The library was not made");
+        }
         prompts.emplace(name, u"a quiet mountain lake at dawn, number %1"_s.arg(number / 4));
         if (number % 2 == 1) {
             links.emplace(u"wallpaper_2024-05-01_%1.png"_s.arg(number - 1, 6, 10, '0'_L1), name);
@@ -48,8 +51,9 @@ void makeLibrary()
     for (const auto &[path, map] :
          std::map<QString, TextMap>{{ImageStore::promptsPath(), prompts}, {ImageStore::variantsPath(), links}}) {
         QFile file(path);
-        (void)file.open(QIODevice::WriteOnly);
-        (void)file.write(bytesFromTextMap(map).value_or(QByteArray()));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytesFromTextMap(map).value_or(QByteArray())) <= 0) {
+            qFatal("The library was not made");
+        }
     }
 }
 
@@ -72,23 +76,27 @@ int listWithStatx(const QByteArray &folder)
 void listing(benchmark::State &state)
 {
     const QByteArray folder = QFile::encodeName(ImageStore::directory());
+    int count = 0;
     for (auto round : state) {
-        benchmark::DoNotOptimize(listWithStatx(folder));
+        count = listWithStatx(folder);
     }
+    expect(state, count >= kImages, "the listing is not whole");
 }
 
 /// Runs subject and the plain listing in turns, so that both see the same machine, and tells the ratio of their times.
-template <typename Subject> void asRatioToListing(benchmark::State &state, Subject subject)
+/// subject is to come to that many.
+template <typename Subject> void asRatioToListing(benchmark::State &state, qsizetype many, Subject subject)
 {
     using Clock = std::chrono::steady_clock;
     const QByteArray folder = QFile::encodeName(ImageStore::directory());
     Clock::duration listingTime{};
     Clock::duration subjectTime{};
+    qsizetype came = 0;
     for (auto round : state) {
         const auto start = Clock::now();
         benchmark::DoNotOptimize(listWithStatx(folder));
         const auto middle = Clock::now();
-        benchmark::DoNotOptimize(subject());
+        came = static_cast<qsizetype>(subject());
         const auto end = Clock::now();
         listingTime += middle - start;
         subjectTime += end - middle;
@@ -96,16 +104,17 @@ template <typename Subject> void asRatioToListing(benchmark::State &state, Subje
     }
     state.counters["ratio to listing"] =
         std::chrono::duration<double>(subjectTime).count() / std::chrono::duration<double>(listingTime).count();
+    expect(state, came == many, "not all came");
 }
 
 void allImages(benchmark::State &state)
 {
-    asRatioToListing(state, [] { return ImageStore::allImages().size(); });
+    asRatioToListing(state, kImages, [] { return ImageStore::allImages().size(); });
 }
 
 void readPrompts(benchmark::State &state)
 {
-    asRatioToListing(state, [] { return readTextMap(ImageStore::promptsPath()).size(); });
+    asRatioToListing(state, kImages, [] { return readTextMap(ImageStore::promptsPath()).size(); });
 }
 
 /// A manager over the library, with nothing else to do.
@@ -122,7 +131,7 @@ struct Program
 void reloadHistory(benchmark::State &state)
 {
     Program program;
-    asRatioToListing(state, [&] {
+    asRatioToListing(state, kImages, [&] {
         program.manager.reloadHistory();
         return program.manager.history().size();
     });
@@ -131,7 +140,7 @@ void reloadHistory(benchmark::State &state)
 void albums(benchmark::State &state)
 {
     Program program;
-    asRatioToListing(state, [&] { return program.manager.albums().size(); });
+    asRatioToListing(state, kImages / 4, [&] { return program.manager.albums().size(); });
 }
 
 } // namespace
@@ -153,8 +162,5 @@ int main(int argc, char **argv)
         ->Unit(benchmark::kMillisecond)
         ->UseManualTime();
     benchmark::RegisterBenchmark("albums", quorvane::albums)->Unit(benchmark::kMillisecond)->UseManualTime();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return quorvane::runBenchmarks(argc, argv);
 }

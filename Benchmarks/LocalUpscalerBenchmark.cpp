@@ -1,3 +1,5 @@
+#include "Outcome.h"
+
 #include "Platform/Threads/BackgroundThread.h"
 #include "Upscaling/Image/ImageDecoding.h"
 #include "Upscaling/Image/TilePixels.h"
@@ -115,9 +117,9 @@ void fileToFile(benchmark::State &state, const char *name)
     const QTemporaryDir folder;
     const QString from = folder.filePath(u"picture.png"_s);
     const QString to = folder.filePath(u"result.png"_s);
-    picture(1536, 1024).save(from);
+    expect(state, picture(1536, 1024).save(from), "there is no picture");
     const double start = processorSeconds();
-    static_cast<void>(upscaleFile(from, to, kCopyingModel));
+    expect(state, upscaleFile(from, to, kCopyingModel) > 0, "nothing was upscaled by copying");
     const double outside = processorSeconds() - start;
 
     double all = 0;
@@ -130,6 +132,7 @@ void fileToFile(benchmark::State &state, const char *name)
     }
     state.counters["outsideNetwork"] = outside * double(state.iterations()) / all;
     state.counters["resultMB"] = double(bytes) / 1e6;
+    expect(state, bytes > 0, "nothing was upscaled");
 }
 
 /// Peak memory above what is there before, by picture size, with a network that needs almost none itself.
@@ -137,15 +140,18 @@ void peakMemory(benchmark::State &state)
 {
     const QImage image = picture(int(state.range(0)), int(state.range(1)));
     SuperResolutionModel model(kCopyingModel, physicalCores());
+    qsizetype size = 0;
     for (auto unused : state) {
         static_cast<void>(unused);
         restartPeak();
         const double before = statusMegabytes("VmRSS");
         const QByteArray png = tileUpscaleWithModel(image, model, {});
+        size = png.size();
         state.counters["peakAboveMB"] = statusMegabytes("VmHWM") - before;
         state.counters["resultMB"] = double(png.size()) / 1e6;
     }
     state.counters["inputMB"] = double(image.sizeInBytes()) / 1e6;
+    expect(state, size > 0, "nothing was upscaled");
 }
 
 BENCHMARK_CAPTURE(oneTile, compact, "compact")->Unit(benchmark::kSecond)->UseRealTime()->MeasureProcessCPUTime();
@@ -176,8 +182,5 @@ BENCHMARK(peakMemory)
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return quorvane::runBenchmarks(argc, argv);
 }

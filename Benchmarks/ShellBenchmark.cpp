@@ -21,6 +21,7 @@
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <vector>
 
 #include <sys/prctl.h>
@@ -34,6 +35,14 @@ namespace {
 
 constexpr int kRuns = 7;
 const QString kBusName = u"app.quorvane.Quorvane"_s;
+
+/// Ends everything where it did not happen, because the figures would say nothing.
+void expect(bool happened, const char *otherwise)
+{
+    if (!happened) {
+        throw std::runtime_error(otherwise);
+    }
+}
 
 double milliseconds(const QElapsedTimer &timer)
 {
@@ -150,9 +159,7 @@ class Session
         QElapsedTimer timer;
         timer.start();
         act();
-        if (!waitFor([&] { return windows(change) > before; })) {
-            std::printf("no window in time\n");
-        }
+        expect(waitFor([&] { return windows(change) > before; }), "no window in time");
         return milliseconds(timer);
     }
 
@@ -191,10 +198,22 @@ void printMemory(const char *what, const ProcessMemory &memory)
                 static_cast<double>(memory.anonymous) / 1024, static_cast<double>(memory.ofFiles()) / 1024);
 }
 
+/// The program is to have lived until now, and to end well.
 void quit(Session &session, QProcess &process)
 {
+    expect(process.state() == QProcess::Running, "the program is gone");
     session.tell(u"app.quorvane.Quorvane1"_s, u"Quit"_s, {});
-    (void)waitFor([&] { return process.state() == QProcess::NotRunning && !session.isOnBus(); });
+    expect(waitFor([&] { return process.state() == QProcess::NotRunning && !session.isOnBus(); }),
+           "the program does not quit");
+    expect(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0, "the program did not end well");
+}
+
+void endBare(QProcess &process)
+{
+    expect(process.state() == QProcess::Running, "the bare program is gone");
+    process.closeWriteChannel();
+    expect(process.waitForFinished() && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0,
+           "the bare program did not end well");
 }
 
 /// Until what a window leaves behind for later is done: what it holds does not shrink any more.
@@ -203,7 +222,7 @@ ProcessMemory settled(const QProcess &process)
     ProcessMemory last = memoryOf(process.processId());
     QElapsedTimer unchanged;
     unchanged.start();
-    (void)waitFor([&] {
+    const bool isSettled = waitFor([&] {
         const ProcessMemory now = memoryOf(process.processId());
         if (now.anonymous != last.anonymous) {
             last = now;
@@ -211,6 +230,8 @@ ProcessMemory settled(const QProcess &process)
         }
         return unchanged.hasExpired(2000);
     });
+    expect(isSettled, "the memory does not settle");
+    expect(last.resident > 0, "the program is gone");
     return last;
 }
 
@@ -233,14 +254,13 @@ void run(Session &session, const QString &program, const QString &bareProgram)
         qint64 before = ticks();
         elapsed = session.timeUntil("new", [&] { process->write("open\n"); });
         bareReopen.add(elapsed, ticks() - before);
-        process->closeWriteChannel();
-        process->waitForFinished();
+        endBare(*process);
 
         QElapsedTimer timer;
         timer.start();
         const int icons = session.icons();
         process = session.start(program, {u"--hidden"_s});
-        (void)waitFor([&] { return session.icons() > icons; });
+        expect(waitFor([&] { return session.icons() > icons; }), "no icon in time");
         icon.add(milliseconds(timer), ticks());
         quit(session, *process);
 
@@ -261,12 +281,11 @@ void run(Session &session, const QString &program, const QString &bareProgram)
     printMemory("bare, window open", settled(*process));
     (void)session.timeUntil("close", [&] { process->write("close\n"); });
     printMemory("bare, window closed", settled(*process));
-    process->closeWriteChannel();
-    process->waitForFinished();
+    endBare(*process);
 
     const int before = session.icons();
     process = session.start(program, {u"--hidden"_s});
-    (void)waitFor([&] { return session.icons() > before; });
+    expect(waitFor([&] { return session.icons() > before; }), "no icon in time");
     printMemory("in the tray, never opened", settled(*process));
     (void)session.timeUntil("new", activate);
     printMemory("window open", settled(*process));
@@ -289,14 +308,16 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     const QString missing = PrivateSway::missingProgram();
     if (!missing.isEmpty()) {
-        std::printf("%s is not installed\n", qPrintable(missing));
+        std::fprintf(stderr, "%s is not installed\n", qPrintable(missing));
         return 1;
     }
-    Session session;
-    if (!session.isReady()) {
-        std::printf("the session did not start\n");
+    try {
+        Session session;
+        expect(session.isReady(), "the session did not start");
+        run(session, QStringLiteral(QUORVANE_PROGRAM), QStringLiteral(BARE_WINDOW_PROGRAM));
+        return 0;
+    } catch (const std::runtime_error &failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
         return 1;
     }
-    run(session, QStringLiteral(QUORVANE_PROGRAM), QStringLiteral(BARE_WINDOW_PROGRAM));
-    return 0;
 }
