@@ -8,10 +8,18 @@
 #include <QQmlComponent>
 
 #include <chrono>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
+
+namespace {
+
+/// Three frames of a slow screen.
+constexpr std::chrono::milliseconds kLastFrame{50};
+
+} // namespace
 
 Scenes::Scenes(WallpaperManager &manager, SceneUrls urls, QObject *parent)
     : QObject(parent)
@@ -21,6 +29,9 @@ Scenes::Scenes(WallpaperManager &manager, SceneUrls urls, QObject *parent)
     m_idle.setSingleShot(true);
     m_idle.setInterval(std::chrono::milliseconds(500));
     connect(&m_idle, &QTimer::timeout, this, &returnIdlePages);
+    m_lastFrame.setSingleShot(true);
+    m_lastFrame.setInterval(kLastFrame);
+    connect(&m_lastFrame, &QTimer::timeout, this, &Scenes::hideLeaving);
 }
 
 Scenes::~Scenes()
@@ -51,6 +62,9 @@ void Scenes::open(QPointer<QQuickWindow> &window, const QUrl &url, const QString
         }
         // A window that was closed is gone, not hidden; not at once, because it may be in the middle of an event.
         connect(window, &QWindow::visibleChanged, this, &Scenes::collect, Qt::QueuedConnection);
+        if (QGuiApplication::platformName().startsWith("wayland"_L1)) {
+            window->installEventFilter(this);
+        }
         if (window->metaObject()->indexOfSignal("settingsRequested()") >= 0) {
             connect(window, SIGNAL(settingsRequested()), this, SLOT(openSettings()));
         }
@@ -59,6 +73,9 @@ void Scenes::open(QPointer<QQuickWindow> &window, const QUrl &url, const QString
             connect(window, SIGNAL(quitRequested()), this, SIGNAL(quitRequested()), Qt::QueuedConnection);
         }
         tellTray();
+    }
+    if (m_leaving.removeAll(window) > 0) {
+        window->requestUpdate();
     }
     if (!token.isEmpty()) {
         qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8()); // Read and removed by Qt at requestActivate().
@@ -110,8 +127,35 @@ void Scenes::tellTray()
 
 bool Scenes::isAnyVisible() const
 {
-    const auto isVisible = [](const QPointer<QQuickWindow> &window) { return !window.isNull() && window->isVisible(); };
+    const auto isVisible = [this](const QPointer<QQuickWindow> &window) {
+        return !window.isNull() && window->isVisible() && !m_leaving.contains(window);
+    };
     return isVisible(m_main) || isVisible(m_settings);
+}
+
+bool Scenes::eventFilter(QObject *object, QEvent *event)
+{
+    // Qt's Wayland client is told on a thread of its own that a frame was shown, and up to 6.4 at least it crashes when
+    // the window goes at that moment. So the last frame goes first.
+    auto *window = qobject_cast<QQuickWindow *>(object);
+    if (event->type() == QEvent::Close) {
+        event->ignore();
+        if (!m_leaving.contains(window)) {
+            m_leaving.append(window);
+            m_lastFrame.start();
+        }
+        return true;
+    }
+    return event->type() == QEvent::UpdateRequest && m_leaving.contains(window);
+}
+
+void Scenes::hideLeaving()
+{
+    for (const QPointer<QQuickWindow> &window : std::exchange(m_leaving, {})) {
+        if (!window.isNull()) {
+            window->hide();
+        }
+    }
 }
 
 void Scenes::collect()

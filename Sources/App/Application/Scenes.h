@@ -58,16 +58,23 @@ class Scenes : public QObject
     /// A window's own signal of that name, where it has one.
     void quitRequested();
 
+  protected:
+    /// A window that is asked to close draws nothing more, and is hidden once its last frame has been shown.
+    bool eventFilter(QObject *object, QEvent *event) override;
+
   private:
     void open(QPointer<QQuickWindow> &window, const QUrl &url, const QString &token);
     [[nodiscard]] QQuickWindow *make(const QUrl &url);
     void tellTray();
+    void hideLeaving();
     void collect();
 
     WallpaperManager &m_manager;
     SceneUrls m_urls;
     std::unique_ptr<QQmlEngine> m_engine;
     QTimer m_idle; ///< Runs from when nothing is left of the windows until that has settled, or one is opened again.
+    QTimer m_lastFrame; ///< Runs while windows are leaving.
+    QList<QPointer<QQuickWindow>> m_leaving;
     bool m_isTrayShown = true;
     QPointer<QQuickWindow> m_main;
     QPointer<QQuickWindow> m_settings;
