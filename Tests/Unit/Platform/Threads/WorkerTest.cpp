@@ -2,6 +2,7 @@
 #include "Platform/Threads/TaskScope.h"
 #include "Support/WaitFor.h"
 
+#include <QSemaphore>
 #include <QThread>
 
 #include <gtest/gtest.h>
@@ -36,17 +37,6 @@ QCoro::Task<> failing(QString *caught)
     } catch (const OwnError &error) {
         *caught = QString::fromUtf8(error.what());
     }
-}
-
-QCoro::Task<> slow(std::stop_token stop, bool *stopped)
-{
-    auto work = [stop = std::move(stop)] {
-        while (!stop.stop_requested()) {
-            QThread::yieldCurrentThread();
-        }
-        return true;
-    };
-    *stopped = co_await onWorker(std::move(work));
 }
 
 } // namespace
@@ -90,16 +80,24 @@ TEST(Worker, anExceptionKeepsItsType)
     EXPECT_EQ(caught, u"told"_s);
 }
 
-TEST(TaskScope, drainingAsksToStopAndWaits)
+TEST(Worker, theLoopIsNotBlockedByTheWork)
 {
-    bool stopped = false;
+    struct Caller
     {
-        TaskScope scope;
-        scope.start(slow(scope.stopToken(), &stopped));
-        EXPECT_EQ(scope.running(), 1);
-        EXPECT_FALSE(stopped);
-    }
-    EXPECT_TRUE(stopped);
+        static QCoro::Task<> call(QSemaphore *mayEnd, bool *wasReleased)
+        {
+            auto work = [mayEnd] { return mayEnd->tryAcquire(1, 20'000); };
+            *wasReleased = co_await onWorker(std::move(work));
+        }
+    };
+    // The work ends only when the event loop has gone round meanwhile.
+    TaskScope scope;
+    QSemaphore mayEnd;
+    bool wasReleased = false;
+    scope.start(Caller::call(&mayEnd, &wasReleased));
+    QTimer::singleShot(0, qApp, [&] { mayEnd.release(); });
+    EXPECT_TRUE(waitFor([&] { return scope.running() == 0; }));
+    EXPECT_TRUE(wasReleased);
 }
 
 } // namespace quorvane
