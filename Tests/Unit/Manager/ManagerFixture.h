@@ -8,6 +8,7 @@
 #include "Providers/ProviderError.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
+#include "Support/Files.h"
 #include "Support/PrivateHome.h"
 #include "Support/RecordingDesktop.h"
 #include "Support/TestClock.h"
@@ -93,12 +94,6 @@ class ManagerTest : public testing::Test
     [[nodiscard]] QString putImage(const QString &name) const
     {
         return ImageStore::saveImage(name, "image " + name.toUtf8()).value_or(QString());
-    }
-
-    [[nodiscard]] static QByteArray contentOf(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     [[nodiscard]] QStringList files() const { return QDir(home.library()).entryList(QDir::Files, QDir::Name); }

@@ -1,5 +1,6 @@
 #include "Upscaling/ModelInstall.h"
 #include "Providers/ProviderError.h"
+#include "Support/Files.h"
 #include "Unit/Upscaling/UpscalingTestSupport.h"
 #include "Upscaling/Image/UpscaleErrors.h"
 #include "Upscaling/Network/ModelFiles.h"
@@ -13,16 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
-
-namespace {
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-} // namespace
 
 TEST(ModelInstall, copiesAModelThatFits)
 {

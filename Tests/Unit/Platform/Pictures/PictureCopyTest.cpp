@@ -1,6 +1,7 @@
 #include "Platform/Pictures/PictureCopy.h"
 
 #include "Platform/Files/Paths.h"
+#include "Support/Files.h"
 #include "Support/PrivateHome.h"
 
 #include <QFile>
@@ -10,16 +11,6 @@
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
-
-namespace {
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
-}
-
-} // namespace
 
 TEST(PictureCopy, everyCopyHasANewNameWithItsBytesAndEnding)
 {

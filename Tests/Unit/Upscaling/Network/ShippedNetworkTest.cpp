@@ -1,6 +1,7 @@
 // The network in Resources/models: that it is the documented file, keeps to what the engine accepts, gives the same
 // picture everywhere and enlarges better than a bicubic filter. Documentation/Network.md has the long evaluation.
 
+#include "Support/Files.h"
 #include "Upscaling/LocalUpscaler.h"
 #include "Upscaling/Network/SuperResolutionModel.h"
 #include "demo-service/Painter/Painter.h"
@@ -22,12 +23,6 @@ namespace {
 
 constexpr int kScale = 4;
 const QString kNetwork = QStringLiteral(QUORVANE_SHIPPED_NETWORK);
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 QImage testPicture(const char *name)
 {
