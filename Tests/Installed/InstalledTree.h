@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Desktop/Keyring/KeyringSession.h"
 #include "Support/CommandRun.h"
+#include "Support/LoginSession.h"
 
 #include <QTemporaryDir>
 
@@ -25,7 +25,7 @@ class InstalledTest : public testing::Test
     [[nodiscard]] CommandRun run(const QStringList &arguments, const QByteArray &input = {});
     [[nodiscard]] CommandRun runOther(const QString &other, const QStringList &arguments, const QByteArray &input = {});
 
-    KeyringSession session;
+    LoginSession session;
 
   private:
     QTemporaryDir m_prefix;

@@ -1,9 +1,5 @@
 #include "Support/PrivateXServer.h"
 
-#include <QCoreApplication>
-#include <QFile>
-
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -63,38 +59,6 @@ QImage imageOf(const Connection &connection, xcb_drawable_t drawable)
         .copy();
 }
 
-/// X servers on one machine share their numbers through these files, which hold the process id of who has the number.
-QString lockPath(const QByteArray &number)
-{
-    return u"/tmp/.X%1-lock"_s.arg(QString::fromLatin1(number));
-}
-
-QByteArray lockHolder(const QByteArray &number)
-{
-    QFile lock(lockPath(number));
-    return lock.open(QIODevice::ReadOnly) ? lock.readAll().trimmed() : QByteArray();
-}
-
-/// Writes our own process id in place of the server's, so that nobody else gets the number when the server is killed.
-void holdNumber(const QByteArray &number)
-{
-    const QByteArray ourId = QByteArray::number(QCoreApplication::applicationPid());
-    QFile lock(lockPath(number) + u".held-by-"_s + QString::fromLatin1(ourId));
-    if (lock.open(QIODevice::WriteOnly)) {
-        lock.write(ourId.rightJustified(10) + '\n');
-        lock.close();
-        ::rename(QFile::encodeName(lock.fileName()).constData(), QFile::encodeName(lockPath(number)).constData());
-    }
-}
-
-void releaseNumber(const QByteArray &number)
-{
-    if (lockHolder(number) == QByteArray::number(QCoreApplication::applicationPid())) {
-        QFile::remove(u"/tmp/.X11-unix/X"_s + QString::fromLatin1(number));
-        QFile::remove(lockPath(number));
-    }
-}
-
 } // namespace
 
 QString PrivateXServer::missingProgram()
@@ -115,25 +79,17 @@ void PrivateXServer::start(const QString &program, const QStringList &options, O
     OwnedProgram::handOver(m_folder.path(), user);
     QProcessEnvironment environment;
     environment.insert(u"PATH"_s, qEnvironmentVariable("PATH"));
-    m_program = std::make_unique<OwnedProgram>(program, options, environment, m_folder.path(), user);
-    const QByteArray number = m_program->readLine();
-    if (number.isEmpty()) {
+    m_number = std::make_unique<DisplayNumber>();
+    m_program = std::make_unique<OwnedProgram>(program, QStringList{QString::fromLatin1(m_number->display())} + options,
+                                               environment, m_folder.path(), user);
+    if (m_program->readLine().isEmpty()) {
         qWarning("%s did not start: %s", qUtf8Printable(program), m_program->errors().constData());
     } else {
-        m_display = ":" + number;
-        holdNumber(number);
+        m_display = m_number->display();
     }
 }
 
-PrivateXServer::~PrivateXServer()
-{
-    if (m_program != nullptr) {
-        m_program->stop();
-    }
-    if (isReady()) {
-        releaseNumber(m_display.mid(1));
-    }
-}
+PrivateXServer::~PrivateXServer() = default;
 
 QProcessEnvironment PrivateXServer::clientEnvironment() const
 {

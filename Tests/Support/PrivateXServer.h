@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Support/DisplayNumber.h"
 #include "Support/OwnedProgram.h"
 
 #include <QImage>
@@ -68,6 +69,7 @@ class PrivateXServer
 
   private:
     QTemporaryDir m_folder;
+    std::unique_ptr<DisplayNumber> m_number; ///< Before the program, so that it is held until that has ended.
     std::unique_ptr<OwnedProgram> m_program;
     QByteArray m_display;
     bool m_hasMonitors = false;

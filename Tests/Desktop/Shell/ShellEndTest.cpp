@@ -1,6 +1,6 @@
 // The end of a session: display, bus and desktop go in any order, and the program is gone soon with everything saved.
 
-#include "ShellSession.h"
+#include "ShellFixture.h"
 
 #include "Support/Files.h"
 #include "Support/PrivateSway.h"

@@ -1,6 +1,6 @@
 // One instance, and how it is reached: second starts, signals, commands.
 
-#include "ShellSession.h"
+#include "ShellFixture.h"
 
 #include "App/Control/ControlCalls.h"
 #include "Support/WaitFor.h"

@@ -1,6 +1,6 @@
 // The menu as a panel sees it: read and clicked over the bus.
 
-#include "ShellSession.h"
+#include "ShellFixture.h"
 
 #include "Support/WaitFor.h"
 

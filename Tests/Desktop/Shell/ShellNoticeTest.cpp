@@ -1,6 +1,6 @@
 // What the desktop is asked to tell while nobody looks, through a notification daemon of the test's own.
 
-#include "ShellSession.h"
+#include "ShellFixture.h"
 
 #include "Support/WaitFor.h"
 

@@ -1,7 +1,7 @@
 // The icon in real panels: sway's bar, which reads the bus, and a tray of the old X11 kind, which embeds a window.
 // Judged by the pixels of the screen.
 
-#include "ShellSession.h"
+#include "ShellFixture.h"
 
 #include "Support/Files.h"
 #include "Support/PrivateSway.h"

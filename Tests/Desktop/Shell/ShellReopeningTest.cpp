@@ -3,7 +3,7 @@
 // The real program with its real windows, on a headless sway and on an X server. QUORVANE_SOAK=full goes on for five
 // hundred times.
 
-#include "ShellSession.h"
+#include "ShellFixture.h"
 
 #include "App/Control/ControlCalls.h"
 #include "Support/PrivateSway.h"

@@ -1,6 +1,6 @@
 // The windows follow at once what a command changes over the bus.
 
-#include "ShellSession.h"
+#include "ShellFixture.h"
 
 #include "App/Command/Services.h"
 #include "App/Control/ControlService.h"

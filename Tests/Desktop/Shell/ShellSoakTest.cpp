@@ -4,7 +4,7 @@
 // thousand pictures, the short form takes seconds and some tens. Judged are counts: system calls, bytes and
 // descriptors; never time.
 
-#include "ShellSession.h"
+#include "ShellFixture.h"
 
 #include "App/Control/ControlCalls.h"
 #include "Platform/System/GraphicsProcessor.h"

@@ -1,5 +1,5 @@
 #include "Platform/System/AutostartPortal.h"
-#include "Desktop/Keyring/KeyringSession.h"
+#include "Support/LoginSession.h"
 #include "Support/Results.h"
 
 #include <QDBusArgument>
@@ -80,7 +80,7 @@ class AutostartPortal : public testing::Test
         return askPortalForAutostart(MessageBus(address), autostart, limit);
     }
 
-    mutable KeyringSession m_session;
+    mutable LoginSession m_session;
 };
 
 } // namespace

@@ -1,9 +1,9 @@
 #include "Platform/Bus/MessageBus.h"
-#include "Desktop/Keyring/KeyringSession.h"
 #include "Platform/Bus/Sandbox.h"
 #include "Platform/Bus/SessionBus.h"
 #include "Platform/Threads/TimeLimit.h"
 #include "Support/Files.h"
+#include "Support/LoginSession.h"
 #include "Support/Results.h"
 #include "Support/WaitFor.h"
 
@@ -44,7 +44,7 @@ class MessageBusTest : public testing::Test
         return session.connection().interface()->isServiceRegistered(baseService).value();
     }
 
-    mutable KeyringSession session;
+    mutable LoginSession session;
 };
 
 /// Takes every call and answers none.

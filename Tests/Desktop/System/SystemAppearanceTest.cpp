@@ -1,6 +1,6 @@
 // How the system wants programs to look, as a desktop portal of the test's own tells it.
 
-#include "Desktop/Keyring/KeyringSession.h"
+#include "Support/LoginSession.h"
 
 #include "Platform/System/FileManager.h"
 #include "Platform/System/SystemAppearance.h"
@@ -135,7 +135,7 @@ class SystemAppearanceTest : public testing::Test
     }
     ~SystemAppearanceTest() override { qunsetenv("DBUS_SESSION_BUS_ADDRESS"); }
 
-    KeyringSession session;
+    LoginSession session;
 };
 
 TEST_F(SystemAppearanceTest, itFollowsThePortalWhileItLives)

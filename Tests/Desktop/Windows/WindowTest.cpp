@@ -2,7 +2,7 @@
 // through the window system.
 
 #include "AccessibleTree.h"
-#include "Desktop/Keyring/KeyringSession.h"
+#include "Support/LoginSession.h"
 
 #include "App/Control/ControlCalls.h"
 #include "Storage/ImageStore.h"
@@ -171,7 +171,7 @@ class WindowTest : public testing::Test
         EXPECT_TRUE(ImageStore::savePrompt(prompt, ImageStore::saveImage(u"one.png"_s, bytes).value_or(QString())));
     }
 
-    KeyringSession session;
+    LoginSession session;
     std::optional<OwnedProgram> accessibility;
     std::optional<AccessibleTree> tree;
     std::optional<OwnedProgram> program;

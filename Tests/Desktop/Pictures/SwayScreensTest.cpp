@@ -28,7 +28,7 @@ const QString kSecond = u"HEADLESS-2"_s;
 /// Wide on one screen, high on the other, so that each crops another pair of edges.
 constexpr QSize kSource(1200, 1000);
 
-class DesktopPictureSwayTest : public testing::Test
+class SwayScreensTest : public testing::Test
 {
   protected:
     void SetUp() override
@@ -77,7 +77,7 @@ class DesktopPictureSwayTest : public testing::Test
 
 } // namespace
 
-TEST_F(DesktopPictureSwayTest, listsTheActiveOutputsWithTheSizesTheyHaveAsTheyAreTurned)
+TEST_F(SwayScreensTest, listsTheActiveOutputsWithTheSizesTheyHaveAsTheyAreTurned)
 {
     // Each version of sway tells them in another order.
     const QList<Screen> screens = m_desktop->screens();
@@ -89,7 +89,7 @@ TEST_F(DesktopPictureSwayTest, listsTheActiveOutputsWithTheSizesTheyHaveAsTheyAr
     EXPECT_TRUE(waitFor([&] { return m_desktop->screens().contains({kFirst, QSize(450, 800)}); }));
 }
 
-TEST_F(DesktopPictureSwayTest, fillsEachScreenAroundTheCentreAndRefreshesTheSamePath)
+TEST_F(SwayScreensTest, fillsEachScreenAroundTheCentreAndRefreshesTheSamePath)
 {
     const QString path = save(library(u"one.png"_s), 40);
     ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
@@ -106,7 +106,7 @@ TEST_F(DesktopPictureSwayTest, fillsEachScreenAroundTheCentreAndRefreshesTheSame
     EXPECT_EQ(waitForPicture(200), QString());
 }
 
-TEST_F(DesktopPictureSwayTest, showsPicturesFromFoldersWithAnyNameAndRunsNothingInThem)
+TEST_F(SwayScreensTest, showsPicturesFromFoldersWithAnyNameAndRunsNothingInThem)
 {
     const QString name = QString::fromUtf8("o'brien $(touch x) `touch x` #1 100% \"q\" ;,\\ \n Ünïcødé 日本");
     const QString path = save(library(name + u"/picture.png"_s), 120);
@@ -129,7 +129,7 @@ TEST_F(DesktopPictureSwayTest, showsPicturesFromFoldersWithAnyNameAndRunsNothing
     EXPECT_EQ(copies(), QStringList());
 }
 
-TEST_F(DesktopPictureSwayTest, usesTheSessionFolderWhereTheHomeHasAnAwkwardNameToo)
+TEST_F(SwayScreensTest, usesTheSessionFolderWhereTheHomeHasAnAwkwardNameToo)
 {
     const QString stateHome = m_home.path() + u"/it's mine"_s;
     const QString session = m_home.path() + u"/session"_s;
@@ -144,7 +144,7 @@ TEST_F(DesktopPictureSwayTest, usesTheSessionFolderWhereTheHomeHasAnAwkwardNameT
     before.isNull() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", before);
 }
 
-TEST_F(DesktopPictureSwayTest, showsFormatsThatSwaysOwnProgramMayNotRead)
+TEST_F(SwayScreensTest, showsFormatsThatSwaysOwnProgramMayNotRead)
 {
     const QString path = save(library(u"picture.png"_s), 90, "bmp");
     ASSERT_EQ(m_desktop->setPicture(path, m_desktop->screens()), kDone);
@@ -152,7 +152,7 @@ TEST_F(DesktopPictureSwayTest, showsFormatsThatSwaysOwnProgramMayNotRead)
     EXPECT_EQ(copies().size(), 1);
 }
 
-TEST_F(DesktopPictureSwayTest, refusesWhatSwayWouldCallASuccess)
+TEST_F(SwayScreensTest, refusesWhatSwayWouldCallASuccess)
 {
     const QList<Screen> screens = m_desktop->screens();
     const QString path = save(library(u"one.png"_s), 40);
@@ -176,7 +176,7 @@ TEST_F(DesktopPictureSwayTest, refusesWhatSwayWouldCallASuccess)
     EXPECT_EQ(waitForPicture(40), QString());
 }
 
-TEST_F(DesktopPictureSwayTest, aKilledSwayIsAnErrorAtOnceAndHasNoScreens)
+TEST_F(SwayScreensTest, aKilledSwayIsAnErrorAtOnceAndHasNoScreens)
 {
     const QList<Screen> screens = m_desktop->screens();
     const QString path = save(library(u"one.png"_s), 40);
@@ -194,7 +194,7 @@ TEST_F(DesktopPictureSwayTest, aKilledSwayIsAnErrorAtOnceAndHasNoScreens)
     EXPECT_EQ(copies(), QStringList()) << "no failure leaves a copy behind that nobody shows";
 }
 
-TEST_F(DesktopPictureSwayTest, aSwayThatHangsIsGivenUp)
+TEST_F(SwayScreensTest, aSwayThatHangsIsGivenUp)
 {
     const QList<Screen> screens = m_desktop->screens();
     const QString path = save(library(u"one.png"_s), 40);

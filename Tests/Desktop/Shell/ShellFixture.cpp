@@ -1,4 +1,4 @@
-#include "ShellSession.h"
+#include "ShellFixture.h"
 
 #include "App/Control/ControlCalls.h"
 #include "Support/WaitFor.h"

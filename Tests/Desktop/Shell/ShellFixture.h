@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Desktop/Keyring/KeyringSession.h"
+#include "Support/LoginSession.h"
 
 #include "App/Tray/DBusMenu.h"
 #include "Support/CommandRun.h"
@@ -105,7 +105,7 @@ class ShellTest : public testing::Test
     [[nodiscard]] QVariant menuProperty(MenuItem::Id id, const QString &name) const;
     void click(MenuItem::Id id) const;
 
-    KeyringSession session;
+    LoginSession session;
     DemoService service;
 };
 
