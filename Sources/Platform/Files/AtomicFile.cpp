@@ -14,6 +14,7 @@
 #include <optional>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -25,7 +26,7 @@ namespace {
 
 // The leading dot keeps a leftover out of every listing, the ending tells it apart from other programs' hidden files.
 constexpr auto kTemporaryEnding = ".quorvane-tmp";
-constexpr qint64 kAbandonedAfterSeconds = 3600;
+constexpr qint64 kAbandonedAfterSeconds = 3600; // Where the file system cannot tell whether somebody writes.
 
 constexpr mode_t kPermissions = S_IRWXU | S_IRWXG | S_IRWXO;
 constexpr int kMostLinks = 40; // As many as the kernel follows.
@@ -83,6 +84,30 @@ QByteArray followed(QByteArray path)
     return {};
 }
 
+/// A new file that begins with such a name, open, and locked as a sign that it is being written; not open, with errno
+/// set, when there can be none.
+FileDescriptor lockedTemporary(const QByteArray &begin, QByteArray *name)
+{
+    while (true) {
+        // mkostemps creates with mode 0600, so a key is never readable by others, not even for a moment.
+        FileDescriptor file(uninterrupted([&] {
+            *name = begin + ".XXXXXX" + kTemporaryEnding;
+            return ::mkostemps(name->data(), static_cast<int>(qstrlen(kTemporaryEnding)), O_CLOEXEC);
+        }));
+        if (!file.isOpen()) {
+            return file;
+        }
+        const bool isTaken =
+            uninterrupted([&] { return ::flock(file.get(), LOCK_EX | LOCK_NB); }) != 0 && errno == EWOULDBLOCK;
+        struct stat status = {};
+        const bool isGone = ::fstat(file.get(), &status) == 0 && status.st_nlink == 0;
+        if (!isTaken && !isGone) {
+            return file;
+        }
+        // Somebody who looks for abandoned files found it before the lock did.
+    }
+}
+
 /// The permissions that the new file gets, and its owner where the old one had another.
 void takeOver(const std::optional<struct stat> &old, int descriptor, FileAccess access)
 {
@@ -136,13 +161,9 @@ Result<> writeFileAtomically(const QString &path, const QByteArray &bytes, FileA
     }
 
     const QByteArray folder = folderOf(target);
-    const QByteArray begin = folder + "/." + target.mid(target.lastIndexOf('/') + 1).left(200);
     QByteArray temporary;
-    // mkostemps creates with mode 0600, so a key is never readable by others, not even for a moment.
-    const FileDescriptor descriptor(uninterrupted([&] {
-        temporary = begin + ".XXXXXX" + kTemporaryEnding;
-        return ::mkostemps(temporary.data(), static_cast<int>(qstrlen(kTemporaryEnding)), O_CLOEXEC);
-    }));
+    const FileDescriptor descriptor =
+        lockedTemporary(folder + "/." + target.mid(target.lastIndexOf('/') + 1).left(200), &temporary);
     if (!descriptor.isOpen()) {
         return failureOf(errno);
     }
@@ -169,8 +190,14 @@ void removeAbandonedTemporaries(const QString &folder)
                                                     QDir::Files | QDir::Hidden | QDir::NoSymLinks);
     const QDateTime limit = QDateTime::currentDateTimeUtc().addSecs(-kAbandonedAfterSeconds);
     for (const QFileInfo &entry : entries) {
-        if (entry.lastModified() < limit) {
-            QFile::remove(entry.filePath());
+        const QByteArray name = QFile::encodeName(entry.filePath());
+        const FileDescriptor file(
+            uninterrupted([&] { return ::open(name.constData(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC); }));
+        const bool isLocked =
+            file.isOpen() && uninterrupted([&] { return ::flock(file.get(), LOCK_EX | LOCK_NB); }) == 0;
+        const bool isBeingWritten = file.isOpen() && !isLocked && errno == EWOULDBLOCK;
+        if (isLocked || (!isBeingWritten && entry.lastModified() < limit)) {
+            (void)uninterrupted([&] { return ::unlink(name.constData()); });
         }
     }
 }

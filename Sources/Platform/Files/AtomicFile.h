@@ -24,8 +24,9 @@ Result<> writeFileAtomically(const QString &path, const QByteArray &bytes, FileA
 /// when they lead nowhere.
 [[nodiscard]] Result<QString> writtenPath(const QString &path);
 
-/// Removes temporary files in folder that a killed process left behind. Only names that writeFileAtomically gives, and
-/// only files untouched for an hour, so that another process's running write is never disturbed.
+/// Removes temporary files in folder that a killed process left behind: only names that writeFileAtomically gives, and
+/// only files that nobody writes any more. Whoever writes one holds an flock(2) on it; where the file system has none,
+/// a file untouched for an hour is taken for abandoned.
 void removeAbandonedTemporaries(const QString &folder);
 
 } // namespace quorvane

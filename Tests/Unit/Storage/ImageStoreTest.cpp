@@ -310,8 +310,67 @@ TEST_F(ImageStoreTest, aWrongSideFileIsEmptyAndReplacedAtTheNextWrite)
     EXPECT_EQ(content("prompts.json"), "{}");
 }
 
+TEST_F(ImageStoreTest, onlyNamesOfImagesAreFollowed)
+{
+    ASSERT_TRUE(put("a.png") && put("notes.txt") && put("favorites.json", "[\"b.png\"]"));
+    for (const char *name : {"favorites.json", "notes.txt", "variants.json", ".lock", ".hidden.png"}) {
+        ASSERT_TRUE(put("a.png") && put(".hidden.png"));
+        ASSERT_TRUE(put("variants.json", QByteArray("{\"a.png\":\"") + name + "\",\"" + name + "\":\"a.png\"}"));
+        EXPECT_EQ(ImageStore::variant(at("a.png")), std::nullopt) << name;
+        EXPECT_TRUE(ImageStore::deleteImage(at("a.png"))) << name;
+        EXPECT_EQ(content("favorites.json"), "[\"b.png\"]") << name;
+        EXPECT_TRUE(QFileInfo::exists(at("notes.txt")) && QFileInfo::exists(at(".hidden.png"))) << name;
+        EXPECT_EQ(content("variants.json"), "{}") << name;
+    }
+}
+
+TEST_F(ImageStoreTest, slashesBehindAnImageAreNotItsName)
+{
+    ASSERT_TRUE(put("a.png") && put("b.png"));
+    EXPECT_TRUE(ImageStore::savePrompt(text("p"), at("a.png//")));
+    EXPECT_TRUE(ImageStore::saveVariantLink(at("a.png"), at("b.png/")));
+    EXPECT_EQ(content("prompts.json"), "{\"a.png\":\"p\"}");
+    EXPECT_EQ(content("variants.json"), "{\"a.png\":\"b.png\"}");
+    EXPECT_TRUE(ImageStore::deleteImage(at("a.png/")));
+    EXPECT_TRUE(ImageStore::allImages().isEmpty());
+    EXPECT_EQ(content("prompts.json"), "{}");
+    EXPECT_EQ(content("variants.json"), "{}");
+}
+
+TEST_F(ImageStoreTest, whatCannotBeDeletedIsToldByItsName)
+{
+    ASSERT_TRUE(put("x.png/inside"));
+    const Result<> deleted = ImageStore::deleteImage(at("x.png"));
+    ASSERT_FALSE(deleted);
+    EXPECT_EQ(deleted.failure().words, text("x.png could not be deleted: Directory not empty"));
+    ASSERT_TRUE(QFile::remove(at("x.png/inside")));
+    EXPECT_TRUE(ImageStore::deleteImage(at("x.png")));
+    EXPECT_FALSE(QFileInfo::exists(at("x.png")));
+}
+
+TEST_F(ImageStoreTest, namesakesElsewhereAreNotInTheLibrary)
+{
+    const QString elsewhere = m_home.path() + text("/Downloads/a.png");
+    ASSERT_TRUE(putFile(elsewhere) && put("a.png"));
+    ASSERT_TRUE(QFile::link(m_home.library(), m_home.path() + text("/short")));
+    ASSERT_TRUE(QFile::link(at("a.png"), m_home.path() + text("/Downloads/link.png")));
+    ASSERT_TRUE(QFile::link(elsewhere, at("link.png")));
+    for (const QString &path : {at("a.png"), at("a.png/"), at("gone.png"), at("link.png"), at("../Quorvane/a.png"),
+                                m_home.path() + text("/short/a.png")}) {
+        EXPECT_TRUE(ImageStore::isInLibrary(path)) << qPrintable(path);
+    }
+    for (const QString &path : {elsewhere, text("a.png"), QString(), text("/"), at("sub/a.png"), m_home.library(),
+                                at(".."), m_home.path() + text("/Downloads/link.png")}) {
+        EXPECT_FALSE(ImageStore::isInLibrary(path)) << qPrintable(path);
+    }
+}
+
 TEST(ImageName, isTheLastComponent)
 {
+    EXPECT_EQ(imageName(text("/a/b.png/")), text("b.png"));
+    EXPECT_EQ(imageName(text("b.png//")), text("b.png"));
+    EXPECT_EQ(imageName(text("/b.png")), text("b.png"));
+    EXPECT_EQ(imageName(text("/")), QString());
     EXPECT_EQ(imageName(text("/a/b/c.d.png")), text("c.d.png"));
     EXPECT_EQ(imageName(text("c.png")), text("c.png"));
     EXPECT_EQ(imageName(QString()), QString());

@@ -1,14 +1,19 @@
 #include "Platform/Files/AtomicFile.h"
+#include "Platform/Files/SystemCall.h"
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
 #include "Support/SmallDisk.h"
 
-#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -198,21 +203,40 @@ TEST(AtomicFile, aMissingFolderIsAFailure)
     EXPECT_FALSE(writeFileAtomically(home.path() + u"/a\0b"_s, "x"));
 }
 
-TEST(AtomicFile, onlyOldTemporariesOfOursAreRemoved)
+TEST(AtomicFile, onlyTemporariesOfOursThatNobodyWritesAreRemoved)
 {
     const PrivateHome home;
-    const QStringList names{u".a.json.XyZ123.quorvane-tmp"_s, u".b.json.XyZ123.quorvane-tmp"_s, u".other-program"_s,
-                            u"wallpaper.png"_s};
-    for (const QString &name : names) {
-        QFile file(home.path() + '/'_L1 + name);
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        if (!name.startsWith(u".b"_s)) {
-            ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
-        }
+    for (const QString &name : {u".a.json.XyZ123.quorvane-tmp"_s, u".b.json.XyZ123.quorvane-tmp"_s, u".other-program"_s,
+                                u"wallpaper.png"_s}) {
+        ASSERT_TRUE(putFile(home.path() + '/'_L1 + name));
     }
+    // Somebody writes the second one at this moment.
+    const FileDescriptor writer(
+        ::open(QFile::encodeName(home.path() + u"/.b.json.XyZ123.quorvane-tmp"_s).constData(), O_RDWR | O_CLOEXEC));
+    ASSERT_EQ(::flock(writer.get(), LOCK_EX), 0);
     removeAbandonedTemporaries(home.path());
-    const QStringList left = QDir(home.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
-    EXPECT_EQ(left, (QStringList{names.at(1), names.at(2), names.at(3)}));
+    EXPECT_EQ(entriesOf(home.path()),
+              (QStringList{u".b.json.XyZ123.quorvane-tmp"_s, u".other-program"_s, u"wallpaper.png"_s}));
+}
+
+TEST(AtomicFile, aWriteBesideOthersThatRemoveWhatIsAbandonedIsNeverLost)
+{
+    const PrivateHome home;
+    std::atomic<bool> isDone = false;
+    std::thread remover([&] {
+        while (!isDone) {
+            removeAbandonedTemporaries(home.path());
+        }
+    });
+    int failures = 0;
+    for (int round = 0; round < 200; ++round) {
+        failures += writeFileAtomically(home.path() + u"/a"_s, QByteArray::number(round)) ? 0 : 1;
+    }
+    isDone = true;
+    remover.join();
+    EXPECT_EQ(failures, 0);
+    EXPECT_EQ(contentOf(home.path() + u"/a"_s), "199");
+    EXPECT_EQ(entriesOf(home.path()), QStringList{u"a"_s});
 }
 
 } // namespace quorvane

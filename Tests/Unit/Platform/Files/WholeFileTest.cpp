@@ -84,7 +84,7 @@ TEST(WholeFile, whatIsNoRegularFileIsNeverOpened)
     EXPECT_EQ(wordsOf(home.path()), u"Is a directory"_s);
 
     QFile file;
-    EXPECT_FALSE(openRegularFile(pipe, &file));
+    EXPECT_FALSE(openRegularFile(pipe, kLimit, &file));
     EXPECT_FALSE(file.isOpen());
 }
 
@@ -94,8 +94,11 @@ TEST(WholeFile, aLinkIsFollowed)
     ASSERT_TRUE(putFile(home.path() + u"/a"_s, "content"));
     ASSERT_TRUE(QFile::link(u"a"_s, home.path() + u"/link"_s));
     QFile file;
-    ASSERT_TRUE(openRegularFile(home.path() + u"/link"_s, &file));
+    ASSERT_TRUE(openRegularFile(home.path() + u"/link"_s, kLimit, &file));
     EXPECT_EQ(file.readAll(), "content");
+    file.close();
+    EXPECT_FALSE(openRegularFile(home.path() + u"/link"_s, 6, &file));
+    EXPECT_FALSE(file.isOpen());
 }
 
 TEST(WholeFile, aReadingThatIsToStopEnds)
