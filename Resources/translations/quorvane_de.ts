@@ -852,16 +852,16 @@ mit den Bedienelementen in der Seitenleiste.</translation>
         <source>RealESRGAN model not found in app bundle</source>
         <translation>RealESRGAN-Modell im Programmpaket nicht gefunden</translation>
     </message>
+    <message>
+        <source>The model cannot be read: %1</source>
+        <translation>Das Modell kann nicht gelesen werden: %1</translation>
+    </message>
 </context>
 <context>
     <name>ModelInstall</name>
     <message>
         <source>The model cannot be copied: %1</source>
         <translation>Das Modell kann nicht kopiert werden: %1</translation>
-    </message>
-    <message>
-        <source>writing %1 failed</source>
-        <translation>Schreiben von %1 fehlgeschlagen</translation>
     </message>
 </context>
 <context>
@@ -1295,18 +1295,6 @@ mit den Bedienelementen in der Seitenleiste.</translation>
         <translation>float32 oder float16 %1, oder beliebige Höhe und Breite</translation>
     </message>
     <message>
-        <source>The model cannot be read: %1</source>
-        <translation>Das Modell kann nicht gelesen werden: %1</translation>
-    </message>
-    <message>
-        <source>its file has %1 bytes</source>
-        <translation>seine Datei hat %1 Bytes</translation>
-    </message>
-    <message>
-        <source>an ONNX file of at most %1</source>
-        <translation>eine ONNX-Datei von höchstens %1</translation>
-    </message>
-    <message>
         <source>its input is %1 %2</source>
         <translation>seine Eingabe ist %1 %2</translation>
     </message>
@@ -1357,6 +1345,14 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>one file with everything in it</source>
         <translation>eine Datei, die alles enthält</translation>
+    </message>
+    <message>
+        <source>its file is empty</source>
+        <translation>seine Datei ist leer</translation>
+    </message>
+    <message>
+        <source>an ONNX file</source>
+        <translation>eine ONNX-Datei</translation>
     </message>
 </context>
 <context>

@@ -852,16 +852,16 @@ con los controles de la barra lateral.</translation>
         <source>RealESRGAN model not found in app bundle</source>
         <translation>No se encontró el modelo RealESRGAN en la aplicación</translation>
     </message>
+    <message>
+        <source>The model cannot be read: %1</source>
+        <translation>No se puede leer el modelo: %1</translation>
+    </message>
 </context>
 <context>
     <name>ModelInstall</name>
     <message>
         <source>The model cannot be copied: %1</source>
         <translation>No se puede copiar el modelo: %1</translation>
-    </message>
-    <message>
-        <source>writing %1 failed</source>
-        <translation>falló la escritura de %1</translation>
     </message>
 </context>
 <context>
@@ -1295,18 +1295,6 @@ con los controles de la barra lateral.</translation>
         <translation>float32 o float16 %1, o cualquier altura y anchura</translation>
     </message>
     <message>
-        <source>The model cannot be read: %1</source>
-        <translation>No se puede leer el modelo: %1</translation>
-    </message>
-    <message>
-        <source>its file has %1 bytes</source>
-        <translation>su archivo tiene %1 bytes</translation>
-    </message>
-    <message>
-        <source>an ONNX file of at most %1</source>
-        <translation>un archivo ONNX de %1 como máximo</translation>
-    </message>
-    <message>
         <source>its input is %1 %2</source>
         <translation>su entrada es %1 %2</translation>
     </message>
@@ -1357,6 +1345,14 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>one file with everything in it</source>
         <translation>un único archivo que lo contenga todo</translation>
+    </message>
+    <message>
+        <source>its file is empty</source>
+        <translation>su archivo está vacío</translation>
+    </message>
+    <message>
+        <source>an ONNX file</source>
+        <translation>un archivo ONNX</translation>
     </message>
 </context>
 <context>

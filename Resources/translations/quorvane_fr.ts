@@ -852,16 +852,16 @@ avec les commandes du panneau latéral.</translation>
         <source>RealESRGAN model not found in app bundle</source>
         <translation>Modèle RealESRGAN introuvable dans l’application</translation>
     </message>
+    <message>
+        <source>The model cannot be read: %1</source>
+        <translation>Impossible de lire le modèle&#xa0;: %1</translation>
+    </message>
 </context>
 <context>
     <name>ModelInstall</name>
     <message>
         <source>The model cannot be copied: %1</source>
         <translation>Impossible de copier le modèle&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>writing %1 failed</source>
-        <translation>échec de l’écriture de %1</translation>
     </message>
 </context>
 <context>
@@ -1295,18 +1295,6 @@ avec les commandes du panneau latéral.</translation>
         <translation>float32 ou float16 %1, ou une hauteur et une largeur quelconques</translation>
     </message>
     <message>
-        <source>The model cannot be read: %1</source>
-        <translation>Impossible de lire le modèle&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>its file has %1 bytes</source>
-        <translation>son fichier a %1 octets</translation>
-    </message>
-    <message>
-        <source>an ONNX file of at most %1</source>
-        <translation>un fichier ONNX de %1 au plus</translation>
-    </message>
-    <message>
         <source>its input is %1 %2</source>
         <translation>son entrée est %1 %2</translation>
     </message>
@@ -1357,6 +1345,14 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>one file with everything in it</source>
         <translation>un seul fichier qui contient tout</translation>
+    </message>
+    <message>
+        <source>its file is empty</source>
+        <translation>son fichier est vide</translation>
+    </message>
+    <message>
+        <source>an ONNX file</source>
+        <translation>un fichier ONNX</translation>
     </message>
 </context>
 <context>

@@ -850,16 +850,16 @@ using the sidebar controls.</source>
         <source>RealESRGAN model not found in app bundle</source>
         <translation>アプリケーションにRealESRGANモデルが見つかりません</translation>
     </message>
+    <message>
+        <source>The model cannot be read: %1</source>
+        <translation>モデルを読み込めません: %1</translation>
+    </message>
 </context>
 <context>
     <name>ModelInstall</name>
     <message>
         <source>The model cannot be copied: %1</source>
         <translation>モデルをコピーできません: %1</translation>
-    </message>
-    <message>
-        <source>writing %1 failed</source>
-        <translation>%1への書き込みに失敗しました</translation>
     </message>
 </context>
 <context>
@@ -1289,18 +1289,6 @@ using the sidebar controls.</source>
         <translation>float32またはfloat16の%1、または任意の高さと幅</translation>
     </message>
     <message>
-        <source>The model cannot be read: %1</source>
-        <translation>モデルを読み込めません: %1</translation>
-    </message>
-    <message>
-        <source>its file has %1 bytes</source>
-        <translation>ファイルが%1バイトです</translation>
-    </message>
-    <message>
-        <source>an ONNX file of at most %1</source>
-        <translation>最大%1バイトのONNXファイル</translation>
-    </message>
-    <message>
         <source>its input is %1 %2</source>
         <translation>入力が%1 %2です</translation>
     </message>
@@ -1351,6 +1339,14 @@ using the sidebar controls.</source>
     <message>
         <source>one file with everything in it</source>
         <translation>すべてを含む一つのファイル</translation>
+    </message>
+    <message>
+        <source>its file is empty</source>
+        <translation>ファイルが空です</translation>
+    </message>
+    <message>
+        <source>an ONNX file</source>
+        <translation>ONNX ファイル</translation>
     </message>
 </context>
 <context>

@@ -850,16 +850,16 @@ using the sidebar controls.</source>
         <source>RealESRGAN model not found in app bundle</source>
         <translation>应用程序中找不到 RealESRGAN 模型</translation>
     </message>
+    <message>
+        <source>The model cannot be read: %1</source>
+        <translation>无法读取模型：%1</translation>
+    </message>
 </context>
 <context>
     <name>ModelInstall</name>
     <message>
         <source>The model cannot be copied: %1</source>
         <translation>无法复制模型：%1</translation>
-    </message>
-    <message>
-        <source>writing %1 failed</source>
-        <translation>写入 %1 失败</translation>
     </message>
 </context>
 <context>
@@ -1289,18 +1289,6 @@ using the sidebar controls.</source>
         <translation>float32 或 float16 %1，或任意高度和宽度</translation>
     </message>
     <message>
-        <source>The model cannot be read: %1</source>
-        <translation>无法读取模型：%1</translation>
-    </message>
-    <message>
-        <source>its file has %1 bytes</source>
-        <translation>其文件有 %1 字节</translation>
-    </message>
-    <message>
-        <source>an ONNX file of at most %1</source>
-        <translation>不超过 %1 字节的 ONNX 文件</translation>
-    </message>
-    <message>
         <source>its input is %1 %2</source>
         <translation>其输入为 %1 %2</translation>
     </message>
@@ -1351,6 +1339,14 @@ using the sidebar controls.</source>
     <message>
         <source>one file with everything in it</source>
         <translation>一个包含全部内容的文件</translation>
+    </message>
+    <message>
+        <source>its file is empty</source>
+        <translation>其文件为空</translation>
+    </message>
+    <message>
+        <source>an ONNX file</source>
+        <translation>一个 ONNX 文件</translation>
     </message>
 </context>
 <context>

@@ -1,13 +1,13 @@
 // A 4K copy of a picture that is in the library already.
 
 #include "Manager/WallpaperManager.h"
+#include "Platform/Files/WholeFile.h"
 #include "Platform/Threads/Worker.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
 #include "Storage/SideFile.h"
 #include "Upscaling/GeminiUpscale.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <stdexcept>
@@ -19,17 +19,13 @@ namespace quorvane {
 namespace {
 
 /// The whole file; throws with the system's words.
-QByteArray contentOf(const QString &path)
+QByteArray contentOf(const QString &path, const std::stop_token &stop)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw std::runtime_error(file.errorString().toStdString());
+    Result<QByteArray> bytes = readWhole(path, kLargestPictureBytes, stop);
+    if (!bytes) {
+        throw std::runtime_error(bytes.failure().words.toStdString());
     }
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        throw std::runtime_error(file.errorString().toStdString());
-    }
-    return bytes;
+    return std::move(*bytes);
 }
 
 } // namespace
@@ -62,7 +58,7 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, quint64 oper
     UpscaledImage upscaled;
     QString failure;
     try {
-        auto read = [url] { return contentOf(url); };
+        auto read = [url, stop = m_scope.stopToken()] { return contentOf(url, stop); };
         QByteArray source = co_await onWorker(std::move(read));
         if (isLocal) {
             report(tr("Upscaling to 4K (local)..."), false);

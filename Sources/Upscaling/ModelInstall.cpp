@@ -10,7 +10,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 namespace quorvane {
@@ -35,27 +34,19 @@ QImage sampleTile()
     return image;
 }
 
-[[noreturn]] void failToCopy(const QString &reason)
-{
-    throw ModelError(Tr::tr("The model cannot be copied: %1").arg(reason).toStdString());
-}
-
 } // namespace
 
 void installModel(const QString &file, const std::stop_token &stop)
 {
-    SuperResolutionModel model(file, physicalCores());
+    // Read once: what is copied is what was tried, whatever happens to the file meanwhile.
+    const QByteArray content = readModel(file, stop);
+    SuperResolutionModel model(content, physicalCores());
     static_cast<void>(tileUpscaleWithModel(sampleTile(), model, {.stop = stop}));
 
-    QFile source(file);
-    if (!source.open(QIODevice::ReadOnly)) {
-        failToCopy(source.errorString());
-    }
-    const QByteArray content = source.readAll();
     const QString target = userModelPath();
-    if (content.size() != source.size() || !QDir().mkpath(QFileInfo(target).path()) ||
-        !writeFileAtomically(target, content)) {
-        failToCopy(Tr::tr("writing %1 failed").arg(target));
+    (void)QDir().mkpath(QFileInfo(target).path()); // Where that fails, so does the writing.
+    if (const Result<> written = writeFileAtomically(target, content); !written) {
+        throw ModelError(Tr::tr("The model cannot be copied: %1").arg(written.failure().words).toStdString());
     }
 }
 

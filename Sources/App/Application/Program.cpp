@@ -10,6 +10,7 @@
 #include "App/Control/InstanceLock.h"
 #include "Platform/Bus/SessionBus.h"
 #include "Platform/Files/Paths.h"
+#include "Platform/Pictures/PictureFile.h"
 #include "Platform/System/GraphicsProcessor.h"
 
 #include <QApplication>
@@ -169,6 +170,7 @@ int runProgram(int argc, char **argv, const SceneUrls &urls)
         arguments.append(QString::fromLocal8Bit(argv[index]));
     }
     const QStringList languages = wantedLanguages();
+    allowLargePictures();
     QNetworkProxyFactory::setUseSystemConfiguration(true);
     if (!isForWindows(parseCommandLine(arguments))) {
         QCoreApplication application(argc, argv);

@@ -2,6 +2,7 @@
 
 #include "Platform/Bus/MessageBus.h"
 #include "Platform/Bus/PortalRequest.h"
+#include "Platform/Files/WholeFile.h"
 #include "Platform/Pictures/PictureFile.h"
 #include "Platform/Threads/TimeLimit.h"
 
@@ -60,9 +61,9 @@ Result<> DesktopPicturePortal::setPicture(const QString &path, const QList<Scree
     if (!checked.error.isEmpty()) {
         return Failure{checked.error};
     }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return Failure{Tr::tr("The picture cannot be read: %1").arg(file.errorString())};
+    QFile file;
+    if (const Result<> opened = openRegularFile(path, kLargestPictureBytes, &file); !opened) {
+        return Failure{Tr::tr("The picture cannot be read: %1").arg(opened.failure().words)};
     }
     // Connecting has no limit of its own, and this thread has to wait for the user below.
     const auto bus =

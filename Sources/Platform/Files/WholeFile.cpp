@@ -45,10 +45,13 @@ Result<std::optional<QByteArray>> contentOf(int descriptor, qint64 atMostBytes, 
     if (uninterrupted([&] { return ::fstat(descriptor, &status); }) != 0) {
         return failureOf(errno);
     }
+    if (status.st_size > atMostBytes) {
+        return failureOf(EFBIG);
+    }
     QByteArray bytes;
     qint64 done = 0;
     // The size is a hint: others may write to the file meanwhile, and the end alone tells that it is whole.
-    qint64 room = std::min<qint64>(status.st_size, atMostBytes) + 1;
+    qint64 room = status.st_size + 1;
     while (true) {
         if (stop.stop_requested()) {
             return failureOf(ECANCELED);
@@ -107,7 +110,7 @@ Result<std::optional<FileDescriptor>> openRegularFile(const QString &path)
     return std::optional(std::move(descriptor));
 }
 
-Result<> openRegularFile(const QString &path, QFile *file)
+Result<> openRegularFile(const QString &path, qint64 atMostBytes, QFile *file)
 {
     Result<std::optional<FileDescriptor>> opened = openRegularFile(path);
     if (!opened) {
@@ -120,6 +123,10 @@ Result<> openRegularFile(const QString &path, QFile *file)
         return Failure{file->errorString()};
     }
     (void)(*opened)->release();
+    if (file->size() > atMostBytes) {
+        file->close();
+        return failureOf(EFBIG);
+    }
     return kDone;
 }
 

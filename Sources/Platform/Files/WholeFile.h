@@ -18,8 +18,9 @@ namespace quorvane {
 /// Opens the regular file at path (or the one that a link there leads to) for reading. Nothing where there is none.
 [[nodiscard]] Result<std::optional<FileDescriptor>> openRegularFile(const QString &path);
 
-/// The same into file, where there has to be one; for readers that take a device.
-[[nodiscard]] Result<> openRegularFile(const QString &path, QFile *file);
+/// The same into file, where there has to be one and it may not be larger than atMostBytes; for readers that take a
+/// device.
+[[nodiscard]] Result<> openRegularFile(const QString &path, qint64 atMostBytes, QFile *file);
 
 /// The content of the regular file at path; nothing where there is none. More than atMostBytes is a failure, and so is
 /// a request to stop.

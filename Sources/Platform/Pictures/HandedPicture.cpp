@@ -1,11 +1,11 @@
 #include "Platform/Pictures/HandedPicture.h"
 
+#include "Platform/Files/WholeFile.h"
 #include "Platform/Pictures/PictureCopy.h"
 #include "Platform/Pictures/PictureFile.h"
 
 #include <QBuffer>
 #include <QCoreApplication>
-#include <QFile>
 #include <QImageWriter>
 
 using namespace Qt::StringLiterals;
@@ -62,9 +62,8 @@ HandedPicture handedPicture(const QString &path, const TakesPath &takesPath)
     if (takesPath(path)) {
         return {path, false, {}};
     }
-    QFile file(path);
-    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    return copied(bytes, checked.format == "jpeg" ? u"jpg"_s : u"png"_s, takesPath);
+    const Result<QByteArray> bytes = readWhole(path, kLargestPictureBytes);
+    return copied(bytes ? *bytes : QByteArray(), checked.format == "jpeg" ? u"jpg"_s : u"png"_s, takesPath);
 }
 
 HandedPicture handedPicture(const QImage &image)

@@ -2,6 +2,7 @@
 
 #include "Platform/Files/AtomicFile.h"
 #include "Platform/Files/Paths.h"
+#include "Platform/Files/WholeFile.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -63,9 +64,9 @@ bool isCopyOf(const QString &copy, const QString &path)
     if (!isOurs(copy) || QFileInfo(copy).size() != QFileInfo(path).size()) {
         return false;
     }
-    QFile first(copy);
-    QFile second(path);
-    return first.open(QIODevice::ReadOnly) && second.open(QIODevice::ReadOnly) && first.readAll() == second.readAll();
+    const Result<QByteArray> first = readWhole(copy, kLargestPictureBytes);
+    const Result<QByteArray> second = readWhole(path, kLargestPictureBytes);
+    return first && second && *first == *second;
 }
 
 void removeAllBut(const QString &keep)

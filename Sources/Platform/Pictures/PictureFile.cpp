@@ -1,6 +1,9 @@
 #include "Platform/Pictures/PictureFile.h"
 
+#include "Platform/Files/WholeFile.h"
+
 #include <QCoreApplication>
+#include <QFile>
 #include <QImageReader>
 
 namespace quorvane {
@@ -12,27 +15,28 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(PictureFile)
 };
 
-/// Qt refuses pictures above 256 MiB unless told otherwise; enlarged ones reach twice that.
-constexpr int kMemoryLimitMebibytes = 1024;
+} // namespace
 
-void raiseMemoryLimit()
+void allowLargePictures()
 {
-    // The limit belongs to the whole process, so it is written once and not by every thread that reads.
-    [[maybe_unused]] static const bool raised = [] {
-        QImageReader::setAllocationLimit(kMemoryLimitMebibytes);
+    [[maybe_unused]] static const bool isAllowed = [] {
+        QImageReader::setAllocationLimit(kLargestDecodedMebibytes);
         return true;
     }();
 }
 
-} // namespace
-
 PictureFile readPicture(const QString &path, QSize atMost)
 {
-    raiseMemoryLimit();
-    QImageReader reader(path);
+    allowLargePictures();
+    PictureFile file;
+    QFile content;
+    if (const Result<> opened = openRegularFile(path, kLargestPictureBytes, &content); !opened) {
+        file.error = Tr::tr("The picture cannot be read: %1").arg(opened.failure().words);
+        return file;
+    }
+    QImageReader reader(&content);
     reader.setAutoTransform(true);
     reader.setDecideFormatFromContent(true);
-    PictureFile file;
     file.format = reader.format();
     const QSize size = reader.size();
     if (atMost.isValid() && (size.width() > atMost.width() || size.height() > atMost.height())) {

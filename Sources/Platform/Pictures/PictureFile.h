@@ -7,6 +7,14 @@
 
 namespace quorvane {
 
+/// The largest picture that is decoded, in mebibytes of pixels. Qt stops at 256 unless told otherwise; our own fourfold
+/// results of 4K pictures have 530.
+inline constexpr int kLargestDecodedMebibytes = 1024;
+
+/// Makes Qt decode pictures of up to that size. The limit belongs to the whole process and is a plain number, so the
+/// program calls this before it has threads. Every later call does nothing.
+void allowLargePictures();
+
 /// What reading a picture's file gave.
 struct PictureFile
 {
@@ -15,9 +23,9 @@ struct PictureFile
     QString error;     ///< Why it could not be read; empty on success.
 };
 
-/// Decodes the file to its last row. With atMost the result is reduced to fit into it, keeping its shape, which needs
-/// little memory. A picture may need up to 1 GiB of memory, that is 268 million pixels of colour; beyond that it is
-/// refused. Blocks on the disk and the decoder; may be called from any thread.
+/// Decodes the regular file to its last row. With atMost the result is reduced to fit into it, keeping its shape, which
+/// needs little memory. A picture may need up to 1 GiB of memory, that is 268 million pixels of colour; beyond that it
+/// is refused. Blocks on the disk and the decoder; may be called from any thread.
 [[nodiscard]] PictureFile readPicture(const QString &path, QSize atMost = {});
 
 } // namespace quorvane

@@ -1,5 +1,7 @@
 #include "Upscaling/Image/ImageDecoding.h"
 
+#include "Platform/Pictures/PictureFile.h"
+
 #include <QBuffer>
 #include <QColorSpace>
 #include <QImageReader>
@@ -50,10 +52,7 @@ void settleColorSpace(QImage &image)
 
 QImage decodeImage(QByteArray bytes)
 {
-    // One number for the whole process; whoever else decodes large pictures raises it to no less.
-    if (QImageReader::allocationLimit() != 0 && QImageReader::allocationLimit() < kLargestDecodedMegabytes) {
-        QImageReader::setAllocationLimit(kLargestDecodedMegabytes);
-    }
+    allowLargePictures();
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);

@@ -5,14 +5,10 @@
 
 namespace quorvane {
 
-/// The largest picture that is decoded, in megabytes of pixels. Qt stops at 256 unless told otherwise; our own fourfold
-/// results of 4K pictures have 530.
-constexpr int kLargestDecodedMegabytes = 1024;
-
 /// Decodes bytes of any format that Qt reads (an animation's first frame), upright as its EXIF orientation says, to
 /// 8 bits: Format_RGBX8888 when every pixel is opaque, else Format_RGBA8888_Premultiplied. The picture keeps its colour
-/// profile when that describes RGB, and is sRGB otherwise. Null when the bytes are no picture or a larger one.
-/// May be called on any thread.
+/// profile when that describes RGB, and is sRGB otherwise. Null when the bytes are no picture or one above
+/// kLargestDecodedMebibytes. May be called on any thread.
 [[nodiscard]] QImage decodeImage(QByteArray bytes);
 
 /// The ICC profile to write beside the picture's pixels; empty means sRGB.

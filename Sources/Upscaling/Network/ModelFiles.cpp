@@ -1,6 +1,8 @@
 #include "Upscaling/Network/ModelFiles.h"
 
 #include "Platform/Files/Paths.h"
+#include "Platform/Files/WholeFile.h"
+#include "Upscaling/Image/UpscaleErrors.h"
 #include "Upscaling/Network/SuperResolutionModel.h"
 
 #include <QCoreApplication>
@@ -8,6 +10,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +24,8 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(ModelFiles)
 };
 
+/// The shipped network has a few megabytes, the largest of its kind a hundred.
+constexpr qint64 kLargestModelBytes = qint64(1) << 30;
 const QString kInDataFolder = u"/quorvane/models/RealESRGAN.onnx"_s;
 
 /// The folders that hold what is installed, best first.
@@ -64,6 +70,18 @@ std::optional<QString> findModel()
 ProviderError missingModel()
 {
     return ProviderError::invalidResponse(Tr::tr("RealESRGAN model not found in app bundle"));
+}
+
+QByteArray readModel(const QString &path, const std::stop_token &stop)
+{
+    Result<QByteArray> content = readWhole(path, kLargestModelBytes, stop);
+    if (stop.stop_requested()) {
+        throw UpscaleStopped();
+    }
+    if (!content) {
+        throw ModelError(Tr::tr("The model cannot be read: %1").arg(content.failure().words).toStdString());
+    }
+    return std::move(*content);
 }
 
 QString describeModel(const QString &path)

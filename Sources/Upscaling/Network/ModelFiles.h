@@ -2,9 +2,11 @@
 
 #include "Providers/ProviderError.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <optional>
+#include <stop_token>
 
 /// Where the super-resolution network lies, and what it is. Reads the environment on every call.
 namespace quorvane {
@@ -17,6 +19,10 @@ namespace quorvane {
 
 /// The provider error for "there is none".
 [[nodiscard]] ProviderError missingModel();
+
+/// The content of the file at path, for loading it and for copying exactly what was loaded. Throws ModelError when it
+/// cannot be read or is too large to be a network, and UpscaleStopped.
+[[nodiscard]] QByteArray readModel(const QString &path, const std::stop_token &stop = {});
 
 /// Loads the network at path and says in a line what it is. Throws ModelError as SuperResolutionModel does.
 [[nodiscard]] QString describeModel(const QString &path);

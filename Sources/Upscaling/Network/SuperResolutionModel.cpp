@@ -4,9 +4,9 @@
 #include "Upscaling/Image/TileGrid.h"
 #include "Upscaling/Image/UpscaleErrors.h"
 #include "Upscaling/Network/BoundedAllocator.h"
+#include "Upscaling/Network/ModelFiles.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QStringList>
 #include <qfloat16.h>
 
@@ -29,7 +29,6 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(SuperResolutionModel)
 };
 
-constexpr qint64 kLargestFile = qint64(1) << 30;
 const QString kCuda = u"CUDAExecutionProvider"_s;
 const QString kWebGpu = u"WebGpuExecutionProvider"_s;
 const QString kProcessor = u"CPUExecutionProvider"_s;
@@ -93,17 +92,10 @@ struct Port
     }
 };
 
-QByteArray contentOf(const QString &path)
+QByteArray checked(QByteArray content)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw ModelError(Tr::tr("The model cannot be read: %1").arg(file.errorString()).toStdString());
-    }
-    // Devices and pipes have no size to check, so the limit counts while reading as well.
-    QByteArray content = file.size() > kLargestFile ? QByteArray() : file.read(kLargestFile + 1);
-    if (content.isEmpty() || content.size() > kLargestFile) {
-        refuse(Tr::tr("its file has %1 bytes").arg(file.size()),
-               Tr::tr("an ONNX file of at most %1").arg(kLargestFile));
+    if (content.isEmpty()) {
+        refuse(Tr::tr("its file is empty"), Tr::tr("an ONNX file"));
     }
     // Weights in other files are named by entries with this key; some versions of the engine would read any file so
     // named.
@@ -245,12 +237,17 @@ struct SuperResolutionModel::Engine
 };
 
 SuperResolutionModel::SuperResolutionModel(const QString &path, int threads)
-    : SuperResolutionModel(path, threads, kProcessor)
+    : SuperResolutionModel(readModel(path), threads)
+{
+}
+
+SuperResolutionModel::SuperResolutionModel(const QByteArray &content, int threads)
+    : m_engine(passingOn([&] { return std::make_unique<Engine>(checked(content), threads, kProcessor); }))
 {
 }
 
 SuperResolutionModel::SuperResolutionModel(const QString &path, int threads, const QString &provider)
-    : m_engine(passingOn([&] { return std::make_unique<Engine>(contentOf(path), threads, provider); }))
+    : m_engine(passingOn([&] { return std::make_unique<Engine>(checked(readModel(path)), threads, provider); }))
 {
 }
 

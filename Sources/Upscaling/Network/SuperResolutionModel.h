@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -22,8 +23,10 @@ class SuperResolutionModel
     /// this object. Throws ModelError: the engine's own text when it cannot load the file, or what was found and what
     /// is needed when the network does not fit.
     SuperResolutionModel(const QString &path, int threads);
-    /// As above, computing with one of the engine's own ways, by its name, instead of on the processor. A driver may
-    /// end the process instead of failing, and does not end well either: see GpuWorkerMain.cpp.
+    /// The same for a file's content that was read already.
+    SuperResolutionModel(const QByteArray &content, int threads);
+    /// As the first, computing with one of the engine's own ways, by its name, instead of on the processor. A driver
+    /// may end the process instead of failing, and does not end well either: see GpuWorkerMain.cpp.
     SuperResolutionModel(const QString &path, int threads, const QString &provider);
     ~SuperResolutionModel();
     SuperResolutionModel(const SuperResolutionModel &) = delete;

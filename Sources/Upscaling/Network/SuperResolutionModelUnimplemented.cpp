@@ -14,6 +14,11 @@ SuperResolutionModel::SuperResolutionModel(const QString &, int)
     throw missingModel();
 }
 
+SuperResolutionModel::SuperResolutionModel(const QByteArray &, int)
+{
+    throw missingModel();
+}
+
 SuperResolutionModel::SuperResolutionModel(const QString &, int, const QString &)
 {
     throw missingModel();

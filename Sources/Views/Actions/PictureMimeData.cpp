@@ -1,5 +1,8 @@
 #include "Views/Actions/PictureMimeData.h"
 
+#include "Platform/Files/WholeFile.h"
+
+#include <QFile>
 #include <QImageReader>
 #include <QUrl>
 
@@ -35,7 +38,11 @@ QVariant PictureMimeData::retrieveData(const QString &format, QMetaType type) co
     if (format != kPixels) {
         return QMimeData::retrieveData(format, type);
     }
-    QImageReader reader(m_path);
+    QFile file;
+    if (!openRegularFile(m_path, kLargestPictureBytes, &file)) {
+        return QImage();
+    }
+    QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
     return reader.read();

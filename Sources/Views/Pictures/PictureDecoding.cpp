@@ -1,5 +1,8 @@
 #include "Views/Pictures/PictureDecoding.h"
 
+#include "Platform/Files/WholeFile.h"
+
+#include <QFile>
 #include <QImageReader>
 
 namespace quorvane {
@@ -15,7 +18,11 @@ bool isTurned(const QImageReader &reader)
 
 QSize shownSize(const QString &path)
 {
-    QImageReader reader(path);
+    QFile file;
+    if (!openRegularFile(path, kLargestPictureBytes, &file)) {
+        return {};
+    }
+    QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
     const QSize size = reader.size();
     return isTurned(reader) ? size.transposed() : size;
@@ -23,7 +30,11 @@ QSize shownSize(const QString &path)
 
 QImage decodedWithin(const QString &path, QSize bounds)
 {
-    QImageReader reader(path);
+    QFile file;
+    if (!openRegularFile(path, kLargestPictureBytes, &file)) {
+        return {};
+    }
+    QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
     const QSize size = reader.size();

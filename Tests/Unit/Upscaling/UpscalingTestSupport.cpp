@@ -1,5 +1,6 @@
 #include "Unit/Upscaling/UpscalingTestSupport.h"
 
+#include "Platform/Pictures/PictureFile.h"
 #include "Platform/Threads/TaskScope.h"
 #include "Support/WaitFor.h"
 #include "Upscaling/Image/ImageDecoding.h"
@@ -62,7 +63,7 @@ QByteArray encoded(const QImage &image, const char *format)
 
 QImage decoded(const QByteArray &bytes)
 {
-    QImageReader::setAllocationLimit(kLargestDecodedMegabytes);
+    allowLargePictures();
     return QImage::fromData(bytes);
 }
 

@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryFile>
 
 #include <gtest/gtest.h>
 
@@ -123,8 +124,11 @@ TEST(SuperResolutionModel, aFileThatWantsAllMemoryEndsAsAnError)
 TEST(SuperResolutionModel, unreadableEmptyAndEndlessFilesAreRefused)
 {
     EXPECT_EQ(text(loadError(u"/nowhere/model.onnx"_s)), "The model cannot be read: No such file or directory");
-    EXPECT_EQ(text(loadError(u"/dev/null"_s)),
-              "The model does not fit: its file has 0 bytes; needed is an ONNX file of at most 1073741824");
+    EXPECT_EQ(text(loadError(u"/dev/null"_s)), "The model cannot be read: Not a regular file");
+    EXPECT_EQ(text(loadError(u"/dev/zero"_s)), "The model cannot be read: Not a regular file");
+    QTemporaryFile empty;
+    ASSERT_TRUE(empty.open());
+    EXPECT_EQ(text(loadError(empty.fileName())), "The model does not fit: its file is empty; needed is an ONNX file");
 }
 
 TEST(SuperResolutionModel, aResultOfAnotherScaleIsRefused)
