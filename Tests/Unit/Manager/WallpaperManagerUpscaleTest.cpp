@@ -3,6 +3,8 @@
 
 #include <stdexcept>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
@@ -121,6 +123,35 @@ TEST_F(WallpaperManagerUpscaleTest, aSourceWithoutAPromptGivesACopyWithoutOne)
     defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
     upscale(path);
     EXPECT_TRUE(sideFile("prompts.json").isEmpty());
+}
+
+TEST_F(WallpaperManagerUpscaleTest, aPictureFromElsewhereHasNothingOfItsNamesakeInTheLibrary)
+{
+    const QString namesake = putPicture(u"a.png"_s);
+    EXPECT_TRUE(ImageStore::savePrompt(u"a lake"_s, namesake));
+    const QString elsewhere = home.path() + u"/Downloads/a.png"_s;
+    ASSERT_TRUE(QDir(home.path()).mkpath(u"Downloads"_s) && QFile::copy(namesake, elsewhere));
+    start();
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
+    upscale(elsewhere);
+    const QString copy = home.library() + u"/wallpaper_2026-01-31_23-59-01.png"_s;
+    EXPECT_EQ(manager->currentWallpaperURL(), copy);
+    EXPECT_EQ(sideFile("prompts.json"), R"({"a.png":"a lake"})");
+    EXPECT_EQ(ImageStore::variant(namesake), std::nullopt);
+    EXPECT_EQ(ImageStore::allImages().size(), 2);
+    EXPECT_TRUE(ImageStore::deleteImage(copy));
+    EXPECT_EQ(ImageStore::allImages(), QStringList{namesake});
+    EXPECT_TRUE(QFile::exists(elsewhere));
+}
+
+TEST_F(WallpaperManagerUpscaleTest, aNamedPipeIsNotWaitedFor)
+{
+    const QString pipe = ImageStore::directory() + u"/pipe.png"_s;
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), S_IRUSR | S_IWUSR), 0);
+    start();
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
+    upscale(pipe);
+    EXPECT_EQ(manager->status(), u"Upscale failed: Not a regular file"_s);
 }
 
 TEST_F(WallpaperManagerUpscaleTest, anUnreadableSourceIsAnError)
