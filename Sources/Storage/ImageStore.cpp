@@ -4,6 +4,7 @@
 #include "Platform/Files/FolderLock.h"
 #include "Platform/Files/Paths.h"
 #include "Platform/Files/SystemCall.h"
+#include "Platform/Logging.h"
 #include "Storage/CreationDate.h"
 #include "Storage/SideFile.h"
 
@@ -149,7 +150,10 @@ std::optional<QString> ImageStore::saveImage(const QString &name, const QByteArr
         return std::nullopt;
     }
     const QString path = directory() + '/'_L1 + name;
-    return writeFileAtomically(path, bytes) ? std::optional(path) : std::nullopt;
+    const bool isWritten = bool(writeFileAtomically(path, bytes));
+    qCInfo(logLibrary) << "a picture of" << bytes.size() << "bytes"
+                       << (isWritten ? "was written" : "could not be written");
+    return isWritten ? std::optional(path) : std::nullopt;
 }
 
 Result<> ImageStore::savePrompt(const QString &prompt, const QString &image)
@@ -241,6 +245,7 @@ Result<> ImageStore::deleteImage(const QString &image)
         tell(removeFromDisk(path));
         removed.insert(imageName(path));
     }
+    qCInfo(logLibrary) << removed.size() << "pictures were deleted, with what is known of them";
 
     const auto dropPrompts = [&removed](TextMap &prompts) {
         std::erase_if(prompts, [&removed](const auto &entry) { return removed.contains(entry.first); });

@@ -1,6 +1,7 @@
 #include "App/Application/Scenes.h"
 
 #include "Manager/WallpaperManager.h"
+#include "Platform/Logging.h"
 #include "Platform/System/IdleMemory.h"
 
 #include <QGuiApplication>
@@ -73,6 +74,7 @@ void Scenes::open(QPointer<QQuickWindow> &window, const QUrl &url, const QString
             connect(window, SIGNAL(quitRequested()), this, SIGNAL(quitRequested()), Qt::QueuedConnection);
         }
         tellTray();
+        qCInfo(logWindows) << "made" << url.fileName();
     }
     if (m_leaving.removeAll(window) > 0) {
         window->requestUpdate();
@@ -163,10 +165,12 @@ void Scenes::collect()
     for (QPointer<QQuickWindow> *window : {&m_main, &m_settings}) {
         if (!window->isNull() && !(*window)->isVisible()) {
             delete *window;
+            qCInfo(logWindows) << "let go of a window";
         }
     }
     if (m_engine && m_main.isNull() && m_settings.isNull()) {
         m_engine.reset();
+        qCInfo(logWindows) << "let go of everything that windows need";
         QPixmapCache::clear();
         returnIdleMemory();
         m_idle.start(); // What follows a close still runs, and would fetch pages back.

@@ -5,6 +5,8 @@
 
 #include "Platform/Bus/MessageBus.h"
 
+#include "Platform/Logging.h"
+
 #include <QCoreApplication>
 #include <QDBusError>
 #include <QFileInfo>
@@ -78,6 +80,8 @@ std::shared_ptr<const MessageBus::Link> MessageBus::linkTo(const QString &addres
         // A name of its own each time: a connection that is being given up keeps its name for a moment.
         link = std::make_shared<const Link>(address, u"quorvane %1"_s.arg(++table.opened));
         table.links[address] = link;
+        qCInfo(logBus).noquote() << (link->connection.isConnected() ? "connected to" : "no connection to")
+                                 << (address.isEmpty() ? u"a bus without an address"_s : address);
     }
     return link;
 }

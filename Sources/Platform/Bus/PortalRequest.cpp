@@ -1,5 +1,7 @@
 #include "Platform/Bus/PortalRequest.h"
 
+#include "Platform/Logging.h"
+
 #include <QCoreApplication>
 #include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
@@ -87,6 +89,9 @@ Result<PortalRequest::Answer> PortalRequest::ask(const QString &interface, const
         // Else what was asked for could still be done by an answer that nobody waits for.
         m_bus.connection().send(QDBusMessage::createMethodCall(kPortal, m_path, kRequest, u"Close"_s));
     }
+    qCInfo(logBus).noquote() << interface << method
+                             << (*m_outcome ? u"was answered with %1"_s.arg(uint((*m_outcome)->response))
+                                            : u"failed: %1"_s.arg(m_outcome->failure().words));
     return *m_outcome;
 }
 

@@ -1,5 +1,7 @@
 #include "Platform/Bus/SessionBus.h"
 
+#include "Platform/Logging.h"
+
 #include <algorithm>
 #include <chrono>
 
@@ -33,6 +35,7 @@ void SessionBus::listen()
 
 void SessionBus::lost()
 {
+    qCInfo(logBus) << "the session bus went away";
     Q_EMIT disconnected();
     m_retry.start(kFirstWait);
 }

@@ -2,6 +2,7 @@
 
 #include "Platform/Files/StorageNotices.h"
 #include "Platform/Files/SystemCall.h"
+#include "Platform/Logging.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -124,6 +125,7 @@ Result<> replaceNotUnderstood(const QString &path, const QByteArray &bytes, File
     }
     Result<> written = writeFileAtomically(path, bytes, access);
     if (written) {
+        qCInfo(logLibrary).noquote() << name << "could not be understood and was put aside";
         StorageNotices::add(Tr::tr("%1 could not be understood. It was put aside as %2, and a new one was begun.")
                                 .arg(name, aside->path()));
     } else {

@@ -9,6 +9,7 @@
 
 #include "Platform/Network/HttpClient.h"
 
+#include "Platform/Logging.h"
 #include "Platform/Network/OnceReadBody.h"
 #include "Platform/Network/TrustedCertificates.h"
 #include "Platform/Threads/Worker.h"
@@ -16,6 +17,7 @@
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QCoroFuture>
+#include <QElapsedTimer>
 #include <QHostAddress>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
@@ -194,6 +196,8 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
     network.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
     const std::unique_ptr<QNetworkReply> reply(body ? network.post(request, body.get()) : network.get(request));
     state->answer.clear();
+    QElapsedTimer clock;
+    clock.start();
 
     QObject::connect(reply.get(), &QNetworkReply::readyRead, reply.get(), [this, state, reply = reply.get()] {
         if (state->answer.size() + reply->bytesAvailable() > m_answerLimitBytes) {
@@ -214,6 +218,12 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
         const std::stop_callback abortOnStop(m_stop.get_token(), [reply = reply.get()] { reply->abort(); });
         co_await future;
     }
+    // The path and the texts may hold what is nobody's business.
+    qCInfo(logNetwork).noquote() << state->request.url.host() << "was sent"
+                                 << request.header(QNetworkRequest::ContentLengthHeader).toLongLong()
+                                 << "bytes and gave" << state->answer.size() << "after" << clock.elapsed()
+                                 << "ms, status" << reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt()
+                                 << "error" << static_cast<int>(reply->error());
 
     if (m_stop.stop_requested()) {
         throw TransportError(Tr::tr("The request was cancelled."));

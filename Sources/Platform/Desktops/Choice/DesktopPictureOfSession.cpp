@@ -19,9 +19,11 @@
 #include "Platform/Desktops/Protocols/SwaySocket.h"
 #include "Platform/Desktops/SessionDesktops.h"
 #include "Platform/Desktops/SessionDisplay.h"
+#include "Platform/Logging.h"
 #include "Platform/Threads/TimeLimit.h"
 #include "Platform/Wayland/WaylandFacts.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 
 #include <memory>
@@ -171,7 +173,13 @@ class DesktopPictureOfSession final : public DesktopPicture
     }
     [[nodiscard]] Result<> setPicture(const QString &path, const QList<Screen> &screens) override
     {
-        return chosen().setPicture(path, screens);
+        QElapsedTimer clock;
+        clock.start();
+        Result<> shown = chosen().setPicture(path, screens);
+        // The desktop's own words may name the picture.
+        qCInfo(logDesktop).noquote() << "a picture for" << screens.size() << "screens by" << chosen().name()
+                                     << (shown ? "was set after" : "failed after") << clock.elapsed() << "ms";
+        return shown;
     }
     void stopAsking() override
     {
@@ -210,6 +218,8 @@ class DesktopPictureOfSession final : public DesktopPicture
             return;
         }
         std::unique_ptr<DesktopPicture> found = pictureFor(facts, m_life);
+        qCInfo(logDesktop).noquote() << "set by" << (found->name().isEmpty() ? u"nothing"_s : found->name())
+                                     << "because" << found->reason();
         found->asking = asking;
         const std::lock_guard lock(m_mutex);
         m_chosen = std::move(found);
