@@ -41,6 +41,7 @@ TEST_F(InstalledFilesTest, everyFileHasTheSameId)
           "share/icons/hicolor/scalable/apps/%1.svg", "share/icons/hicolor/symbolic/apps/%1-symbolic.svg"}) {
         EXPECT_TRUE(QFile::exists(installed(QString::fromLatin1(path).arg(id)))) << path;
     }
+    EXPECT_TRUE(QFile::exists(installed(u"share/dbus-1/interfaces/app.quorvane.Quorvane1.xml"_s)));
     const QString service = u"share/dbus-1/services/%1.service"_s.arg(id);
     EXPECT_EQ(contentOf(installed(service)),
               "[D-BUS Service]\nName=app.quorvane.Quorvane\nExec=" + program().toUtf8() + " --hidden\n");

@@ -18,22 +18,6 @@ using Extra = CommandForm::Extra;
 
 const QLatin1String kPrompt("prompt");
 
-/// The types of what the method of a form takes.
-QStringList typesOf(const CommandForm &form)
-{
-    if (form.extra == Extra::Prompt) {
-        return {u"a{sv}"_s};
-    }
-    QStringList types;
-    for (const Argument argument : form.arguments) {
-        types.append(argument == Argument::Switch ? u"b"_s : u"s"_s);
-    }
-    if (form.extra == Extra::Secret) {
-        types.append(u"s"_s);
-    }
-    return types;
-}
-
 bool haveTypes(const QVariantList &arguments, const QStringList &types)
 {
     return std::equal(arguments.begin(), arguments.end(), types.begin(), types.end(),
@@ -105,34 +89,19 @@ QString wrongArgumentsError()
     return u"app.quorvane.Error.WrongArguments"_s;
 }
 
-QString introspectionXml()
+QStringList typesOf(const CommandForm &form)
 {
-    QString xml = u"<interface name=\"%1\">"_s.arg(interfaceName());
-    const auto method = [&xml](const QString &name, const QStringList &types) {
-        xml += u"<method name=\"%1\">"_s.arg(name);
-        for (const QString &type : types) {
-            xml += u"<arg type=\"%1\" direction=\"in\"/>"_s.arg(type);
-        }
-        // What the command prints with --json.
-        xml += u"<arg name=\"json\" type=\"s\" direction=\"out\"/></method>"_s;
-    };
-    for (const CommandForm &form : commandForms()) {
-        method(form.method, typesOf(form));
+    if (form.extra == Extra::Prompt) {
+        return {u"a{sv}"_s};
     }
-    for (const auto &[name, type] : {std::pair("Status", "s"), std::pair("IsError", "b"), std::pair("IsLoading", "b"),
-                                     std::pair("Progress", "a{sv}"), std::pair("AutoEnabled", "b"),
-                                     std::pair("NextFireDate", "s"), std::pair("CurrentWallpaper", "s")}) {
-        xml += u"<property name=\"%1\" type=\"%2\" access=\"read\"/>"_s.arg(QLatin1String(name), QLatin1String(type));
+    QStringList types;
+    for (const Argument argument : form.arguments) {
+        types.append(argument == Argument::Switch ? u"b"_s : u"s"_s);
     }
-    xml += u"</interface><interface name=\"%1\">"
-           "<method name=\"Activate\"><arg name=\"platform_data\" type=\"a{sv}\" direction=\"in\"/></method>"
-           "<method name=\"Open\"><arg name=\"uris\" type=\"as\" direction=\"in\"/>"
-           "<arg name=\"platform_data\" type=\"a{sv}\" direction=\"in\"/></method>"
-           "<method name=\"ActivateAction\"><arg name=\"action_name\" type=\"s\" direction=\"in\"/>"
-           "<arg name=\"parameter\" type=\"av\" direction=\"in\"/>"
-           "<arg name=\"platform_data\" type=\"a{sv}\" direction=\"in\"/></method></interface>"_s.arg(
-               applicationInterface());
-    return xml;
+    if (form.extra == Extra::Secret) {
+        types.append(u"s"_s);
+    }
+    return types;
 }
 
 std::optional<Call> callFor(const CommandLine &line)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "App/Command/CommandLine.h"
+#include "App/Command/CommandTable.h"
 
 #include <QString>
 #include <QVariantList>
@@ -17,8 +17,8 @@ namespace quorvane::Control {
 [[nodiscard]] QString failedError();          ///< The command ended with status 1.
 [[nodiscard]] QString wrongArgumentsError();  ///< The command ended with status 2.
 
-/// What org.freedesktop.DBus.Introspectable tells, without the standard interfaces.
-[[nodiscard]] QString introspectionXml();
+/// The types of what the method of a form takes, as D-Bus writes them.
+[[nodiscard]] QStringList typesOf(const CommandForm &form);
 
 struct Call
 {

@@ -4,8 +4,11 @@
 #include "App/Command/Reports.h"
 #include "App/Command/Services.h"
 #include "App/Control/ControlCalls.h"
-#include "Platform/Bus/PropertiesCall.h"
 #include "Platform/Bus/SessionBus.h"
+#include "Platform/Logging.h"
+
+#include "applicationadaptor.h"
+#include "quorvane1adaptor.h"
 
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>
@@ -47,9 +50,11 @@ QDBusMessage replyWith(const QDBusMessage &call, const CommandOutcome &outcome)
 } // namespace
 
 ControlService::ControlService(SessionBus &bus, QObject *parent)
-    : QDBusVirtualObject(parent)
+    : QObject(parent)
     , m_bus(bus)
 {
+    new ApplicationAdaptor(this); // NOLINT(cppcoreguidelines-owning-memory): they are ours as children.
+    new Quorvane1Adaptor(this);   // NOLINT(cppcoreguidelines-owning-memory)
 }
 
 ControlService::Claim ControlService::claim()
@@ -64,9 +69,12 @@ bool ControlService::exportAndRequest()
 {
     // The object first: who sees the name may call at once.
     QDBusConnection bus = m_bus.connection();
-    bus.registerVirtualObject(Control::objectPath(), this);
-    return bus.interface()->registerService(Control::busName(), QDBusConnectionInterface::DontQueueService).value() ==
-           QDBusConnectionInterface::ServiceRegistered;
+    bus.registerObject(Control::objectPath(), this, QDBusConnection::ExportAdaptors);
+    const bool isOurs =
+        bus.interface()->registerService(Control::busName(), QDBusConnectionInterface::DontQueueService).value() ==
+        QDBusConnectionInterface::ServiceRegistered;
+    qCInfo(logBus).noquote() << Control::busName() << (isOurs ? "is ours" : "is another process's");
+    return isOurs;
 }
 
 bool ControlService::activateOther()
@@ -101,7 +109,7 @@ void ControlService::serve(Services &services)
     m_services = &services;
     const WallpaperManager *manager = &services.manager;
     const auto announceAt = [this, manager](auto signal, const QString &property) {
-        connect(manager, signal, this, [this, property] { announce(property); });
+        connect(manager, signal, this, [this, property] { announce({{property, properties().value(property)}}); });
     };
     announceAt(&WallpaperManager::statusChanged, u"Status"_s);
     announceAt(&WallpaperManager::isErrorChanged, u"IsError"_s);
@@ -110,11 +118,12 @@ void ControlService::serve(Services &services)
     announceAt(&WallpaperManager::autoEnabledChanged, u"AutoEnabled"_s);
     announceAt(&WallpaperManager::nextFireDateChanged, u"NextFireDate"_s);
     announceAt(&WallpaperManager::currentWallpaperURLChanged, u"CurrentWallpaper"_s);
+    announce(properties()); // Whoever read them before has seen nothing yet.
     // From within the event loop, because the answer may be to end it.
     const auto begin = [this] {
         m_isServing = true;
-        for (const QDBusMessage &message : std::exchange(m_early, {})) {
-            handleMessage(message, m_bus.connection());
+        for (const QDBusMessage &call : std::exchange(m_early, {})) {
+            answer(call);
         }
     };
     QMetaObject::invokeMethod(this, begin, Qt::QueuedConnection);
@@ -152,66 +161,53 @@ QVariantMap ControlService::properties() const
             {u"CurrentWallpaper"_s, manager.currentWallpaperURL()}};
 }
 
-void ControlService::announce(const QString &property)
+void ControlService::announce(const QVariantMap &changed)
 {
+    for (auto property = changed.begin(); property != changed.end(); ++property) {
+        setProperty(property.key().toLatin1().constData(), *property); // The adaptor reads them from here.
+    }
     if (m_bus.isConnected()) {
-        m_bus.connection().send(propertiesChanged(Control::objectPath(), Control::interfaceName(),
-                                                  {{property, properties().value(property)}}));
+        QDBusMessage signal = QDBusMessage::createSignal(Control::objectPath(), u"org.freedesktop.DBus.Properties"_s,
+                                                         u"PropertiesChanged"_s);
+        signal.setArguments({Control::interfaceName(), changed, QStringList()});
+        m_bus.connection().send(signal);
     }
 }
 
-QString ControlService::introspect(const QString & /*path*/) const
+QString ControlService::take()
 {
-    return Control::introspectionXml();
+    setDelayedReply(true);
+    if (m_isServing) {
+        answer(message());
+    } else {
+        m_early.append(message()); // The name is ours before the manager is made, which may run the event loop.
+    }
+    return {};
 }
 
-bool ControlService::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
+void ControlService::answer(const QDBusMessage &call)
 {
-    if (!m_isServing) {
-        // The name is ours before the manager is made, which may run the event loop.
-        message.setDelayedReply(true);
-        m_early.append(message);
-        return true;
-    }
-    if (const auto reply = propertiesReply(message, Control::interfaceName(), properties())) {
-        return connection.send(*reply);
-    }
-    if (message.interface() == Control::applicationInterface()) {
-        answerApplication(message, connection);
-        return true;
-    }
-    if (message.interface() == Control::interfaceName() || message.interface().isEmpty()) {
-        answerOperation(message, connection);
-        return true;
-    }
-    return false;
+    const bool isStart = call.member().startsWith("Activate"_L1) || call.member() == "Open"_L1;
+    isStart ? answerApplication(call) : answerOperation(call);
 }
 
-void ControlService::answerApplication(const QDBusMessage &message, const QDBusConnection &connection)
+void ControlService::answerApplication(const QDBusMessage &call)
 {
-    const QVariantList arguments = message.arguments();
-    const QString signature = message.signature();
-    if (message.member() == "Activate"_L1 && signature == "a{sv}"_L1) {
-        connection.send(message.createReply());
-        Q_EMIT activated(tokenFrom(arguments.first()));
+    const QVariantList arguments = call.arguments();
+    const QString token = tokenFrom(arguments.last());
+    if (call.member() != "ActivateAction"_L1) {
+        m_bus.connection().send(call.createReply());
+        Q_EMIT activated(token);
         return;
     }
-    if (message.member() == "Open"_L1 && signature == "asa{sv}"_L1) {
-        connection.send(message.createReply());
-        Q_EMIT activated(tokenFrom(arguments.at(1)));
+    const QString action = arguments.first().toString();
+    if (!CommandLine::isDesktopAction(action)) {
+        m_bus.connection().send(call.createErrorReply(QDBusError::InvalidArgs, call.member() + ' '_L1 + action));
         return;
     }
-    const QString action = arguments.value(0).toString();
-    const bool isAction = message.member() == "ActivateAction"_L1 && signature == "sava{sv}"_L1;
-    // An action may end the program, so the answer goes out before it.
-    const QDBusMessage answer =
-        isAction && CommandLine::isDesktopAction(action)
-            ? message.createReply()
-            : message.createErrorReply(QDBusError::InvalidArgs, message.member() + ' '_L1 + action);
-    connection.send(answer);
-    if (answer.type() == QDBusMessage::ReplyMessage) {
-        act(action, tokenFrom(arguments.at(2)));
-    }
+    // It may end the program, so the answer goes out before it.
+    m_bus.connection().send(call.createReply());
+    act(action, token);
 }
 
 void ControlService::act(const QString &action, const QString &token)
@@ -228,32 +224,26 @@ void ControlService::act(const QString &action, const QString &token)
     }
 }
 
-void ControlService::answerOperation(const QDBusMessage &message, const QDBusConnection &connection)
+void ControlService::answerOperation(const QDBusMessage &call)
 {
-    const auto line = Control::lineFrom({message.member(), message.arguments()});
+    const auto line = Control::lineFrom({call.member(), call.arguments()});
     if (!line) {
-        connection.send(message.createErrorReply(Control::wrongArgumentsError(), message.member()));
+        m_bus.connection().send(call.createErrorReply(Control::wrongArgumentsError(), call.member()));
     } else if (line->verb == CommandLine::Verb::Quit) {
-        quit(message, connection);
+        m_bus.connection().send(call.createReply(u"null"_s));
+        Q_EMIT quitAsked();
     } else {
-        run(*line, message, connection);
+        run(*line, call);
     }
 }
 
-void ControlService::run(const CommandLine &line, const QDBusMessage &message, const QDBusConnection &connection)
+void ControlService::run(const CommandLine &line, const QDBusMessage &call)
 {
-    const auto ended = [this, message, connection](const CommandOutcome &outcome) {
-        connection.send(replyWith(message, outcome));
+    const auto ended = [this, call](const CommandOutcome &outcome) {
+        m_bus.connection().send(replyWith(call, outcome));
         Q_EMIT changed();
     };
     CommandRunner::start(*m_services, line, ended);
-}
-
-void ControlService::quit(const QDBusMessage &message, const QDBusConnection &connection)
-{
-    connection.send(message.createReply(message.interface() == Control::interfaceName() ? QVariantList{u"null"_s}
-                                                                                        : QVariantList()));
-    Q_EMIT quitAsked();
 }
 
 } // namespace quorvane

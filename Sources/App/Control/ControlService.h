@@ -2,8 +2,9 @@
 
 #include "App/Command/CommandLine.h"
 
+#include <QDBusContext>
 #include <QDBusMessage>
-#include <QDBusVirtualObject>
+#include <QObject>
 #include <QVariantMap>
 
 namespace quorvane {
@@ -12,8 +13,8 @@ class SessionBus;
 struct Services;
 
 /// The running application on the session bus: the one instance, because it owns the name, and its object there, which
-/// offers org.freedesktop.Application and the operations and properties of Control::introspectionXml().
-class ControlService : public QDBusVirtualObject
+/// offers org.freedesktop.Application and app.quorvane.Quorvane1, as the XML files beside this one describe them.
+class ControlService : public QObject, protected QDBusContext
 {
     Q_OBJECT
 
@@ -44,8 +45,34 @@ class ControlService : public QDBusVirtualObject
     /// Serves no more, and lets go of the name, so that the next start is the application.
     void release();
 
-    [[nodiscard]] QString introspect(const QString &path) const override;
-    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
+    // What is called over the bus, under the names of the interfaces. The answer comes later, so nothing is returned
+    // here.
+    void Activate(const QVariantMap & /*platformData*/) { take(); }
+    void Open(const QStringList & /*uris*/, const QVariantMap & /*platformData*/) { take(); }
+    void ActivateAction(const QString & /*action*/, const QVariantList & /*parameter*/, const QVariantMap & /*data*/)
+    {
+        take();
+    }
+    QString Generate(const QVariantMap & /*options*/) { return take(); }
+    QString Upscale(const QString & /*file*/) { return take(); }
+    QString Set(const QString & /*file*/) { return take(); }
+    QString Favorite(const QString & /*file*/) { return take(); }
+    QString Delete(const QString & /*file*/) { return take(); }
+    QString Auto(bool /*enabled*/) { return take(); }
+    QString Autostart(bool /*enabled*/) { return take(); }
+    QString Settings() { return take(); }
+    QString Setting(const QString & /*key*/) { return take(); }
+    QString SetSetting(const QString & /*key*/, const QString & /*value*/) { return take(); }
+    QString UnsetSetting(const QString & /*key*/) { return take(); }
+    QString ListKeys() { return take(); }
+    QString SetKey(const QString & /*service*/, const QString & /*key*/) { return take(); }
+    QString DeleteKey(const QString & /*service*/) { return take(); }
+    QString History() { return take(); }
+    QString Albums() { return take(); }
+    QString Status() { return take(); }
+    QString Model() { return take(); }
+    QString InstallModel(const QString & /*file*/) { return take(); }
+    QString Quit() { return take(); }
 
   Q_SIGNALS:
     void activated(const QString &token);
@@ -56,11 +83,12 @@ class ControlService : public QDBusVirtualObject
     void changed();
 
   private:
-    void answerApplication(const QDBusMessage &message, const QDBusConnection &connection);
-    void answerOperation(const QDBusMessage &message, const QDBusConnection &connection);
-    void run(const CommandLine &line, const QDBusMessage &message, const QDBusConnection &connection);
-    void quit(const QDBusMessage &message, const QDBusConnection &connection);
-    void announce(const QString &property);
+    QString take();
+    void answer(const QDBusMessage &call);
+    void answerApplication(const QDBusMessage &call);
+    void answerOperation(const QDBusMessage &call);
+    void run(const CommandLine &line, const QDBusMessage &call);
+    void announce(const QVariantMap &changed);
     [[nodiscard]] QVariantMap properties() const;
     [[nodiscard]] bool exportAndRequest();
     [[nodiscard]] bool askOther(const QString &method, QVariantList arguments);

@@ -1,10 +1,8 @@
 #include "App/Tray/DBusMenu.h"
 
-#include "Platform/Bus/PropertiesCall.h"
 #include "Platform/Bus/SessionBus.h"
 
-#include <QDBusMessage>
-#include <QDBusMetaType>
+#include "dbusmenuadaptor.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,11 +12,6 @@ namespace {
 
 constexpr int kRoot = 0;
 constexpr quint32 kProtocolVersion = 3;
-
-QString menuInterface()
-{
-    return u"com.canonical.dbusmenu"_s;
-}
 
 /// The wire's properties of an item. An underscore would mark a mnemonic, so a real one is doubled.
 QVariantMap propertiesOf(const MenuItem &item)
@@ -38,29 +31,21 @@ QVariantMap propertiesOf(const MenuItem &item)
 
 const QVariantMap kRootProperties{{u"children-display"_s, u"submenu"_s}};
 
-QVariantMap menuProperties()
-{
-    return {{u"Version"_s, kProtocolVersion},
-            {u"TextDirection"_s, u"ltr"_s},
-            {u"Status"_s, u"normal"_s},
-            {u"IconThemePath"_s, QStringList()}};
-}
-
 } // namespace
 
 DBusMenu::DBusMenu(SessionBus &bus, std::function<QList<MenuItem>()> read, QObject *parent)
-    : QDBusVirtualObject(parent)
+    : QObject(parent)
     , m_bus(bus)
     , m_read(std::move(read))
     , m_items(m_read())
+    , m_adaptor(new DbusmenuAdaptor(this))
 {
-    qDBusRegisterMetaType<DBusMenuItem>();
-    qDBusRegisterMetaType<QList<DBusMenuItem>>();
-    qDBusRegisterMetaType<DBusMenuRemoval>();
-    qDBusRegisterMetaType<QList<DBusMenuRemoval>>();
-    qDBusRegisterMetaType<DBusMenuLayout>();
-    qDBusRegisterMetaType<DBusMenuEvent>();
-    qDBusRegisterMetaType<QList<DBusMenuEvent>>();
+    registerDBusMenuTypes();
+    // The adaptor reads them from here.
+    setProperty("Version", kProtocolVersion);
+    setProperty("TextDirection", u"ltr"_s);
+    setProperty("Status", u"normal"_s);
+    setProperty("IconThemePath", QStringList());
     connect(&m_bus, &SessionBus::connected, this, &DBusMenu::exportObject);
     exportObject();
 }
@@ -68,7 +53,7 @@ DBusMenu::DBusMenu(SessionBus &bus, std::function<QList<MenuItem>()> read, QObje
 void DBusMenu::exportObject()
 {
     if (m_bus.isConnected()) {
-        m_bus.connection().registerVirtualObject(path(), this);
+        m_bus.connection().registerObject(path(), this, QDBusConnection::ExportAdaptors);
     }
 }
 
@@ -86,118 +71,72 @@ void DBusMenu::refresh()
         return;
     }
     ++m_revision;
-    QDBusMessage signal = QDBusMessage::createSignal(path(), menuInterface(), u"ItemsPropertiesUpdated"_s);
-    signal.setArguments({QVariant::fromValue(changed), QVariant::fromValue(QList<DBusMenuRemoval>())});
-    m_bus.connection().send(signal);
+    Q_EMIT m_adaptor->ItemsPropertiesUpdated(changed, {});
 }
 
-QString DBusMenu::introspect(const QString & /*path*/) const
+quint32 DBusMenu::GetLayout(int parentId, int depth, const QStringList & /*names*/, DBusMenuLayout &layout)
 {
-    return uR"xml(<interface name="com.canonical.dbusmenu">
-<property name="Version" type="u" access="read"/><property name="TextDirection" type="s" access="read"/>
-<property name="Status" type="s" access="read"/><property name="IconThemePath" type="as" access="read"/>
-<method name="GetLayout"><arg type="i" direction="in"/><arg type="i" direction="in"/><arg type="as" direction="in"/>
-<arg type="u" direction="out"/><arg type="(ia{sv}av)" direction="out"/></method>
-<method name="GetGroupProperties"><arg type="ai" direction="in"/><arg type="as" direction="in"/>
-<arg type="a(ia{sv})" direction="out"/></method>
-<method name="GetProperty"><arg type="i" direction="in"/><arg type="s" direction="in"/>
-<arg type="v" direction="out"/></method>
-<method name="Event"><arg type="i" direction="in"/><arg type="s" direction="in"/><arg type="v" direction="in"/>
-<arg type="u" direction="in"/></method>
-<method name="EventGroup"><arg type="a(isvu)" direction="in"/><arg type="ai" direction="out"/></method>
-<method name="AboutToShow"><arg type="i" direction="in"/><arg type="b" direction="out"/></method>
-<method name="AboutToShowGroup"><arg type="ai" direction="in"/><arg type="ai" direction="out"/>
-<arg type="ai" direction="out"/></method>
-<signal name="ItemsPropertiesUpdated"><arg type="a(ia{sv})"/><arg type="a(ias)"/></signal>
-<signal name="LayoutUpdated"><arg type="u"/><arg type="i"/></signal>
-</interface>)xml"_s;
+    refresh();
+    layout = {parentId, parentId == kRoot ? kRootProperties : QVariantMap(), {}};
+    for (const MenuItem &item : std::as_const(m_items)) {
+        if (parentId == kRoot && depth != 0) {
+            layout.children.append(QVariant::fromValue(DBusMenuLayout{item.id, propertiesOf(item), {}}));
+        } else if (parentId == item.id) {
+            layout.properties = propertiesOf(item);
+        }
+    }
+    return m_revision;
 }
 
-bool DBusMenu::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
+QList<DBusMenuItem> DBusMenu::GetGroupProperties(const QList<int> &ids, const QStringList & /*names*/) const
 {
-    if (const auto reply = propertiesReply(message, menuInterface(), menuProperties())) {
-        return connection.send(*reply);
+    QList<DBusMenuItem> found;
+    for (const MenuItem &item : m_items) {
+        if (ids.isEmpty() || ids.contains(item.id)) {
+            found.append({item.id, propertiesOf(item)});
+        }
     }
-    static const QMap<QString, QString> signatures{
-        {u"GetLayout"_s, u"iias"_s},      {u"GetGroupProperties"_s, u"aias"_s}, {u"GetProperty"_s, u"is"_s},
-        {u"Event"_s, u"isvu"_s},          {u"EventGroup"_s, u"a(isvu)"_s},      {u"AboutToShow"_s, u"i"_s},
-        {u"AboutToShowGroup"_s, u"ai"_s},
-    };
-    const bool isOurs = message.interface() == menuInterface() || message.interface().isEmpty();
-    if (!isOurs || !signatures.contains(message.member())) {
-        return false;
-    }
-    if (signatures.value(message.member()) != message.signature()) {
-        return connection.send(message.createErrorReply(QDBusError::InvalidArgs, message.signature()));
-    }
-    return connection.send(message.createReply(answer(message)));
+    return found;
 }
 
-QVariantList DBusMenu::answer(const QDBusMessage &message)
+QDBusVariant DBusMenu::GetProperty(int id, const QString &name) const
 {
-    const QString member = message.member();
-    const QVariantList arguments = message.arguments();
-    if (member == "GetLayout"_L1) {
-        refresh();
-        return layout(arguments);
-    }
-    if (member == "GetGroupProperties"_L1) {
-        const auto wanted = qdbus_cast<QList<int>>(arguments.first());
-        QList<DBusMenuItem> found;
-        for (const MenuItem &item : m_items) {
-            if (wanted.isEmpty() || wanted.contains(item.id)) {
-                found.append({item.id, propertiesOf(item)});
-            }
+    QVariant value(QString{});
+    for (const MenuItem &item : m_items) {
+        if (item.id == id) {
+            value = propertiesOf(item).value(name, value);
         }
-        return {QVariant::fromValue(found)};
     }
-    if (member == "GetProperty"_L1) {
-        QVariant value(QString{});
-        for (const MenuItem &item : m_items) {
-            if (item.id == arguments.first().toInt()) {
-                value = propertiesOf(item).value(arguments.at(1).toString(), value);
-            }
-        }
-        return {QVariant::fromValue(QDBusVariant(value))};
+    return QDBusVariant(value);
+}
+
+void DBusMenu::Event(int id, const QString &kind, const QDBusVariant & /*data*/, quint32 /*timestamp*/)
+{
+    happen(id, kind);
+}
+
+QList<int> DBusMenu::EventGroup(const QList<DBusMenuEvent> &events)
+{
+    for (const DBusMenuEvent &each : events) {
+        happen(each.id, each.kind);
     }
-    if (member == "Event"_L1) {
-        event(arguments.first().toInt(), arguments.at(1).toString());
-        return {};
-    }
-    if (member == "EventGroup"_L1) {
-        for (const auto &each : qdbus_cast<QList<DBusMenuEvent>>(arguments.first())) {
-            event(each.id, each.kind);
-        }
-        return {QVariant::fromValue(QList<int>())};
-    }
-    // About to show: prompt and keys change without a word, so this is the moment to look.
+    return {};
+}
+
+bool DBusMenu::AboutToShow(int /*id*/)
+{
+    // Prompt and keys change without a word, so this is the moment to look.
     const quint32 before = m_revision;
     refresh();
-    const bool needsUpdate = m_revision != before;
-    if (member == "AboutToShow"_L1) {
-        return {needsUpdate};
-    }
-    return {QVariant::fromValue(needsUpdate ? QList<int>{kRoot} : QList<int>()), QVariant::fromValue(QList<int>())};
+    return m_revision != before;
 }
 
-QVariantList DBusMenu::layout(const QVariantList &arguments) const
+QList<int> DBusMenu::AboutToShowGroup(const QList<int> & /*ids*/, QList<int> & /*unknown*/)
 {
-    const int parent = arguments.first().toInt();
-    DBusMenuLayout found{parent, {}, {}};
-    if (parent == kRoot) {
-        found.properties = kRootProperties;
-    }
-    for (const MenuItem &item : m_items) {
-        if (parent == kRoot && arguments.at(1).toInt() != 0) {
-            found.children.append(QVariant::fromValue(DBusMenuLayout{item.id, propertiesOf(item), {}}));
-        } else if (parent == item.id) {
-            found.properties = propertiesOf(item);
-        }
-    }
-    return {m_revision, QVariant::fromValue(found)};
+    return AboutToShow(kRoot) ? QList<int>{kRoot} : QList<int>();
 }
 
-void DBusMenu::event(int id, const QString &kind)
+void DBusMenu::happen(int id, const QString &kind)
 {
     if (kind != "clicked"_L1) {
         return;
@@ -210,70 +149,6 @@ void DBusMenu::event(int id, const QString &kind)
             Q_EMIT triggered(item.id);
         }
     }
-}
-
-QDBusArgument &operator<<(QDBusArgument &argument, const DBusMenuItem &item)
-{
-    argument.beginStructure();
-    argument << item.id << item.properties;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, DBusMenuItem &item)
-{
-    argument.beginStructure();
-    argument >> item.id >> item.properties;
-    argument.endStructure();
-    return argument;
-}
-
-QDBusArgument &operator<<(QDBusArgument &argument, const DBusMenuRemoval &removal)
-{
-    argument.beginStructure();
-    argument << removal.id << removal.names;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, DBusMenuRemoval &removal)
-{
-    argument.beginStructure();
-    argument >> removal.id >> removal.names;
-    argument.endStructure();
-    return argument;
-}
-
-QDBusArgument &operator<<(QDBusArgument &argument, const DBusMenuLayout &layout)
-{
-    argument.beginStructure();
-    argument << layout.id << layout.properties << layout.children;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, DBusMenuLayout &layout)
-{
-    argument.beginStructure();
-    argument >> layout.id >> layout.properties >> layout.children;
-    argument.endStructure();
-    return argument;
-}
-
-QDBusArgument &operator<<(QDBusArgument &argument, const DBusMenuEvent &event)
-{
-    argument.beginStructure();
-    argument << event.id << event.kind << event.data << event.timestamp;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, DBusMenuEvent &event)
-{
-    argument.beginStructure();
-    argument >> event.id >> event.kind >> event.data >> event.timestamp;
-    argument.endStructure();
-    return argument;
 }
 
 } // namespace quorvane

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "App/Tray/MenuBarIcon.h"
+#include "App/Tray/StatusNotifierTypes.h"
 
 #include <QDBusServiceWatcher>
-#include <QDBusVirtualObject>
-#include <QVariantMap>
+#include <QObject>
 
 #include <memory>
+
+class StatusNotifierItemAdaptor;
 
 namespace quorvane {
 
@@ -14,12 +16,12 @@ class SessionBus;
 
 /// The icon in the panel: org.kde.StatusNotifierItem. It registers with every watcher that appears, so it comes when
 /// the panel comes later and comes back when the panel was restarted.
-class StatusNotifierItem : public QDBusVirtualObject
+class StatusNotifierItem : public QObject
 {
     Q_OBJECT
 
   public:
-    StatusNotifierItem(SessionBus &bus, MenuBarIcon icon, QObject *parent = nullptr);
+    StatusNotifierItem(SessionBus &bus, const MenuBarIcon &icon, QObject *parent = nullptr);
 
     /// Whether a panel shows the icon, as far as it says so; on a bus that has not answered yet, it is taken for shown.
     [[nodiscard]] bool isShown() const { return m_isShown; }
@@ -27,8 +29,11 @@ class StatusNotifierItem : public QDBusVirtualObject
     /// One line or more under the program's name.
     void setToolTip(const QString &text);
 
-    [[nodiscard]] QString introspect(const QString &path) const override;
-    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
+    // What panels call, under the names that they call it by.
+    void Activate(int x, int y);
+    void SecondaryActivate(int x, int y) const;
+    void ContextMenu(int x, int y) const;
+    void Scroll(int delta, const QString &orientation) const;
 
   Q_SIGNALS:
     /// The icon itself was pressed, in a panel that does not open the menu then.
@@ -42,10 +47,10 @@ class StatusNotifierItem : public QDBusVirtualObject
     void attach();
     void registerWithWatcher();
     void setShown(bool isShown);
-    [[nodiscard]] QVariantMap properties() const;
+    void publishToolTip();
 
     SessionBus &m_bus;
-    MenuBarIcon m_icon;
+    StatusNotifierItemAdaptor *m_adaptor;
     QString m_toolTip;
     bool m_isShown = false;
     std::unique_ptr<QDBusServiceWatcher> m_watcher;

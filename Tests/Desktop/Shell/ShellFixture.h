@@ -6,6 +6,8 @@
 #include "Support/CommandRun.h"
 #include "demo-service/DemoService.h"
 
+#include <QDBusVirtualObject>
+
 #include <gtest/gtest.h>
 
 #include <csignal>
