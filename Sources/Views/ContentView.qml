@@ -86,6 +86,11 @@ Item {
             Connections {
                 target: previewModel
                 function onIsOpenChanged() { (previewModel.isOpen ? preview : gallery).forceActiveFocus(); }
+                function onPreviewURLChanged() { gallery.follow(previewModel.previewURL); }
+            }
+            Connections {
+                target: galleryModel
+                function onImagesChanged() { gallery.follow(previewModel.previewURL); }
             }
         }
     }

@@ -21,6 +21,14 @@ template <typename Entry> class EntryListModel : public QAbstractListModel
     {
         return parent.isValid() ? 0 : int(m_entries.size());
     }
+    /// The row of the entry with that key; -1 where there is none.
+    [[nodiscard]] int rowOf(const QString &key) const
+    {
+        const auto hasKey = [this, &key](const Entry &entry) { return keyOf(entry) == key; };
+        const auto found = std::find_if(m_entries.begin(), m_entries.end(), hasKey);
+        return found != m_entries.end() ? int(found - m_entries.begin()) : -1;
+    }
+
   protected:
     [[nodiscard]] virtual QString keyOf(const Entry &entry) const = 0;
     [[nodiscard]] const Entry &entryAt(const QModelIndex &index) const { return m_entries[std::size_t(index.row())]; }

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Window
 import Quorvane.Views
 
 /// The empty state, the albums, or the pictures of one album.
@@ -16,10 +17,36 @@ FocusScope {
         model.openAlbum(id);
     }
 
-    /// The menu of the tile that the keyboard is at.
-    function openMenu() {
-        const tile = images.currentItem as HistoryTile;
-        menu.openFor(tile.url, tile.isFavorite, tile, Qt.point(24, 60));
+    /// Takes the keyboard's place to a tile that something is done with; the file of its picture.
+    function goTo(tile: HistoryTile): string {
+        images.currentIndex = tile.index;
+        return tile.url;
+    }
+
+    /// Takes the keyboard's place to a picture that is shown elsewhere, if it is one of the open album's.
+    function follow(url: string) {
+        const row = model.rowOf(url);
+        if (row >= 0) {
+            images.currentIndex = row;
+            images.positionViewAtIndex(row, GridView.Contain);
+        }
+    }
+
+    function openPicture(tile: HistoryTile) {
+        images.forceActiveFocus();
+        previewRequested(goTo(tile));
+    }
+
+    /// Does what a key asks for: once for each stroke, and to no picture that is not seen.
+    function onTile(action) {
+        if (!strokes.isRepeat() && images.showsCurrent()) {
+            action(images.currentItem as HistoryTile);
+        }
+    }
+
+    KeyStrokes {
+        id: strokes
+        window: gallery.Window.window
     }
 
     EmptyState {
@@ -130,10 +157,10 @@ FocusScope {
         visible: gallery.model.state === GalleryModel.Album
         focus: visible
         model: gallery.model.imageList
-        Keys.onReturnPressed: (images.currentItem as HistoryTile)?.opened()
-        Keys.onEnterPressed: (images.currentItem as HistoryTile)?.opened()
-        Keys.onSpacePressed: (images.currentItem as HistoryTile)?.opened()
-        Keys.onDeletePressed: (images.currentItem as HistoryTile)?.deleted()
+        Keys.onReturnPressed: gallery.onTile(tile => tile.opened())
+        Keys.onEnterPressed: gallery.onTile(tile => tile.opened())
+        Keys.onSpacePressed: gallery.onTile(tile => tile.opened())
+        Keys.onDeletePressed: gallery.onTile(tile => tile.deleted())
         Keys.onEscapePressed: gallery.model.closeAlbum()
         delegate: HistoryTile {
             id: imageTile
@@ -141,11 +168,11 @@ FocusScope {
             width: images.tileWidth
             height: images.tileHeight
             selected: GridView.isCurrentItem && images.activeFocus
-            onOpened: gallery.previewRequested(url)
-            onApplied: gallery.model.apply(url)
-            onDeleted: gallery.model.remove(url)
-            onFavoriteToggled: gallery.model.toggleFavorite(url)
-            onMenuRequested: place => menu.openFor(url, isFavorite, imageTile, place)
+            onOpened: gallery.openPicture(imageTile)
+            onApplied: gallery.model.apply(gallery.goTo(imageTile))
+            onDeleted: gallery.model.remove(gallery.goTo(imageTile))
+            onFavoriteToggled: gallery.model.toggleFavorite(gallery.goTo(imageTile))
+            onMenuRequested: place => menu.openFor(gallery.goTo(imageTile), isFavorite, imageTile, place)
         }
     }
     PictureMenu {
@@ -160,11 +187,11 @@ FocusScope {
     Shortcut {
         enabled: images.activeFocus && images.currentItem !== null
         sequences: ["Menu", "Shift+F10"]
-        onActivated: gallery.openMenu()
+        onActivated: gallery.onTile(tile => tile.menuRequested(Qt.point(24, 60)))
     }
     Shortcut {
         enabled: images.activeFocus && images.currentItem !== null
         sequence: "F"
-        onActivated: (images.currentItem as HistoryTile).favoriteToggled()
+        onActivated: gallery.onTile(tile => tile.favoriteToggled())
     }
 }

@@ -58,6 +58,9 @@ class GalleryModel : public quorvane::ViewModel
     [[nodiscard]] QAbstractItemModel *albumList() { return &m_albumList; }
     [[nodiscard]] QAbstractItemModel *imageList() { return &m_imageList; }
 
+    /// The row of that picture in imageList(); -1 where it is not in the open album.
+    [[nodiscard]] Q_INVOKABLE int rowOf(const QString &url) const { return m_imageList.rowOf(url); }
+
     Q_INVOKABLE void apply(const QString &url);
     Q_INVOKABLE void toggleFavorite(const QString &url);
 

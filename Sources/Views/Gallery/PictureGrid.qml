@@ -11,6 +11,16 @@ GridView {
 
     readonly property real tileWidth: cellWidth - 20
 
+    /// Whether at least half of the tile that the keyboard is at is seen. Where it is not, it is brought into sight.
+    function showsCurrent(): bool {
+        const middle = currentItem === null ? -1 : currentItem.y + tileHeight / 2 - contentY;
+        const isSeen = middle >= 0 && middle <= height;
+        if (!isSeen) {
+            positionViewAtIndex(currentIndex, GridView.Contain);
+        }
+        return isSeen;
+    }
+
     // The last column keeps its gap, and the grid gives it back by being wider than what it shows.
     cellWidth: Math.floor(width / gallery.columns(width - 20))
     cellHeight: tileHeight + 20

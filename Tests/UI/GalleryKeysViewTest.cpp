@@ -1,0 +1,167 @@
+// What a key does in the gallery, it does to the picture that is ringed and seen.
+
+#include "UI/ViewFixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quorvane {
+
+class GalleryKeys : public ViewTest
+{
+  protected:
+    /// An open album of that many pictures.
+    void openAlbum(int count)
+    {
+        for (int number = 0; number < count; ++number) {
+            (void)putPainting(u"%1.png"_s.arg(number, 3, 10, '0'_L1), u"a lake"_s, {64, 40});
+        }
+        start();
+        open();
+        click(u"album a lake"_s);
+        ASSERT_TRUE(waitFor([&] { return isReachable(tile(0)); }));
+    }
+
+    [[nodiscard]] QString file(int number) const { return images().value(number); }
+    [[nodiscard]] QString tile(int number) const { return u"tile "_s + file(number); }
+    [[nodiscard]] QStringList images() const
+    {
+        const std::vector<Album> albums = manager->albums();
+        return albums.empty() ? QStringList() : albums.back().images;
+    }
+    [[nodiscard]] bool isLeft(const QString &path) const { return manager->history().contains(path); }
+
+    /// The file of the tile that shows the ring of the keyboard.
+    [[nodiscard]] QString ringed() const
+    {
+        const auto *tile = find(u"imageGrid"_s)->property("currentItem").value<QQuickItem *>();
+        const bool isRinged = tile != nullptr && tile->property("selected").toBool();
+        return isRinged ? tile->property("url").toString() : QString();
+    }
+
+    void closePreview()
+    {
+        ASSERT_TRUE(waitFor([&] { return isSeen(u"preview"_s); }));
+        QTest::keyClick(window, Qt::Key_Escape);
+        ASSERT_TRUE(waitFor([&] { return !isSeen(u"preview"_s); }));
+    }
+
+    /// In which row the grid shows the tile of that file.
+    [[nodiscard]] int placeOf(const QString &path) const
+    {
+        const QQuickItem *item = find(u"tile "_s + path);
+        return item != nullptr ? item->property("index").toInt() : -1;
+    }
+
+    /// What a window gets from an X server for a key: a press, and for each repetition a release and a press of one
+    /// time.
+    void hold(int key, int repetitions)
+    {
+        quint64 time = m_time += 1000;
+        send(QEvent::KeyPress, key, time);
+        for (time += 660; repetitions > 0; --repetitions, time += 40) {
+            send(QEvent::KeyRelease, key, time);
+            send(QEvent::KeyPress, key, time);
+            manager->waitUntilIdle();
+            QCoreApplication::processEvents();
+        }
+        send(QEvent::KeyRelease, key, time);
+        m_time = time;
+    }
+
+  private:
+    void send(QEvent::Type type, int key, quint64 time) const
+    {
+        QKeyEvent event(type, key, Qt::NoModifier);
+        event.setTimestamp(time);
+        QCoreApplication::sendEvent(window, &event);
+    }
+
+    quint64 m_time = 100000;
+};
+
+TEST_F(GalleryKeys, deleteDeletesThePictureThatWasClickedLast)
+{
+    openAlbum(4);
+    const QString clicked = file(3);
+    click(tile(3));
+    closePreview();
+    EXPECT_EQ(ringed(), clicked);
+    QTest::keyClick(window, Qt::Key_Delete);
+    manager->waitUntilIdle();
+    EXPECT_FALSE(isLeft(clicked));
+    EXPECT_EQ(manager->history().size(), 3);
+}
+
+TEST_F(GalleryKeys, theRingGoesWhereThePreviewHasGone)
+{
+    openAlbum(40);
+    click(tile(0));
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"preview"_s); }));
+    for (int step = 0; step < 30; ++step) {
+        QTest::keyClick(window, Qt::Key_Right);
+    }
+    closePreview();
+    EXPECT_EQ(ringed(), file(30));
+    EXPECT_TRUE(waitFor([&] { return isReachable(tile(30)); }));
+}
+
+TEST_F(GalleryKeys, theRingStaysWithThePictureWhenOthersComeGoAndMove)
+{
+    openAlbum(6);
+    const QString own = file(3);
+    click(tile(3));
+    closePreview();
+    // One goes before it, one comes before it, and one behind it becomes the first.
+    manager->deleteImage(file(0));
+    manager->waitUntilIdle();
+    EXPECT_TRUE(waitFor([&] { return find(u"imageGrid"_s)->property("count").toInt() == 5; }));
+    EXPECT_EQ(ringed(), own);
+    (void)putPainting(u"new.png"_s, u"a lake"_s, {64, 40});
+    manager->reloadHistory();
+    EXPECT_TRUE(waitFor([&] { return find(u"imageGrid"_s)->property("count").toInt() == 6; }));
+    EXPECT_EQ(ringed(), own);
+    manager->toggleFavorite(images().last());
+    manager->waitUntilIdle();
+    EXPECT_TRUE(waitFor([&] { return placeOf(own) == images().indexOf(own); }));
+    EXPECT_EQ(ringed(), own);
+    // And it goes with it when it moves itself.
+    QTest::keyClick(window, Qt::Key_F);
+    manager->waitUntilIdle();
+    EXPECT_TRUE(waitFor([&] { return placeOf(own) == 0 && images().first() == own; }));
+    EXPECT_EQ(ringed(), own);
+}
+
+TEST_F(GalleryKeys, aKeyThatIsHeldDeletesOnePicture)
+{
+    openAlbum(6);
+    click(tile(0));
+    closePreview();
+    const QString ownFile = ringed();
+    hold(Qt::Key_Delete, 24);
+    manager->waitUntilIdle();
+    EXPECT_EQ(manager->history().size(), 5);
+    EXPECT_FALSE(isLeft(ownFile));
+    ASSERT_TRUE(waitFor([&] { return find(u"imageGrid"_s)->property("count").toInt() == 5; }));
+    hold(Qt::Key_Delete, 0);
+    manager->waitUntilIdle();
+    EXPECT_EQ(manager->history().size(), 4);
+}
+
+TEST_F(GalleryKeys, aPictureOutOfSightIsShownInsteadOfDeleted)
+{
+    openAlbum(60);
+    click(tile(0));
+    closePreview();
+    const QString own = ringed();
+    find(u"imageGrid"_s)->setProperty("contentY", 2000);
+    EXPECT_TRUE(waitFor([&] { return !isReachable(u"tile "_s + own); }));
+    hold(Qt::Key_Delete, 0);
+    manager->waitUntilIdle();
+    EXPECT_TRUE(isLeft(own));
+    EXPECT_TRUE(waitFor([&] { return isReachable(u"tile "_s + own); }));
+    hold(Qt::Key_Delete, 0);
+    manager->waitUntilIdle();
+    EXPECT_FALSE(isLeft(own));
+}
+
+} // namespace quorvane
