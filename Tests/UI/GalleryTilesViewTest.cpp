@@ -3,6 +3,7 @@
 #include "UI/ViewFixture.h"
 
 #include <QAccessible>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -125,6 +126,45 @@ TEST_F(GalleryTiles, aScreenReaderHearsOfTheTilesThatAreThereAndOfNoOthers)
     openAlbum(u"a hill"_s);
     ASSERT_TRUE(waitFor([&] { return shown() == filesOf(u"a hill"_s); }));
     EXPECT_EQ(spoken().size(), 3) << spoken().join('\n'_L1).toStdString();
+}
+
+TEST_F(GalleryTiles, noTwoTilesHaveTheSameName)
+{
+    putAlbum(u"a"_s, u"a lake"_s, 4);
+    start();
+    open();
+    openAlbum(u"a lake"_s);
+    ASSERT_TRUE(waitFor([&] { return spoken().size() == 4; }));
+    const QStringList names = spoken();
+    EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), 4) << names.join('\n'_L1).toStdString();
+    EXPECT_TRUE(names.first().startsWith(u"a lake, "_s));
+    EXPECT_TRUE(names.first().endsWith(u", 1 of 4"_s)) << names.first().toStdString();
+}
+
+TEST_F(GalleryTiles, aTileTellsWhatItsPictureIs)
+{
+    const QString plain = putPainting(u"plain.png"_s, u"a lake"_s);
+    const QString wide = putPainting(u"wide.png"_s, u"a lake"_s, {3840, 24});
+    start();
+    open();
+    openAlbum(u"a lake"_s);
+    const auto nameOf = [this](const QString &path) {
+        QQuickItem *tile = find(u"tile "_s + path);
+        return tile == nullptr ? QString() : QAccessible::queryAccessibleInterface(tile)->text(QAccessible::Name);
+    };
+    EXPECT_TRUE(waitFor([&] { return nameOf(wide).contains(u", 4K, "_s); })) << nameOf(wide).toStdString();
+    for (const char *word : {"4K", "favorite", "wallpaper"}) {
+        EXPECT_FALSE(nameOf(plain).contains(QLatin1String(word))) << word;
+    }
+    manager->toggleFavorite(plain);
+    EXPECT_TRUE(waitFor([&] { return nameOf(plain).contains(u", favorite, "_s); })) << nameOf(plain).toStdString();
+    manager->setWallpaper(plain);
+    manager->waitUntilIdle();
+    EXPECT_TRUE(nameOf(plain).contains(u", current wallpaper, "_s)) << nameOf(plain).toStdString();
+    manager->setWallpaper(wide);
+    manager->waitUntilIdle();
+    EXPECT_FALSE(nameOf(plain).contains(u"wallpaper"_s)) << nameOf(plain).toStdString();
+    EXPECT_TRUE(nameOf(wide).contains(u", current wallpaper, "_s)) << nameOf(wide).toStdString();
 }
 
 } // namespace quorvane

@@ -164,6 +164,7 @@ FocusScope {
         Keys.onEscapePressed: gallery.model.closeAlbum()
         delegate: HistoryTile {
             id: imageTile
+            count: images.count
             actions: gallery.actions
             width: images.tileWidth
             height: images.tileHeight

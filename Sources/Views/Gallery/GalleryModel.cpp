@@ -18,6 +18,7 @@ QStringList previewList(const std::optional<QString> &selectedAlbumId, const std
 GalleryModel::GalleryModel(QObject *parent)
     : ViewModel(parent)
     , m_reading([this](GalleryListing listing) { show(std::move(listing)); })
+    , m_measuring([this](PictureWidths widths) { m_imageList.setWidths(std::move(widths)); })
 {
 }
 
@@ -28,6 +29,9 @@ void GalleryModel::attach()
     connect(manager(), &WallpaperManager::favoritesChanged, this, &GalleryModel::update);
     connect(manager(), &WallpaperManager::upscalingURLChanged, this,
             [this] { m_imageList.setUpscaling(manager()->upscalingURL()); });
+    m_imageList.setCurrentWallpaper(manager()->currentWallpaperURL());
+    connect(manager(), &WallpaperManager::currentWallpaperURLChanged, this,
+            [this] { m_imageList.setCurrentWallpaper(manager()->currentWallpaperURL()); });
     if (manager()->isHistoryRead()) {
         update();
     }
@@ -50,6 +54,8 @@ void GalleryModel::show(GalleryListing listing)
     }
     m_albumList.setAlbums(std::move(listing.albums));
     m_imageList.setPictures(std::move(listing.pictures).value_or(std::vector<PictureEntry>()));
+    m_measuring.ask(
+        [pictures = m_imageList.entries(), known = m_imageList.widths()] { return readWidths(pictures, known); });
     announce();
 }
 

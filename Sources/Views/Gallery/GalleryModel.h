@@ -88,6 +88,7 @@ class GalleryModel : public quorvane::ViewModel
     ImageListModel m_imageList;
     std::unique_ptr<LibraryWatcher> m_watcher;
     LatestReading<GalleryListing> m_reading;
+    LatestReading<PictureWidths> m_measuring;
 };
 
 } // namespace quorvane

@@ -12,6 +12,9 @@ FocusScope {
     required property string timestamp
     required property bool isFavorite
     required property bool isUpscaling
+    required property string spoken
+    /// How many pictures there are with this one.
+    required property int count
     required property PictureActions actions
     property bool selected: false
 
@@ -27,7 +30,8 @@ FocusScope {
 
     objectName: "tile " + url
     Accessible.role: Accessible.Button
-    Accessible.name: prompt === "" ? timestamp : prompt + ", " + timestamp
+    //: What is read out of a picture, then its place among the others
+    Accessible.name: qsTr("%3, %1 of %2").arg(index + 1).arg(count).arg(spoken)
     Accessible.onPressAction: if (enabled) opened()
 
     onHoveringChanged: rowAtTop = hover.point.position.y > picture.height / 2

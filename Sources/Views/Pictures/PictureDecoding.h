@@ -6,6 +6,9 @@
 
 namespace quorvane {
 
+/// A picture this wide, in pixels, is 4K.
+inline constexpr int kFourKWidth = 3840;
+
 /// The size at which the picture at path is seen, its orientation applied, from its header alone; empty when it cannot
 /// be read. Any thread.
 [[nodiscard]] QSize shownSize(const QString &path);

@@ -31,9 +31,6 @@ class PreviewModel : public quorvane::ViewModel
   public:
     explicit PreviewModel(QObject *parent = nullptr);
 
-    /// A picture this wide, in pixels, is 4K.
-    static constexpr int kFourKWidth = 3840;
-
     /// Empty while no picture is open.
     [[nodiscard]] const QString &previewURL() const { return m_previewURL; }
     void setPreviewURL(const QString &url);

@@ -81,4 +81,19 @@ TEST_F(ImageListModelTest, onlyTheTilesOfTheEnlargementHearOfIt)
     EXPECT_FALSE(model.data(model.index(1), ImageListModel::IsUpscalingRole).toBool());
 }
 
+TEST_F(ImageListModelTest, whatIsReadOutTellsWhatAPictureIs)
+{
+    const auto spoken = [this](int row) { return model.data(model.index(row), ImageListModel::SpokenRole).toString(); };
+    EXPECT_EQ(spoken(0), u"a lake"_s);
+    model.setFavorites({u"a.png"_s});
+    model.setCurrentWallpaper(u"/a.png"_s);
+    model.setWidths({{u"/a.png"_s, {{1, 1}, 3840}}, {u"/b.png"_s, {{1, 1}, 3839}}});
+    EXPECT_EQ(spoken(0), u"a lake, favorite, 4K, current wallpaper"_s);
+    EXPECT_EQ(spoken(1), u"a lake"_s);
+    changed.clear();
+    model.setCurrentWallpaper(u"/c.png"_s);
+    EXPECT_EQ(changedRows(), u"0 2"_s);
+    EXPECT_EQ(spoken(2), u"a lake, current wallpaper"_s);
+}
+
 } // namespace quorvane

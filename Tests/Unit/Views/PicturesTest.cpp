@@ -2,6 +2,7 @@
 
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
+#include "Views/Gallery/PictureWidths.h"
 #include "Views/Pictures/PictureDecoding.h"
 #include "Views/Pictures/PictureUrl.h"
 #include "Views/Pictures/ThumbnailCache.h"
@@ -95,6 +96,23 @@ TEST_F(Pictures, anAddressLeadsBackToItsPathWhateverTheNameHolds)
         const QString id = address.toString(QUrl::RemoveScheme | QUrl::RemoveAuthority).mid(1);
         EXPECT_EQ(pathFromPictureId(id), path) << name;
     }
+}
+
+TEST_F(Pictures, aWidthIsReadOnceForEachContentOfAFile)
+{
+    const QString path = put(u"one.png"_s, {880, 200});
+    const QString turned = put(u"two.jpg"_s, {880, 200}, Qt::red, QImageIOHandler::TransformationRotate90);
+    const auto entry = [](const QString &of) { return PictureEntry{of, fileStamp(of), {}, std::nullopt}; };
+    const PictureWidths widths = readWidths({entry(path), entry(turned), entry(home.path() + u"/gone.png"_s)}, {});
+    EXPECT_EQ(widths.value(path).pixels, 880);
+    EXPECT_EQ(widths.value(turned).pixels, 200);
+    EXPECT_EQ(widths.value(home.path() + u"/gone.png"_s).pixels, 0);
+    // What is known already is not read again, and what is not asked for is forgotten.
+    PictureWidths known = widths;
+    known[path].pixels = 7;
+    EXPECT_EQ(readWidths({entry(path)}, known), (PictureWidths{{path, {fileStamp(path), 7}}}));
+    (void)put(u"one.png"_s, {88, 200}, Qt::blue);
+    EXPECT_EQ(readWidths({entry(path)}, known).value(path).pixels, 88);
 }
 
 } // namespace quorvane
