@@ -42,6 +42,7 @@ Item {
     }
     ViewerModel {
         id: viewerModel
+        onFailed: previewModel.refresh()
     }
 
     Shortcut {
@@ -85,7 +86,7 @@ Item {
             }
             Connections {
                 target: previewModel
-                function onIsOpenChanged() { (previewModel.isOpen ? preview : gallery).forceActiveFocus(); }
+                function onIsOpenChanged() { previewModel.isOpen ? preview.begin() : gallery.forceActiveFocus(); }
                 function onPreviewURLChanged() { gallery.follow(previewModel.previewURL); }
             }
             Connections {

@@ -111,6 +111,27 @@ TEST_F(PreviewView, theCloseButtonCloses)
     EXPECT_TRUE(waitFor([&] { return !isSeen(u"preview"_s); }));
 }
 
+TEST_F(PreviewView, aButtonThatWasClickedDoesNotKeepTheKeyboard)
+{
+    openFirst();
+    click(u"closeButton"_s);
+    ASSERT_TRUE(waitFor([&] { return !isSeen(u"preview"_s); }));
+    click(u"tile "_s + manager->history().first());
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"preview"_s); }));
+    QTest::keyClick(window, Qt::Key_Space);
+    EXPECT_TRUE(find(u"preview"_s)->isEnabled());
+    click(u"favoriteButton"_s);
+    QTest::keyClick(window, Qt::Key_Space);
+    EXPECT_EQ(manager->favorites().size(), 1);
+    QTest::keyClick(window, Qt::Key_Escape);
+    // Also when a key has closed it.
+    ASSERT_TRUE(waitFor([&] { return !isSeen(u"preview"_s); }));
+    click(u"tile "_s + manager->history().first());
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"preview"_s); }));
+    QTest::keyClick(window, Qt::Key_Space);
+    EXPECT_TRUE(find(u"preview"_s)->isEnabled());
+}
+
 TEST_F(PreviewView, itsKeysWorkWhateverHasTheFocus)
 {
     openFirst();

@@ -8,6 +8,7 @@ MenuPanel {
     required property PictureActions actions
     property string url: ""
     property bool isFavorite: false
+    property bool canApply: true
     /// Whether it offers what the picture's tile offers, too; where the picture is large, its buttons do.
     property bool isComplete: false
 
@@ -16,9 +17,10 @@ MenuPanel {
     signal deleted()
 
     /// Opens it for a picture, at a place in item.
-    function openFor(path: string, favorite: bool, item: Item, place: point) {
+    function openFor(path: string, favorite: bool, broken: bool, item: Item, place: point) {
         url = path;
         isFavorite = favorite;
+        canApply = !broken;
         popup(item, place.x, place.y);
     }
 
@@ -26,7 +28,7 @@ MenuPanel {
 
     MenuLine {
         objectName: "menuApply"
-        shown: menu.isComplete
+        shown: menu.isComplete && menu.canApply
         text: qsTr("Set as Wallpaper")
         onTriggered: menu.applied()
     }

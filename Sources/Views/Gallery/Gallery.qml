@@ -173,7 +173,7 @@ FocusScope {
             onApplied: gallery.model.apply(gallery.goTo(imageTile))
             onDeleted: gallery.model.remove(gallery.goTo(imageTile))
             onFavoriteToggled: gallery.model.toggleFavorite(gallery.goTo(imageTile))
-            onMenuRequested: place => menu.openFor(gallery.goTo(imageTile), isFavorite, imageTile, place)
+            onMenuRequested: place => menu.openFor(gallery.goTo(imageTile), isFavorite, isBroken, imageTile, place)
         }
     }
     PictureMenu {

@@ -18,6 +18,8 @@ FocusScope {
     required property PictureActions actions
     property bool selected: false
 
+    /// A picture that cannot be read cannot be set, either.
+    readonly property bool isBroken: picture.isBroken
     readonly property bool hovering: hover.hovered
     /// The row of actions appears in the half where the pointer did not come in, so that the trash is never under it.
     property bool rowAtTop: false
@@ -32,6 +34,7 @@ FocusScope {
     Accessible.role: Accessible.Button
     //: What is read out of a picture, then its place among the others
     Accessible.name: qsTr("%3, %1 of %2").arg(index + 1).arg(count).arg(spoken)
+    Accessible.description: isBroken ? qsTr("This picture cannot be read.") : ""
     Accessible.onPressAction: if (enabled) opened()
 
     onHoveringChanged: rowAtTop = hover.point.position.y > picture.height / 2
@@ -128,6 +131,7 @@ FocusScope {
 
             CapsuleButton {
                 objectName: "apply"
+                visible: !tile.isBroken
                 focusPolicy: Qt.NoFocus
                 height: 28
                 text: qsTr("Apply")

@@ -8,7 +8,8 @@ Item {
     property alias source: image.source
     property color pageColor: Theme.page
     /// A picture that cannot be read arrives as a single pixel.
-    readonly property bool isThere: image.status === Image.Ready && image.implicitWidth > 1
+    readonly property bool isThere: image.status === Image.Ready && !isBroken
+    readonly property bool isBroken: image.status === Image.Ready && image.implicitWidth <= 1 && image.implicitHeight <= 1
 
     Rectangle {
         anchors.fill: parent

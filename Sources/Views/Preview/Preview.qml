@@ -14,6 +14,11 @@ FocusScope {
     /// Whether nothing of the gallery is to be seen behind it.
     readonly property bool coversGallery: model.isOpen && opacity === 1
 
+    /// The keyboard is with the picture, and with none of the buttons yet.
+    function begin() {
+        stage.forceActiveFocus();
+    }
+
     objectName: "preview"
     visible: opacity > 0
     enabled: model.isOpen
@@ -33,6 +38,7 @@ FocusScope {
 
     Item {
         id: stage
+        focus: true
         anchors.fill: parent
         anchors.leftMargin: 64
         anchors.rightMargin: 64
@@ -62,12 +68,19 @@ FocusScope {
             Accessible.role: Accessible.Graphic
             Accessible.name: preview.model.prompt
 
+            /// A picture that cannot be decoded arrives as a single pixel.
+            readonly property bool isEmpty: status === Image.Ready && implicitWidth <= 1 && implicitHeight <= 1
+
+            onIsEmptyChanged: preview.model.cameEmpty = isEmpty
+
             TapHandler {
+                enabled: preview.model.isThere
                 acceptedButtons: Qt.RightButton
-                onTapped: eventPoint => menu.openFor(preview.model.previewURL, false, picture, eventPoint.position)
+                onTapped: eventPoint => menu.openFor(preview.model.previewURL, false, false, picture, eventPoint.position)
             }
             DragHandler {
                 id: drag
+                enabled: preview.model.isThere
                 target: null
                 acceptedDevices: PointerDevice.Mouse
             }
@@ -92,6 +105,28 @@ FocusScope {
                 asynchronous: true
             }
         }
+        Column {
+            anchors.centerIn: parent
+            width: parent.width
+            visible: preview.model.problem !== ""
+            spacing: 12
+
+            Symbol {
+                anchors.horizontalCenter: parent.horizontalCenter
+                name: "exclamationmark.triangle.fill"
+                size: 32
+                color: Theme.overPictureSecondary
+            }
+            StaticText {
+                objectName: "previewProblem"
+                width: parent.width
+                text: preview.model.problem
+                color: Theme.overPicture
+                font.pixelSize: Theme.bodySize
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+            }
+        }
         UpscalingNotice {
             anchors.centerIn: parent
             model: preview.model
@@ -100,6 +135,7 @@ FocusScope {
 
     CapsuleButton {
         objectName: "closeButton"
+        focusPolicy: Qt.TabFocus
         anchors.left: parent.left
         anchors.leftMargin: 16
         y: 16
@@ -110,6 +146,7 @@ FocusScope {
     IconButton {
         id: leftButton
         objectName: "leftButton"
+        focusPolicy: Qt.TabFocus
         anchors.left: parent.left
         anchors.leftMargin: 14
         anchors.verticalCenter: stage.verticalCenter
@@ -121,6 +158,7 @@ FocusScope {
     }
     IconButton {
         objectName: "rightButton"
+        focusPolicy: Qt.TabFocus
         anchors.right: parent.right
         anchors.rightMargin: 14
         anchors.verticalCenter: stage.verticalCenter
@@ -195,11 +233,15 @@ FocusScope {
 
             CapsuleButton {
                 objectName: "setButton"
+                focusPolicy: Qt.TabFocus
+                visible: preview.model.problem === ""
                 text: qsTr("Set as Wallpaper")
                 onClicked: preview.model.setAsWallpaper()
             }
             CapsuleButton {
                 objectName: "favoriteButton"
+                focusPolicy: Qt.TabFocus
+                visible: preview.model.isThere
                 symbol: preview.model.isFavorite ? "star.fill" : "star"
                 symbolColor: preview.model.isFavorite ? Theme.yellow : Theme.overPicture
                 text: preview.model.isFavorite ? qsTr("Unfavorite") : qsTr("Favorite")
@@ -207,6 +249,7 @@ FocusScope {
             }
             CapsuleButton {
                 objectName: "previewUsePromptButton"
+                focusPolicy: Qt.TabFocus
                 visible: preview.model.canUsePrompt
                 symbol: "arrow.uturn.left"
                 text: qsTr("Use Prompt")
@@ -214,6 +257,7 @@ FocusScope {
             }
             CapsuleButton {
                 objectName: "upscaleButton"
+                focusPolicy: Qt.TabFocus
                 visible: preview.model.canUpscale
                 symbol: "arrow.up.right"
                 text: qsTr("Upscale to 4K")
@@ -221,12 +265,15 @@ FocusScope {
             }
             CapsuleButton {
                 objectName: "fullScreenButton"
+                focusPolicy: Qt.TabFocus
+                visible: preview.model.problem === ""
                 symbol: "arrow.up.left.and.arrow.down.right"
                 text: qsTr("Full Screen")
                 onClicked: preview.fullScreenRequested()
             }
             CapsuleButton {
                 objectName: "originalButton"
+                focusPolicy: Qt.TabFocus
                 visible: preview.model.hasOriginal
                 text: qsTr("Original")
                 onClicked: preview.model.showOriginal()
@@ -241,9 +288,9 @@ FocusScope {
         onClosed: preview.forceActiveFocus()
     }
     Shortcut {
-        enabled: preview.model.isOpen
+        enabled: preview.model.isOpen && preview.model.isThere
         sequences: ["Menu", "Shift+F10"]
-        onActivated: menu.openFor(preview.model.previewURL, false, stage, Qt.point(stage.width / 2 - 80, 60))
+        onActivated: menu.openFor(preview.model.previewURL, false, false, stage, Qt.point(stage.width / 2 - 80, 60))
     }
 
     PreviewKeys {
@@ -252,7 +299,8 @@ FocusScope {
         mirrored: leftButton.mirrored
     }
     Shortcut {
-        enabled: preview.activeFocus
+        enabled: preview.activeFocus && preview.model.isThere
+        autoRepeat: false
         sequence: "F"
         onActivated: preview.model.toggleFavorite()
     }

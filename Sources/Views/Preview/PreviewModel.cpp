@@ -4,6 +4,10 @@
 #include "Views/Pictures/PictureUrl.h"
 #include "Views/ProgressText.h"
 
+#include <QFileInfo>
+
+#include <algorithm>
+
 namespace quorvane {
 
 PreviewModel::PreviewModel(QObject *parent)
@@ -43,16 +47,43 @@ void PreviewModel::setList(const QStringList &list)
     Q_EMIT changed();
 }
 
+PreviewModel::Records PreviewModel::recordsOf(const QString &url)
+{
+    Records records{url, ImageRecords::factsOf(url), std::max(0, shownSize(url).width()), QFileInfo::exists(url)};
+    if (records.facts.original && !QFileInfo::exists(*records.facts.original)) {
+        records.facts.original.reset();
+    }
+    return records;
+}
+
 void PreviewModel::readRecords()
 {
     if (isOpen()) {
-        m_reading.ask([url = m_previewURL] {
-            return Records{url, ImageRecords::factsOf(url), shownSize(url).width()};
-        });
+        m_reading.ask([url = m_previewURL] { return recordsOf(url); });
     } else {
         m_reading.ask([] { return Records(); });
     }
     Q_EMIT changed();
+}
+
+QString PreviewModel::problem() const
+{
+    if (!isOpen() || !areRecordsOfThis()) {
+        return {};
+    }
+    if (!m_records.isThere) {
+        return tr("This picture is not there any more.");
+    }
+    return m_records.width == 0 || m_cameEmpty ? tr("This picture cannot be read.") : QString();
+}
+
+void PreviewModel::setCameEmpty(bool cameEmpty)
+{
+    if (cameEmpty != m_cameEmpty) {
+        m_cameEmpty = cameEmpty;
+        // It may have gone since its records were read. Later, because what tells of this is still being shown.
+        QMetaObject::invokeMethod(this, &PreviewModel::readRecords, Qt::QueuedConnection);
+    }
 }
 
 bool PreviewModel::canGoLeft() const
@@ -129,8 +160,9 @@ void PreviewModel::toggleFavorite()
 
 bool PreviewModel::canUpscale() const
 {
-    const bool isSmall = m_records.width > 0 && m_records.width < kFourKWidth;
-    return isOpen() && isSmall && !m_records.facts.hasPartner && manager()->upscalingURL().isEmpty();
+    const bool isSmall = m_records.width < kFourKWidth;
+    return isOpen() && problem().isEmpty() && isSmall && !m_records.facts.hasPartner &&
+           manager()->upscalingURL().isEmpty();
 }
 
 void PreviewModel::upscale()

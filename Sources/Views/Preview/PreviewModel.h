@@ -24,6 +24,9 @@ class PreviewModel : public quorvane::ViewModel
     Q_PROPERTY(bool isFavorite READ isFavorite NOTIFY changed)
     Q_PROPERTY(bool canUpscale READ canUpscale NOTIFY changed)
     Q_PROPERTY(bool hasOriginal READ hasOriginal NOTIFY changed)
+    Q_PROPERTY(QString problem READ problem NOTIFY changed)
+    Q_PROPERTY(bool isThere READ isThere NOTIFY changed)
+    Q_PROPERTY(bool cameEmpty MEMBER m_cameEmpty WRITE setCameEmpty)
     Q_PROPERTY(bool isUpscaling READ isUpscaling NOTIFY changed)
     Q_PROPERTY(QString progressText READ progressText NOTIFY progressChanged)
     Q_PROPERTY(double progressShare READ progressShare NOTIFY progressChanged)
@@ -52,9 +55,19 @@ class PreviewModel : public quorvane::ViewModel
 
     /// Whether what follows is that of the picture that is open. It is read from the disk and comes a moment later;
     /// until then the last picture's stays, so that nothing flickers, but nothing is done with it.
-    [[nodiscard]] bool areRecordsRead() const { return m_records.url == m_previewURL && !m_reading.isUnderWay(); }
+    [[nodiscard]] bool areRecordsRead() const { return areRecordsOfThis() && !m_reading.isUnderWay(); }
     [[nodiscard]] QString prompt() const { return m_records.facts.prompt.value_or(QString()); }
     [[nodiscard]] bool canUsePrompt() const { return m_records.facts.prompt.has_value(); }
+    /// Why the picture is not to be seen, in words; empty for one that is, or of which nothing is known yet. What has a
+    /// problem can be neither set nor shown on the whole screen.
+    [[nodiscard]] QString problem() const;
+    /// Whether the picture's file is there, as far as is known.
+    [[nodiscard]] bool isThere() const { return !areRecordsOfThis() || m_records.isThere; }
+    /// Whether nothing came of decoding the picture, which its header alone does not always tell.
+    void setCameEmpty(bool cameEmpty);
+    /// Looks at the disk again.
+    Q_INVOKABLE void refresh() { readRecords(); }
+
     /// Asks for the picture's prompt to be used, and closes.
     Q_INVOKABLE void usePrompt();
 
@@ -89,8 +102,11 @@ class PreviewModel : public quorvane::ViewModel
         QString url;
         ImageRecords::Facts facts;
         int width = 0; ///< In pixels; 0 when the picture cannot be read.
+        bool isThere = false;
     };
 
+    [[nodiscard]] static Records recordsOf(const QString &url);
+    [[nodiscard]] bool areRecordsOfThis() const { return m_records.url == m_previewURL; }
     void readRecords();
     void followUpscale();
 
@@ -98,6 +114,7 @@ class PreviewModel : public quorvane::ViewModel
     QStringList m_list;
     QString m_lastUpscalingURL;
 
+    bool m_cameEmpty = false;
     Records m_records;
     LatestReading<Records> m_reading;
 };

@@ -18,6 +18,7 @@ QString ViewerModel::thumbnail() const
 void ViewerModel::show(const QString &url)
 {
     if (shownSize(url).isEmpty()) {
+        Q_EMIT failed();
         return;
     }
     m_url = url;

@@ -22,12 +22,14 @@ class ViewerModel : public QObject
     [[nodiscard]] QString thumbnail() const;
     [[nodiscard]] bool isOpen() const { return !m_url.isEmpty(); }
 
-    /// Takes the place of what is shown; does nothing for a picture that cannot be read.
+    /// Takes the place of what is shown. For a picture that cannot be read it only says so.
     Q_INVOKABLE void show(const QString &url);
     Q_INVOKABLE void close();
 
   Q_SIGNALS:
     void changed();
+    /// A picture was not shown, because it cannot be read.
+    void failed();
 
   private:
     QString m_url;

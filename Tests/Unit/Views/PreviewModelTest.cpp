@@ -5,6 +5,7 @@
 #include "Unit/Manager/ManagerFixture.h"
 
 #include <QBuffer>
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -150,6 +151,45 @@ TEST_F(PreviewModelTest, aPromptIsOfferedOnlyWhereOneIsRecorded)
     model->usePrompt();
     EXPECT_EQ(chosen, u"a lake"_s);
     EXPECT_FALSE(model->isOpen());
+}
+
+TEST_F(PreviewModelTest, anOriginalThatIsGoneIsNotOffered)
+{
+    const QString original = putPicture(u"one.png"_s, 100);
+    const QString copy = putPicture(u"two.png"_s, 3840);
+    (void)ImageStore::saveVariantLink(imageName(original), imageName(copy));
+    attach().setPreviewURL(copy);
+    ASSERT_TRUE(isRead());
+    EXPECT_TRUE(model->hasOriginal());
+    ASSERT_TRUE(QFile::remove(original));
+    model->refresh();
+    ASSERT_TRUE(isRead());
+    EXPECT_FALSE(model->hasOriginal());
+}
+
+TEST_F(PreviewModelTest, aProblemIsToldOfThePictureThatIsOpenAndOfNoOther)
+{
+    const QString whole = putPicture(u"one.png"_s, 100);
+    const QString broken = putImage(u"broken.png"_s);
+    attach().setPreviewURL(broken);
+    EXPECT_EQ(model->problem(), QString());
+    ASSERT_TRUE(isRead());
+    EXPECT_EQ(model->problem(), u"This picture cannot be read."_s);
+    EXPECT_TRUE(model->isThere());
+    model->setPreviewURL(whole);
+    EXPECT_EQ(model->problem(), QString());
+    ASSERT_TRUE(isRead());
+    EXPECT_EQ(model->problem(), QString());
+    EXPECT_TRUE(model->canUpscale());
+    model->setCameEmpty(true);
+    ASSERT_TRUE(isRead());
+    EXPECT_EQ(model->problem(), u"This picture cannot be read."_s);
+    EXPECT_FALSE(model->canUpscale());
+    ASSERT_TRUE(QFile::remove(whole));
+    model->refresh();
+    ASSERT_TRUE(isRead());
+    EXPECT_EQ(model->problem(), u"This picture is not there any more."_s);
+    EXPECT_FALSE(model->isThere());
 }
 
 } // namespace quorvane
