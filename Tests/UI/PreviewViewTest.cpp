@@ -197,6 +197,50 @@ TEST_F(PreviewView, itsContextMenuCopiesThePictureThatIsShown)
     EXPECT_TRUE(isSeen(u"preview"_s));
 }
 
+TEST_F(PreviewView, theWholePromptIsShownOnDemandAndCanBeCopied)
+{
+    const QString prompt = u"a quiet mountain lake at dawn with mist "_s.repeated(60).trimmed() + u" and the end"_s;
+    const QString path = putPainting(u"one.png"_s, prompt);
+    start();
+    open();
+    click(u"album "_s + prompt);
+    click(u"tile "_s + path);
+    click(u"previewPrompt"_s);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"copyPromptButton"_s); }));
+    EXPECT_EQ(textOf(find(u"wholePrompt"_s)), prompt);
+    // Its end can be scrolled to.
+    QTest::keyClick(window, Qt::Key_End, Qt::ControlModifier);
+    const auto endIsSeen = [&] {
+        const QQuickItem *text = find(u"wholePrompt"_s);
+        const QQuickItem *copy = find(u"copyPromptButton"_s);
+        return text->mapToScene({0, text->height()}).y() <= copy->mapToScene({0, 0}).y();
+    };
+    EXPECT_TRUE(waitFor(endIsSeen));
+    // The arrows move in the text now, and Escape leaves the preview open.
+    QTest::keyClick(window, Qt::Key_Left, Qt::ShiftModifier);
+    QTest::keyClick(window, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"d"_s);
+    QTest::keyClick(window, Qt::Key_Right);
+    click(u"copyPromptButton"_s);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), prompt);
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"wholePrompt"_s); }));
+    EXPECT_TRUE(find(u"preview"_s)->isEnabled());
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_FALSE(find(u"preview"_s)->isEnabled());
+}
+
+TEST_F(PreviewView, theKeyboardOpensTheWholePrompt)
+{
+    openFirst();
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"previewPrompt"_s); }));
+    find(u"previewPrompt"_s)->forceActiveFocus();
+    QTest::keyClick(window, Qt::Key_Space);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"wholePrompt"_s) && find(u"wholePrompt"_s)->hasActiveFocus(); }));
+    QTest::keyClick(window, Qt::Key_Tab);
+    EXPECT_TRUE(find(u"copyPromptButton"_s)->hasActiveFocus());
+}
+
 TEST_F(PreviewView, buttonsThatDoNotFitOnOneLineAreInTheMiddleOfTheNext)
 {
     openFirst();

@@ -177,26 +177,12 @@ FocusScope {
         width: parent.width - 24
         spacing: 12
 
-        StaticText {
-            id: prompt
+        PromptLine {
             objectName: "previewPrompt"
             width: parent.width
             visible: preview.model.canUsePrompt
             text: preview.model.prompt
-            color: Theme.overPictureSecondary
-            font.pixelSize: Theme.bodySize
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
-            maximumLineCount: 2
-            elide: Text.ElideRight
-
-            HoverHandler {
-                id: promptHover
-            }
-            Tip {
-                text: prompt.text
-                visible: promptHover.hovered && prompt.truncated
-            }
+            onClicked: promptPanel.open()
         }
         Flow {
             id: actions
@@ -281,6 +267,16 @@ FocusScope {
         }
     }
 
+    PromptPanel {
+        id: promptPanel
+        parent: stage
+        prompt: preview.model.prompt
+        onClosed: preview.forceActiveFocus()
+    }
+    Connections {
+        target: preview.model
+        function onPreviewURLChanged() { promptPanel.close(); }
+    }
     PictureMenu {
         id: menu
         objectName: "previewMenu"
