@@ -649,6 +649,15 @@ mit den Bedienelementen in der Seitenleiste.</translation>
         <source>Delete for good, together with its 4K partner</source>
         <translation>Endgültig löschen, zusammen mit dem 4K-Gegenstück</translation>
     </message>
+    <message>
+        <source>%3, %1 of %2</source>
+        <extracomment>What is read out of a picture, then its place among the others</extracomment>
+        <translation>%3, %1 von %2</translation>
+    </message>
+    <message>
+        <source>This picture cannot be read.</source>
+        <translation>Dieses Bild kann nicht gelesen werden.</translation>
+    </message>
 </context>
 <context>
     <name>HttpClient</name>
@@ -1044,6 +1053,24 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>Prompt</source>
         <translation>Prompt</translation>
+    </message>
+</context>
+<context>
+    <name>PromptLine</name>
+    <message>
+        <source>Shows the whole prompt</source>
+        <translation>Zeigt den ganzen Prompt</translation>
+    </message>
+</context>
+<context>
+    <name>PromptPanel</name>
+    <message>
+        <source>Prompt</source>
+        <translation>Prompt</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
     </message>
 </context>
 <context>
@@ -1503,6 +1530,41 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>Local (on-device)</source>
         <translation>Lokal (auf diesem Gerät)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ImageListModel</name>
+    <message>
+        <source>favorite</source>
+        <translation>Favorit</translation>
+    </message>
+    <message>
+        <source>4K</source>
+        <translation>4K</translation>
+    </message>
+    <message>
+        <source>current wallpaper</source>
+        <translation>aktuelles Hintergrundbild</translation>
+    </message>
+    <message>
+        <source>being upscaled to 4K</source>
+        <translation>wird auf 4K hochskaliert</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>Between what is read out of one picture</comment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::PreviewModel</name>
+    <message>
+        <source>This picture is not there any more.</source>
+        <translation>Dieses Bild ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>This picture cannot be read.</source>
+        <translation>Dieses Bild kann nicht gelesen werden.</translation>
     </message>
 </context>
 <context>

@@ -649,6 +649,15 @@ con los controles de la barra lateral.</translation>
         <source>Delete for good, together with its 4K partner</source>
         <translation>Eliminar para siempre, junto con su versión 4K</translation>
     </message>
+    <message>
+        <source>%3, %1 of %2</source>
+        <extracomment>What is read out of a picture, then its place among the others</extracomment>
+        <translation>%3, %1 de %2</translation>
+    </message>
+    <message>
+        <source>This picture cannot be read.</source>
+        <translation>No se puede leer esta imagen.</translation>
+    </message>
 </context>
 <context>
     <name>HttpClient</name>
@@ -1044,6 +1053,24 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>Prompt</source>
         <translation>Indicación</translation>
+    </message>
+</context>
+<context>
+    <name>PromptLine</name>
+    <message>
+        <source>Shows the whole prompt</source>
+        <translation>Muestra la indicación completa</translation>
+    </message>
+</context>
+<context>
+    <name>PromptPanel</name>
+    <message>
+        <source>Prompt</source>
+        <translation>Indicación</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
     </message>
 </context>
 <context>
@@ -1503,6 +1530,41 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>Local (on-device)</source>
         <translation>Local (en este equipo)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ImageListModel</name>
+    <message>
+        <source>favorite</source>
+        <translation>favorita</translation>
+    </message>
+    <message>
+        <source>4K</source>
+        <translation>4K</translation>
+    </message>
+    <message>
+        <source>current wallpaper</source>
+        <translation>fondo actual</translation>
+    </message>
+    <message>
+        <source>being upscaled to 4K</source>
+        <translation>ampliándose a 4K</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>Between what is read out of one picture</comment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::PreviewModel</name>
+    <message>
+        <source>This picture is not there any more.</source>
+        <translation>Esta imagen ya no está.</translation>
+    </message>
+    <message>
+        <source>This picture cannot be read.</source>
+        <translation>No se puede leer esta imagen.</translation>
     </message>
 </context>
 <context>

@@ -649,6 +649,15 @@ avec les commandes du panneau latéral.</translation>
         <source>Delete for good, together with its 4K partner</source>
         <translation>Supprimer définitivement, avec son équivalent 4K</translation>
     </message>
+    <message>
+        <source>%3, %1 of %2</source>
+        <extracomment>What is read out of a picture, then its place among the others</extracomment>
+        <translation>%3, %1 sur %2</translation>
+    </message>
+    <message>
+        <source>This picture cannot be read.</source>
+        <translation>Impossible de lire cette image.</translation>
+    </message>
 </context>
 <context>
     <name>HttpClient</name>
@@ -1044,6 +1053,24 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>Prompt</source>
         <translation>Invite</translation>
+    </message>
+</context>
+<context>
+    <name>PromptLine</name>
+    <message>
+        <source>Shows the whole prompt</source>
+        <translation>Affiche l’invite entière</translation>
+    </message>
+</context>
+<context>
+    <name>PromptPanel</name>
+    <message>
+        <source>Prompt</source>
+        <translation>Invite</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
     </message>
 </context>
 <context>
@@ -1503,6 +1530,41 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>Local (on-device)</source>
         <translation>Local (sur cet appareil)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ImageListModel</name>
+    <message>
+        <source>favorite</source>
+        <translation>favorite</translation>
+    </message>
+    <message>
+        <source>4K</source>
+        <translation>4K</translation>
+    </message>
+    <message>
+        <source>current wallpaper</source>
+        <translation>fond d’écran actuel</translation>
+    </message>
+    <message>
+        <source>being upscaled to 4K</source>
+        <translation>en cours d’agrandissement en 4K</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>Between what is read out of one picture</comment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::PreviewModel</name>
+    <message>
+        <source>This picture is not there any more.</source>
+        <translation>Cette image n’est plus là.</translation>
+    </message>
+    <message>
+        <source>This picture cannot be read.</source>
+        <translation>Impossible de lire cette image.</translation>
     </message>
 </context>
 <context>

@@ -648,6 +648,15 @@ using the sidebar controls.</source>
         <source>Delete for good, together with its 4K partner</source>
         <translation>4Kの対の画像とともに完全に削除</translation>
     </message>
+    <message>
+        <source>%3, %1 of %2</source>
+        <extracomment>What is read out of a picture, then its place among the others</extracomment>
+        <translation>%3、%2枚中%1枚目</translation>
+    </message>
+    <message>
+        <source>This picture cannot be read.</source>
+        <translation>この画像を読み込めません。</translation>
+    </message>
 </context>
 <context>
     <name>HttpClient</name>
@@ -1039,6 +1048,24 @@ using the sidebar controls.</source>
     <message>
         <source>Prompt</source>
         <translation>プロンプト</translation>
+    </message>
+</context>
+<context>
+    <name>PromptLine</name>
+    <message>
+        <source>Shows the whole prompt</source>
+        <translation>プロンプト全体を表示</translation>
+    </message>
+</context>
+<context>
+    <name>PromptPanel</name>
+    <message>
+        <source>Prompt</source>
+        <translation>プロンプト</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
     </message>
 </context>
 <context>
@@ -1497,6 +1524,41 @@ using the sidebar controls.</source>
     <message>
         <source>Local (on-device)</source>
         <translation>ローカル（このデバイス）</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ImageListModel</name>
+    <message>
+        <source>favorite</source>
+        <translation>お気に入り</translation>
+    </message>
+    <message>
+        <source>4K</source>
+        <translation>4K</translation>
+    </message>
+    <message>
+        <source>current wallpaper</source>
+        <translation>現在の壁紙</translation>
+    </message>
+    <message>
+        <source>being upscaled to 4K</source>
+        <translation>4Kにアップスケール中</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>Between what is read out of one picture</comment>
+        <translation>、</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::PreviewModel</name>
+    <message>
+        <source>This picture is not there any more.</source>
+        <translation>この画像はもうありません。</translation>
+    </message>
+    <message>
+        <source>This picture cannot be read.</source>
+        <translation>この画像を読み込めません。</translation>
     </message>
 </context>
 <context>

@@ -648,6 +648,15 @@ using the sidebar controls.</source>
         <source>Delete for good, together with its 4K partner</source>
         <translation>永久删除，连同其 4K 对应图片</translation>
     </message>
+    <message>
+        <source>%3, %1 of %2</source>
+        <extracomment>What is read out of a picture, then its place among the others</extracomment>
+        <translation>%3，第 %1 张，共 %2 张</translation>
+    </message>
+    <message>
+        <source>This picture cannot be read.</source>
+        <translation>无法读取这张图片。</translation>
+    </message>
 </context>
 <context>
     <name>HttpClient</name>
@@ -1039,6 +1048,24 @@ using the sidebar controls.</source>
     <message>
         <source>Prompt</source>
         <translation>提示词</translation>
+    </message>
+</context>
+<context>
+    <name>PromptLine</name>
+    <message>
+        <source>Shows the whole prompt</source>
+        <translation>显示完整提示词</translation>
+    </message>
+</context>
+<context>
+    <name>PromptPanel</name>
+    <message>
+        <source>Prompt</source>
+        <translation>提示词</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
     </message>
 </context>
 <context>
@@ -1497,6 +1524,41 @@ using the sidebar controls.</source>
     <message>
         <source>Local (on-device)</source>
         <translation>本地（此设备）</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ImageListModel</name>
+    <message>
+        <source>favorite</source>
+        <translation>已收藏</translation>
+    </message>
+    <message>
+        <source>4K</source>
+        <translation>4K</translation>
+    </message>
+    <message>
+        <source>current wallpaper</source>
+        <translation>当前壁纸</translation>
+    </message>
+    <message>
+        <source>being upscaled to 4K</source>
+        <translation>正在放大到 4K</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>Between what is read out of one picture</comment>
+        <translation>，</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::PreviewModel</name>
+    <message>
+        <source>This picture is not there any more.</source>
+        <translation>这张图片已不存在。</translation>
+    </message>
+    <message>
+        <source>This picture cannot be read.</source>
+        <translation>无法读取这张图片。</translation>
     </message>
 </context>
 <context>
