@@ -68,14 +68,16 @@ void answerToPicture(benchmark::State &state)
 {
     const QByteArray picture = randomBytes(30 * kMebibyte * 3 / 4);
     const QByteArray answer = answerWith(picture.toBase64());
-    expect(state, imageFromAnswer(answer, geminiAnswer()).bytes == picture && decodedNaively(answer) == picture,
+    expect(state,
+           imageFromAnswer(answer, GeminiProvider::service().answer).bytes == picture &&
+               decodedNaively(answer) == picture,
            "the picture is not what was sent");
     double ours = 0;
     double naive = 0;
     double copy = 0;
     for (auto round : state) {
-        const double seconds =
-            secondsOf([&] { benchmark::DoNotOptimize(imageFromAnswer(answer, geminiAnswer()).bytes.size()); });
+        const double seconds = secondsOf(
+            [&] { benchmark::DoNotOptimize(imageFromAnswer(answer, GeminiProvider::service().answer).bytes.size()); });
         naive += secondsOf([&] { benchmark::DoNotOptimize(decodedNaively(answer).size()); });
         copy += secondsOf([&] {
             const auto target = std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(answer.size()));
@@ -90,7 +92,9 @@ void answerToPicture(benchmark::State &state)
     const auto size = static_cast<double>(answer.size());
     // The answer itself counts too: it is in memory all the while.
     state.counters["peak/answer"] =
-        1 + peakOf([&] { benchmark::DoNotOptimize(imageFromAnswer(answer, geminiAnswer()).bytes.size()); }) / size;
+        1 + peakOf([&] {
+                benchmark::DoNotOptimize(imageFromAnswer(answer, GeminiProvider::service().answer).bytes.size());
+            }) / size;
     state.counters["naive peak/answer"] =
         1 + peakOf([&] { benchmark::DoNotOptimize(decodedNaively(answer).size()); }) / size;
 }
@@ -110,7 +114,7 @@ void answerToFile(benchmark::State &state)
     double reading = 0;
     bool areSaved = true;
     const auto toFile = [&] {
-        const GeneratedImage image = imageFromAnswer(answer, geminiAnswer());
+        const EncodedImage image = imageFromAnswer(answer, GeminiProvider::service().answer);
         areSaved = ImageStore::saveImage(u"a.png"_s, image.bytes).has_value() && areSaved;
     };
     for (auto round : state) {

@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const QString model = QString::fromUtf8(input.mid(input.indexOf('\n') + 1));
     qputenv(kGeminiService.addressVariable, address);
     const bool refused = !checkAddress(kGeminiService);
-    const QUrl url = requestUrl(geminiRequest({}, {}, model));
+    const QUrl url = requestUrl(requestFor(GeminiProvider::service(), {{}, model, false}, {}));
     if (!refused && url.isValid()) {
         const QUrl base(QString::fromUtf8(address), QUrl::StrictMode);
         // Nothing that a model is called leads to another host.

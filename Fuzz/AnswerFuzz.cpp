@@ -19,9 +19,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 {
     using namespace quorvane;
     const QByteArray answer(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
-    for (const AnswerFormat &format : {geminiAnswer(), grokAnswer(), openAIAnswer()}) {
+    for (const AnswerFormat &format :
+         {GeminiProvider::service().answer, GrokProvider::service().answer, OpenAIProvider::service().answer}) {
         try {
-            const GeneratedImage image = imageFromAnswer(answer, format);
+            const EncodedImage image = imageFromAnswer(answer, format);
             if (image.bytes.size() > answer.size() || (image.extension != "png"_L1 && image.extension != "jpg"_L1)) {
                 std::abort();
             }

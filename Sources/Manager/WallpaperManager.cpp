@@ -9,6 +9,7 @@
 #include "Platform/Secrets/SecretStore.h"
 #include "Platform/System/Clock.h"
 #include "Platform/Threads/Worker.h"
+#include "Providers/ImageServices.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
 
@@ -216,8 +217,7 @@ void WallpaperManager::setSelectedModel(const QString &providerId, const QString
 
 bool WallpaperManager::providerProducesNative4K() const
 {
-    const QString id = resolvedProvider().id();
-    return id == "gemini"_L1 || (id == "openai"_L1 && resolvedModelId() == "gpt-image-2"_L1);
+    return makes4K(resolvedProvider().id(), resolvedModelId());
 }
 
 QString WallpaperManager::upscaleMethod() const

@@ -36,8 +36,8 @@ struct Screen;
 
 /// Enlarges an encoded picture on this machine. Throws ProviderError or what the engine throws; ends early when asked
 /// to stop. The last argument is called on the calling thread.
-using LocalUpscale = std::function<QCoro::Task<UpscaledImage>(QByteArray image, std::stop_token stop,
-                                                              std::function<void(UpscaleProgress)> progress)>;
+using LocalUpscale = std::function<QCoro::Task<EncodedImage>(QByteArray image, std::stop_token stop,
+                                                             std::function<void(UpscaleProgress)> progress)>;
 
 /// What the manager works with. Everything outlives it.
 struct ManagerServices
@@ -252,12 +252,6 @@ class WallpaperManager : public QObject
 
   private:
     struct Generation;
-    struct FinalImage
-    {
-        QByteArray bytes;
-        QString extension;
-    };
-
     struct Listing
     {
         QStringList history;
@@ -287,13 +281,13 @@ class WallpaperManager : public QObject
 
     [[nodiscard]] QCoro::Task<> removingAbandonedFiles();
     [[nodiscard]] QCoro::Task<> generating(Generation run);
-    [[nodiscard]] QCoro::Task<FinalImage> upscaledOrOriginal(GeneratedImage generated);
-    [[nodiscard]] QCoro::Task<UpscaledImage> upscaleLocally(QByteArray image);
+    [[nodiscard]] QCoro::Task<EncodedImage> upscaledOrOriginal(EncodedImage generated);
+    [[nodiscard]] QCoro::Task<EncodedImage> upscaleLocally(QByteArray image);
     [[nodiscard]] QCoro::Task<QString> savedImage(QByteArray bytes, QString extension);
     [[nodiscard]] QCoro::Task<> settingWallpaper(QString url, quint64 operation);
     [[nodiscard]] QCoro::Task<> applying(QString url);
     [[nodiscard]] QCoro::Task<> upscalingExistingImage(QString url, quint64 operation);
-    [[nodiscard]] QCoro::Task<UpscaledImage> upscaledFile(QString url, QString geminiApiKey);
+    [[nodiscard]] QCoro::Task<EncodedImage> upscaledFile(QString url, QString geminiApiKey);
     void beginHistory();
     [[nodiscard]] QCoro::Task<> readingHistoryFirst();
     [[nodiscard]] QCoro::Task<> reloadingHistory();

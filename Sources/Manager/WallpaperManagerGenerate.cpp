@@ -3,7 +3,7 @@
 #include "Manager/FileNames.h"
 #include "Manager/WallpaperManager.h"
 #include "Platform/Threads/Worker.h"
-#include "Providers/ServiceRequest.h"
+#include "Providers/ImageServices.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
 #include "Upscaling/GeminiUpscale.h"
@@ -55,7 +55,7 @@ void WallpaperManager::generateAndSet(Trigger trigger)
 QCoro::Task<> WallpaperManager::generating(Generation run)
 {
     // 1. Ask the provider.
-    GeneratedImage generated;
+    EncodedImage generated;
     QString failure;
     try {
         generated = co_await run.provider->generate(run.prompt, run.apiKey, run.modelId, m_fourKEnabled);
@@ -71,7 +71,7 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
 
     // 2. Enlarge it when 4K is wanted and the provider does not make it; the original is safe on disk before that.
     QString original;
-    FinalImage final{generated.bytes, generated.extension};
+    EncodedImage final = generated;
     if (run.needsUpscale) {
         original = co_await savedImage(generated.bytes, generated.extension);
         if (!original.isEmpty()) {
@@ -108,32 +108,32 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
 }
 
 /// The enlarged picture, or the generated one where that fails; a failure is a warning in the status line.
-QCoro::Task<WallpaperManager::FinalImage> WallpaperManager::upscaledOrOriginal(GeneratedImage generated)
+QCoro::Task<EncodedImage> WallpaperManager::upscaledOrOriginal(EncodedImage generated)
 {
     const bool isLocal = upscaleMethod() == "local"_L1;
     if (const Result<> address = checkAddress(kGeminiService); !isLocal && !address) {
         report(tr("Upscale failed, using original — %1").arg(address.failure().words), false);
-        co_return FinalImage{std::move(generated.bytes), std::move(generated.extension)};
+        co_return generated;
     }
     const std::optional<QString> geminiKey = isLocal ? std::nullopt : Keychain::load(u"gemini"_s);
     if (!isLocal && !geminiKey) {
-        co_return FinalImage{std::move(generated.bytes), std::move(generated.extension)};
+        co_return generated;
     }
     report(isLocal ? tr("Upscaling to 4K (local)...") : tr("Upscaling to 4K..."), false);
     try {
-        UpscaledImage upscaled;
+        EncodedImage upscaled;
         if (isLocal) {
             upscaled = co_await upscaleLocally(generated.bytes);
         } else {
             upscaled = co_await upscaleImage(m_services.http, generated.bytes, generated.extension, *geminiKey);
         }
-        co_return FinalImage{std::move(upscaled.bytes), std::move(upscaled.extension)};
+        co_return upscaled;
     } catch (const std::exception &error) {
         const QString warning =
             isLocal ? tr("Local upscale failed, using original — %1") : tr("Upscale failed, using original — %1");
         report(warning.arg(failureOf(error).words), false);
     }
-    co_return FinalImage{std::move(generated.bytes), std::move(generated.extension)};
+    co_return generated;
 }
 
 /// Writes the picture into the library under the name of the present second; empty when that failed.

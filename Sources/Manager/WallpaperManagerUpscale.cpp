@@ -3,6 +3,7 @@
 #include "Manager/WallpaperManager.h"
 #include "Platform/Files/WholeFile.h"
 #include "Platform/Threads/Worker.h"
+#include "Providers/GeminiProvider.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
 #include "Storage/SideFile.h"
@@ -55,7 +56,7 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, quint64 oper
         end({});
         co_return;
     }
-    UpscaledImage upscaled;
+    EncodedImage upscaled;
     QString failure;
     try {
         auto read = [url, stop = m_scope.stopToken()] { return contentOf(url, stop); };
@@ -110,11 +111,11 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, quint64 oper
     end({.file = copy, .original = url});
 }
 
-QCoro::Task<UpscaledImage> WallpaperManager::upscaleLocally(QByteArray image)
+QCoro::Task<EncodedImage> WallpaperManager::upscaleLocally(QByteArray image)
 {
     auto progress = [this](UpscaleProgress done) { setProgress(done); };
     std::exception_ptr failure;
-    UpscaledImage upscaled;
+    EncodedImage upscaled;
     try {
         upscaled = co_await m_services.localUpscale(std::move(image), m_scope.stopToken(), std::move(progress));
     } catch (...) {

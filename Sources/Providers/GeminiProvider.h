@@ -1,31 +1,24 @@
 #pragma once
 
-#include "Providers/ImageProvider.h"
-#include "Providers/ServiceRequest.h"
+#include "Providers/ImageService.h"
 
 namespace quorvane {
 
+inline constexpr Service kGeminiService{"QUORVANE_GEMINI_BASE_URL", "https://generativelanguage.googleapis.com"};
+
 /// Pictures from the Gemini API, always asked for at 4K and 16:9; wants4K is not looked at.
-class GeminiProvider final : public ImageProvider
+class GeminiProvider final : public ServiceProvider
 {
   public:
-    explicit GeminiProvider(HttpClient *http);
+    explicit GeminiProvider(HttpClient *http)
+        : ServiceProvider(service(), http)
+    {
+    }
 
-    [[nodiscard]] QString name() const override { return m_name; }
-    [[nodiscard]] QString id() const override { return m_id; }
-    [[nodiscard]] QList<ModelOption> models() const override { return m_models; }
-    [[nodiscard]] QCoro::Task<GeneratedImage> generate(QString prompt, QString apiKey, QString model,
-                                                       bool wants4K) const override;
-
-  private:
-    QString m_name;
-    QString m_id;
-    QList<ModelOption> m_models;
-    HttpClient *m_http;
+    [[nodiscard]] static ImageService service();
 };
 
-/// The request for a picture, and how its answer is read: what generate() sends.
-[[nodiscard]] ServiceRequest geminiRequest(const QString &prompt, const QString &apiKey, const QString &model);
-[[nodiscard]] AnswerFormat geminiAnswer();
+/// The picture in the first candidate's first part with "inlineData".
+[[nodiscard]] std::optional<PictureInAnswer> firstInlineData(const QJsonObject &answer);
 
 } // namespace quorvane

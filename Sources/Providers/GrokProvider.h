@@ -1,31 +1,21 @@
 #pragma once
 
-#include "Providers/ImageProvider.h"
-#include "Providers/ServiceRequest.h"
+#include "Providers/ImageService.h"
 
 namespace quorvane {
 
+inline constexpr Service kGrokService{"QUORVANE_XAI_BASE_URL", "https://api.x.ai"};
+
 /// Pictures from xAI. There is no size to ask for; wants4K is not looked at, and every picture is stored as "jpg".
-class GrokProvider final : public ImageProvider
+class GrokProvider final : public ServiceProvider
 {
   public:
-    explicit GrokProvider(HttpClient *http);
+    explicit GrokProvider(HttpClient *http)
+        : ServiceProvider(service(), http)
+    {
+    }
 
-    [[nodiscard]] QString name() const override { return m_name; }
-    [[nodiscard]] QString id() const override { return m_id; }
-    [[nodiscard]] QList<ModelOption> models() const override { return m_models; }
-    [[nodiscard]] QCoro::Task<GeneratedImage> generate(QString prompt, QString apiKey, QString model,
-                                                       bool wants4K) const override;
-
-  private:
-    QString m_name;
-    QString m_id;
-    QList<ModelOption> m_models;
-    HttpClient *m_http;
+    [[nodiscard]] static ImageService service();
 };
-
-/// The request for a picture, and how its answer is read: what generate() sends.
-[[nodiscard]] ServiceRequest grokRequest(const QString &prompt, const QString &apiKey, const QString &model);
-[[nodiscard]] AnswerFormat grokAnswer();
 
 } // namespace quorvane

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Providers/EncodedImage.h"
 #include "Providers/ModelOption.h"
 
-#include <QByteArray>
 #include <QCoroTask>
 #include <QList>
 #include <QString>
@@ -13,13 +13,6 @@
 namespace quorvane {
 
 class HttpClient;
-
-/// A picture as a service gave it.
-struct GeneratedImage
-{
-    QByteArray bytes;  ///< The encoded picture, as it goes into the library.
-    QString extension; ///< "png" or "jpg", without a dot.
-};
 
 /// The contract of an outside image service.
 class ImageProvider
@@ -43,11 +36,11 @@ class ImageProvider
 
     /// Asks the service for a picture. The prompt goes out as typed; model is an id of models(). Throws ProviderError.
     /// Comes back on the calling thread; parsing and decoding happen on a worker. Any number may run at once.
-    [[nodiscard]] virtual QCoro::Task<GeneratedImage> generate(QString prompt, QString apiKey, QString model,
-                                                               bool wants4K) const = 0;
+    [[nodiscard]] virtual QCoro::Task<EncodedImage> generate(QString prompt, QString apiKey, QString model,
+                                                             bool wants4K) const = 0;
 };
 
-/// Gemini, Grok, OpenAI, in this order. http must outlive them.
+/// Gemini, Grok, OpenAI, in this order, as ImageServices.h lists them. http must outlive them.
 [[nodiscard]] std::vector<std::unique_ptr<const ImageProvider>> allProviders(HttpClient &http);
 
 } // namespace quorvane

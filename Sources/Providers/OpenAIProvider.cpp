@@ -4,49 +4,45 @@ using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
-OpenAIProvider::OpenAIProvider(HttpClient *http)
-    : m_name(u"OpenAI"_s)
-    , m_id(u"openai"_s)
-    , m_models{{u"gpt-image-2"_s, u"GPT Image 2"_s},
-               {u"gpt-image-1"_s, u"GPT Image 1"_s},
-               {u"gpt-image-1.5"_s, u"GPT Image 1.5"_s},
-               {u"gpt-image-1-mini"_s, u"GPT Image 1 Mini"_s}}
-    , m_http(http)
-{
-}
+namespace {
 
-ServiceRequest openAIRequest(const QString &prompt, const QString &apiKey, const QString &model, bool wants4K)
+QJsonObject body(const ImageOrder &order, bool in4K)
 {
-    const bool isImage2 = model == "gpt-image-2"_L1;
-    const bool native4K = wants4K && isImage2;
-    QJsonObject body{
-        {u"model"_s, model},
-        {u"prompt"_s, prompt},
-        {u"size"_s, native4K ? u"3840x2160"_s : u"1536x1024"_s},
-        {u"quality"_s, u"high"_s},
-        {u"output_format"_s, u"png"_s},
+    QJsonObject object{
+        {u"model"_s, order.model}, {u"prompt"_s, order.prompt},    {u"size"_s, in4K ? u"3840x2160"_s : u"1536x1024"_s},
+        {u"quality"_s, u"high"_s}, {u"output_format"_s, u"png"_s},
     };
     // The newest model refuses these two; the older ones want them.
-    if (!isImage2) {
-        body.insert(u"background"_s, u"opaque"_s);
-        body.insert(u"moderation"_s, u"low"_s);
+    if (order.model != "gpt-image-2"_L1) {
+        object.insert(u"background"_s, u"opaque"_s);
+        object.insert(u"moderation"_s, u"low"_s);
     }
-    return {kOpenAIService,
-            u"/v1/images/generations"_s,
-            {"Authorization", "Bearer " + apiKey.toUtf8()},
-            body,
-            native4K ? std::chrono::seconds(600) : std::chrono::seconds(180)};
+    return object;
 }
 
-AnswerFormat openAIAnswer()
+std::optional<PictureInAnswer> pictureIn(const QJsonObject &answer)
 {
-    constexpr auto pictureIn = [](const QJsonObject &answer) { return firstDataEntry(answer, u"png"_s); };
-    return {.pictureIn = pictureIn};
+    return firstDataEntry(answer, u"png"_s);
 }
 
-QCoro::Task<GeneratedImage> OpenAIProvider::generate(QString prompt, QString apiKey, QString model, bool wants4K) const
+} // namespace
+
+ImageService OpenAIProvider::service()
 {
-    return requestImage(m_http, openAIRequest(prompt, apiKey, model, wants4K), openAIAnswer());
+    return {.id = u"openai"_s,
+            .name = u"OpenAI"_s,
+            .models = {{{u"gpt-image-2"_s, u"GPT Image 2"_s}, Makes4K::WhenAsked},
+                       {{u"gpt-image-1"_s, u"GPT Image 1"_s}},
+                       {{u"gpt-image-1.5"_s, u"GPT Image 1.5"_s}},
+                       {{u"gpt-image-1-mini"_s, u"GPT Image 1 Mini"_s}}},
+            .address = kOpenAIService,
+            .path = u"/v1/images/generations"_s,
+            .keyHeader = "Authorization",
+            .keyPrefix = "Bearer ",
+            .silenceLimit = std::chrono::seconds(180),
+            .silenceLimitIn4K = std::chrono::seconds(600),
+            .body = body,
+            .answer = {.pictureIn = pictureIn}};
 }
 
 } // namespace quorvane

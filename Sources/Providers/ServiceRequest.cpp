@@ -62,21 +62,7 @@ Result<> checkAddress(const Service &service)
         Tr::tr("%1 must be an https address, or http on this machine.").arg(QLatin1String(service.addressVariable))};
 }
 
-Result<> checkAddress(const QString &providerId)
-{
-    if (providerId == "gemini"_L1) {
-        return checkAddress(kGeminiService);
-    }
-    if (providerId == "grok"_L1) {
-        return checkAddress(kGrokService);
-    }
-    if (providerId == "openai"_L1) {
-        return checkAddress(kOpenAIService);
-    }
-    return kDone;
-}
-
-GeneratedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &format)
+EncodedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &format)
 {
     // 1. The answer is a JSON object.
     const std::optional<AnswerDocument> document = AnswerDocument::parse(answer);
@@ -117,7 +103,7 @@ QUrl requestUrl(const ServiceRequest &request)
     return QUrl(baseAddress(request.service) + request.path, QUrl::StrictMode);
 }
 
-QCoro::Task<GeneratedImage> requestImage(HttpClient *http, ServiceRequest request, AnswerFormat format)
+QCoro::Task<EncodedImage> requestImage(HttpClient *http, ServiceRequest request, AnswerFormat format)
 {
     // 1. The address.
     if (const Result<> address = checkAddress(request.service); !address) {
@@ -167,24 +153,6 @@ std::optional<PictureInAnswer> firstDataEntry(const QJsonObject &answer, const Q
         return std::nullopt;
     }
     return PictureInAnswer{.base64 = text, .extension = extension};
-}
-
-std::optional<PictureInAnswer> firstInlineData(const QJsonObject &answer)
-{
-    const QJsonObject content = objectsIn(answer, "candidates"_L1).first().toObject().value("content"_L1).toObject();
-    const QJsonArray parts = objectsIn(content, "parts"_L1);
-    const auto part = std::find_if(parts.begin(), parts.end(),
-                                   [](const QJsonValue &value) { return value.toObject().contains("inlineData"_L1); });
-    if (part == parts.end()) {
-        return std::nullopt;
-    }
-    const QJsonObject inlineData = part->toObject().value("inlineData"_L1).toObject();
-    const QJsonValue text = inlineData.value("data"_L1);
-    const QJsonValue mimeType = inlineData.value("mimeType"_L1);
-    if (!text.isString() || !mimeType.isString()) {
-        return std::nullopt;
-    }
-    return PictureInAnswer{.base64 = text, .mimeType = mimeType};
 }
 
 } // namespace quorvane

@@ -2,7 +2,7 @@
 
 #include "Platform/Failure.h"
 #include "Platform/Network/HttpClient.h"
-#include "Providers/ImageProvider.h"
+#include "Providers/EncodedImage.h"
 
 #include <QCoreApplication>
 #include <QJsonObject>
@@ -25,16 +25,9 @@ struct Service
     const char *baseAddress;     ///< Without a slash at the end.
 };
 
-inline constexpr Service kGeminiService{"QUORVANE_GEMINI_BASE_URL", "https://generativelanguage.googleapis.com"};
-inline constexpr Service kGrokService{"QUORVANE_XAI_BASE_URL", "https://api.x.ai"};
-inline constexpr Service kOpenAIService{"QUORVANE_OPENAI_BASE_URL", "https://api.openai.com"};
-
 /// Whether the service's base address may be used. Asked before a key is read: none is looked up for an address that it
 /// may not go to.
 [[nodiscard]] Result<> checkAddress(const Service &service);
-
-/// As above for the service of a provider id; success for an unknown id.
-[[nodiscard]] Result<> checkAddress(const QString &providerId);
 
 struct ServiceRequest
 {
@@ -65,22 +58,19 @@ struct AnswerFormat
 };
 
 /// The picture in an answer's body, or a ProviderError. Total: any bytes give one or the other. Any thread.
-[[nodiscard]] GeneratedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &format);
+[[nodiscard]] EncodedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &format);
 
 /// Where the request goes; invalid when its parts do not form an address.
 [[nodiscard]] QUrl requestUrl(const ServiceRequest &request);
 
 /// Sends the request and takes the picture from the answer, whatever the HTTP status. Throws ProviderError. Comes back
 /// on the calling thread.
-[[nodiscard]] QCoro::Task<GeneratedImage> requestImage(HttpClient *http, ServiceRequest request, AnswerFormat format);
+[[nodiscard]] QCoro::Task<EncodedImage> requestImage(HttpClient *http, ServiceRequest request, AnswerFormat format);
 
 /// The list under key when it is a non-empty list of objects only; else empty.
 [[nodiscard]] QJsonArray objectsIn(const QJsonObject &object, QLatin1String key);
 
 /// The picture at "data"[0]."b64_json", as Grok and OpenAI answer; extension as given.
 [[nodiscard]] std::optional<PictureInAnswer> firstDataEntry(const QJsonObject &answer, const QString &extension);
-
-/// The picture in the first candidate's first part with "inlineData", as Gemini answers.
-[[nodiscard]] std::optional<PictureInAnswer> firstInlineData(const QJsonObject &answer);
 
 } // namespace quorvane

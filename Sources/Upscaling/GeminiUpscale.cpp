@@ -1,6 +1,7 @@
 #include "Upscaling/GeminiUpscale.h"
 
 #include "Platform/Threads/Worker.h"
+#include "Providers/GeminiProvider.h"
 
 #include <QCoreApplication>
 #include <QJsonArray>
@@ -45,14 +46,13 @@ AnswerFormat upscaleAnswer()
             .apiError = Tr::tr("Upscale failed: %1")};
 }
 
-QCoro::Task<UpscaledImage> upscaleImage(HttpClient *http, QByteArray image, QString ext, QString geminiApiKey)
+QCoro::Task<EncodedImage> upscaleImage(HttpClient *http, QByteArray image, QString ext, QString geminiApiKey)
 {
     // A picture of many megabytes becomes text here, so the request is built on a worker.
     auto build = [image = std::move(image), ext, geminiApiKey] { return upscaleRequest(image, ext, geminiApiKey); };
     ServiceRequest request = co_await onWorker(std::move(build));
     AnswerFormat format = upscaleAnswer();
-    GeneratedImage result = co_await requestImage(http, std::move(request), std::move(format));
-    co_return UpscaledImage{std::move(result.bytes), std::move(result.extension)};
+    co_return co_await requestImage(http, std::move(request), std::move(format));
 }
 
 } // namespace quorvane

@@ -91,8 +91,8 @@ class Stopwatch
 
 } // namespace
 
-QCoro::Task<UpscaledImage> localUpscaleImage(QByteArray encoded, std::stop_token stop,
-                                             std::function<void(UpscaleProgress)> onProgress)
+QCoro::Task<EncodedImage> localUpscaleImage(QByteArray encoded, std::stop_token stop,
+                                            std::function<void(UpscaleProgress)> onProgress)
 {
     // A pool of its own, because low priority cannot be taken back from a shared thread.
     QThreadPool ownThread;
@@ -121,7 +121,7 @@ QCoro::Task<UpscaledImage> localUpscaleImage(QByteArray encoded, std::stop_token
         return png;
     };
     QByteArray png = co_await onWorker(&ownThread, std::move(work));
-    co_return UpscaledImage{std::move(png), u"png"_s};
+    co_return EncodedImage{std::move(png), u"png"_s};
 }
 
 QByteArray tileUpscaleImage(const QImage &image, const TileUpscaleOptions &options)

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Providers/EncodedImage.h"
 #include "Upscaling/Gpu/Gpu.h"
-#include "Upscaling/Image/UpscaledImage.h"
 
 #include <QCoroTask>
 #include <QImage>
@@ -33,8 +33,8 @@ struct UpscaleProgress
 /// end; where a graphics card proves to be faster, it does the later tiles. Call it on a thread with an event loop:
 /// onProgress, which may be empty, is called there. Throws ProviderError (its invalid-response form), ModelError, or
 /// UpscaleStopped soon after a stop request.
-[[nodiscard]] QCoro::Task<UpscaledImage> localUpscaleImage(QByteArray encoded, std::stop_token stop,
-                                                           std::function<void(UpscaleProgress)> onProgress);
+[[nodiscard]] QCoro::Task<EncodedImage> localUpscaleImage(QByteArray encoded, std::stop_token stop,
+                                                          std::function<void(UpscaleProgress)> onProgress);
 
 // The steps, each blocking the thread it is called on.
 

@@ -24,8 +24,8 @@ ARROWS = {
     "Storage": {"Platform"},
     "Platform": set(),
 }
-# The remote upscaler is one more request to a service, so it shares these with the providers.
-EXCEPTIONS = {"Upscaling": {"Providers/EncodedImage.h", "Providers/ProviderError.h", "Providers/ServiceRequest.h"}}
+# The remote upscaler is one more request to Gemini, so it shares these with the providers.
+EXCEPTIONS = {"Upscaling": {"Providers/EncodedImage.h", "Providers/GeminiProvider.h", "Providers/ProviderError.h", "Providers/ServiceRequest.h"}}
 
 # The rooms of a folder, and which rooms of the same folder each may include. The folder's own files ("") are its floor
 # or its roof: FLOOR names the folders whose own files every room may include; elsewhere they may include every room.

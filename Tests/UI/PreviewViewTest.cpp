@@ -86,9 +86,9 @@ TEST_F(PreviewView, anEnlargedPictureTakesThePlaceOfItsOriginal)
     service.setPictureMaker([](const QString &, QSize) { return paintPicture(u"4K"_s, {640, 400}); });
     store(SettingsKeys::kUpscaleMethod, u"local"_s);
     localUpscale = [](QByteArray image, std::stop_token,
-                      std::function<void(UpscaleProgress)> progress) -> QCoro::Task<UpscaledImage> {
+                      std::function<void(UpscaleProgress)> progress) -> QCoro::Task<EncodedImage> {
         progress({1, 4, std::chrono::seconds(90)});
-        co_return UpscaledImage{image, u"png"_s};
+        co_return EncodedImage{image, u"png"_s};
     };
     openFirst();
     ASSERT_TRUE(waitFor([&] { return isSeen(u"upscaleButton"_s); }));

@@ -141,11 +141,11 @@ class Screenshot : public ViewTest
         QPromise<void> ends;
         ends.start();
         localUpscale = [&ends](QByteArray image, std::stop_token,
-                               std::function<void(UpscaleProgress)> progress) -> QCoro::Task<UpscaledImage> {
+                               std::function<void(UpscaleProgress)> progress) -> QCoro::Task<EncodedImage> {
             progress({3, 12, std::chrono::seconds(90)});
             QFuture<void> end = ends.future();
             co_await EndOf(std::move(end));
-            co_return UpscaledImage{image, u"png"_s};
+            co_return EncodedImage{image, u"png"_s};
         };
         store(SettingsKeys::kUpscaleMethod, u"local"_s);
         start();

@@ -114,9 +114,9 @@ class ManagerTest : public testing::Test
     PowerEvents powerEvents;
     Screens screens;
     LocalUpscale localUpscale = [](QByteArray image, std::stop_token,
-                                   std::function<void(UpscaleProgress)> progress) -> QCoro::Task<UpscaledImage> {
+                                   std::function<void(UpscaleProgress)> progress) -> QCoro::Task<EncodedImage> {
         progress({1, 1, std::nullopt});
-        co_return UpscaledImage{"4K of " + image, u"png"_s};
+        co_return EncodedImage{"4K of " + image, u"png"_s};
     };
     std::unique_ptr<HttpClient> http;
     std::unique_ptr<UserDefaults> defaults;

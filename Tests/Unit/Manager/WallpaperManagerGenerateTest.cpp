@@ -130,9 +130,9 @@ TEST_F(WallpaperManagerGenerateTest, anAddressThatIsNotAllowedForTheUpscaleIsTol
 
 TEST_F(WallpaperManagerGenerateTest, aFailedUpscaleIsAWarningAndTheOriginalIsUsed)
 {
-    localUpscale = [](QByteArray, std::stop_token, std::function<void(UpscaleProgress)>) -> QCoro::Task<UpscaledImage> {
+    localUpscale = [](QByteArray, std::stop_token, std::function<void(UpscaleProgress)>) -> QCoro::Task<EncodedImage> {
         throw ProviderError::invalidResponse(u"RealESRGAN model not found in app bundle"_s);
-        co_return UpscaledImage();
+        co_return EncodedImage();
     };
     start().setFourKEnabled(true);
     manager->setProviderOverride(u"grok"_s);
@@ -339,7 +339,7 @@ TEST_F(WallpaperManagerGenerateTest, goingWhileARequestRunsLeavesNothing)
 TEST_F(WallpaperManagerGenerateTest, goingWhileAnUpscaleRunsKeepsTheOriginal)
 {
     localUpscale = [](QByteArray, std::stop_token stop,
-                      std::function<void(UpscaleProgress)>) -> QCoro::Task<UpscaledImage> {
+                      std::function<void(UpscaleProgress)>) -> QCoro::Task<EncodedImage> {
         auto work = [stop] {
             std::mutex mutex;
             std::condition_variable_any stopped;
@@ -348,7 +348,7 @@ TEST_F(WallpaperManagerGenerateTest, goingWhileAnUpscaleRunsKeepsTheOriginal)
             throw ProviderError::invalidResponse(u"stopped"_s);
         };
         co_await onWorker(std::move(work));
-        co_return UpscaledImage();
+        co_return EncodedImage();
     };
     start().setFourKEnabled(true);
     manager->setProviderOverride(u"grok"_s);

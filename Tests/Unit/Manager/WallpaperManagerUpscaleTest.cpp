@@ -69,9 +69,9 @@ TEST_F(WallpaperManagerUpscaleTest, anAddressThatIsNotAllowedIsToldBeforeTheKeyI
 TEST_F(WallpaperManagerUpscaleTest, anUpscalerThatFailsWithoutAWordFails)
 {
     const QString path = putPicture(u"a.png"_s);
-    localUpscale = [](QByteArray, std::stop_token, std::function<void(UpscaleProgress)>) -> QCoro::Task<UpscaledImage> {
+    localUpscale = [](QByteArray, std::stop_token, std::function<void(UpscaleProgress)>) -> QCoro::Task<EncodedImage> {
         throw std::runtime_error("");
-        co_return UpscaledImage();
+        co_return EncodedImage();
     };
     start();
     defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
@@ -165,9 +165,9 @@ TEST_F(WallpaperManagerUpscaleTest, anUnreadableSourceIsAnError)
 
 TEST_F(WallpaperManagerUpscaleTest, aFailedUpscaleIsAnErrorAndTheSourceStays)
 {
-    localUpscale = [](QByteArray, std::stop_token, std::function<void(UpscaleProgress)>) -> QCoro::Task<UpscaledImage> {
+    localUpscale = [](QByteArray, std::stop_token, std::function<void(UpscaleProgress)>) -> QCoro::Task<EncodedImage> {
         throw ProviderError::invalidResponse(u"RealESRGAN model not found in app bundle"_s);
-        co_return UpscaledImage();
+        co_return EncodedImage();
     };
     const QString path = putPicture(u"a.png"_s);
     start();

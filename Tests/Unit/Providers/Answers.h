@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 inline QString outcomeOf(const QByteArray &answer, const AnswerFormat &format)
 {
     try {
-        const GeneratedImage image = imageFromAnswer(answer, format);
+        const EncodedImage image = imageFromAnswer(answer, format);
         return u"picture:"_s + image.extension + ':'_L1 + QString::fromLatin1(image.bytes);
     } catch (const ProviderError &error) {
         return error.errorDescription();

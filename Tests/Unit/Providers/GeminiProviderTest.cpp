@@ -11,7 +11,8 @@ namespace quorvane {
 
 TEST(GeminiProvider, asksFor4KAt16To9)
 {
-    const ServiceRequest request = geminiRequest(u"a \"lake\"\n"_s, u"KEY"_s, u"gemini-2.5-flash-image"_s);
+    const ServiceRequest request =
+        requestFor(GeminiProvider::service(), {u"a \"lake\"\n"_s, u"gemini-2.5-flash-image"_s, false}, u"KEY"_s);
     EXPECT_EQ(request.path, u"/v1beta/models/gemini-2.5-flash-image:generateContent"_s);
     EXPECT_EQ(request.keyHeader.name, "x-goog-api-key");
     EXPECT_EQ(request.keyHeader.value, "KEY");
@@ -23,7 +24,8 @@ TEST(GeminiProvider, asksFor4KAt16To9)
 
 TEST(GeminiProvider, theModelStandsInTheAddressAsItIs)
 {
-    EXPECT_EQ(geminiRequest({}, {}, u"a b%"_s).path, u"/v1beta/models/a b%:generateContent"_s);
+    EXPECT_EQ(requestFor(GeminiProvider::service(), {QString(), u"a b%"_s, false}, QString()).path,
+              u"/v1beta/models/a b%:generateContent"_s);
 }
 
 TEST(GeminiProvider, answersAreReadThisWay)
@@ -77,7 +79,7 @@ TEST(GeminiProvider, answersAreReadThisWay)
         {R"({"promptFeedback":{"blockReason":"SAFETY"}})", "Invalid response: No image in response"},
     };
     for (const AnswerCase &each : cases) {
-        EXPECT_EQ(outcomeOf(each.answer, geminiAnswer()).toStdString(), each.outcome) << each.answer;
+        EXPECT_EQ(outcomeOf(each.answer, GeminiProvider::service().answer).toStdString(), each.outcome) << each.answer;
     }
 }
 
@@ -87,9 +89,13 @@ TEST(GeminiProvider, aMimeTypeOfAnyLengthSaysWhatThePictureIs)
         const QByteArray front = R"({"candidates":[{"content":{"parts":[{"inlineData":{"data":"TWFu","mimeType":")";
         const QByteArray back = R"("}}]}}]})";
         const QByteArray filling(bytes, 'x');
-        EXPECT_EQ(outcomeOf(front + filling + "png" + back, geminiAnswer()), u"picture:png:Man"_s) << bytes;
-        EXPECT_EQ(outcomeOf(front + filling + "\\u0070ng" + back, geminiAnswer()), u"picture:png:Man"_s) << bytes;
-        EXPECT_EQ(outcomeOf(front + filling + "gnp" + back, geminiAnswer()), u"picture:jpg:Man"_s) << bytes;
+        EXPECT_EQ(outcomeOf(front + filling + "png" + back, GeminiProvider::service().answer), u"picture:png:Man"_s)
+            << bytes;
+        EXPECT_EQ(outcomeOf(front + filling + "\\u0070ng" + back, GeminiProvider::service().answer),
+                  u"picture:png:Man"_s)
+            << bytes;
+        EXPECT_EQ(outcomeOf(front + filling + "gnp" + back, GeminiProvider::service().answer), u"picture:jpg:Man"_s)
+            << bytes;
     }
 }
 

@@ -11,7 +11,8 @@ namespace quorvane {
 
 TEST(GrokProvider, sendsFiveEntriesAndNoSize)
 {
-    const ServiceRequest request = grokRequest(u"a lake"_s, u"KEY"_s, u"grok-imagine-image"_s);
+    const ServiceRequest request =
+        requestFor(GrokProvider::service(), {u"a lake"_s, u"grok-imagine-image"_s, false}, u"KEY"_s);
     EXPECT_EQ(request.path, u"/v1/images/generations"_s);
     EXPECT_EQ(request.keyHeader.name, "Authorization");
     EXPECT_EQ(request.keyHeader.value, "Bearer KEY");
@@ -43,7 +44,7 @@ TEST(GrokProvider, answersAreReadThisWay)
         {R"({})", "Invalid response: No image in response"},
     };
     for (const AnswerCase &each : cases) {
-        EXPECT_EQ(outcomeOf(each.answer, grokAnswer()).toStdString(), each.outcome) << each.answer;
+        EXPECT_EQ(outcomeOf(each.answer, GrokProvider::service().answer).toStdString(), each.outcome) << each.answer;
     }
 }
 
@@ -51,7 +52,7 @@ TEST(GrokProvider, aLongDataAddressLosesItsHeadToo)
 {
     const QByteArray picture(30000, 'p');
     const QByteArray answer = R"({"data":[{"b64_json":"data:image/png;base64,)" + picture.toBase64() + R"("}]})";
-    EXPECT_EQ(outcomeOf(answer, grokAnswer()), u"picture:jpg:"_s + QString::fromLatin1(picture));
+    EXPECT_EQ(outcomeOf(answer, GrokProvider::service().answer), u"picture:jpg:"_s + QString::fromLatin1(picture));
 }
 
 } // namespace quorvane

@@ -13,13 +13,14 @@ namespace {
 
 QByteArray bodyFor(const char *model, bool wants4K)
 {
-    const ServiceRequest request = openAIRequest(u"p"_s, u"KEY"_s, QLatin1String(model), wants4K);
+    const ServiceRequest request =
+        requestFor(OpenAIProvider::service(), {u"p"_s, QLatin1String(model), wants4K}, u"KEY"_s);
     return QJsonDocument(request.body).toJson(QJsonDocument::Compact);
 }
 
 std::chrono::seconds silenceLimitFor(const char *model, bool wants4K)
 {
-    return openAIRequest({}, {}, QLatin1String(model), wants4K).silenceLimit;
+    return requestFor(OpenAIProvider::service(), {QString(), QLatin1String(model), wants4K}, QString()).silenceLimit;
 }
 
 } // namespace
@@ -53,7 +54,7 @@ TEST(OpenAIProvider, olderModelsAreSentTwoMoreEntriesAndNever4K)
 
 TEST(OpenAIProvider, theKeyGoesIntoOneHeader)
 {
-    const ServiceRequest request = openAIRequest({}, u"KEY"_s, {}, false);
+    const ServiceRequest request = requestFor(OpenAIProvider::service(), {QString(), QString(), false}, u"KEY"_s);
     EXPECT_EQ(request.path, u"/v1/images/generations"_s);
     EXPECT_EQ(request.keyHeader.name, "Authorization");
     EXPECT_EQ(request.keyHeader.value, "Bearer KEY");
@@ -71,7 +72,7 @@ TEST(OpenAIProvider, answersAreReadThisWay)
         {R"({"data":"TWFu"})", "Invalid response: No image in response"},
     };
     for (const AnswerCase &each : cases) {
-        EXPECT_EQ(outcomeOf(each.answer, openAIAnswer()).toStdString(), each.outcome) << each.answer;
+        EXPECT_EQ(outcomeOf(each.answer, OpenAIProvider::service().answer).toStdString(), each.outcome) << each.answer;
     }
 }
 

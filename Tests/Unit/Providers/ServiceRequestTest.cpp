@@ -1,5 +1,5 @@
 #include "Providers/ServiceRequest.h"
-#include "Providers/GeminiProvider.h"
+#include "Providers/ImageServices.h"
 #include "Unit/Providers/Answers.h"
 
 #include <gtest/gtest.h>
@@ -30,14 +30,14 @@ TEST(ServiceRequest, errorsInAnswersAreReadThisWay)
         {"{\"error\":", "Invalid response: Failed to parse response"},
     };
     for (const AnswerCase &each : cases) {
-        EXPECT_EQ(outcomeOf(each.answer, geminiAnswer()).toStdString(), each.outcome) << each.answer;
+        EXPECT_EQ(outcomeOf(each.answer, GeminiProvider::service().answer).toStdString(), each.outcome) << each.answer;
     }
 }
 
 TEST(ServiceRequest, aVeryLongErrorMessageReachesTheUserWhole)
 {
     const QByteArray message(20000, 'm');
-    EXPECT_EQ(outcomeOf(R"({"error":{"message":")" + message + R"("}})", geminiAnswer()),
+    EXPECT_EQ(outcomeOf(R"({"error":{"message":")" + message + R"("}})", GeminiProvider::service().answer),
               u"API error: "_s + QString::fromLatin1(message));
 }
 

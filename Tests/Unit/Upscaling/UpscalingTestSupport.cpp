@@ -105,7 +105,7 @@ QCoro::Task<> run(QByteArray bytes, std::stop_token stop, UpscaleOutcome *outcom
                 duringFirstTile();
             }
         };
-        UpscaledImage image = co_await localUpscaleImage(std::move(bytes), std::move(stop), std::move(note));
+        EncodedImage image = co_await localUpscaleImage(std::move(bytes), std::move(stop), std::move(note));
         outcome->png = image.bytes;
         outcome->extension = image.extension;
     } catch (const std::exception &error) {
