@@ -11,6 +11,10 @@
         <source>Saved in Keychain</source>
         <translation>Im Schlüsselbund gespeichert</translation>
     </message>
+    <message>
+        <source>What is in the field is not saved yet.</source>
+        <translation>Was im Feld steht, ist noch nicht gespeichert.</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedTab</name>

@@ -11,6 +11,10 @@
         <source>Saved in Keychain</source>
         <translation>Guardada en el llavero</translation>
     </message>
+    <message>
+        <source>What is in the field is not saved yet.</source>
+        <translation>Lo que hay en el campo aún no está guardado.</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedTab</name>

@@ -11,6 +11,10 @@
         <source>Saved in Keychain</source>
         <translation>Enregistrée dans le trousseau</translation>
     </message>
+    <message>
+        <source>What is in the field is not saved yet.</source>
+        <translation>Le contenu du champ n’est pas encore enregistré.</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedTab</name>

@@ -11,6 +11,10 @@
         <source>Saved in Keychain</source>
         <translation>キーチェーンに保存済み</translation>
     </message>
+    <message>
+        <source>What is in the field is not saved yet.</source>
+        <translation>入力欄の内容はまだ保存されていません。</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedTab</name>

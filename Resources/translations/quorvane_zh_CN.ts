@@ -11,6 +11,10 @@
         <source>Saved in Keychain</source>
         <translation>已保存到钥匙串</translation>
     </message>
+    <message>
+        <source>What is in the field is not saved yet.</source>
+        <translation>输入框中的内容尚未保存。</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedTab</name>

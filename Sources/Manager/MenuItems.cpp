@@ -1,5 +1,7 @@
 #include "Manager/MenuItems.h"
 
+#include "Manager/ShortTime.h"
+
 #include <QCoreApplication>
 
 namespace quorvane {
@@ -24,7 +26,7 @@ QString stateLine(const MenuState &state, const QLocale &locale)
         return Tr::tr("Generating...");
     }
     if (state.nextFireDate.isValid()) {
-        return Tr::tr("Next: %1").arg(locale.toString(state.nextFireDate.toLocalTime().time(), QLocale::ShortFormat));
+        return Tr::tr("Next: %1").arg(shortTime(state.nextFireDate, locale));
     }
     return Tr::tr("Idle");
 }

@@ -78,8 +78,12 @@ const QList<int> &WallpaperManager::intervalOptions()
 
 void WallpaperManager::setPrompt(const QString &prompt)
 {
+    const bool isAnother = prompt != m_prompt;
     m_prompt = prompt;
     m_services.defaults->set(SettingsKeys::kLastPrompt, prompt);
+    if (isAnother) {
+        Q_EMIT promptChanged();
+    }
 }
 
 void WallpaperManager::setFourKEnabled(bool enabled)

@@ -102,7 +102,7 @@ class WallpaperManager : public QObject
     /// The intervals on offer, in minutes.
     [[nodiscard]] static const QList<int> &intervalOptions();
 
-    /// Kept at every assignment, but a change is not announced: the editor that types it is its only view.
+    /// Kept at every assignment. It is no published property: promptChanged() is for editors, which may be typed at.
     [[nodiscard]] Q_INVOKABLE QString prompt() const { return m_prompt; }
     Q_INVOKABLE void setPrompt(const QString &prompt);
 
@@ -243,6 +243,7 @@ class WallpaperManager : public QObject
     void nextFireDateChanged();
     void currentWallpaperURLChanged();
     void progressChanged();
+    void promptChanged();
     void upscaleMethodChanged();
     void selectedModelChanged(const QString &providerId);
     void keysChanged();

@@ -60,6 +60,7 @@ Item {
                 anchors.left: parent.left
                 width: 280
                 height: parent.height
+                focus: true
                 model: sidebarModel
                 menu: menuModel
                 onSettingsChosen: view.settingsRequested()

@@ -36,6 +36,10 @@ Window {
         LayoutMirroring.childrenInherit: true
     }
     Shortcut {
+        sequence: "Ctrl+W"
+        onActivated: window.close()
+    }
+    Shortcut {
         sequences: ["Ctrl+,", StandardKey.Preferences]
         onActivated: window.settingsRequested()
     }

@@ -16,47 +16,63 @@ Window {
     minimumHeight: 440
     maximumHeight: 440
     color: Theme.page
+    onActiveChanged: keysModel.refresh()
     LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
 
-    Item {
+    FocusScope {
         id: content
         anchors.fill: parent
+        focus: true
         LayoutMirroring.enabled: Theme.system.isRightToLeft
         LayoutMirroring.childrenInherit: true
-    }
-    Rectangle {
-        id: bar
-        parent: content
-        width: parent.width
-        height: 64
-        color: Theme.sidebar
+        // Not a Shortcut, which would be there before an open list of choices is.
+        Keys.onEscapePressed: window.close()
 
-        Row {
-            anchors.centerIn: parent
-            spacing: 8
+        Rectangle {
+            id: bar
+            width: parent.width
+            height: 64
+            color: Theme.sidebar
 
-            SettingsTabButton {
-                objectName: "apiKeysTab"
-                symbol: "key.fill"
-                text: qsTr("API Keys")
-                checked: window.tab === 0
-                onClicked: window.tab = 0
+            Row {
+                anchors.centerIn: parent
+                spacing: 8
+
+                SettingsTabButton {
+                    objectName: "apiKeysTab"
+                    symbol: "key.fill"
+                    text: qsTr("API Keys")
+                    checked: window.tab === 0
+                    onClicked: window.tab = 0
+                }
+                SettingsTabButton {
+                    objectName: "advancedTab"
+                    symbol: "gearshape"
+                    text: qsTr("Advanced")
+                    checked: window.tab === 1
+                    onClicked: window.tab = 1
+                }
             }
-            SettingsTabButton {
-                objectName: "advancedTab"
-                symbol: "gearshape"
-                text: qsTr("Advanced")
-                checked: window.tab === 1
-                onClicked: window.tab = 1
+            Rectangle {
+                anchors.bottom: parent.bottom
+                width: parent.width
+                height: 1
+                color: Theme.separator
             }
         }
-        Rectangle {
+        // A tab is made when it appears, and then reads what is stored.
+        Loader {
+            anchors.top: bar.bottom
             anchors.bottom: parent.bottom
             width: parent.width
-            height: 1
-            color: Theme.separator
+            active: window.visible
+            sourceComponent: window.tab === 0 ? keysTab : advancedTab
         }
+    }
+    Shortcut {
+        sequence: "Ctrl+W"
+        onActivated: window.close()
     }
     APIKeysModel {
         id: keysModel
@@ -65,15 +81,6 @@ Window {
     AdvancedModel {
         id: advancedModel
         manager: window.manager
-    }
-    // A tab is made when it appears, and then reads what is stored.
-    Loader {
-        parent: content
-        anchors.top: bar.bottom
-        anchors.bottom: parent.bottom
-        width: parent.width
-        active: window.visible
-        sourceComponent: window.tab === 0 ? keysTab : advancedTab
     }
     Component {
         id: keysTab

@@ -92,6 +92,110 @@ TEST_F(SettingsView, theUpscaleMethodGivesWayToANoteWhereTheServiceMakes4KItself
     EXPECT_TRUE(isSeen(u"upscaleMethodRow"_s));
 }
 
+TEST_F(SettingsView, aModelThatIsChosenElsewhereIsShownAtOnce)
+{
+    openSettings();
+    click(u"advancedTab"_s);
+    const ImageProvider &gemini = *manager->providers().front();
+    ASSERT_GT(gemini.models().size(), 1U);
+    EXPECT_EQ(find(u"geminiModelRow"_s)->property("chosen"), 0);
+    manager->setSelectedModel(u"gemini"_s, gemini.models()[1].id);
+    EXPECT_EQ(find(u"geminiModelRow"_s)->property("chosen"), 1);
+    EXPECT_EQ(find(u"geminiModelRow"_s)->property("picker").value<QQuickItem *>()->property("currentIndex"), 1);
+}
+
+TEST_F(SettingsView, aKeyThatIsDeletedOrStoredElsewhereIsShownAtOnce)
+{
+    EXPECT_TRUE(Keychain::save(u"KEY"_s, u"gemini"_s));
+    openSettings();
+    EXPECT_TRUE(isSeen(u"geminiSaved"_s));
+    manager->removeKey(u"gemini"_s);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"geminiSaved"_s); }));
+    EXPECT_EQ(label("geminiField"), QString());
+    EXPECT_EQ(label("geminiSave"), u"Save"_s);
+    manager->saveKey(u"OTHER"_s, u"gemini"_s);
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"geminiSaved"_s); }));
+    EXPECT_EQ(label("geminiField"), u"OTHER"_s);
+    EXPECT_FALSE(isSeen(u"geminiUnsaved"_s));
+}
+
+TEST_F(SettingsView, anEditedKeyThatIsNotSavedSaysSoAndOutlastsTheTab)
+{
+    EXPECT_TRUE(Keychain::save(u"KEY"_s, u"gemini"_s));
+    openSettings();
+    EXPECT_FALSE(isSeen(u"geminiUnsaved"_s));
+    EXPECT_FALSE(isSeen(u"grokUnsaved"_s));
+    click(u"geminiField"_s);
+    QTest::keyClick(window, Qt::Key_End);
+    type(u"2"_s);
+    EXPECT_TRUE(isSeen(u"geminiUnsaved"_s));
+    click(u"grokField"_s);
+    type(u"NEW"_s);
+    EXPECT_TRUE(isSeen(u"grokUnsaved"_s));
+    click(u"advancedTab"_s);
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"geminiModelRow"_s); }));
+    click(u"apiKeysTab"_s);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"geminiField"_s); }));
+    EXPECT_EQ(label("geminiField"), u"KEY2"_s);
+    EXPECT_EQ(label("grokField"), u"NEW"_s);
+    EXPECT_TRUE(isSeen(u"geminiUnsaved"_s));
+    // What others do to the stored key leaves it alone, too.
+    manager->removeKey(u"gemini"_s);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"geminiSaved"_s); }));
+    EXPECT_EQ(label("geminiField"), u"KEY2"_s);
+    click(u"geminiSave"_s);
+    EXPECT_FALSE(isSeen(u"geminiUnsaved"_s));
+    EXPECT_EQ(Keychain::load(u"gemini"_s), u"KEY2"_s);
+}
+
+TEST_F(SettingsView, escapeAndControlWCloseTheWindow)
+{
+    start();
+    for (const auto &[key, modifiers] : {std::pair{Qt::Key_Escape, Qt::NoModifier}, {Qt::Key_W, Qt::ControlModifier}}) {
+        for (const bool isInAField : {false, true}) {
+            ASSERT_NE(open(u"SettingsWindow"_s), nullptr);
+            if (isInAField) {
+                click(u"geminiField"_s);
+            }
+            QTest::keyClick(window, key, modifiers);
+            EXPECT_FALSE(window->isVisible()) << key << isInAField;
+        }
+    }
+}
+
+TEST_F(SettingsView, escapeClosesAnOpenListBeforeTheWindow)
+{
+    openSettings();
+    click(u"advancedTab"_s);
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"providerRow"_s); }));
+    auto *picker = find(u"providerRow"_s)->property("picker").value<QQuickItem *>();
+    picker->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(window, Qt::Key_Space);
+    ASSERT_TRUE(picker->property("down").toBool());
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return !picker->property("down").toBool(); }));
+    EXPECT_TRUE(window->isVisible());
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(SettingsView, theKeyboardReachesAndPressesEverything)
+{
+    EXPECT_TRUE(Keychain::save(u"KEY"_s, u"gemini"_s));
+    openSettings();
+    EXPECT_EQ(tabStops(), (QStringList{u"apiKeysTab"_s, u"advancedTab"_s, u"geminiField"_s, u"geminiSave"_s,
+                                       u"geminiTrash"_s, u"grokField"_s, u"openaiField"_s}));
+    find(u"advancedTab"_s)->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(window, Qt::Key_Return);
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"geminiModelRow"_s); }));
+    find(u"apiKeysTab"_s)->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(window, Qt::Key_Enter);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"geminiTrash"_s); }));
+    find(u"geminiTrash"_s)->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(window, Qt::Key_Return);
+    EXPECT_EQ(Keychain::load(u"gemini"_s), std::nullopt);
+}
+
 TEST_F(SettingsView, aStoredModelThatIsNoLongerOfferedShowsAsTheFirst)
 {
     store(u"selectedModel_openai"_s, u"gone"_s);

@@ -1,6 +1,9 @@
 #include "Manager/SettingsKeys.h"
 #include "UI/ViewFixture.h"
 
+#include <QClipboard>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -18,8 +21,121 @@ class SidebarView : public ViewTest
         start();
         ASSERT_NE(open(), nullptr);
     }
+    [[nodiscard]] QString promptOfNewest() const
+    {
+        const QJsonObject prompts = QJsonDocument::fromJson(sideFile("prompts.json")).object();
+        return prompts[imageName(manager->history().value(0))].toString();
+    }
+    /// The smallest window, with everything shown that takes room, after a generation that failed with that message.
+    void failInTheSmallestWindow(const QByteArray &message)
+    {
+        store(SettingsKeys::kLastPrompt, u"a lake"_s);
+        store(SettingsKeys::kAutoEnabled, true);
+        store(SettingsKeys::kFourKEnabled, true);
+        openWith({u"gemini"_s});
+        window->setProperty("trayShown", false);
+        window->resize(window->minimumSize());
+        Misbehaviour misbehaviour(Misbehaviour::Kind::ErrorObject);
+        misbehaviour.text = message;
+        service.setMisbehaviour(misbehaviour);
+        manager->generateAndSet();
+        manager->waitUntilIdle();
+        ASSERT_TRUE(manager->isError());
+        ASSERT_TRUE(waitFor([&] { return isSeen(u"status"_s) && window->height() == window->minimumHeight(); }));
+    }
     [[nodiscard]] QColor symbolColor() const { return find(u"statusSymbol"_s)->property("color").value<QColor>(); }
 };
+
+TEST_F(SidebarView, atTheStartTheKeyboardIsAtThePrompt)
+{
+    openWith({u"gemini"_s});
+    type(u"a lake"_s);
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a lake"_s);
+    EXPECT_EQ(manager->prompt(), u"a lake"_s);
+}
+
+TEST_F(SidebarView, aPromptFromOutsideIsShownAtOnceAndIsWhatIsGenerated)
+{
+    openWith({u"gemini"_s});
+    EXPECT_FALSE(find(u"generateButton"_s)->isEnabled());
+    manager->setPrompt(u"a hill"_s);
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a hill"_s);
+    EXPECT_TRUE(waitFor([&] { return find(u"generateButton"_s)->isEnabled(); }));
+    manager->setPrompt(u"a moor"_s);
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a moor"_s);
+    click(u"generateButton"_s);
+    manager->waitUntilIdle();
+    EXPECT_EQ(promptOfNewest(), u"a moor"_s);
+    manager->setPrompt(QString());
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), QString());
+    EXPECT_FALSE(find(u"generateButton"_s)->isEnabled());
+}
+
+TEST_F(SidebarView, whatIsBeingTypedWinsOverAPromptFromOutside)
+{
+    openWith({u"gemini"_s});
+    click(u"promptEditor"_s);
+    type(u"a lake"_s);
+    manager->setPrompt(u"a hill"_s);
+    manager->generateAndSet();
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a lake"_s);
+    manager->waitUntilIdle();
+    // Who asked for another picture got it, and the next one is again what the editor shows.
+    EXPECT_EQ(promptOfNewest(), u"a hill"_s);
+    EXPECT_TRUE(waitFor([&] { return manager->prompt() == "a lake"_L1; }));
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a lake"_s);
+    QTest::keyClick(window, Qt::Key_Return, Qt::ControlModifier);
+    manager->waitUntilIdle();
+    EXPECT_EQ(promptOfNewest(), u"a lake"_s);
+    // It has been used now.
+    manager->setPrompt(u"a moor"_s);
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a moor"_s);
+}
+
+TEST_F(SidebarView, whatWasTypedGivesWayOnceTheKeyboardIsElsewhere)
+{
+    openWith({u"gemini"_s});
+    click(u"promptEditor"_s);
+    type(u"a lake"_s);
+    QTest::keyClick(window, Qt::Key_Tab);
+    manager->setPrompt(u"a hill"_s);
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a hill"_s);
+    // Only what is written from now on counts.
+    click(u"promptEditor"_s);
+    manager->setPrompt(u"a moor"_s);
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a moor"_s);
+}
+
+TEST_F(SidebarView, aPromptThatAnEditorWouldChangeIsKeptToTheLetter)
+{
+    openWith({u"gemini"_s});
+    const QString prompt = u"a\u00a0lake\r\nat dawn"_s;
+    manager->setPrompt(prompt);
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a lake\nat dawn"_s);
+    EXPECT_EQ(manager->prompt(), prompt);
+}
+
+TEST_F(SidebarView, controlAndZBringBackWhatUsePromptReplaced)
+{
+    (void)putPainting(u"hill.png"_s, u"a hill"_s);
+    store(SettingsKeys::kLastPrompt, u"a "_s);
+    openWith({u"gemini"_s});
+    QTest::keyClick(window, Qt::Key_End);
+    type(u"lake"_s);
+    click(u"album a hill"_s);
+    click(u"usePromptButton"_s);
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a hill"_s);
+    EXPECT_EQ(manager->prompt(), u"a hill"_s);
+    click(u"promptEditor"_s);
+    QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a lake"_s);
+    EXPECT_EQ(manager->prompt(), u"a lake"_s);
+    // And no further than to the beginning.
+    for (int step = 0; step < 10; ++step) {
+        QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier);
+    }
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a "_s);
+}
 
 TEST_F(SidebarView, whatIsTypedBecomesThePromptAndEnablesTheButton)
 {
@@ -63,6 +179,44 @@ TEST_F(SidebarView, aFailureLeavesARedTriangleWithWhatWentWrong)
     EXPECT_EQ(textOf(find(u"status"_s)), manager->status());
     EXPECT_EQ(find(u"statusSymbol"_s)->property("name"), u"exclamationmark.triangle.fill"_s);
     EXPECT_GT(symbolColor().red(), symbolColor().green());
+}
+
+TEST_F(SidebarView, theStatusIsSeenInTheSmallestWindowWithTheScheduleOn)
+{
+    failInTheSmallestWindow("the service is closed today");
+    EXPECT_TRUE(isSeen(u"nextFire"_s));
+    const QRectF status = placeOf(u"status"_s);
+    EXPECT_GT(status.height(), 0);
+    EXPECT_LT(status.bottom(), placeOf(u"menuButton"_s).top());
+    EXPECT_GT(status.top(), 0);
+    // What is above it scrolls, and follows the keyboard.
+    find(u"intervalPicker"_s)->forceActiveFocus(Qt::TabFocusReason);
+    EXPECT_LT(placeOf(u"intervalPicker"_s).bottom(), status.top());
+    find(u"promptEditor"_s)->forceActiveFocus(Qt::TabFocusReason);
+    EXPECT_GT(placeOf(u"promptEditor"_s).top(), 0);
+}
+
+TEST_F(SidebarView, aLongStatusIsReadToItsEndAndCopied)
+{
+    failInTheSmallestWindow(QByteArray("<b>one</b> reason after another; ").repeated(60) + "the end");
+    QQuickItem *status = find(u"status"_s);
+    EXPECT_EQ(textOf(status), manager->status());
+    EXPECT_TRUE(manager->status().contains("<b>one</b>"_L1));
+    EXPECT_EQ(status->property("textFormat").toInt(), 0) << "which is plain text";
+    EXPECT_EQ(status->property("truncated").toBool(), false);
+    // It scrolls in its place until its end is seen.
+    const QQuickItem *place = find(u"statusPlace"_s);
+    EXPECT_LT(place->height(), window->height() / 2);
+    EXPECT_GT(placeOf(u"status"_s).bottom(), placeOf(u"statusPlace"_s).bottom());
+    EXPECT_TRUE(waitFor([&] {
+        turnWheel(middleOf(place));
+        return placeOf(u"status"_s).bottom() <= placeOf(u"statusPlace"_s).bottom() + 1;
+    }));
+
+    QTest::mouseClick(window, Qt::LeftButton, {}, middleOf(place));
+    QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(window, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), manager->status());
 }
 
 TEST_F(SidebarView, anEmptiedPromptDisablesTheButtonAndTheMenusLine)
@@ -151,6 +305,82 @@ TEST_F(SidebarView, tabLeavesTheEditorWithoutWritingIntoIt)
     QTest::keyClick(window, Qt::Key_Tab);
     EXPECT_TRUE(find(u"fourKToggle"_s)->hasActiveFocus());
     EXPECT_EQ(manager->prompt(), QString());
+}
+
+TEST_F(SidebarView, tabReachesEverythingAtTheFirstStartWithoutATray)
+{
+    start();
+    ASSERT_NE(open(), nullptr);
+    window->setProperty("trayShown", false);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"menuButton"_s) && isSeen(u"missingKeys"_s); }));
+    EXPECT_EQ(tabStops(),
+              (QStringList{u"fourKToggle"_s, u"nsfwToggle"_s, u"autoToggle"_s, u"menuButton"_s, u"promptEditor"_s}));
+}
+
+TEST_F(SidebarView, tabReachesEverythingOfAFullWindow)
+{
+    (void)putPainting(u"hill.png"_s, u"a hill"_s);
+    failInTheSmallestWindow("the service is closed today");
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"album a hill"_s); }));
+    find(u"promptEditor"_s)->forceActiveFocus();
+    EXPECT_EQ(tabStops(),
+              (QStringList{u"fourKToggle"_s, u"nsfwToggle"_s, u"generateButton"_s, u"autoToggle"_s, u"intervalPicker"_s,
+                           u"status"_s, u"menuButton"_s, u"album a hill"_s, u"promptEditor"_s}));
+    QStringList back;
+    for (int step = 0; step < 3; ++step) {
+        QTest::keyClick(window, Qt::Key_Backtab);
+        back.append(window->activeFocusItem()->objectName());
+    }
+    EXPECT_EQ(back, (QStringList{u"promptEditor"_s, u"album a hill"_s, u"menuButton"_s}));
+}
+
+TEST_F(SidebarView, spaceReturnAndEnterPressEveryButton)
+{
+    store(SettingsKeys::kLastPrompt, u"a lake"_s);
+    openWith({u"gemini"_s});
+    window->setProperty("trayShown", false);
+    ASSERT_TRUE(waitFor([&] { return find(u"generateButton"_s)->isEnabled(); }));
+    bool isOn = false;
+    for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        find(u"fourKToggle"_s)->forceActiveFocus(Qt::TabFocusReason);
+        QTest::keyClick(window, key);
+        isOn = !isOn;
+        EXPECT_EQ(manager->fourKEnabled(), isOn) << key;
+
+        find(u"generateButton"_s)->forceActiveFocus(Qt::TabFocusReason);
+        QTest::keyClick(window, key);
+        EXPECT_TRUE(manager->isLoading()) << key;
+        manager->waitUntilIdle();
+        ASSERT_TRUE(waitFor([&] { return find(u"generateButton"_s)->isEnabled(); }));
+
+        find(u"menuButton"_s)->forceActiveFocus(Qt::TabFocusReason);
+        QTest::keyClick(window, key);
+        ASSERT_TRUE(waitFor([&] { return isReachable(u"menuAuto"_s); })) << key;
+        const bool wasAuto = manager->autoEnabled();
+        // The second that can be chosen, after "Generate Now".
+        QTest::keyClick(window, Qt::Key_Down);
+        QTest::keyClick(window, Qt::Key_Down);
+        EXPECT_TRUE(waitFor([&] { return find(u"menuAuto"_s)->property("highlighted").toBool(); }));
+        QTest::keyClick(window, key);
+        EXPECT_NE(manager->autoEnabled(), wasAuto) << key;
+        EXPECT_TRUE(waitFor([&] { return !isSeen(u"menuAuto"_s); }));
+
+        manager->setAutoEnabled(true);
+        find(u"intervalPicker"_s)->forceActiveFocus(Qt::TabFocusReason);
+        QTest::keyClick(window, key);
+        EXPECT_TRUE(find(u"intervalPicker"_s)->property("down").toBool()) << key;
+        QTest::keyClick(window, Qt::Key_Down);
+        QTest::keyClick(window, key);
+        EXPECT_FALSE(find(u"intervalPicker"_s)->property("down").toBool()) << key;
+        manager->setAutoEnabled(false);
+    }
+}
+
+TEST_F(SidebarView, controlAndWCloseTheWindow)
+{
+    openWith({});
+    QTest::keyClick(window, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(window->isVisible());
 }
 
 TEST_F(SidebarView, theMenuOfTheIconIsInTheWindowWhileNoPanelShowsIt)

@@ -11,6 +11,7 @@
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QWheelEvent>
 #include <QtTest/QTest>
 
 #include <memory>
@@ -91,6 +92,39 @@ class ViewTest : public ManagerTest
         return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
     }
     void hover(const QPoint &position) const { QTest::mouseMove(window, position); }
+
+    /// Where the item lies in its window.
+    [[nodiscard]] QRectF placeOf(const QString &name) const
+    {
+        const QQuickItem *item = find(name);
+        return item != nullptr ? item->mapRectToScene(QRectF(0, 0, item->width(), item->height())) : QRectF();
+    }
+
+    /// What Tab comes to from where the keyboard is, once around; an item without a name is "?".
+    [[nodiscard]] QStringList tabStops() const
+    {
+        constexpr int kMany = 40;
+        QStringList stops;
+        QSet<const QQuickItem *> seen;
+        while (stops.size() < kMany) {
+            QTest::keyClick(window, Qt::Key_Tab);
+            const QQuickItem *item = window->activeFocusItem();
+            if (item == nullptr || seen.contains(item)) {
+                break;
+            }
+            seen.insert(item);
+            stops.append(item->objectName().isEmpty() ? u"?"_s : item->objectName());
+        }
+        return stops;
+    }
+
+    /// One step of the wheel, towards the end of what scrolls there.
+    void turnWheel(const QPoint &position) const
+    {
+        QWheelEvent wheel(position, window->mapToGlobal(position), {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase,
+                          false);
+        QGuiApplication::sendEvent(window, &wheel);
+    }
 
     void type(const QString &text) const
     {

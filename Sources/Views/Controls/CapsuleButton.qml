@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvane.Views
 
 /// White on a translucent dark capsule, for what lies on pictures.
-Button {
+PressableButton {
     id: button
 
     property string symbol: ""
@@ -14,12 +13,8 @@ Button {
     rightPadding: 11
     topPadding: 0
     bottomPadding: 0
-    hoverEnabled: true
-    focusPolicy: Qt.StrongFocus
     font.pixelSize: Theme.captionSize
     font.weight: Font.Medium
-    Accessible.name: text
-    Accessible.onPressAction: if (enabled) clicked()
 
     contentItem: Row {
         spacing: 8

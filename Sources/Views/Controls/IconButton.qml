@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvane.Views
 
 /// A round symbol on a picture.
-Button {
+PressableButton {
     id: button
 
     required property string symbol
@@ -15,11 +14,8 @@ Button {
     height: size
     padding: 0
     horizontalPadding: 0
-    hoverEnabled: true
-    focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : 0.3
     Accessible.name: tip
-    Accessible.onPressAction: if (enabled) clicked()
 
     contentItem: Item {
         Symbol {
@@ -41,6 +37,6 @@ Button {
     }
     Tip {
         text: button.tip
-        visible: button.hovered
+        wanted: button.hovered
     }
 }

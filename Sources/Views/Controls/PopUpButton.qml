@@ -15,6 +15,21 @@ ComboBox {
     // Its name is the label beside it, and the bus has no value of a picker.
     Accessible.description: displayText
     Accessible.onPressAction: if (enabled) popup.open()
+    Keys.onReturnPressed: event => event.accepted = isReturnDown = !popup.visible
+    Keys.onEnterPressed: event => event.accepted = isReturnDown = !popup.visible
+    Keys.onReleased: event => event.accepted = openByReturn()
+
+    /// Return was pressed while the list was closed. An open one takes the key itself, and at its release.
+    property bool isReturnDown: false
+
+    function openByReturn() {
+        const isOpening = isReturnDown;
+        isReturnDown = false;
+        if (isOpening) {
+            popup.open();
+        }
+        return isOpening;
+    }
 
     contentItem: PlainText {
         text: picker.displayText

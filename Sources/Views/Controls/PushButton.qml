@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvane.Views
 
 /// A button with a text, a symbol or both. The prominent one is the window's main action.
-Button {
+PressableButton {
     id: button
 
     property string symbol: ""
@@ -18,13 +17,10 @@ Button {
     rightPadding: leftPadding
     topPadding: 8
     bottomPadding: 8
-    hoverEnabled: true
-    focusPolicy: Qt.StrongFocus
     font.pixelSize: Theme.bodySize
     font.weight: prominent ? Font.DemiBold : Font.Normal
     Accessible.name: text === "" ? tip : text
     Accessible.description: tip
-    Accessible.onPressAction: if (enabled) clicked()
 
     contentItem: ButtonContent {
         text: button.text
@@ -45,6 +41,6 @@ Button {
     }
     Tip {
         text: button.tip
-        visible: button.hovered && button.tip !== "" && button.tip !== button.text
+        wanted: button.hovered && button.tip !== button.text
     }
 }

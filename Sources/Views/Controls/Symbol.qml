@@ -6,7 +6,8 @@ Image {
     required property string name
     property color color: Theme.text
     property int size: 16
-    /// Whether it points to where the text goes or comes from.
+    /// Whether it points to where the text goes or comes from. It turns by itself then; its name stays that of its look
+    /// from left to right.
     readonly property bool isDirected: name === "chevron.left" || name === "chevron.right" || name === "arrow.uturn.left"
 
     /// A function without types is not compiled to C++, which is the point: Qt 6.4's compiled code makes a text of a color

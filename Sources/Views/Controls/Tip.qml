@@ -1,24 +1,27 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvane.Views
 
-ToolTip {
+/// Tells more of what it lies on, once the pointer rests there. Its panel is made only then, for most are never seen.
+Item {
     id: tip
 
-    delay: 600
-    width: Math.min(implicitWidth, 360)
+    required property string text
+    /// Whether the pointer is at what it explains.
+    required property bool wanted
 
-    contentItem: PlainText {
-        objectName: "toolTip"
-        text: tip.text
-        font.pixelSize: Theme.captionSize
-        wrapMode: Text.Wrap
-        maximumLineCount: 12
-        elide: Text.ElideRight
-    }
-    background: Rectangle {
-        color: Theme.surface
-        border.color: Theme.separator
-        radius: 6
+    readonly property bool saysMore: wanted && text !== ""
+
+    anchors.fill: parent
+    onSaysMoreChanged: panel.active = panel.active || saysMore
+
+    Loader {
+        id: panel
+        active: false
+        sourceComponent: TipPanel {
+            parent: tip
+            text: tip.text
+            wanted: tip.saysMore
+            onEnded: panel.active = false
+        }
     }
 }

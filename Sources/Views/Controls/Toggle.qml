@@ -14,6 +14,8 @@ Switch {
     Accessible.name: text
     Accessible.onPressAction: flip()
     Accessible.onToggleAction: flip()
+    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) flip(); }
+    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) flip(); }
 
     /// As a click does.
     function flip() {

@@ -76,11 +76,9 @@ Item {
         color: Theme.secondaryText
         font.pixelSize: Theme.captionSize
     }
-    Loader {
-        active: hover.hovered && caption.truncated
-        sourceComponent: Tip {
-            text: tile.title
-            visible: true
-        }
+    Tip {
+        anchors.fill: caption
+        text: tile.title
+        wanted: hover.hovered && caption.truncated
     }
 }

@@ -78,7 +78,7 @@ FocusScope {
             anchors.left: parent.left
             anchors.verticalCenter: parent.verticalCenter
             visible: gallery.model.state === GalleryModel.Album
-            symbol: mirrored ? "chevron.right" : "chevron.left"
+            symbol: "chevron.left"
             text: qsTr("Albums")
             onClicked: gallery.model.closeAlbum()
         }
@@ -104,7 +104,7 @@ FocusScope {
             }
             Tip {
                 text: title.text
-                visible: titleHover.hovered && title.truncated
+                wanted: titleHover.hovered && title.truncated
             }
         }
         PushButton {

@@ -161,12 +161,9 @@ FocusScope {
         HoverHandler {
             id: captionHover
         }
-        Loader {
-            active: captionHover.hovered && tile.prompt !== ""
-            sourceComponent: Tip {
-                text: tile.prompt
-                visible: true
-            }
+        Tip {
+            text: tile.prompt
+            wanted: captionHover.hovered
         }
     }
     PlainText {

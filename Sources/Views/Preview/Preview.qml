@@ -152,7 +152,7 @@ FocusScope {
         anchors.verticalCenter: stage.verticalCenter
         size: 36
         enabled: preview.model.canGoLeft
-        symbol: mirrored ? "chevron.right" : "chevron.left"
+        symbol: "chevron.left"
         tip: qsTr("Previous")
         onClicked: preview.model.goLeft()
     }
@@ -164,7 +164,7 @@ FocusScope {
         anchors.verticalCenter: stage.verticalCenter
         size: 36
         enabled: preview.model.canGoRight
-        symbol: mirrored ? "chevron.left" : "chevron.right"
+        symbol: "chevron.right"
         tip: qsTr("Next")
         onClicked: preview.model.goRight()
     }

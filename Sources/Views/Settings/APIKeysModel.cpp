@@ -45,26 +45,44 @@ void APIKeyRow::save()
 void APIKeyRow::submit()
 {
     if (canSave()) {
+        m_stored = m_key;
         manager->saveKey(m_key, providerId);
+        Q_EMIT changed();
     }
 }
 
 void APIKeyRow::remove()
 {
-    manager->removeKey(providerId);
+    m_stored.reset();
     m_key.clear();
     m_saved = false;
+    manager->removeKey(providerId);
     Q_EMIT changed();
 }
 
 void APIKeyRow::load(const TextMap &keys)
 {
-    const auto stored = keys.find(providerId);
-    if (stored != keys.end()) {
-        m_key = stored->second;
+    follow(keys);
+    if (m_stored && !m_saved) {
         m_saved = true;
         Q_EMIT changed();
     }
+}
+
+void APIKeyRow::follow(const TextMap &keys)
+{
+    const auto found = keys.find(providerId);
+    const auto stored = found != keys.end() ? std::optional(found->second) : std::nullopt;
+    if (stored == m_stored) {
+        return; // Return in the field stores a key without calling it saved.
+    }
+    const bool wasUnsaved = unsaved();
+    m_stored = stored;
+    m_saved = stored.has_value();
+    if (!wasUnsaved) {
+        m_key = stored.value_or(QString());
+    }
+    Q_EMIT changed();
 }
 
 APIKeysModel::APIKeysModel(QObject *parent)
@@ -74,6 +92,11 @@ APIKeysModel::APIKeysModel(QObject *parent)
              new APIKeyRow(tr("Grok (xAI)"), tr("Grok"), u"grok"_s, tr("Used when NSFW is enabled."), this),
              new APIKeyRow(tr("OpenAI"), tr("OpenAI"), u"openai"_s,
                            tr("Available as an override in Advanced settings."), this)}
+    , m_reading([this](const TextMap &keys) {
+        for (QObject *row : m_rows) {
+            qobject_cast<APIKeyRow *>(row)->follow(keys);
+        }
+    })
 {
 }
 
@@ -82,6 +105,12 @@ void APIKeysModel::attach()
     for (QObject *row : m_rows) {
         qobject_cast<APIKeyRow *>(row)->manager = manager();
     }
+    connect(manager(), &WallpaperManager::keysChanged, this, &APIKeysModel::refresh);
+}
+
+void APIKeysModel::refresh()
+{
+    m_reading.ask(&WallpaperManager::storedKeys);
 }
 
 void APIKeysModel::loadAllKeys()

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "Platform/Threads/LatestReading.h"
 #include "Views/ViewModel.h"
 
 #include <QQmlListProperty>
+
+#include <optional>
 
 namespace quorvane {
 
@@ -19,6 +22,7 @@ class APIKeyRow : public QObject
     Q_PROPERTY(QString placeholder READ placeholder CONSTANT)
     Q_PROPERTY(QString key READ key WRITE setKey NOTIFY changed)
     Q_PROPERTY(bool saved READ saved NOTIFY changed)
+    Q_PROPERTY(bool unsaved READ unsaved NOTIFY changed)
     Q_PROPERTY(bool canSave READ canSave NOTIFY changed)
     Q_PROPERTY(QString saveLabel READ saveLabel NOTIFY changed)
 
@@ -30,6 +34,8 @@ class APIKeyRow : public QObject
     [[nodiscard]] const QString &key() const { return m_key; }
     void setKey(const QString &key);
     [[nodiscard]] bool saved() const { return m_saved; }
+    /// Whether the field holds something else than what is stored.
+    [[nodiscard]] bool unsaved() const { return m_key != m_stored.value_or(QString()); }
     [[nodiscard]] bool canSave() const { return !m_key.isEmpty(); }
     [[nodiscard]] QString saveLabel() const;
 
@@ -40,7 +46,10 @@ class APIKeyRow : public QObject
     /// Removes this service's key, and no other, and empties the field.
     Q_INVOKABLE void remove();
 
+    /// The tab appears: the field takes a stored key over, unless it holds something that is not saved.
     void load(const TextMap &keys);
+    /// The stored keys may have been changed elsewhere: as above, and a key that is gone is saved no longer.
+    void follow(const TextMap &keys);
 
     QString section;
     QString label;
@@ -53,10 +62,11 @@ class APIKeyRow : public QObject
 
   private:
     QString m_key;
+    std::optional<QString> m_stored; ///< As far as it is known here.
     bool m_saved = false;
 };
 
-/// The tab of the keys.
+/// The tab of the keys. It follows what other windows and programs do with them.
 class APIKeysModel : public quorvane::ViewModel
 {
     Q_OBJECT
@@ -73,10 +83,14 @@ class APIKeysModel : public quorvane::ViewModel
     /// The tab appears: takes over every stored key. A row without one is left as it is.
     Q_INVOKABLE void loadAllKeys();
 
+    /// Looks again at what other programs may have changed: the key file. Returns at once.
+    Q_INVOKABLE void refresh();
+
   private:
     void attach() override;
 
     QList<QObject *> m_rows;
+    LatestReading<TextMap> m_reading;
 };
 
 } // namespace quorvane

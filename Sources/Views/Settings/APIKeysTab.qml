@@ -1,16 +1,12 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvane.Views
 
-Flickable {
+ScrollingForm {
     id: tab
 
     required property APIKeysModel model
 
     contentHeight: column.height + 32
-    boundsBehavior: Flickable.StopAtBounds
-    clip: true
-    ScrollBar.vertical: ThinScrollBar {}
     Component.onCompleted: model.loadAllKeys()
 
     Column {
@@ -79,6 +75,15 @@ Flickable {
                         color: Theme.green
                         font.pixelSize: Theme.captionSize
                     }
+                }
+                StaticText {
+                    objectName: section.modelData.providerId + "Unsaved"
+                    width: parent.width
+                    visible: section.modelData.unsaved
+                    text: qsTr("What is in the field is not saved yet.")
+                    color: Theme.orange
+                    font.pixelSize: Theme.captionSize
+                    wrapMode: Text.Wrap
                 }
                 StaticText {
                     width: parent.width

@@ -27,6 +27,7 @@ void AdvancedModel::attach()
         connect(manager(), signal, this, &AdvancedModel::changed);
     }
     connect(manager(), &WallpaperManager::selectedModelChanged, this, &AdvancedModel::changed);
+    connect(manager(), &WallpaperManager::selectedModelChanged, this, &AdvancedModel::loadModels);
     for (const auto &provider : manager()->providers()) {
         auto *picker = new ModelPicker(this);
         picker->label = tr("%1 Model").arg(provider->name());

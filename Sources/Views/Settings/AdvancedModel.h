@@ -72,7 +72,7 @@ class AdvancedModel : public quorvane::ViewModel
     [[nodiscard]] const QList<QObject *> &models() const { return m_models; }
     [[nodiscard]] QQmlListProperty<QObject> modelList() { return {this, &m_models}; }
 
-    /// The tab appears.
+    /// The tab appears, or a model was chosen, here or elsewhere.
     Q_INVOKABLE void loadModels();
 
   Q_SIGNALS:

@@ -1,16 +1,12 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvane.Views
 
-Flickable {
+ScrollingForm {
     id: tab
 
     required property AdvancedModel model
 
     contentHeight: column.height + 32
-    boundsBehavior: Flickable.StopAtBounds
-    clip: true
-    ScrollBar.vertical: ThinScrollBar {}
     Component.onCompleted: model.loadModels()
 
     Column {

@@ -18,6 +18,8 @@ TabButton {
     Accessible.name: text
     Accessible.selected: checked
     Accessible.onPressAction: if (enabled) clicked()
+    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked(); }
+    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }
 
     contentItem: Column {
         spacing: 4

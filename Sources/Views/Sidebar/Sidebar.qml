@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvane.Views
 
 /// Prompt, options, generating, schedule and the last status.
@@ -8,6 +7,10 @@ FocusScope {
 
     required property SidebarModel model
     required property MenuModel menu
+
+    readonly property real room: height - (menu.isNeeded ? foot.height : 0)
+    /// Whether the rest has to scroll for the status to be seen.
+    readonly property bool isFull: form.contentHeight + status.wanted > room
 
     signal settingsChosen()
     signal quitChosen()
@@ -23,13 +26,11 @@ FocusScope {
             color: Theme.separator
         }
     }
-    Flickable {
-        anchors.fill: parent
-        anchors.bottomMargin: foot.visible ? foot.height : 0
-        contentHeight: column.height + 40
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-        ScrollBar.vertical: ThinScrollBar {}
+    ScrollingForm {
+        id: form
+        width: parent.width
+        height: Math.min(contentHeight, sidebar.room - status.height)
+        contentHeight: column.y + column.height + column.spacing
 
         Column {
             id: column
@@ -45,6 +46,7 @@ FocusScope {
                 SectionCaption { text: qsTr("Prompt") }
                 PromptEditor {
                     width: parent.width
+                    focus: true
                     model: sidebar.model
                 }
             }
@@ -118,11 +120,32 @@ FocusScope {
                 width: parent.width
                 model: sidebar.model
             }
-            StatusLine {
-                width: parent.width
-                visible: sidebar.model.status !== ""
-                model: sidebar.model
-            }
+        }
+    }
+    // Below what scrolls, so that how it went is seen however much is above it.
+    Item {
+        id: status
+
+        readonly property real wanted: visible ? line.height + 20 : 0
+
+        anchors.top: form.bottom
+        width: parent.width
+        height: wanted + line.y
+        visible: sidebar.model.status !== ""
+
+        Rectangle {
+            width: parent.width
+            height: 1
+            visible: sidebar.isFull
+            color: Theme.separator
+        }
+        StatusLine {
+            id: line
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: sidebar.isFull && status.visible ? 16 : 0
+            width: parent.width - 40
+            model: sidebar.model
+            maximumHeight: sidebar.height * 0.3
         }
     }
     Item {

@@ -1,6 +1,7 @@
 #include "Views/Sidebar/SidebarModel.h"
 
 #include "Manager/IntervalLabel.h"
+#include "Manager/ShortTime.h"
 #include "Views/ProgressText.h"
 
 #include <QLocale>
@@ -21,7 +22,8 @@ SidebarModel::SidebarModel(QObject *parent)
 void SidebarModel::attach()
 {
     WallpaperManager *source = manager();
-    setPromptText(source->prompt());
+    followPrompt();
+    connect(source, &WallpaperManager::promptChanged, this, &SidebarModel::followPrompt);
     // What decides which keys are needed.
     for (const auto signal : {&WallpaperManager::providerOverrideChanged, &WallpaperManager::nsfwEnabledChanged,
                               &WallpaperManager::fourKEnabledChanged, &WallpaperManager::upscaleMethodChanged,
@@ -53,10 +55,39 @@ void SidebarModel::setPromptText(const QString &text)
     if (text == m_promptText) {
         return;
     }
-    m_promptText = text;
+    m_isTyping = m_isKeyboardInEditor;
+    setShownPrompt(text);
     manager()->setPrompt(text);
+}
+
+void SidebarModel::setShownPrompt(const QString &text)
+{
+    m_promptText = text;
     Q_EMIT promptTextChanged();
     Q_EMIT changed();
+}
+
+void SidebarModel::followPrompt()
+{
+    if (manager()->prompt() == m_promptText) {
+        return;
+    }
+    if (!m_isTyping) {
+        setShownPrompt(manager()->prompt());
+        return;
+    }
+    // Later, because who changed it may be about to generate from it.
+    QMetaObject::invokeMethod(
+        this, [this] { manager()->setPrompt(m_promptText); }, Qt::QueuedConnection);
+}
+
+void SidebarModel::setKeyboardInEditor(bool isThere)
+{
+    if (isThere != m_isKeyboardInEditor) {
+        m_isKeyboardInEditor = isThere;
+        m_isTyping = false;
+        Q_EMIT keyboardInEditorChanged();
+    }
 }
 
 bool SidebarModel::fourKEnabled() const
@@ -110,6 +141,8 @@ bool SidebarModel::canGenerate() const
 void SidebarModel::generate()
 {
     if (canGenerate()) {
+        m_isTyping = false;
+        manager()->setPrompt(m_promptText);
         manager()->generateAndSet();
     }
 }
@@ -160,7 +193,7 @@ QString SidebarModel::nextFireText() const
     if (!manager()->autoEnabled() || !due.isValid()) {
         return {};
     }
-    return tr("Next: %1").arg(QLocale().toString(due.toLocalTime().time(), QLocale::ShortFormat));
+    return tr("Next: %1").arg(shortTime(due, QLocale()));
 }
 
 QString SidebarModel::status() const

@@ -11,6 +11,7 @@ class SidebarModel : public quorvane::ViewModel
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString promptText READ promptText WRITE setPromptText NOTIFY promptTextChanged)
+    Q_PROPERTY(bool keyboardInEditor READ keyboardInEditor WRITE setKeyboardInEditor NOTIFY keyboardInEditorChanged)
     Q_PROPERTY(bool fourKEnabled READ fourKEnabled WRITE setFourKEnabled NOTIFY changed)
     Q_PROPERTY(bool nsfwEnabled READ nsfwEnabled WRITE setNsfwEnabled NOTIFY changed)
     Q_PROPERTY(bool nsfwShown READ nsfwShown NOTIFY changed)
@@ -32,9 +33,16 @@ class SidebarModel : public quorvane::ViewModel
   public:
     explicit SidebarModel(QObject *parent = nullptr);
 
-    /// The text in the editor: the manager's prompt at the start, and from then on the other way round.
+    /// The text in the editor, and the manager's prompt: what is written here is at once the manager's, and what others
+    /// give the manager is at once here, except while the user types. Then the user's text wins, as soon as those
+    /// others have had the time to generate from theirs.
     [[nodiscard]] const QString &promptText() const { return m_promptText; }
     void setPromptText(const QString &text);
+
+    /// Whether what is typed goes into the editor. The user types once something was written since it began to, or
+    /// since the last picture was asked for.
+    [[nodiscard]] bool keyboardInEditor() const { return m_isKeyboardInEditor; }
+    void setKeyboardInEditor(bool isThere);
 
     [[nodiscard]] bool fourKEnabled() const;
     void setFourKEnabled(bool enabled);
@@ -80,12 +88,17 @@ class SidebarModel : public quorvane::ViewModel
 
   Q_SIGNALS:
     void promptTextChanged();
+    void keyboardInEditorChanged();
     void changed();
 
   private:
     void attach() override;
+    void followPrompt();
+    void setShownPrompt(const QString &text);
 
     QString m_promptText;
+    bool m_isKeyboardInEditor = false;
+    bool m_isTyping = false;
     std::optional<QSet<QString>> m_storedKeyIds; ///< Nothing until they have been read.
     LatestReading<QSet<QString>> m_reading;
 };

@@ -105,6 +105,11 @@ TEST_F(SidebarModelTest, theNextTimeIsToldOnlyWhileTheScheduleRuns)
     EXPECT_EQ(model->nextFireText(), QString());
     model->setAutoEnabled(true);
     EXPECT_TRUE(model->nextFireText().startsWith("Next: "_L1));
+    // The plain locale's short time has seconds.
+    const QLocale before;
+    QLocale::setDefault(QLocale::c());
+    EXPECT_EQ(model->nextFireText().count(':'_L1), 2) << model->nextFireText().toStdString();
+    QLocale::setDefault(before);
     model->setAutoEnabled(false);
     EXPECT_EQ(model->nextFireText(), QString());
 }
