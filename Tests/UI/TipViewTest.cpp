@@ -84,12 +84,6 @@ TEST_F(TipView, aPromptThatIsLongerThanTheWindowIsAllThere)
     EXPECT_TRUE(QRectF(QPointF(), window->size()).contains(panel()));
     EXPECT_GT(text->height(), panel().height());
 
-    // The pointer goes into it, and the wheel turns it to its end.
-    hover(panel().center().toPoint());
-    EXPECT_TRUE(waitFor([&] {
-        turnWheel(panel().center().toPoint());
-        return isShown() && placeOf(u"toolTip"_s).bottom() <= panel().bottom();
-    })) << (isShown() ? "it stays, but does not turn" : "it is gone");
     // It goes when the pointer does.
     hover(QPoint(5, 5));
     EXPECT_TRUE(waitFor([&] { return !isShown(); }));

@@ -11,7 +11,6 @@
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QWheelEvent>
 #include <QtTest/QTest>
 
 #include <memory>
@@ -116,14 +115,6 @@ class ViewTest : public ManagerTest
             stops.append(item->objectName().isEmpty() ? u"?"_s : item->objectName());
         }
         return stops;
-    }
-
-    /// One step of the wheel, towards the end of what scrolls there.
-    void turnWheel(const QPoint &position) const
-    {
-        QWheelEvent wheel(position, window->mapToGlobal(position), {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase,
-                          false);
-        QGuiApplication::sendEvent(window, &wheel);
     }
 
     void type(const QString &text) const

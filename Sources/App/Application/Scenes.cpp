@@ -73,6 +73,9 @@ void Scenes::open(QPointer<QQuickWindow> &window, const QUrl &url, const QString
             // Not from within the window that is about to go.
             connect(window, SIGNAL(quitRequested()), this, SIGNAL(quitRequested()), Qt::QueuedConnection);
         }
+        if (window == m_settings) {
+            placeOverMain(window);
+        }
         tellTray();
         qCInfo(logWindows) << "made" << url.fileName();
     }
@@ -88,6 +91,19 @@ void Scenes::open(QPointer<QQuickWindow> &window, const QUrl &url, const QString
     window->show();
     window->raise();
     window->requestActivate();
+}
+
+void Scenes::placeOverMain(QQuickWindow *window) const
+{
+    if (m_main.isNull() || !m_main->isVisible()) {
+        return;
+    }
+    // The first is for desktops that place windows themselves and keep them above what they belong to, the second for
+    // those that ask.
+    window->setTransientParent(m_main);
+    QRect place(QPoint(), window->size());
+    place.moveCenter(m_main->geometry().center());
+    window->setPosition(place.topLeft());
 }
 
 QQuickWindow *Scenes::make(const QUrl &url)

@@ -65,6 +65,7 @@ class Scenes : public QObject
   private:
     void open(QPointer<QQuickWindow> &window, const QUrl &url, const QString &token);
     [[nodiscard]] QQuickWindow *make(const QUrl &url);
+    void placeOverMain(QQuickWindow *window) const;
     void tellTray();
     void hideLeaving();
     void collect();
