@@ -1078,6 +1078,13 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
+    <name>ProviderChoice</name>
+    <message>
+        <source>Gemini (for 4K upscale)</source>
+        <translation>Gemini (für die 4K-Hochskalierung)</translation>
+    </message>
+</context>
+<context>
     <name>ProviderError</name>
     <message>
         <source>Invalid response: %1</source>
@@ -1611,24 +1618,8 @@ mit den Bedienelementen in der Seitenleiste.</translation>
 <context>
     <name>quorvane::WallpaperManager</name>
     <message>
-        <source>Gemini (for 4K upscale)</source>
-        <translation>Gemini (für die 4K-Hochskalierung)</translation>
-    </message>
-    <message>
-        <source>No screen found</source>
-        <translation>Kein Bildschirm gefunden</translation>
-    </message>
-    <message>
-        <source>Failed: %1</source>
-        <translation>Fehlgeschlagen: %1</translation>
-    </message>
-    <message>
         <source>Wallpaper set!</source>
         <translation>Hintergrundbild gesetzt!</translation>
-    </message>
-    <message>
-        <source>Failed to sync wallpaper: %1</source>
-        <translation>Hintergrundbild konnte nicht abgeglichen werden: %1</translation>
     </message>
     <message>
         <source>Missing %1 API key — open Settings (⌘,)</source>
@@ -1665,6 +1656,29 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>Failed to save upscaled image</source>
         <translation>Hochskaliertes Bild konnte nicht gespeichert werden</translation>
+    </message>
+    <message>
+        <source>Quorvane is quitting</source>
+        <translation>Quorvane wird beendet</translation>
+    </message>
+    <message>
+        <source>the picture was deleted</source>
+        <translation>das Bild wurde gelöscht</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::WallpaperSetter</name>
+    <message>
+        <source>No screen found</source>
+        <translation>Kein Bildschirm gefunden</translation>
+    </message>
+    <message>
+        <source>Failed: %1</source>
+        <translation>Fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Failed to sync wallpaper: %1</source>
+        <translation>Hintergrundbild konnte nicht abgeglichen werden: %1</translation>
     </message>
 </context>
 </TS>

@@ -1078,6 +1078,13 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
+    <name>ProviderChoice</name>
+    <message>
+        <source>Gemini (for 4K upscale)</source>
+        <translation>Gemini (para la ampliación a 4K)</translation>
+    </message>
+</context>
+<context>
     <name>ProviderError</name>
     <message>
         <source>Invalid response: %1</source>
@@ -1611,24 +1618,8 @@ con los controles de la barra lateral.</translation>
 <context>
     <name>quorvane::WallpaperManager</name>
     <message>
-        <source>Gemini (for 4K upscale)</source>
-        <translation>Gemini (para la ampliación a 4K)</translation>
-    </message>
-    <message>
-        <source>No screen found</source>
-        <translation>No se encontró ninguna pantalla</translation>
-    </message>
-    <message>
-        <source>Failed: %1</source>
-        <translation>Falló: %1</translation>
-    </message>
-    <message>
         <source>Wallpaper set!</source>
         <translation>¡Fondo de pantalla establecido!</translation>
-    </message>
-    <message>
-        <source>Failed to sync wallpaper: %1</source>
-        <translation>No se pudo sincronizar el fondo de pantalla: %1</translation>
     </message>
     <message>
         <source>Missing %1 API key — open Settings (⌘,)</source>
@@ -1665,6 +1656,29 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>Failed to save upscaled image</source>
         <translation>No se pudo guardar la imagen ampliada</translation>
+    </message>
+    <message>
+        <source>Quorvane is quitting</source>
+        <translation>Quorvane se está cerrando</translation>
+    </message>
+    <message>
+        <source>the picture was deleted</source>
+        <translation>la imagen se ha eliminado</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::WallpaperSetter</name>
+    <message>
+        <source>No screen found</source>
+        <translation>No se encontró ninguna pantalla</translation>
+    </message>
+    <message>
+        <source>Failed: %1</source>
+        <translation>Falló: %1</translation>
+    </message>
+    <message>
+        <source>Failed to sync wallpaper: %1</source>
+        <translation>No se pudo sincronizar el fondo de pantalla: %1</translation>
     </message>
 </context>
 </TS>

@@ -1078,6 +1078,13 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
+    <name>ProviderChoice</name>
+    <message>
+        <source>Gemini (for 4K upscale)</source>
+        <translation>Gemini (pour l’agrandissement 4K)</translation>
+    </message>
+</context>
+<context>
     <name>ProviderError</name>
     <message>
         <source>Invalid response: %1</source>
@@ -1611,24 +1618,8 @@ avec les commandes du panneau latéral.</translation>
 <context>
     <name>quorvane::WallpaperManager</name>
     <message>
-        <source>Gemini (for 4K upscale)</source>
-        <translation>Gemini (pour l’agrandissement 4K)</translation>
-    </message>
-    <message>
-        <source>No screen found</source>
-        <translation>Aucun écran trouvé</translation>
-    </message>
-    <message>
-        <source>Failed: %1</source>
-        <translation>Échec&#xa0;: %1</translation>
-    </message>
-    <message>
         <source>Wallpaper set!</source>
         <translation>Fond d’écran appliqué&#x202f;!</translation>
-    </message>
-    <message>
-        <source>Failed to sync wallpaper: %1</source>
-        <translation>Échec de la synchronisation du fond d’écran&#xa0;: %1</translation>
     </message>
     <message>
         <source>Missing %1 API key — open Settings (⌘,)</source>
@@ -1665,6 +1656,29 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>Failed to save upscaled image</source>
         <translation>Échec de l’enregistrement de l’image agrandie</translation>
+    </message>
+    <message>
+        <source>Quorvane is quitting</source>
+        <translation>Quorvane se ferme</translation>
+    </message>
+    <message>
+        <source>the picture was deleted</source>
+        <translation>l’image a été supprimée</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::WallpaperSetter</name>
+    <message>
+        <source>No screen found</source>
+        <translation>Aucun écran trouvé</translation>
+    </message>
+    <message>
+        <source>Failed: %1</source>
+        <translation>Échec&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Failed to sync wallpaper: %1</source>
+        <translation>Échec de la synchronisation du fond d’écran&#xa0;: %1</translation>
     </message>
 </context>
 </TS>

@@ -1073,6 +1073,13 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>ProviderChoice</name>
+    <message>
+        <source>Gemini (for 4K upscale)</source>
+        <translation>Gemini（4Kアップスケール用）</translation>
+    </message>
+</context>
+<context>
     <name>ProviderError</name>
     <message>
         <source>Invalid response: %1</source>
@@ -1605,24 +1612,8 @@ using the sidebar controls.</source>
 <context>
     <name>quorvane::WallpaperManager</name>
     <message>
-        <source>Gemini (for 4K upscale)</source>
-        <translation>Gemini（4Kアップスケール用）</translation>
-    </message>
-    <message>
-        <source>No screen found</source>
-        <translation>画面が見つかりません</translation>
-    </message>
-    <message>
-        <source>Failed: %1</source>
-        <translation>失敗しました: %1</translation>
-    </message>
-    <message>
         <source>Wallpaper set!</source>
         <translation>壁紙を設定しました！</translation>
-    </message>
-    <message>
-        <source>Failed to sync wallpaper: %1</source>
-        <translation>壁紙を同期できませんでした: %1</translation>
     </message>
     <message>
         <source>Missing %1 API key — open Settings (⌘,)</source>
@@ -1659,6 +1650,29 @@ using the sidebar controls.</source>
     <message>
         <source>Failed to save upscaled image</source>
         <translation>アップスケールした画像を保存できませんでした</translation>
+    </message>
+    <message>
+        <source>Quorvane is quitting</source>
+        <translation>Quorvane を終了しています</translation>
+    </message>
+    <message>
+        <source>the picture was deleted</source>
+        <translation>画像が削除されました</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::WallpaperSetter</name>
+    <message>
+        <source>No screen found</source>
+        <translation>画面が見つかりません</translation>
+    </message>
+    <message>
+        <source>Failed: %1</source>
+        <translation>失敗しました: %1</translation>
+    </message>
+    <message>
+        <source>Failed to sync wallpaper: %1</source>
+        <translation>壁紙を同期できませんでした: %1</translation>
     </message>
 </context>
 </TS>

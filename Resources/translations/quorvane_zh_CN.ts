@@ -1073,6 +1073,13 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>ProviderChoice</name>
+    <message>
+        <source>Gemini (for 4K upscale)</source>
+        <translation>Gemini（用于 4K 放大）</translation>
+    </message>
+</context>
+<context>
     <name>ProviderError</name>
     <message>
         <source>Invalid response: %1</source>
@@ -1605,24 +1612,8 @@ using the sidebar controls.</source>
 <context>
     <name>quorvane::WallpaperManager</name>
     <message>
-        <source>Gemini (for 4K upscale)</source>
-        <translation>Gemini（用于 4K 放大）</translation>
-    </message>
-    <message>
-        <source>No screen found</source>
-        <translation>未找到屏幕</translation>
-    </message>
-    <message>
-        <source>Failed: %1</source>
-        <translation>失败：%1</translation>
-    </message>
-    <message>
         <source>Wallpaper set!</source>
         <translation>壁纸已设置！</translation>
-    </message>
-    <message>
-        <source>Failed to sync wallpaper: %1</source>
-        <translation>无法同步壁纸：%1</translation>
     </message>
     <message>
         <source>Missing %1 API key — open Settings (⌘,)</source>
@@ -1659,6 +1650,29 @@ using the sidebar controls.</source>
     <message>
         <source>Failed to save upscaled image</source>
         <translation>无法保存放大后的图片</translation>
+    </message>
+    <message>
+        <source>Quorvane is quitting</source>
+        <translation>Quorvane 正在退出</translation>
+    </message>
+    <message>
+        <source>the picture was deleted</source>
+        <translation>图片已被删除</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::WallpaperSetter</name>
+    <message>
+        <source>No screen found</source>
+        <translation>未找到屏幕</translation>
+    </message>
+    <message>
+        <source>Failed: %1</source>
+        <translation>失败：%1</translation>
+    </message>
+    <message>
+        <source>Failed to sync wallpaper: %1</source>
+        <translation>无法同步壁纸：%1</translation>
     </message>
 </context>
 </TS>

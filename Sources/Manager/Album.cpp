@@ -81,7 +81,9 @@ QStringList withoutHiddenOriginals(const QStringList &all, const TextMap &links)
     shown.reserve(all.size());
     for (const QString &path : all) {
         const auto link = links.find(imageName(path));
-        if (link == links.end() || !names.contains(link->second)) {
+        // A link of a picture to itself, which older versions wrote, hides nothing.
+        const bool isHidden = link != links.end() && link->second != link->first && names.contains(link->second);
+        if (!isHidden) {
             shown.append(path);
         }
     }

@@ -1,21 +1,21 @@
-// Construction, settings and the values derived from them.
+// Construction, settings, and what the owners are asked.
 
 #include "Manager/WallpaperManager.h"
 
+#include "Manager/Library.h"
+#include "Manager/Schedule.h"
 #include "Manager/SettingsKeys.h"
+#include "Manager/WallpaperSetter.h"
 #include "Platform/Desktops/DesktopPicture.h"
+#include "Platform/Files/StorageNotices.h"
 #include "Platform/Files/UserDefaults.h"
 #include "Platform/Network/HttpClient.h"
 #include "Platform/Secrets/SecretStore.h"
 #include "Platform/System/Clock.h"
-#include "Platform/Threads/Worker.h"
-#include "Providers/ImageServices.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
 
 #include <QFileInfo>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -25,15 +25,25 @@ WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
     : QObject(parent)
     , m_services(std::move(services))
     , m_providers(allProviders(*m_services.http))
+    , m_library(std::make_unique<Library>(m_scope))
+    , m_setter(std::make_unique<WallpaperSetter>(m_scope, *m_services.desktop, m_services.screens))
+    , m_schedule(std::make_unique<Schedule>(m_services.clock, m_services.powerEvents))
 {
     using namespace SettingsKeys;
     const UserDefaults &defaults = *m_services.defaults;
-    m_libraryThread.setMaxThreadCount(1);
-    m_desktopThread.setMaxThreadCount(1);
-    beginHistory();
-    if (m_services.clock != nullptr) {
-        m_timer = m_services.clock->makeAlarm([this] { timerFired(); });
-    }
+    connect(m_library.get(), &Library::historyChanged, this, &WallpaperManager::historyChanged);
+    connect(m_library.get(), &Library::favoritesChanged, this, &WallpaperManager::favoritesChanged);
+    connect(m_setter.get(), &WallpaperSetter::currentChanged, this, [this] {
+        // One that is gone stays stored: the disk may only be unplugged.
+        if (!m_setter->current().isEmpty()) {
+            m_services.defaults->set(SettingsKeys::kCurrentWallpaperPath, m_setter->current());
+        }
+        Q_EMIT currentWallpaperURLChanged();
+    });
+    connect(m_setter.get(), &WallpaperSetter::asks, this, [this](const QString &line) { publish(line, false); });
+    connect(m_setter.get(), &WallpaperSetter::syncFailed, this, [this](const QString &line) { publish(line, true); });
+    connect(m_schedule.get(), &Schedule::nextFireDateChanged, this, &WallpaperManager::nextFireDateChanged);
+    connect(m_schedule.get(), &Schedule::due, this, [this] { generate(true); });
 
     // These set the initial values directly: nothing is written back and no timer starts.
     m_prompt = defaults.text(kLastPrompt).value_or(QString());
@@ -41,39 +51,42 @@ WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
     m_nsfwEnabled = defaults.boolean(kNsfwEnabled);
     m_providerOverride = defaults.text(kProviderOverride).value_or(u"auto"_s);
     m_autoEnabled = defaults.boolean(kAutoEnabled);
-    m_intervalMinutes = defaults.integer(kIntervalMinutes);
-    if (m_intervalMinutes < 1) {
-        m_intervalMinutes = kDefaultIntervalMinutes;
-    }
-    m_intervalMinutes = std::min(m_intervalMinutes, kLongestIntervalMinutes);
+    m_intervalMinutes = Schedule::sensibleInterval(defaults.integer(kIntervalMinutes));
     restoreCurrentWallpaper();
     Keychain::migrateLegacyKey(*m_services.legacyKeys);
-    m_scope.start(removingAbandonedFiles());
+    m_scope.start(m_library->removingAbandonedFiles());
     if (m_autoEnabled) {
         startTimer();
     }
-    setupWakeObserver();
-    setupScreenObserver();
-    setupDesktop();
+    m_setter->renew();
+    tell(StorageNotices::take());
 }
 
 WallpaperManager::~WallpaperManager()
 {
     // The wait below runs the event loop, and nothing new may begin in it.
-    m_timer.reset();
-    disconnect(m_wakeObserver);
-    disconnect(m_screenObserver);
-    m_missedChange = false;
+    m_schedule->disconnect(this);
+    m_schedule->stop();
+    m_setter->close();
     m_services.http->cancelAll();
-    m_services.desktop->stopAsking();
+    m_operations.stopAll(tr("Quorvane is quitting"));
     m_scope.drain();
-    m_services.desktop->asking = {};
 }
 
 const QList<int> &WallpaperManager::intervalOptions()
 {
     static const QList<int> options{5, 15, 30, 60, 120, 240, 480, 720, 1440};
     return options;
+}
+
+QDateTime WallpaperManager::now() const
+{
+    return m_services.clock != nullptr ? m_services.clock->now() : QDateTime::currentDateTime();
+}
+
+void WallpaperManager::waitUntilIdle()
+{
+    m_scope.wait();
 }
 
 void WallpaperManager::setPrompt(const QString &prompt)
@@ -111,119 +124,6 @@ void WallpaperManager::setProviderOverride(const QString &override)
     Q_EMIT providerOverrideChanged();
 }
 
-void WallpaperManager::setCurrentWallpaperURL(const QString &url)
-{
-    m_currentWallpaperURL = url;
-    if (url.isEmpty()) {
-        m_services.defaults->remove(SettingsKeys::kCurrentWallpaperPath);
-    } else {
-        m_services.defaults->set(SettingsKeys::kCurrentWallpaperPath, url);
-    }
-    Q_EMIT currentWallpaperURLChanged();
-}
-
-void WallpaperManager::restoreCurrentWallpaper()
-{
-    const QString stored = m_services.defaults->text(SettingsKeys::kCurrentWallpaperPath).value_or(QString());
-    if (!stored.isEmpty() && QFileInfo::exists(stored)) {
-        setCurrentWallpaperURL(stored);
-    } else if (!m_currentWallpaperURL.isEmpty()) {
-        m_currentWallpaperURL.clear();
-        Q_EMIT currentWallpaperURLChanged();
-    }
-}
-
-void WallpaperManager::setStatus(const QString &status)
-{
-    m_status = status;
-    Q_EMIT statusChanged();
-}
-
-void WallpaperManager::setIsError(bool isError)
-{
-    m_isError = isError;
-    Q_EMIT isErrorChanged();
-}
-
-void WallpaperManager::setIsLoading(bool isLoading)
-{
-    m_isLoading = isLoading;
-    Q_EMIT isLoadingChanged();
-}
-
-void WallpaperManager::setUpscalingURL(const QString &url)
-{
-    m_upscalingURL = url;
-    Q_EMIT upscalingURLChanged();
-}
-
-void WallpaperManager::setProgress(std::optional<UpscaleProgress> progress)
-{
-    m_progress = progress;
-    Q_EMIT progressChanged();
-}
-
-void WallpaperManager::report(const QString &status, bool isError)
-{
-    setIsError(isError);
-    setStatus(status);
-}
-
-const ImageProvider *WallpaperManager::providerWithId(const QString &id) const
-{
-    const auto found = std::find_if(m_providers.begin(), m_providers.end(),
-                                    [&id](const auto &provider) { return provider->id() == id; });
-    return found == m_providers.end() ? nullptr : found->get();
-}
-
-bool WallpaperManager::nsfwApplies() const
-{
-    return m_providerOverride == "auto"_L1 || m_providerOverride == "grok"_L1;
-}
-
-const ImageProvider &WallpaperManager::resolvedProvider() const
-{
-    const bool isAuto = m_providerOverride == "auto"_L1;
-    if (!isAuto) {
-        if (const ImageProvider *chosen = providerWithId(m_providerOverride)) {
-            return *chosen;
-        }
-    }
-    const bool wantsGrok = isAuto && nsfwApplies() && m_nsfwEnabled;
-    const ImageProvider *provider = providerWithId(wantsGrok ? u"grok"_s : u"gemini"_s);
-    Q_ASSERT(provider != nullptr);
-    return *provider;
-}
-
-QString WallpaperManager::resolvedModelId() const
-{
-    return selectedModel(resolvedProvider().id());
-}
-
-QString WallpaperManager::selectedModel(const QString &providerId) const
-{
-    const ImageProvider *provider = providerWithId(providerId);
-    const QList<ModelOption> models = provider != nullptr ? provider->models() : QList<ModelOption>();
-    const std::optional<QString> chosen = m_services.defaults->text(SettingsKeys::selectedModel(providerId));
-    const bool isOffered = chosen && std::any_of(models.begin(), models.end(),
-                                                 [&chosen](const ModelOption &model) { return model.id == *chosen; });
-    if (isOffered) {
-        return *chosen;
-    }
-    return models.isEmpty() ? QString() : models.first().id;
-}
-
-void WallpaperManager::setSelectedModel(const QString &providerId, const QString &modelId)
-{
-    m_services.defaults->set(SettingsKeys::selectedModel(providerId), modelId);
-    Q_EMIT selectedModelChanged(providerId);
-}
-
-bool WallpaperManager::providerProducesNative4K() const
-{
-    return makes4K(resolvedProvider().id(), resolvedModelId());
-}
-
 QString WallpaperManager::upscaleMethod() const
 {
     const QString method = m_services.defaults->text(SettingsKeys::kUpscaleMethod).value_or(QString());
@@ -236,21 +136,20 @@ void WallpaperManager::setUpscaleMethod(const QString &method)
     Q_EMIT upscaleMethodChanged();
 }
 
+QString WallpaperManager::selectedModel(const QString &providerId) const
+{
+    return choice().modelOf(m_providers, providerId);
+}
+
+void WallpaperManager::setSelectedModel(const QString &providerId, const QString &modelId)
+{
+    m_services.defaults->set(SettingsKeys::selectedModel(providerId), modelId);
+    Q_EMIT selectedModelChanged(providerId);
+}
+
 TextMap WallpaperManager::storedKeys()
 {
     return Keychain::readAll();
-}
-
-void WallpaperManager::saveKey(const QString &key, const QString &providerId)
-{
-    (void)Keychain::save(key, providerId);
-    Q_EMIT keysChanged();
-}
-
-void WallpaperManager::removeKey(const QString &providerId)
-{
-    (void)Keychain::remove(providerId);
-    Q_EMIT keysChanged();
 }
 
 QSet<QString> WallpaperManager::storedKeyIds()
@@ -262,38 +161,152 @@ QSet<QString> WallpaperManager::storedKeyIds()
     return ids;
 }
 
-QStringList WallpaperManager::missingKeys(const QSet<QString> &keys) const
+void WallpaperManager::saveKey(const QString &key, const QString &providerId)
 {
-    const ImageProvider &provider = resolvedProvider();
-    QStringList missing;
-    if (!keys.contains(provider.id())) {
-        missing.append(provider.name());
+    if (const Result<> kept = Keychain::save(key, providerId); !kept) {
+        tell({kept.failure().words});
     }
-    const bool upscalesRemotely = m_fourKEnabled && !providerProducesNative4K() && upscaleMethod() != "local"_L1;
-    if (upscalesRemotely && !keys.contains(u"gemini"_s) && !missing.contains(u"Gemini"_s)) {
-        missing.append(tr("Gemini (for 4K upscale)"));
+    tell(StorageNotices::take());
+    Q_EMIT keysChanged();
+}
+
+void WallpaperManager::removeKey(const QString &providerId)
+{
+    if (const Result<> kept = Keychain::remove(providerId); !kept) {
+        tell({kept.failure().words});
     }
-    return missing;
+    tell(StorageNotices::take());
+    Q_EMIT keysChanged();
 }
 
-/// Half-written files of a killed run, on the library's thread after whatever the start needs.
-QCoro::Task<> WallpaperManager::removingAbandonedFiles()
+ProviderChoice WallpaperManager::choice() const
 {
-    auto remove = [] {
-        ImageStore::removeAbandonedTemporaries();
-        Keychain::removeAbandonedTemporaries();
-    };
-    co_await onWorker(&m_libraryThread, std::move(remove));
+    ProviderChoice choice{m_providerOverride, m_nsfwEnabled, m_fourKEnabled, upscaleMethod() == "local"_L1, {}};
+    for (const auto &provider : m_providers) {
+        const QString id = provider->id();
+        if (const auto model = m_services.defaults->text(SettingsKeys::selectedModel(id))) {
+            choice.chosenModels.emplace(id, *model);
+        }
+    }
+    return choice;
 }
 
-QDateTime WallpaperManager::now() const
+bool WallpaperManager::nsfwApplies() const
 {
-    return m_services.clock != nullptr ? m_services.clock->now() : QDateTime::currentDateTime();
+    return choice().nsfwApplies();
 }
 
-void WallpaperManager::waitUntilIdle()
+const ImageProvider &WallpaperManager::resolvedProvider() const
 {
-    m_scope.wait();
+    return choice().provider(m_providers);
+}
+
+QString WallpaperManager::resolvedModelId() const
+{
+    return choice().modelId(m_providers);
+}
+
+bool WallpaperManager::providerProducesNative4K() const
+{
+    return choice().producesNative4K(m_providers);
+}
+
+QStringList WallpaperManager::missingKeys(const QSet<QString> &storedKeyIds) const
+{
+    return choice().missingKeys(m_providers, storedKeyIds);
+}
+
+const QString &WallpaperManager::currentWallpaperURL() const
+{
+    return m_setter->current();
+}
+
+void WallpaperManager::restoreCurrentWallpaper()
+{
+    const QString stored = m_services.defaults->text(SettingsKeys::kCurrentWallpaperPath).value_or(QString());
+    if (!stored.isEmpty() && QFileInfo::exists(stored)) {
+        m_setter->setCurrent(stored);
+    } else if (!m_setter->current().isEmpty()) {
+        m_setter->setCurrent(QString());
+    }
+}
+
+void WallpaperManager::askForScreens(std::function<void(const QList<Screen> &)> told)
+{
+    m_setter->askForScreens(std::move(told));
+}
+
+void WallpaperManager::setAutoEnabled(bool enabled)
+{
+    m_autoEnabled = enabled;
+    m_services.defaults->set(SettingsKeys::kAutoEnabled, enabled);
+    Q_EMIT autoEnabledChanged();
+    if (enabled) {
+        startTimer();
+    } else {
+        stopTimer();
+    }
+}
+
+void WallpaperManager::setIntervalMinutes(qint64 minutes)
+{
+    m_intervalMinutes = minutes;
+    m_services.defaults->set(SettingsKeys::kIntervalMinutes, minutes);
+    Q_EMIT intervalMinutesChanged();
+    if (m_autoEnabled) {
+        startTimer();
+    }
+}
+
+const QDateTime &WallpaperManager::nextFireDate() const
+{
+    return m_schedule->nextFireDate();
+}
+
+void WallpaperManager::startTimer()
+{
+    if (m_autoEnabled) {
+        m_schedule->start(m_intervalMinutes);
+    } else {
+        m_schedule->stop();
+    }
+}
+
+void WallpaperManager::stopTimer()
+{
+    m_schedule->stop();
+}
+
+bool WallpaperManager::isHistoryRead() const
+{
+    return m_library->isRead();
+}
+
+const QStringList &WallpaperManager::history() const
+{
+    return m_library->history();
+}
+
+const QSet<QString> &WallpaperManager::favorites() const
+{
+    return m_library->favorites();
+}
+
+void WallpaperManager::reloadHistory()
+{
+    m_library->reload();
+}
+
+void WallpaperManager::refreshHistory()
+{
+    m_scope.start(m_library->refreshing());
+}
+
+std::vector<Album> WallpaperManager::albums() const
+{
+    const auto prompts = readTextMap(ImageStore::promptsPath());
+    const auto dateOf = [](const QString &path) { return creationDate(path); };
+    return albumsOf(history(), favorites(), prompts, dateOf);
 }
 
 } // namespace quorvane

@@ -1,10 +1,9 @@
 // The one way by which a new wallpaper comes into being.
 
 #include "Manager/FileNames.h"
+#include "Manager/Library.h"
 #include "Manager/WallpaperManager.h"
-#include "Platform/Threads/Worker.h"
 #include "Providers/ImageServices.h"
-#include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
 #include "Upscaling/GeminiUpscale.h"
 
@@ -20,110 +19,116 @@ struct WallpaperManager::Generation
     QString modelId;
     bool needsUpscale;
     QString apiKey;
-    quint64 operation;
-    bool isTimed;
+    OperationRef operation;
 };
 
-void WallpaperManager::generateAndSet(Trigger trigger)
+void WallpaperManager::generateAndSet()
 {
-    const quint64 operation = m_nextOperation++;
-    const bool isTimed = trigger == Trigger::Timer;
-    setIsLoading(true);
-    setStatus(QString());
-    setIsError(false);
+    generate(false);
+}
 
-    const ImageProvider &provider = resolvedProvider();
+void WallpaperManager::generate(bool isTimed)
+{
+    const OperationRef operation = begin(Operation::Kind::Generation);
+    operation->result.isTimed = isTimed;
+
+    const ProviderChoice chosen = choice();
+    const ImageProvider &provider = chosen.provider(m_providers);
     // Told before the key is read: a key must not even be looked up for an address that it may not go to.
     if (const Result<> address = checkAddress(provider.id()); !address) {
-        report(address.failure().words, true);
-        setIsLoading(false);
-        Q_EMIT operationEnded({.file = {}, .original = {}, .operation = operation, .isTimed = isTimed});
+        report(*operation, address.failure().words, true);
+        end(operation);
         return;
     }
     const std::optional<QString> apiKey = Keychain::load(provider.id());
     if (!apiKey) {
-        report(tr("Missing %1 API key — open Settings (⌘,)").arg(provider.name()), true);
-        setIsLoading(false);
-        Q_EMIT operationEnded({.file = {}, .original = {}, .operation = operation, .isTimed = isTimed});
+        report(*operation, tr("Missing %1 API key — open Settings (⌘,)").arg(provider.name()), true);
+        end(operation);
         return;
     }
-    Generation run{m_prompt,  &provider, resolvedModelId(), m_fourKEnabled && !providerProducesNative4K(), *apiKey,
-                   operation, isTimed};
+    Generation run{m_prompt, &provider, chosen.modelId(m_providers), chosen.needsUpscale(m_providers),
+                   *apiKey,  operation};
     m_scope.start(generating(std::move(run)));
 }
 
 QCoro::Task<> WallpaperManager::generating(Generation run)
 {
+    const OperationRef operation = run.operation;
+    OperationResult &result = operation->result;
+    const auto fail = [this, operation](const QString &status) {
+        report(*operation, status, true);
+        end(operation);
+    };
+
     // 1. Ask the provider.
     EncodedImage generated;
-    QString failure;
+    std::optional<QString> failure;
     try {
         generated = co_await run.provider->generate(run.prompt, run.apiKey, run.modelId, m_fourKEnabled);
     } catch (const std::exception &error) {
         failure = failureOf(error).words;
     }
-    if (!failure.isEmpty()) {
-        report(failure, true);
-        setIsLoading(false);
-        Q_EMIT operationEnded({.file = {}, .original = {}, .operation = run.operation, .isTimed = run.isTimed});
+    if (failure) {
+        fail(*failure);
         co_return;
     }
 
     // 2. Enlarge it when 4K is wanted and the provider does not make it; the original is safe on disk before that.
-    QString original;
     EncodedImage final = generated;
     if (run.needsUpscale) {
-        original = co_await savedImage(generated.bytes, generated.extension);
-        if (!original.isEmpty()) {
-            auto recordPrompt = [prompt = run.prompt, original] { (void)ImageStore::savePrompt(prompt, original); };
-            co_await onWorker(&m_libraryThread, std::move(recordPrompt));
+        NewPicture original{wallpaperFileName(now(), generated.extension), generated.bytes, run.prompt, {}};
+        const std::optional<KeptPicture> kept = co_await keeping(std::move(original), operation);
+        if (kept) {
+            result.original = kept->path;
+            operation->source = kept->path;
         }
-        final = co_await upscaledOrOriginal(std::move(generated));
-        if (m_scope.stopToken().stop_requested() && !original.isEmpty()) {
-            co_return; // The program ends; the original is in the library already.
+        final = co_await upscaledOrOriginal(std::move(generated), operation);
+        // The original is in the library already, or was deleted; where it could not be saved, what was made is.
+        if (operation->isStopped() && kept) {
+            fail(tr("Upscale failed: %1").arg(operation->stopReason));
+            co_return;
         }
     }
 
     // 3. Save what is final, with its prompt and its link.
-    const QString saved = co_await savedImage(std::move(final.bytes), final.extension);
-    if (saved.isEmpty()) {
-        report(tr("Failed to save image"), true);
-        setIsLoading(false);
-        Q_EMIT operationEnded({.file = {}, .original = original, .operation = run.operation, .isTimed = run.isTimed});
+    NewPicture picture{wallpaperFileName(now(), final.extension), std::move(final.bytes), run.prompt, result.original};
+    const std::optional<KeptPicture> saved = co_await keeping(std::move(picture), operation);
+    if (!saved) {
+        fail(tr("Failed to save image"));
         co_return;
     }
-    auto record = [prompt = run.prompt, original, saved] {
-        (void)ImageStore::savePrompt(prompt, saved);
-        if (!original.isEmpty()) {
-            (void)ImageStore::saveVariantLink(original, saved);
-        }
-    };
-    co_await onWorker(&m_libraryThread, std::move(record));
+    if (operation->isSourceDeleted) {
+        fail(tr("Upscale failed: %1").arg(operation->stopReason));
+        co_return;
+    }
+    if (result.original == saved->path) {
+        result.original.clear(); // Replaced within the second.
+    }
+    result.file = saved->path;
 
     // 4. Set it, and show it in the history.
-    co_await applying(saved);
-    co_await reloadingHistory();
-    setIsLoading(false);
-    Q_EMIT operationEnded({.file = saved, .original = original, .operation = run.operation, .isTimed = run.isTimed});
+    co_await applying(saved->path, operation);
+    co_await m_library->refreshing();
+    end(operation);
 }
 
 /// The enlarged picture, or the generated one where that fails; a failure is a warning in the status line.
-QCoro::Task<EncodedImage> WallpaperManager::upscaledOrOriginal(EncodedImage generated)
+QCoro::Task<EncodedImage> WallpaperManager::upscaledOrOriginal(EncodedImage generated, OperationRef operation)
 {
     const bool isLocal = upscaleMethod() == "local"_L1;
     if (const Result<> address = checkAddress(kGeminiService); !isLocal && !address) {
-        report(tr("Upscale failed, using original — %1").arg(address.failure().words), false);
+        report(*operation, tr("Upscale failed, using original — %1").arg(address.failure().words), false);
         co_return generated;
     }
     const std::optional<QString> geminiKey = isLocal ? std::nullopt : Keychain::load(u"gemini"_s);
     if (!isLocal && !geminiKey) {
         co_return generated;
     }
-    report(isLocal ? tr("Upscaling to 4K (local)...") : tr("Upscaling to 4K..."), false);
+    report(*operation, isLocal ? tr("Upscaling to 4K (local)...") : tr("Upscaling to 4K..."), false);
     try {
         EncodedImage upscaled;
         if (isLocal) {
-            upscaled = co_await upscaleLocally(generated.bytes);
+            upscaled = co_await upscaleLocally(generated.bytes, operation);
         } else {
             upscaled = co_await upscaleImage(m_services.http, generated.bytes, generated.extension, *geminiKey);
         }
@@ -131,18 +136,19 @@ QCoro::Task<EncodedImage> WallpaperManager::upscaledOrOriginal(EncodedImage gene
     } catch (const std::exception &error) {
         const QString warning =
             isLocal ? tr("Local upscale failed, using original — %1") : tr("Upscale failed, using original — %1");
-        report(warning.arg(failureOf(error).words), false);
+        report(*operation, warning.arg(failureOf(error).words), false);
     }
     co_return generated;
 }
 
-/// Writes the picture into the library under the name of the present second; empty when that failed.
-QCoro::Task<QString> WallpaperManager::savedImage(QByteArray bytes, QString extension)
+/// What could not be recorded is told.
+QCoro::Task<std::optional<KeptPicture>> WallpaperManager::keeping(NewPicture picture, OperationRef operation)
 {
-    auto write = [name = wallpaperFileName(now(), extension), bytes = std::move(bytes)] {
-        return ImageStore::saveImage(name, bytes).value_or(QString());
-    };
-    co_return co_await onWorker(&m_libraryThread, std::move(write));
+    std::optional<KeptPicture> kept = co_await m_library->keeping(std::move(picture));
+    if (kept && operation->result.problems != kept->problems) { // Of original and copy alike, once.
+        operation->result.problems += kept->problems;
+    }
+    co_return kept;
 }
 
 } // namespace quorvane

@@ -1,12 +1,12 @@
 // A 4K copy of a picture that is in the library already.
 
+#include "Manager/FileNames.h"
+#include "Manager/Library.h"
 #include "Manager/WallpaperManager.h"
 #include "Platform/Files/WholeFile.h"
 #include "Platform/Threads/Worker.h"
 #include "Providers/GeminiProvider.h"
-#include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
-#include "Storage/SideFile.h"
 #include "Upscaling/GeminiUpscale.h"
 
 #include <QFileInfo>
@@ -33,95 +33,83 @@ QByteArray contentOf(const QString &path, const std::stop_token &stop)
 
 void WallpaperManager::upscaleExistingImage(const QString &url)
 {
-    setIsLoading(true);
-    setUpscalingURL(url);
-    setStatus(QString());
-    setIsError(false);
-    m_scope.start(upscalingExistingImage(url, m_nextOperation++));
+    m_scope.start(upscalingExistingImage(url, begin(Operation::Kind::Upscale, url)));
 }
 
-QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, quint64 operation)
+QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, OperationRef operation)
 {
-    const auto end = [this, operation](OperationResult result) {
-        result.operation = operation;
-        setIsLoading(false);
-        setUpscalingURL(QString());
-        Q_EMIT operationEnded(result);
+    const auto fail = [this, operation](const QString &status) {
+        report(*operation, status, true);
+        end(operation);
     };
 
     // 1. Enlarge it by the chosen method.
     const bool isLocal = upscaleMethod() == "local"_L1;
     if (const Result<> address = checkAddress(kGeminiService); !isLocal && !address) {
-        report(address.failure().words, true);
-        end({});
+        fail(address.failure().words);
         co_return;
     }
     EncodedImage upscaled;
-    QString failure;
+    std::optional<QString> failure;
     try {
-        auto read = [url, stop = m_scope.stopToken()] { return contentOf(url, stop); };
+        auto read = [url, stop = operation->stop.get_token()] { return contentOf(url, stop); };
         QByteArray source = co_await onWorker(std::move(read));
         if (isLocal) {
-            report(tr("Upscaling to 4K (local)..."), false);
-            upscaled = co_await upscaleLocally(std::move(source));
+            report(*operation, tr("Upscaling to 4K (local)..."), false);
+            upscaled = co_await upscaleLocally(std::move(source), operation);
         } else {
             const std::optional<QString> key = Keychain::load(u"gemini"_s);
             if (!key) {
-                report(tr("No Gemini API key — switch to Local upscale in Settings > Advanced"), true);
-                end({});
+                fail(tr("No Gemini API key — switch to Local upscale in Settings > Advanced"));
                 co_return;
             }
-            report(tr("Upscaling to 4K..."), false);
+            report(*operation, tr("Upscaling to 4K..."), false);
             QString ext = QFileInfo(url).suffix().toLower();
             upscaled = co_await upscaleImage(m_services.http, std::move(source), std::move(ext), *key);
         }
     } catch (const std::exception &error) {
         failure = failureOf(error).words;
     }
-    if (!failure.isEmpty()) {
-        report(tr("Upscale failed: %1").arg(failure), true);
-        end({});
+    if (operation->isStopped()) {
+        failure = operation->stopReason;
+    }
+    if (failure) {
+        fail(tr("Upscale failed: %1").arg(*failure));
         co_return;
     }
 
     // 2. Store the copy with the original's prompt and the link.
-    const QString copy = co_await savedImage(std::move(upscaled.bytes), upscaled.extension);
-    if (copy.isEmpty()) {
-        report(tr("Failed to save upscaled image"), true);
-        end({});
+    NewPicture picture{wallpaperFileName(now(), upscaled.extension), std::move(upscaled.bytes), std::nullopt, url};
+    const Library::Copy copy = co_await m_library->keepingCopy(std::move(picture));
+    if (!copy.isOriginalThere || operation->isSourceDeleted) {
+        fail(tr("Upscale failed: %1").arg(tr("the picture was deleted")));
         co_return;
     }
-    auto record = [url, copy] {
-        // The library knows its own pictures only: a namesake elsewhere has neither its prompt nor its copy.
-        if (!ImageStore::isInLibrary(url)) {
-            return;
-        }
-        const auto prompts = readTextMap(ImageStore::promptsPath());
-        const auto prompt = prompts.find(imageName(url));
-        if (prompt != prompts.end()) {
-            (void)ImageStore::savePrompt(prompt->second, copy);
-        }
-        (void)ImageStore::saveVariantLink(url, copy);
-    };
-    co_await onWorker(&m_libraryThread, std::move(record));
+    if (!copy.kept) {
+        fail(tr("Failed to save upscaled image"));
+        co_return;
+    }
+    operation->result.problems += copy.kept->problems;
 
     // 3. Set it, and show it in the history.
-    co_await applying(copy);
-    co_await reloadingHistory();
-    end({.file = copy, .original = url});
+    co_await applying(copy.kept->path, operation);
+    co_await m_library->refreshing();
+    operation->result.file = copy.kept->path;
+    operation->result.original = url;
+    end(operation);
 }
 
-QCoro::Task<EncodedImage> WallpaperManager::upscaleLocally(QByteArray image)
+QCoro::Task<EncodedImage> WallpaperManager::upscaleLocally(QByteArray image, OperationRef operation)
 {
-    auto progress = [this](UpscaleProgress done) { setProgress(done); };
+    auto progress = [this, operation](UpscaleProgress done) { tellingChanges([&] { advance(*operation, done); }); };
     std::exception_ptr failure;
     EncodedImage upscaled;
     try {
-        upscaled = co_await m_services.localUpscale(std::move(image), m_scope.stopToken(), std::move(progress));
+        upscaled = co_await m_services.localUpscale(std::move(image), operation->stop.get_token(), std::move(progress));
     } catch (...) {
         failure = std::current_exception();
     }
-    setProgress(std::nullopt);
+    tellingChanges([&] { operation->progress.reset(); });
     if (failure) {
         std::rethrow_exception(failure);
     }

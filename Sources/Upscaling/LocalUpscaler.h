@@ -24,6 +24,8 @@ struct UpscaleProgress
     int tilesTotal = 0;
     /// As the tiles so far took; nothing before the first one is done.
     std::optional<std::chrono::milliseconds> remaining;
+
+    friend bool operator==(const UpscaleProgress &, const UpscaleProgress &) = default;
 };
 
 /// encoded is a picture of any format that Qt reads; the result is a PNG with four times its width and height, its

@@ -123,6 +123,9 @@ CommandOutcome runHere(const CommandLine &line)
     if (!services.defaults.reading()) {
         Console::printError(u"quorvane: "_s + services.defaults.reading().failure().words);
     }
+    for (const QString &problem : services.manager.problems()) {
+        Console::printError(u"quorvane: "_s + problem); // Of the start; the rest is the outcome's.
+    }
     follow(services.manager);
     std::optional<CommandOutcome> outcome;
     CommandRunner::start(services, line, [&outcome](const CommandOutcome &ended) { outcome = ended; });

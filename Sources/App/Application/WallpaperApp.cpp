@@ -67,6 +67,9 @@ WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls u
     });
 
     m_control.serve(m_services);
+    if (const QStringList problems = m_services.manager.problems(); !problems.isEmpty()) {
+        m_notifications.show(noticeOf(problems));
+    }
 }
 
 WallpaperApp::~WallpaperApp()
@@ -124,9 +127,7 @@ void WallpaperApp::saveState(QSessionManager &session)
 
 void WallpaperApp::notify(const OperationResult &result)
 {
-    const WallpaperManager &manager = m_services.manager;
-    const auto notice =
-        noticeFor({result.isTimed, manager.isError(), manager.status(), result.file, m_scenes.isAnyVisible()});
+    const auto notice = noticeFor(result, m_scenes.isAnyVisible());
     if (notice) {
         m_notifications.show(*notice);
     }

@@ -41,22 +41,31 @@ bool mayBeElsewhere(const CommandLine &line)
     return line.verb == Verb::Set || line.verb == Verb::Upscale;
 }
 
-/// The status line, and what the operation left.
-CommandOutcome operationOutcome(const WallpaperManager &manager, const OperationResult &result)
+/// The operation's own last words, and what it left.
+CommandOutcome operationOutcome(const OperationResult &result)
 {
-    const QJsonObject value{{u"status"_s, manager.status()},
-                            {u"isError"_s, manager.isError()},
+    const QJsonObject value{{u"status"_s, result.status},
+                            {u"isError"_s, result.isError},
                             {u"file"_s, Reports::textOrNull(result.file)},
-                            {u"original"_s, Reports::textOrNull(result.original)}};
-    return {manager.isError() ? kFailed : kSucceeded, value, {}};
+                            {u"original"_s, Reports::textOrNull(result.original)},
+                            {u"problems"_s, QJsonArray::fromStringList(result.problems)}};
+    return {result.isError ? kFailed : kSucceeded, value, {}};
 }
 
-CommandOutcome changedFileOutcome(const WallpaperManager &manager, const CommandLine &line, const QString &file)
+CommandOutcome changedFileOutcome(const WallpaperManager &manager, const CommandLine &line, const QString &file,
+                                  const OperationResult &result)
 {
+    if (result.isError) {
+        return failure(result.status);
+    }
     if (line.verb == Verb::Delete && QFileInfo::exists(file)) {
         return failure(Tr::tr("could not delete %1").arg(line.arguments.first()));
     }
-    return {kSucceeded, Reports::changedFile(manager, file), {}};
+    QJsonObject value = Reports::changedFile(manager, file);
+    if (!result.problems.isEmpty()) {
+        value.insert(u"problems"_s, QJsonArray::fromStringList(result.problems));
+    }
+    return {kSucceeded, value, {}};
 }
 
 /// Calls begin, and ended when the operation that begin starts is over.
@@ -93,7 +102,7 @@ void startOnFile(WallpaperManager &manager, const CommandLine &line, const Ended
         }
     };
     runOperation(manager, begin, [&manager, line, file, ended](const OperationResult &result) {
-        ended(mayBeElsewhere(line) ? operationOutcome(manager, result) : changedFileOutcome(manager, line, file));
+        ended(mayBeElsewhere(line) ? operationOutcome(result) : changedFileOutcome(manager, line, file, result));
     });
 }
 
@@ -149,7 +158,7 @@ void start(Services &services, const CommandLine &line, const Ended &whenDone)
         }
         runOperation(
             manager, [&manager] { manager.generateAndSet(); },
-            [&manager, ended](const OperationResult &result) { ended(operationOutcome(manager, result)); });
+            [ended](const OperationResult &result) { ended(operationOutcome(result)); });
         return;
     case Verb::Upscale:
     case Verb::Set:

@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvane {
 
 namespace {
@@ -13,15 +15,25 @@ struct Tr
 
 } // namespace
 
-std::optional<Notice> noticeFor(const EndedOperation &ended)
+Notice noticeOf(const QStringList &problems)
 {
+    return {u"Quorvane"_s, problems.join('\n'_L1), {}};
+}
+
+std::optional<Notice> noticeFor(const OperationResult &ended, bool isAnyWindowVisible)
+{
+    const QString text = (QStringList(ended.status) + ended.problems).join('\n'_L1);
     if (ended.isError) {
-        return ended.isTimed ? std::optional(Notice{Tr::tr("No new wallpaper"), ended.status, {}}) : std::nullopt;
+        return ended.isTimed ? std::optional(Notice{Tr::tr("No new wallpaper"), text, {}}) : std::nullopt;
     }
-    if (ended.file.isEmpty() || ended.isAnyWindowVisible) {
+    const bool isNews = !ended.file.isEmpty() || !ended.problems.isEmpty();
+    if (!isNews || isAnyWindowVisible) {
         return std::nullopt;
     }
-    return Notice{Tr::tr("New wallpaper"), ended.status, ended.file};
+    if (ended.file.isEmpty()) {
+        return noticeOf(ended.problems);
+    }
+    return Notice{Tr::tr("New wallpaper"), text, ended.file};
 }
 
 } // namespace quorvane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Manager/Operation.h"
+
 #include <QString>
 
 #include <optional>
@@ -16,17 +18,11 @@ struct Notice
     friend bool operator==(const Notice &, const Notice &) = default;
 };
 
-/// What is known when an operation has ended.
-struct EndedOperation
-{
-    bool isTimed;
-    bool isError;
-    QString status;
-    QString file; ///< The picture that was made or set; empty where there is none.
-    bool isAnyWindowVisible;
-};
+/// What to tell the user who does not look: that a timed generation failed, or that a picture was set. What was not
+/// kept is told in lines of its own.
+[[nodiscard]] std::optional<Notice> noticeFor(const OperationResult &ended, bool isAnyWindowVisible);
 
-/// What to tell the user who does not look: that a timed generation failed, or that a picture was set.
-[[nodiscard]] std::optional<Notice> noticeFor(const EndedOperation &ended);
+/// What was not kept, or was found unreadable, where nothing else is to be told; never of an empty list.
+[[nodiscard]] Notice noticeOf(const QStringList &problems);
 
 } // namespace quorvane

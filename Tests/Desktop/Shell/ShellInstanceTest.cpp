@@ -284,6 +284,31 @@ TEST_F(ShellInstanceTest, theTokenOfASecondStartIsThereWhenTheWindowComesUp)
     EXPECT_TRUE(first->says("XDG_ACTIVATION_TOKEN=token 2\n"));
 }
 
+TEST_F(ShellInstanceTest, whoWaitsForAnUpscaleThatTheEndCutsShortLearnsOfTheOriginal)
+{
+    const auto application = startAndWait();
+    ASSERT_EQ(command({u"key"_s, u"set"_s, u"grok"_s}, "KEY").status, 0);
+    ASSERT_EQ(command({u"key"_s, u"set"_s, u"gemini"_s}, "KEY").status, 0);
+    ASSERT_EQ(command({u"settings"_s, u"providerOverride"_s, u"grok"_s}).status, 0);
+    ASSERT_EQ(command({u"settings"_s, u"fourKEnabled"_s, u"true"_s}).status, 0);
+    service.setResponder([](const HttpRequest &request) -> std::optional<WireScript> {
+        return request.path.contains("generateContent") ? std::optional(WireScript().hang()) : std::nullopt;
+    });
+    QProcess waiting;
+    waiting.setProcessEnvironment(session.environment());
+    waiting.start(QStringLiteral(QUORVANE_PROGRAM), {u"generate"_s, u"--prompt"_s, u"a lake"_s, u"--json"_s});
+    ASSERT_TRUE(waitFor([this] { return service.requests().size() == 2; }));
+    EXPECT_EQ(command({u"quit"_s}).status, 0);
+    ASSERT_TRUE(waitFor([&waiting] { return waiting.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(waiting.exitCode(), 1);
+    const QJsonValue value = QJsonDocument::fromJson("[" + waiting.readAllStandardOutput() + "]").array().first();
+    EXPECT_TRUE(value["isError"_L1].toBool());
+    EXPECT_EQ(value["status"_L1].toString(), u"Upscale failed: Quorvane is quitting"_s);
+    EXPECT_TRUE(QFile::exists(value["original"_L1].toString())) << value["original"_L1].toString().toStdString();
+    EXPECT_TRUE(value["file"_L1].isNull());
+    EXPECT_EQ(application->waitForEnd(), 0) << application->errors().constData();
+}
+
 TEST_F(ShellInstanceTest, endsInTheMiddleOfAGeneration)
 {
     const auto application = startAndWait({});

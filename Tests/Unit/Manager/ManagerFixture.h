@@ -69,7 +69,10 @@ class ManagerTest : public testing::Test
         QObject::connect(manager.get(), &WallpaperManager::statusChanged, manager.get(),
                          [this, each = manager.get()] { statuses.append(each->status()); });
         QObject::connect(manager.get(), &WallpaperManager::operationEnded, manager.get(),
-                         [this](const OperationResult &ended) { result = ended; });
+                         [this](const OperationResult &ended) {
+                             result = ended;
+                             results.append(ended);
+                         });
         return *manager;
     }
 
@@ -122,7 +125,8 @@ class ManagerTest : public testing::Test
     std::unique_ptr<UserDefaults> defaults;
     std::unique_ptr<WallpaperManager> manager;
     QStringList statuses;
-    OperationResult result;
+    OperationResult result;         ///< Of the operation that ended last.
+    QList<OperationResult> results; ///< Of all, in the order in which they ended.
 };
 
 } // namespace quorvane

@@ -101,18 +101,20 @@ TEST_F(WallpaperManagerGenerateTest, withoutAGeminiKeyTheOriginalIsSavedTwiceAnd
     EXPECT_EQ(service.requests().size(), 1);
 }
 
-TEST_F(WallpaperManagerGenerateTest, twoSavesInOneSecondLinkThePictureToItselfAndHideIt)
+TEST_F(WallpaperManagerGenerateTest, twoSavesInOneSecondLeaveOnePictureWithoutALinkThatIsSeen)
 {
     clock.secondsPerLook = 0;
     EXPECT_TRUE(Keychain::remove(u"gemini"_s));
     start().setFourKEnabled(true);
     manager->setProviderOverride(u"grok"_s);
     generate();
-    EXPECT_EQ(sideFile("variants.json"),
-              R"({"wallpaper_2026-01-31_23-59-00.jpg":"wallpaper_2026-01-31_23-59-00.jpg"})");
-    EXPECT_TRUE(manager->history().isEmpty());
+    const QString path = inLibrary("wallpaper_2026-01-31_23-59-00.jpg");
+    EXPECT_TRUE(sideFile("variants.json").isEmpty());
+    EXPECT_EQ(manager->history(), QStringList{path});
     EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
-    EXPECT_EQ(manager->currentWallpaperURL(), inLibrary("wallpaper_2026-01-31_23-59-00.jpg"));
+    EXPECT_EQ(manager->currentWallpaperURL(), path);
+    EXPECT_EQ(result.file, path);
+    EXPECT_EQ(result.original, QString());
 }
 
 TEST_F(WallpaperManagerGenerateTest, anAddressThatIsNotAllowedForTheUpscaleIsToldBeforeTheKeyIsLookedFor)
@@ -356,9 +358,18 @@ TEST_F(WallpaperManagerGenerateTest, goingWhileAnUpscaleRunsKeepsTheOriginal)
     manager->setPrompt(u"a lake"_s);
     manager->generateAndSet();
     ASSERT_TRUE(waitFor([this] { return manager->status().startsWith(u"Upscaling"_s); }));
+    QList<OperationResult> told;
+    QObject::connect(manager.get(), &WallpaperManager::operationEnded, manager.get(),
+                     [&told](const OperationResult &ended) { told.append(ended); });
     manager.reset();
     EXPECT_EQ(files(), (QStringList{u"prompts.json"_s, u"wallpaper_2026-01-31_23-59-01.jpg"_s}));
     EXPECT_TRUE(desktop.shown().isEmpty());
+    // Whoever waits for it learns what became of it.
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told.first().isError);
+    EXPECT_EQ(told.first().status, u"Upscale failed: Quorvane is quitting"_s);
+    EXPECT_EQ(told.first().original, inLibrary("wallpaper_2026-01-31_23-59-01.jpg"));
+    EXPECT_EQ(told.first().file, QString());
 }
 
 TEST_F(WallpaperManagerGenerateTest, theKeyStandsInItsHeaderAndNowhereElse)

@@ -1,0 +1,137 @@
+#include "Manager/Library.h"
+
+#include "Manager/Album.h"
+#include "Platform/Threads/Worker.h"
+#include "Storage/ImageStore.h"
+#include "Storage/Keychain.h"
+#include "Storage/SideFile.h"
+
+#include <QFileInfo>
+
+namespace quorvane {
+
+Library::Library(TaskScope &tasks, QObject *parent)
+    : QObject(parent)
+{
+    m_thread.setMaxThreadCount(1);
+    auto listing = std::make_shared<Listing>();
+    auto read = [listing] {
+        *listing = Library::read();
+        ThreadHandover::giving(listing.get());
+    };
+    m_first = {runOnPool(&m_thread, std::move(read)), listing};
+    tasks.start(tellingOfTheFirst());
+}
+
+Library::Listing Library::read()
+{
+    const QStringList all = ImageStore::allImages();
+    const auto links = readTextMap(ImageStore::variantsPath());
+    const QStringList favorites = readTextList(ImageStore::favoritesPath());
+    return {withoutHiddenOriginals(all, links), QSet<QString>(favorites.begin(), favorites.end())};
+}
+
+QCoro::Task<> Library::tellingOfTheFirst()
+{
+    QFuture<void> reading = m_first.reading;
+    co_await EndOf(std::move(reading));
+    (void)listing();
+    Q_EMIT historyChanged();
+    Q_EMIT favoritesChanged();
+}
+
+const Library::Listing &Library::listing() const
+{
+    if (m_first.listing) {
+        m_first.reading.waitForFinished();
+        ThreadHandover::taking(m_first.listing.get());
+        m_listing = std::move(*m_first.listing);
+        m_first = {};
+    }
+    return m_listing;
+}
+
+void Library::setListing(Listing listing)
+{
+    m_first = {};
+    m_listing = std::move(listing);
+    Q_EMIT historyChanged();
+    Q_EMIT favoritesChanged();
+}
+
+void Library::reload()
+{
+    ++m_version;
+    setListing(read());
+}
+
+QCoro::Task<> Library::refreshing()
+{
+    Listing listing;
+    int version = 0;
+    do {
+        // A favourite toggled while the library is read would be undone by what was read before it.
+        version = m_version;
+        listing = co_await onWorker(&m_thread, &Library::read);
+    } while (version != m_version);
+    setListing(std::move(listing));
+}
+
+QCoro::Task<std::optional<KeptPicture>> Library::keeping(NewPicture picture)
+{
+    auto keep = [picture = std::move(picture)] { return keepPicture(picture); };
+    co_return co_await onWorker(&m_thread, std::move(keep));
+}
+
+/// In one go, so that a deletion of the original that comes in between finds either nothing of the copy or the whole.
+QCoro::Task<Library::Copy> Library::keepingCopy(NewPicture copy)
+{
+    auto keep = [copy = std::move(copy)]() mutable -> Copy {
+        if (!QFileInfo::exists(copy.original)) {
+            return {.isOriginalThere = false, .kept = {}};
+        }
+        copy.prompt = recordedPrompt(copy.original);
+        return {.isOriginalThere = true, .kept = keepPicture(copy)};
+    };
+    co_return co_await onWorker(&m_thread, std::move(keep));
+}
+
+bool Library::toggleFavorite(const QString &name)
+{
+    const bool isFavorite = !favorites().contains(name);
+    if (isFavorite) {
+        m_listing.favorites.insert(name);
+    } else {
+        m_listing.favorites.remove(name);
+    }
+    ++m_version;
+    Q_EMIT favoritesChanged();
+    return isFavorite;
+}
+
+QCoro::Task<Result<>> Library::writingFavorite(QString name, bool isFavorite)
+{
+    auto write = [name, isFavorite] {
+        return isFavorite ? ImageStore::saveFavorite(name) : ImageStore::removeFavorite(name);
+    };
+    co_return co_await onWorker(&m_thread, std::move(write));
+}
+
+QCoro::Task<Result<>> Library::deleting(QString url)
+{
+    auto remove = [url] { return ImageStore::deleteImage(url); };
+    Result<> removed = co_await onWorker(&m_thread, std::move(remove));
+    co_await refreshing();
+    co_return removed;
+}
+
+QCoro::Task<> Library::removingAbandonedFiles()
+{
+    auto remove = [] {
+        ImageStore::removeAbandonedTemporaries();
+        Keychain::removeAbandonedTemporaries();
+    };
+    co_await onWorker(&m_thread, std::move(remove));
+}
+
+} // namespace quorvane

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Providers/ImageProvider.h"
+#include "Storage/SideFile.h"
+
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace quorvane {
+
+using Providers = std::vector<std::unique_ptr<const ImageProvider>>;
+
+/// What the settings say at one moment about who makes a picture, and how. providers are Gemini, Grok and OpenAI, and
+/// outlive what is returned.
+struct ProviderChoice
+{
+    QString override; ///< "auto" or a provider's id; one that names no provider behaves like Gemini.
+    bool nsfwEnabled = false;
+    bool fourKEnabled = false;
+    bool upscalesLocally = false; ///< Else through Gemini.
+    TextMap chosenModels;         ///< By provider id, as they are stored: they may not be offered any more.
+
+    /// Whether the NSFW switch means anything: only Grok honours it.
+    [[nodiscard]] bool nsfwApplies() const;
+
+    /// The provider that a generation will use.
+    [[nodiscard]] const ImageProvider &provider(const Providers &providers) const;
+
+    /// The model that a generation will use.
+    [[nodiscard]] QString modelId(const Providers &providers) const;
+
+    /// The chosen model of that provider while it is offered, else the provider's first; empty when there is neither.
+    [[nodiscard]] QString modelOf(const Providers &providers, const QString &providerId) const;
+
+    /// Whether provider and model make 4K themselves.
+    [[nodiscard]] bool producesNative4K(const Providers &providers) const;
+
+    /// Whether a picture is enlarged after it was generated.
+    [[nodiscard]] bool needsUpscale(const Providers &providers) const;
+
+    /// The names of keys that a generation would need and that are not stored, for the user. storedKeyIds are the ids
+    /// of the providers whose keys are stored.
+    [[nodiscard]] QStringList missingKeys(const Providers &providers, const QSet<QString> &storedKeyIds) const;
+};
+
+} // namespace quorvane
