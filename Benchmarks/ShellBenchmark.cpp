@@ -3,7 +3,7 @@
 // of its own; a window counts as shown when sway has its first frame.
 
 #include "Platform/System/GraphicsProcessor.h"
-#include "Support/PrivateSway.h"
+#include "Support/Desktop/PrivateSway.h"
 #include "Support/ProcessMemory.h"
 #include "Support/WaitFor.h"
 

@@ -1,6 +1,6 @@
 #include "Manager/LibraryWatcher.h"
 
-#include "Manager/ImageRecords.h"
+#include "Manager/Library/ImageRecords.h"
 #include "Manager/WallpaperManager.h"
 
 #include <chrono>

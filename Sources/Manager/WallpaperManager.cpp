@@ -2,7 +2,7 @@
 
 #include "Manager/WallpaperManager.h"
 
-#include "Manager/Library.h"
+#include "Manager/Library/Library.h"
 #include "Manager/Schedule.h"
 #include "Manager/SettingsKeys.h"
 #include "Manager/WallpaperSetter.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Manager/Album.h"
-#include "Manager/KeptPicture.h"
+#include "Manager/Library/Album.h"
+#include "Manager/Library/KeptPicture.h"
 #include "Manager/ManagerServices.h"
 #include "Manager/Operations.h"
 #include "Manager/ProviderChoice.h"

@@ -1,7 +1,7 @@
 // The one way by which a new wallpaper comes into being.
 
-#include "Manager/FileNames.h"
-#include "Manager/Library.h"
+#include "Manager/Library/FileNames.h"
+#include "Manager/Library/Library.h"
 #include "Manager/WallpaperManager.h"
 #include "Providers/ImageServices.h"
 #include "Storage/Keychain.h"

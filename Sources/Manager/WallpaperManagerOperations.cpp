@@ -1,6 +1,6 @@
 // How an operation begins, reports and ends; and the short ones.
 
-#include "Manager/Library.h"
+#include "Manager/Library/Library.h"
 #include "Manager/WallpaperManager.h"
 #include "Manager/WallpaperSetter.h"
 #include "Platform/Files/StorageNotices.h"

@@ -1,7 +1,7 @@
 // A 4K copy of a picture that is in the library already.
 
-#include "Manager/FileNames.h"
-#include "Manager/Library.h"
+#include "Manager/Library/FileNames.h"
+#include "Manager/Library/Library.h"
 #include "Manager/WallpaperManager.h"
 #include "Platform/Files/WholeFile.h"
 #include "Platform/Threads/Worker.h"

@@ -42,6 +42,9 @@ ROOMS = {
         "Desktops": {"Wayland", "X11", "Bus", "Pictures", "Files", "Threads"},
         "System": {"Bus", "Files", "Threads"},
     },
+    "Manager": {
+        "Library": set(),
+    },
     "Upscaling": {
         "Image": set(),
         "Network": {"Image"},
@@ -226,13 +229,13 @@ def tree(folder, files):
 
 def self_test():
     headers = ["App/Application/Program.h", "App/Command/Commands.h", "App/Control/ControlService.h", "App/Tray/MenuBar.h",
-               "Views/Gallery/GalleryModel.h", "Manager/Album.h", "Providers/ProviderError.h",
+               "Views/Gallery/GalleryModel.h", "Manager/Library/Album.h", "Providers/ProviderError.h",
                "Providers/ServiceRequest.h", "Providers/GrokProvider.h", "Upscaling/LocalUpscaler.h",
                "Upscaling/Image/PngEncoder.h", "Upscaling/Gpu/Gpu.h", "Upscaling/Network/ModelFiles.h",
                "Storage/ImageStore.h", "Platform/Failure.h"]
     headers += [f"Platform/{room}/{room}.h" for room in ROOMS["Platform"]]
     good = [("App/Application", header) for header in headers] + [
-        ("Views", "Manager/Album.h"), ("Views", "Platform/Files/Files.h"),
+        ("Views", "Manager/Library/Album.h"), ("Views", "Platform/Files/Files.h"),
         ("Manager", "Providers/GrokProvider.h"), ("Manager", "Upscaling/LocalUpscaler.h"),
         ("Manager", "Upscaling/Image/PngEncoder.h"), ("Manager", "Storage/ImageStore.h"),
         ("Manager", "Platform/Failure.h"), ("Providers", "Platform/Network/Network.h"),
@@ -245,13 +248,13 @@ def self_test():
     bad = [
         ("Views", "App/Command/Commands.h"), ("Views", "Storage/ImageStore.h"), ("Manager", "Views/Gallery/GalleryModel.h"),
         ("Manager", "App/Command/Commands.h"), ("Providers", "Storage/ImageStore.h"),
-        ("Providers", "Upscaling/LocalUpscaler.h"), ("Providers", "Manager/Album.h"),
+        ("Providers", "Upscaling/LocalUpscaler.h"), ("Providers", "Manager/Library/Album.h"),
         ("Storage", "Providers/ProviderError.h"), ("Storage", "Upscaling/LocalUpscaler.h"),
         ("Upscaling", "Providers/GrokProvider.h"), ("Upscaling", "Storage/ImageStore.h"),
         ("Upscaling/Image", "Upscaling/Gpu/Gpu.h"), ("Upscaling/Image", "Upscaling/LocalUpscaler.h"),
         ("Upscaling/Network", "Upscaling/Gpu/Gpu.h"), ("App/Command", "App/Control/ControlService.h"),
         ("App/Tray", "App/Application/Program.h"), ("Platform", "Platform/Threads/Threads.h"),
-        ("Platform/Files", "Storage/ImageStore.h"), ("Platform/Files", "Manager/Album.h"), ("Platform/Files", "Files.h"),
+        ("Platform/Files", "Storage/ImageStore.h"), ("Platform/Files", "Manager/Library/Album.h"), ("Platform/Files", "Files.h"),
         ("Platform/Files", "Platform/Files/Gone.h"), ("Storage", "../Platform/Files/Files.h"),
         ("Platform/Cellar", "Platform/Failure.h"),
     ] + [(f"Platform/{room}", f"Platform/{other}/{other}.h") for room, others in ROOMS["Platform"].items()

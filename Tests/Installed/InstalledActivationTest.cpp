@@ -3,8 +3,8 @@
 #include "InstalledTree.h"
 
 #include "App/Control/ControlCalls.h"
+#include "Support/Desktop/PrivateXServer.h"
 #include "Support/Files.h"
-#include "Support/PrivateXServer.h"
 #include "Support/WaitFor.h"
 
 #include <QDBusConnectionInterface>

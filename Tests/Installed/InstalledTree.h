@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Support/CommandRun.h"
-#include "Support/LoginSession.h"
+#include "Support/Desktop/LoginSession.h"
 
 #include <QTemporaryDir>
 

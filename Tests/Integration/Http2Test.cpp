@@ -2,7 +2,7 @@
 
 #include "Platform/Network/HttpClient.h"
 #include "Platform/Threads/TaskScope.h"
-#include "Support/OwnedProgram.h"
+#include "Support/Desktop/OwnedProgram.h"
 #include "Support/TestCertificates.h"
 #include "Support/TrustedAuthority.h"
 #include "Support/WaitFor.h"

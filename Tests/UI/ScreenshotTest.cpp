@@ -259,8 +259,7 @@ TEST_F(Screenshot, forTheEye)
     int number = 0;
     for (const char *prompt : prompts) {
         for (int each = 0; each < (number > 10 ? 7 : 3); ++each) {
-            (void)putPainting(u"picture-%1.png"_s.arg(number++), QLatin1String(prompt),
-                              {960, 540});
+            (void)putPainting(u"picture-%1.png"_s.arg(number++), QLatin1String(prompt), {960, 540});
         }
     }
     EXPECT_TRUE(Keychain::save(u"KEY-KEY-KEY"_s, u"gemini"_s));

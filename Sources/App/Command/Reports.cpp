@@ -1,7 +1,7 @@
 #include "App/Command/Reports.h"
 
-#include "Manager/Album.h"
 #include "Manager/IntervalLabel.h"
+#include "Manager/Library/Album.h"
 #include "Platform/Desktops/DesktopPicture.h"
 #include "Storage/CreationDate.h"
 #include "Storage/ImageStore.h"

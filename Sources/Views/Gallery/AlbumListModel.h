@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Manager/GalleryListing.h"
+#include "Manager/Library/GalleryListing.h"
 #include "Views/Gallery/EntryListModel.h"
 
 namespace quorvane {

@@ -1,6 +1,6 @@
 #include "Views/Gallery/ImageListModel.h"
 
-#include "Manager/ImageRecords.h"
+#include "Manager/Library/ImageRecords.h"
 #include "Views/Pictures/PictureDecoding.h"
 #include "Views/Pictures/PictureUrl.h"
 

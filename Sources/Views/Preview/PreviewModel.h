@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Manager/ImageRecords.h"
+#include "Manager/Library/ImageRecords.h"
 #include "Platform/Threads/LatestReading.h"
 #include "Views/ViewModel.h"
 

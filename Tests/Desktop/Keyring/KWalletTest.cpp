@@ -1,6 +1,6 @@
 #include "KeyringSession.h"
+#include "Support/Desktop/OwnedProgram.h"
 #include "Support/Files.h"
-#include "Support/OwnedProgram.h"
 #include "Support/WaitFor.h"
 
 #include <QDBusConnectionInterface>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Support/LoginSession.h"
+#include "Support/Desktop/LoginSession.h"
 
 #include <memory>
 

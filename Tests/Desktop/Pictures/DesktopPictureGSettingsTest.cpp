@@ -3,9 +3,9 @@
 
 #include "Platform/Bus/MessageBus.h"
 #include "Platform/Desktops/Protocols/SettingsGroup.h"
+#include "Support/Desktop/PositionPicture.h"
+#include "Support/Desktop/PrivateSession.h"
 #include "Support/Files.h"
-#include "Support/PositionPicture.h"
-#include "Support/PrivateSession.h"
 
 #include <QDBusConnection>
 #include <QJsonDocument>

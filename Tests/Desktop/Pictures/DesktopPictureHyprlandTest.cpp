@@ -5,10 +5,10 @@
 #include "Platform/Desktops/DesktopPictureHyprland.h"
 
 #include "Platform/Files/Paths.h"
+#include "Support/Desktop/PositionPicture.h"
+#include "Support/Desktop/PrivateSway.h"
 #include "Support/Files.h"
-#include "Support/PositionPicture.h"
 #include "Support/PrivateHome.h"
-#include "Support/PrivateSway.h"
 #include "Support/Results.h"
 #include "Support/WaitFor.h"
 

@@ -3,11 +3,11 @@
 #include "Platform/Desktops/DesktopPictureLayerShell.h"
 
 #include "Platform/Wayland/WaylandFacts.h"
+#include "Support/Desktop/NestedSway.h"
+#include "Support/Desktop/PositionPicture.h"
+#include "Support/Desktop/PrivateSway.h"
 #include "Support/Files.h"
-#include "Support/NestedSway.h"
-#include "Support/PositionPicture.h"
 #include "Support/PrivateHome.h"
-#include "Support/PrivateSway.h"
 #include "Support/Results.h"
 #include "Support/WaitFor.h"
 

@@ -6,8 +6,8 @@
 #include "DesktopSession.h"
 
 #include "Platform/Bus/MessageBus.h"
+#include "Support/Desktop/PositionPicture.h"
 #include "Support/Files.h"
-#include "Support/PositionPicture.h"
 #include "Support/PrivateHome.h"
 #include "Support/Results.h"
 #include "Support/WaitFor.h"

@@ -1,8 +1,8 @@
 #include "Platform/Desktops/DesktopPictureX11.h"
 
-#include "Support/PositionPicture.h"
+#include "Support/Desktop/PositionPicture.h"
+#include "Support/Desktop/PrivateXServer.h"
 #include "Support/PrivateHome.h"
-#include "Support/PrivateXServer.h"
 #include "Support/Results.h"
 #include "Support/WaitFor.h"
 

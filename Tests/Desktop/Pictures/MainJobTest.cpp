@@ -2,10 +2,10 @@
 // a real desktop, judged by the pixels of its screens.
 
 #include "Support/CommandRun.h"
-#include "Support/PositionPicture.h"
+#include "Support/Desktop/PositionPicture.h"
+#include "Support/Desktop/PrivateSway.h"
+#include "Support/Desktop/PrivateXServer.h"
 #include "Support/PrivateHome.h"
-#include "Support/PrivateSway.h"
-#include "Support/PrivateXServer.h"
 #include "Support/TestCertificates.h"
 #include "Support/WaitFor.h"
 #include "demo-service/DemoService.h"

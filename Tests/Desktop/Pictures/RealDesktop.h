@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Support/PrivateSession.h"
-#include "Support/PrivateXorg.h"
+#include "Support/Desktop/PrivateSession.h"
+#include "Support/Desktop/PrivateXorg.h"
 
 #include <QImage>
 

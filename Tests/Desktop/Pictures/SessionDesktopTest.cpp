@@ -4,7 +4,7 @@
 #include "RealDesktop.h"
 
 #include "Platform/Pictures/FillCrop.h"
-#include "Support/PositionPicture.h"
+#include "Support/Desktop/PositionPicture.h"
 #include "Support/WaitFor.h"
 
 #include <QJsonArray>

@@ -1,8 +1,8 @@
 #include "Platform/Desktops/DesktopPictureSway.h"
 #include "Platform/Files/Paths.h"
-#include "Support/PositionPicture.h"
+#include "Support/Desktop/PositionPicture.h"
+#include "Support/Desktop/PrivateSway.h"
 #include "Support/PrivateHome.h"
-#include "Support/PrivateSway.h"
 #include "Support/Results.h"
 #include "Support/WaitFor.h"
 

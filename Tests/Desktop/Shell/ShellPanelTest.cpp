@@ -3,9 +3,9 @@
 
 #include "ShellFixture.h"
 
+#include "Support/Desktop/PrivateSway.h"
+#include "Support/Desktop/PrivateXServer.h"
 #include "Support/Files.h"
-#include "Support/PrivateSway.h"
-#include "Support/PrivateXServer.h"
 #include "Support/WaitFor.h"
 
 #include <QJsonArray>

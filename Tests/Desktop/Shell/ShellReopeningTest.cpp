@@ -6,8 +6,8 @@
 #include "ShellFixture.h"
 
 #include "App/Control/ControlCalls.h"
-#include "Support/PrivateSway.h"
-#include "Support/PrivateXServer.h"
+#include "Support/Desktop/PrivateSway.h"
+#include "Support/Desktop/PrivateXServer.h"
 #include "Support/WaitFor.h"
 
 #include <functional>

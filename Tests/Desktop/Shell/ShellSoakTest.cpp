@@ -8,8 +8,8 @@
 
 #include "App/Control/ControlCalls.h"
 #include "Platform/System/GraphicsProcessor.h"
+#include "Support/Desktop/PrivateSway.h"
 #include "Support/Files.h"
-#include "Support/PrivateSway.h"
 #include "Support/ProcessMemory.h"
 #include "Support/WaitFor.h"
 

@@ -1,5 +1,5 @@
 #include "Platform/System/AutostartPortal.h"
-#include "Support/LoginSession.h"
+#include "Support/Desktop/LoginSession.h"
 #include "Support/Results.h"
 
 #include <QDBusArgument>

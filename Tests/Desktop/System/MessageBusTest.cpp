@@ -2,8 +2,8 @@
 #include "Platform/Bus/Sandbox.h"
 #include "Platform/Bus/SessionBus.h"
 #include "Platform/Threads/TimeLimit.h"
+#include "Support/Desktop/LoginSession.h"
 #include "Support/Files.h"
-#include "Support/LoginSession.h"
 #include "Support/Results.h"
 #include "Support/WaitFor.h"
 

@@ -1,6 +1,6 @@
 #include "Platform/System/PowerEventsLogind.h"
 
-#include "Support/OwnedProgram.h"
+#include "Support/Desktop/OwnedProgram.h"
 #include "Support/WaitFor.h"
 
 #include <QDBusConnectionInterface>

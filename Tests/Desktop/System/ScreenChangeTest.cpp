@@ -1,8 +1,8 @@
 // A screen that comes while the program runs gets the picture, judged by its pixels.
 
-#include "Support/NestedSway.h"
-#include "Support/PositionPicture.h"
-#include "Support/PrivateXServer.h"
+#include "Support/Desktop/NestedSway.h"
+#include "Support/Desktop/PositionPicture.h"
+#include "Support/Desktop/PrivateXServer.h"
 #include "Support/WaitFor.h"
 
 #include <QFile>

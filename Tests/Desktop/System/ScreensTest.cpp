@@ -1,10 +1,10 @@
 #include "Platform/System/Screens.h"
 #include "Platform/Desktops/Protocols/SwaySocket.h"
 
-#include "Support/NestedSway.h"
-#include "Support/OwnedProgram.h"
-#include "Support/PrivateSway.h"
-#include "Support/PrivateXServer.h"
+#include "Support/Desktop/NestedSway.h"
+#include "Support/Desktop/OwnedProgram.h"
+#include "Support/Desktop/PrivateSway.h"
+#include "Support/Desktop/PrivateXServer.h"
 
 #include <gtest/gtest.h>
 

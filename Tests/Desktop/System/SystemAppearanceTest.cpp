@@ -1,6 +1,6 @@
 // How the system wants programs to look, as a desktop portal of the test's own tells it.
 
-#include "Support/LoginSession.h"
+#include "Support/Desktop/LoginSession.h"
 
 #include "Platform/System/FileManager.h"
 #include "Platform/System/SystemAppearance.h"

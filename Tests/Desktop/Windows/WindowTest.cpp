@@ -2,15 +2,15 @@
 // through the window system.
 
 #include "AccessibleTree.h"
-#include "Support/LoginSession.h"
+#include "Support/Desktop/LoginSession.h"
 
 #include "App/Control/ControlCalls.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
-#include "Support/OwnedProgram.h"
-#include "Support/PrivateSway.h"
-#include "Support/PrivateXServer.h"
-#include "Support/PrivateXorg.h"
+#include "Support/Desktop/OwnedProgram.h"
+#include "Support/Desktop/PrivateSway.h"
+#include "Support/Desktop/PrivateXServer.h"
+#include "Support/Desktop/PrivateXorg.h"
 #include "Support/WaitFor.h"
 
 #include <QBuffer>

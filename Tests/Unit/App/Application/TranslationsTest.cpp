@@ -1,9 +1,9 @@
 #include "App/Application/Translations.h"
 
 #include "App/Command/Reports.h"
-#include "Manager/Album.h"
-#include "Manager/ImageRecords.h"
 #include "Manager/IntervalLabel.h"
+#include "Manager/Library/Album.h"
+#include "Manager/Library/ImageRecords.h"
 #include "Manager/MenuItems.h"
 #include "Support/SpokenLanguage.h"
 

@@ -1,6 +1,6 @@
 #include "Platform/Desktops/DesktopPictureLxqt.h"
 
-#include "Support/PositionPicture.h"
+#include "Support/Desktop/PositionPicture.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include "Platform/Files/Paths.h"
 #include "Platform/Pictures/PictureCopy.h"
+#include "Support/Desktop/PositionPicture.h"
 #include "Support/Files.h"
-#include "Support/PositionPicture.h"
 #include "Support/PrivateHome.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "Support/PrivateSession.h"
+#include "Support/Desktop/PrivateSession.h"
 
 #include "Support/Files.h"
 #include "Support/WaitFor.h"

@@ -1,4 +1,4 @@
-#include "Support/PrivateXServer.h"
+#include "Support/Desktop/PrivateXServer.h"
 
 #include <cstdlib>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "Support/DisplayNumber.h"
+#include "Support/Desktop/DisplayNumber.h"
 
 #include <QFile>
 

@@ -1,4 +1,4 @@
-#include "Support/PrivateXorg.h"
+#include "Support/Desktop/PrivateXorg.h"
 
 #include "Support/Files.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Support/DisplayNumber.h"
-#include "Support/OwnedProgram.h"
+#include "Support/Desktop/DisplayNumber.h"
+#include "Support/Desktop/OwnedProgram.h"
 
 #include <QImage>
 #include <QList>

@@ -1,4 +1,4 @@
-#include "Support/PrivateSway.h"
+#include "Support/Desktop/PrivateSway.h"
 
 #include "Support/WaitFor.h"
 

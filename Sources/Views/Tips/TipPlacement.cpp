@@ -1,4 +1,4 @@
-#include "Views/Controls/TipPlacement.h"
+#include "Views/Tips/TipPlacement.h"
 
 #include <algorithm>
 

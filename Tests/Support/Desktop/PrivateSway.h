@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Support/OwnedProgram.h"
+#include "Support/Desktop/OwnedProgram.h"
 
 #include <QImage>
 #include <QList>

@@ -1,4 +1,4 @@
-#include "Manager/GalleryListing.h"
+#include "Manager/Library/GalleryListing.h"
 
 #include "Storage/ImageStore.h"
 #include "Support/PrivateHome.h"

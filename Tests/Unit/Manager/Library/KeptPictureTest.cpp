@@ -1,4 +1,4 @@
-#include "Manager/KeptPicture.h"
+#include "Manager/Library/KeptPicture.h"
 
 #include "Storage/ImageStore.h"
 #include "Storage/SideFile.h"

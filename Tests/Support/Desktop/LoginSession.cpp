@@ -1,4 +1,4 @@
-#include "Support/LoginSession.h"
+#include "Support/Desktop/LoginSession.h"
 
 #include "Support/Files.h"
 #include "Support/WaitFor.h"

@@ -1,4 +1,4 @@
-#include "Manager/FileNames.h"
+#include "Manager/Library/FileNames.h"
 
 #include <gtest/gtest.h>
 

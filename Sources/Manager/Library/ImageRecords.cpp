@@ -1,4 +1,4 @@
-#include "Manager/ImageRecords.h"
+#include "Manager/Library/ImageRecords.h"
 
 #include "Storage/ImageStore.h"
 #include "Storage/SideFile.h"

@@ -1,6 +1,6 @@
-#include "Manager/Library.h"
+#include "Manager/Library/Library.h"
 
-#include "Manager/Album.h"
+#include "Manager/Library/Album.h"
 #include "Platform/Threads/Worker.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"

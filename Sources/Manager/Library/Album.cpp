@@ -1,4 +1,4 @@
-#include "Manager/Album.h"
+#include "Manager/Library/Album.h"
 
 #include "Storage/ImageStore.h"
 

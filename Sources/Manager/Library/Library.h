@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Manager/KeptPicture.h"
+#include "Manager/Library/KeptPicture.h"
 #include "Platform/Failure.h"
 #include "Platform/Threads/TaskScope.h"
 

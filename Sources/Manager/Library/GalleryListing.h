@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Manager/Album.h"
+#include "Manager/Library/Album.h"
 
 #include <optional>
 #include <vector>

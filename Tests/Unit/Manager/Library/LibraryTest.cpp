@@ -1,4 +1,4 @@
-#include "Manager/Library.h"
+#include "Manager/Library/Library.h"
 
 #include "Platform/Files/FolderLock.h"
 #include "Storage/ImageStore.h"

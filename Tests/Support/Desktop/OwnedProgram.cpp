@@ -1,4 +1,4 @@
-#include "Support/OwnedProgram.h"
+#include "Support/Desktop/OwnedProgram.h"
 
 #include <QFile>
 #include <QStandardPaths>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Support/PrivateXServer.h"
+#include "Support/Desktop/PrivateXServer.h"
 
 #include <QList>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Support/PrivateSway.h"
+#include "Support/Desktop/PrivateSway.h"
 
 namespace quorvane {
 

@@ -1,4 +1,4 @@
-#include "Support/NestedSway.h"
+#include "Support/Desktop/NestedSway.h"
 
 #include "Support/WaitFor.h"
 
