@@ -1,0 +1,84 @@
+// Plays a user who does anything in any order, and looks after each deed whether the window shows what is so and did
+// what it showed. The deeds come from a seed; a failure is told with its seed and the shortest history that still shows
+// it.
+
+#include "UI/Play/Stage.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quorvane {
+
+namespace {
+
+/// What the first deed that goes wrong shows, and which it is; nothing when all are well.
+struct Finding
+{
+    QString what;
+    qsizetype deed = -1;
+};
+
+Finding play(const QList<Deed> &deeds)
+{
+    Stage stage;
+    stage.raise();
+    for (qsizetype index = 0; index < deeds.size(); ++index) {
+        if (const QString wrong = stage.play(deeds[index]); !wrong.isEmpty()) {
+            return {wrong, index};
+        }
+    }
+    return {};
+}
+
+/// Leaves out what is not needed for something to go wrong, by halves, quarters and so on, as long as tries are left.
+QList<Deed> shortest(QList<Deed> deeds, int tries)
+{
+    for (qsizetype piece = deeds.size() / 2; piece > 0; piece /= 2) {
+        for (qsizetype at = 0; at + piece < deeds.size() && tries > 0;) {
+            QList<Deed> fewer = deeds;
+            fewer.remove(at, piece);
+            --tries;
+            if (const Finding found = play(fewer); found.deed >= 0) {
+                fewer.resize(found.deed + 1);
+                deeds = fewer;
+            } else {
+                at += piece;
+            }
+        }
+    }
+    return deeds;
+}
+
+} // namespace
+
+class UserPlay : public testing::TestWithParam<quint32>
+{
+};
+
+TEST_P(UserPlay, theWindowShowsWhatIsSoAndDoesWhatItShows)
+{
+    const bool isFull = qgetenv("QUORVANE_SOAK") == "full";
+    const int count = isFull ? 10'000 : 500;
+    QList<Deed> deeds = deedsOf(GetParam(), count);
+    const Finding found = play(deeds);
+    if (found.deed < 0) {
+        return;
+    }
+    deeds.resize(found.deed + 1);
+    if (play(deeds).deed < 0) {
+        ADD_FAILURE() << "seed " << GetParam() << ", deed " << found.deed
+                      << ", once and not again: " << found.what.toStdString();
+        return;
+    }
+    deeds = shortest(deeds, 60);
+    QStringList lines;
+    for (const Deed &deed : deeds) {
+        lines.append(u"  "_s + nameOf(deed));
+    }
+    ADD_FAILURE() << "seed " << GetParam() << ", deed " << found.deed << ": " << found.what.toStdString()
+                  << "\nthe shortest history found, which ends with \"" << play(deeds).what.toStdString() << "\":\n"
+                  << lines.join('\n'_L1).toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, UserPlay, testing::Values(1U, 20260131U, 777U));
+
+} // namespace quorvane
