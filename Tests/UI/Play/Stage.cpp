@@ -89,9 +89,9 @@ Stage::Stage()
         return image;
     });
     localUpscale = [](QByteArray /*image*/, std::stop_token,
-                      std::function<void(UpscaleProgress)> progress) -> QCoro::Task<UpscaledImage> {
+                      std::function<void(UpscaleProgress)> progress) -> QCoro::Task<EncodedImage> {
         progress({1, 1, std::nullopt});
-        UpscaledImage enlarged{plainPicture(200), u"png"_s};
+        EncodedImage enlarged{plainPicture(200), u"png"_s};
         co_return enlarged;
     };
 }
