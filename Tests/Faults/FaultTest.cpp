@@ -84,6 +84,13 @@ struct Scenario
     std::function<bool(const FaultHome &home, const QJsonObject &result)> isDone = {};
 };
 
+/// Homes lie in memory where that is possible, because every run waits for the disk several times.
+QString homeTemplate()
+{
+    const QString memory = u"/dev/shm"_s;
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/FaultTest-XXXXXX"_s;
+}
+
 bool isPicture(const QString &path)
 {
     return !path.isEmpty() && !QImage(path).isNull();
@@ -388,7 +395,7 @@ TEST_P(FaultTest, nothingIsLostAndWhatIsToldIsSo)
     const Scenario &scenario = GetParam();
     const bool all = qgetenv("QUORVANE_SOAK") == "full";
 
-    QTemporaryDir plain;
+    QTemporaryDir plain(homeTemplate());
     const FaultHome untouched(plain.path());
     prepare(scenario, untouched);
     const CommandRun good = run(scenario, untouched, 0, {});
@@ -407,7 +414,7 @@ TEST_P(FaultTest, nothingIsLostAndWhatIsToldIsSo)
             faults = {one};
         }
         for (const Fault &fault : faults) {
-            QTemporaryDir folder;
+            QTemporaryDir folder(homeTemplate());
             const FaultHome home(folder.path());
             prepare(scenario, home);
             const CommandRun hurt = run(scenario, home, call.index, fault);
@@ -455,7 +462,7 @@ TEST_P(MemoryFaultTest, aLackOfMemoryIsAClearErrorAndNothingIsLost)
     GTEST_SKIP() << "The sanitizers want to be the first to be loaded.";
 #endif
     const Scenario &scenario = GetParam();
-    QTemporaryDir plain;
+    QTemporaryDir plain(homeTemplate());
     const FaultHome untouched(plain.path());
     prepare(scenario, untouched);
     const CommandRun good = runWithoutMemory(scenario, untouched, 0);
@@ -466,7 +473,7 @@ TEST_P(MemoryFaultTest, aLackOfMemoryIsAClearErrorAndNothingIsLost)
 
     QStringList found;
     for (const Call &call : seen) {
-        QTemporaryDir folder;
+        QTemporaryDir folder(homeTemplate());
         const FaultHome home(folder.path());
         prepare(scenario, home);
         const CommandRun hurt = runWithoutMemory(scenario, home, call.index);
