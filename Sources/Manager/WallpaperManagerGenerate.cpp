@@ -2,8 +2,10 @@
 
 #include "Manager/Library/FileNames.h"
 #include "Manager/Library/Library.h"
+#include "Manager/NextSecond.h"
 #include "Manager/WallpaperManager.h"
 #include "Providers/ImageServices.h"
+#include "Storage/ImageNames.h"
 #include "Storage/Keychain.h"
 #include "Upscaling/GeminiUpscale.h"
 
@@ -75,23 +77,25 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
 
     // 2. Enlarge it when 4K is wanted and the provider does not make it; the original is safe on disk before that.
     EncodedImage final = generated;
+    std::optional<KeptPicture> kept;
     if (run.needsUpscale) {
         NewPicture original{wallpaperFileName(now(), generated.extension), generated.bytes, run.prompt, {}};
-        const std::optional<KeptPicture> kept = co_await keeping(std::move(original), operation);
+        kept = co_await keeping(std::move(original), operation);
         if (kept) {
             result.original = kept->path;
             operation->source = kept->path;
         }
         final = co_await upscaledOrOriginal(std::move(generated), operation);
-        // The original is in the library already, or was deleted; where it could not be saved, what was made is.
-        if (operation->isStopped() && kept) {
-            fail(tr("Upscale failed: %1").arg(operation->stopReason));
-            co_return;
-        }
+    }
+    const QString name = co_await nameBeside(result.original, final.extension, operation);
+    // The original is in the library already, or was deleted; where it could not be saved, what was made is.
+    if (operation->isStopped() && kept) {
+        fail(tr("Upscale failed: %1").arg(operation->stopReason));
+        co_return;
     }
 
     // 3. Save what is final, with its prompt and its link.
-    NewPicture picture{wallpaperFileName(now(), final.extension), std::move(final.bytes), run.prompt, result.original};
+    NewPicture picture{name, std::move(final.bytes), run.prompt, result.original};
     const std::optional<KeptPicture> saved = co_await keeping(std::move(picture), operation);
     if (!saved) {
         fail(tr("Failed to save image"));
@@ -100,9 +104,6 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
     if (operation->isSourceDeleted) {
         fail(tr("Upscale failed: %1").arg(operation->stopReason));
         co_return;
-    }
-    if (result.original == saved->path) {
-        result.original.clear(); // Replaced within the second.
     }
     result.file = saved->path;
 
@@ -139,6 +140,20 @@ QCoro::Task<EncodedImage> WallpaperManager::upscaledOrOriginal(EncodedImage gene
         report(*operation, warning.arg(failureOf(error).words), false);
     }
     co_return generated;
+}
+
+/// The name of a picture that is written now and is linked to original. Names tell seconds, and one of the very second
+/// of original would replace it and be hidden behind itself; so that one waits for the next second.
+QCoro::Task<QString> WallpaperManager::nameBeside(QString original, QString extension, OperationRef operation)
+{
+    const QDateTime moment = now();
+    QString name = wallpaperFileName(moment, extension);
+    if (!original.isEmpty() && name == imageName(original)) {
+        co_await nextSecond(moment, operation->stop.get_token());
+        // The same again only where the clock was set back or stands, and then the original is replaced.
+        name = wallpaperFileName(now(), extension);
+    }
+    co_return name;
 }
 
 /// What could not be recorded is told.

@@ -1,6 +1,5 @@
 // A 4K copy of a picture that is in the library already.
 
-#include "Manager/Library/FileNames.h"
 #include "Manager/Library/Library.h"
 #include "Manager/WallpaperManager.h"
 #include "Platform/Files/WholeFile.h"
@@ -70,6 +69,10 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, OperationRef
     } catch (const std::exception &error) {
         failure = failureOf(error).words;
     }
+    QString name;
+    if (!failure) {
+        name = co_await nameBeside(url, upscaled.extension, operation);
+    }
     if (operation->isStopped()) {
         failure = operation->stopReason;
     }
@@ -79,7 +82,7 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, OperationRef
     }
 
     // 2. Store the copy with the original's prompt and the link.
-    NewPicture picture{wallpaperFileName(now(), upscaled.extension), std::move(upscaled.bytes), std::nullopt, url};
+    NewPicture picture{name, std::move(upscaled.bytes), std::nullopt, url};
     const Library::Copy copy = co_await m_library->keepingCopy(std::move(picture));
     if (!copy.isOriginalThere || operation->isSourceDeleted) {
         fail(tr("Upscale failed: %1").arg(tr("the picture was deleted")));

@@ -176,13 +176,13 @@ std::optional<QString> ImageStore::variant(const QString &image)
         return path && QFileInfo::exists(*path) ? path : std::nullopt;
     };
 
-    if (const auto link = links.find(name); link != links.end() && link->second != name) {
+    if (const auto link = links.find(name); link != links.end()) {
         if (auto upscaled = existing(link->second)) {
             return upscaled;
         }
     }
     for (const auto &[original, upscaled] : links) {
-        if (upscaled == name && original != name) {
+        if (upscaled == name) {
             if (auto path = existing(original)) {
                 return path;
             }

@@ -2,6 +2,7 @@
 
 #include "Platform/System/Clock.h"
 
+#include <QElapsedTimer>
 #include <QList>
 
 #include <optional>
@@ -9,14 +10,14 @@
 
 namespace quorvane {
 
-/// Time that goes on only when a test says so.
+/// Time that goes on only when a test says so, or lets the clock on the wall run.
 class TestClock final : public Clock
 {
   public:
     [[nodiscard]] QDateTime now() const override
     {
         m_wall = m_wall.addSecs(secondsPerLook);
-        return m_wall;
+        return m_running.isValid() ? m_wall.addMSecs(m_running.elapsed()) : m_wall;
     }
     [[nodiscard]] std::chrono::nanoseconds uptime() const override { return m_uptime; }
     [[nodiscard]] std::unique_ptr<Alarm> makeAlarm(std::function<void()> ring) override
@@ -53,6 +54,9 @@ class TestClock final : public Clock
 
     /// Somebody sets the clock on the wall.
     void setWall(const QDateTime &time) { m_wall = time; }
+
+    /// From now on the clock on the wall goes on by itself, as real ones do.
+    void letWallRun() { m_running.start(); }
 
     /// When the earliest alarm rings; nothing while none is set.
     [[nodiscard]] std::optional<std::chrono::nanoseconds> nextAlarm() const
@@ -105,6 +109,7 @@ class TestClock final : public Clock
     }
 
     mutable QDateTime m_wall{QDate(2026, 1, 31), QTime(23, 59, 0)};
+    QElapsedTimer m_running; ///< Since the clock on the wall runs; invalid while it stands.
     std::chrono::nanoseconds m_uptime{std::chrono::hours(1)};
     QList<TestAlarm *> m_alarms;
 };

@@ -81,9 +81,8 @@ QStringList withoutHiddenOriginals(const QStringList &all, const TextMap &links)
     shown.reserve(all.size());
     for (const QString &path : all) {
         const auto link = links.find(imageName(path));
-        // A link of a picture to itself, which older versions wrote, hides nothing.
-        const bool isHidden = link != links.end() && link->second != link->first && names.contains(link->second);
-        if (!isHidden) {
+        // One that is linked to itself is hidden, too: the link says that an enlarged one stands for it.
+        if (link == links.end() || !names.contains(link->second)) {
             shown.append(path);
         }
     }

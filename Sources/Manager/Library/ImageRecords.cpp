@@ -35,7 +35,7 @@ std::optional<QString> recordedCopy(const QString &original)
 {
     const TextMap links = readTextMap(ImageStore::variantsPath());
     const auto link = links.find(imageName(original));
-    if (link == links.end() || link->second == link->first || !ImageStore::isInLibrary(original)) {
+    if (link == links.end() || !ImageStore::isInLibrary(original)) {
         return std::nullopt;
     }
     return folder() + '/'_L1 + link->second;
@@ -45,8 +45,8 @@ std::optional<QString> recordedOriginal(const QString &image)
 {
     const TextMap links = readTextMap(ImageStore::variantsPath());
     const QString name = imageName(image);
-    const auto link = std::find_if(links.begin(), links.end(),
-                                   [&name](const auto &entry) { return entry.second == name && entry.first != name; });
+    const auto link =
+        std::find_if(links.begin(), links.end(), [&name](const auto &entry) { return entry.second == name; });
     if (link == links.end() || !ImageStore::isInLibrary(image)) {
         return std::nullopt;
     }

@@ -20,12 +20,8 @@ std::optional<KeptPicture> keepPicture(const NewPicture &picture)
     if (picture.prompt) {
         note(ImageStore::savePrompt(*picture.prompt, *path));
     }
-    // Two pictures of one second share a name: the later one has then taken the original's place, and a picture that
-    // counts as the copy of itself would be hidden behind itself.
-    const QString &original = picture.original;
-    const bool isCopy = !original.isEmpty() && imageName(original) != picture.name && ImageStore::isInLibrary(original);
-    if (isCopy) {
-        note(ImageStore::saveVariantLink(original, *path));
+    if (!picture.original.isEmpty() && ImageStore::isInLibrary(picture.original)) {
+        note(ImageStore::saveVariantLink(picture.original, *path));
     }
     return kept;
 }

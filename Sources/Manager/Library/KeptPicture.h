@@ -26,7 +26,7 @@ struct KeptPicture
 };
 
 /// Writes the picture, then its prompt and its link. Nothing when the picture itself could not be written: then nothing
-/// is recorded either. A picture that took its own original's name is linked to nothing. Any thread.
+/// is recorded either. A picture that takes its own original's name replaces it and is linked to itself. Any thread.
 [[nodiscard]] std::optional<KeptPicture> keepPicture(const NewPicture &picture);
 
 /// The prompt that is recorded for the picture, if it is one of the library. Any thread.

@@ -1,10 +1,13 @@
 #include "Manager/SettingsKeys.h"
 #include "Platform/Threads/Worker.h"
+#include "Storage/SideFile.h"
 #include "Support/WaitFor.h"
 #include "Unit/Manager/ManagerFixture.h"
 
+#include <QCoreApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QTimer>
 
 #include <condition_variable>
 #include <mutex>
@@ -101,20 +104,74 @@ TEST_F(WallpaperManagerGenerateTest, withoutAGeminiKeyTheOriginalIsSavedTwiceAnd
     EXPECT_EQ(service.requests().size(), 1);
 }
 
-TEST_F(WallpaperManagerGenerateTest, twoSavesInOneSecondLeaveOnePictureWithoutALinkThatIsSeen)
+TEST_F(WallpaperManagerGenerateTest, twoSavesNeverFallIntoOneSecondWhileTheClockGoesOn)
+{
+    clock.secondsPerLook = 0;
+    clock.letWallRun();
+    EXPECT_TRUE(Keychain::remove(u"gemini"_s));
+    start().setFourKEnabled(true);
+    manager->setProviderOverride(u"grok"_s);
+    generate();
+    EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
+    EXPECT_NE(result.original, result.file);
+    EXPECT_EQ(ImageStore::allImages().size(), 2);
+    EXPECT_EQ(contentOf(result.original), contentOf(result.file));
+    EXPECT_EQ(readTextMap(ImageStore::variantsPath()), (TextMap{{imageName(result.original), imageName(result.file)}}));
+    EXPECT_EQ(manager->history(), QStringList{result.file});
+    EXPECT_EQ(manager->currentWallpaperURL(), result.file);
+}
+
+TEST_F(WallpaperManagerGenerateTest, anUpscaleThatFailsAtOnceLeavesTwoPicturesToo)
+{
+    clock.secondsPerLook = 0;
+    localUpscale = [this](QByteArray, std::stop_token,
+                          std::function<void(UpscaleProgress)>) -> QCoro::Task<EncodedImage> {
+        clock.letWallRun(); // The original has its name, and no millisecond of its second is gone.
+        throw ProviderError::invalidResponse(u"no"_s);
+        co_return EncodedImage();
+    };
+    start().setFourKEnabled(true);
+    manager->setProviderOverride(u"grok"_s);
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
+    generate();
+    EXPECT_EQ(result.original, inLibrary("wallpaper_2026-01-31_23-59-00.jpg"));
+    EXPECT_NE(result.file, result.original);
+    EXPECT_EQ(ImageStore::variant(result.original), result.file);
+    EXPECT_EQ(manager->history(), QStringList{result.file});
+}
+
+TEST_F(WallpaperManagerGenerateTest, whileTheClockStandsStillTwoSavesLinkThePictureToItselfAndHideIt)
 {
     clock.secondsPerLook = 0;
     EXPECT_TRUE(Keychain::remove(u"gemini"_s));
     start().setFourKEnabled(true);
     manager->setProviderOverride(u"grok"_s);
     generate();
-    const QString path = inLibrary("wallpaper_2026-01-31_23-59-00.jpg");
-    EXPECT_TRUE(sideFile("variants.json").isEmpty());
-    EXPECT_EQ(manager->history(), QStringList{path});
+    EXPECT_EQ(sideFile("variants.json"),
+              R"({"wallpaper_2026-01-31_23-59-00.jpg":"wallpaper_2026-01-31_23-59-00.jpg"})");
+    EXPECT_TRUE(manager->history().isEmpty());
     EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
-    EXPECT_EQ(manager->currentWallpaperURL(), path);
-    EXPECT_EQ(result.file, path);
-    EXPECT_EQ(result.original, QString());
+    EXPECT_EQ(manager->currentWallpaperURL(), inLibrary("wallpaper_2026-01-31_23-59-00.jpg"));
+}
+
+TEST_F(WallpaperManagerGenerateTest, goingWhileTheNextSecondIsWaitedForKeepsTheOriginal)
+{
+    clock.secondsPerLook = 0;
+    localUpscale = [this](QByteArray, std::stop_token,
+                          std::function<void(UpscaleProgress)>) -> QCoro::Task<EncodedImage> {
+        QTimer::singleShot(0, qApp, [this] { manager.reset(); });
+        throw ProviderError::invalidResponse(u"no"_s);
+        co_return EncodedImage();
+    };
+    start().setFourKEnabled(true);
+    manager->setProviderOverride(u"grok"_s);
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
+    manager->generateAndSet();
+    ASSERT_TRUE(waitFor([this] { return manager == nullptr; }));
+    EXPECT_EQ(result.status, u"Upscale failed: Quorvane is quitting"_s);
+    EXPECT_TRUE(result.isError);
+    EXPECT_EQ(files(), (QStringList{u"prompts.json"_s, u"wallpaper_2026-01-31_23-59-00.jpg"_s}));
+    EXPECT_TRUE(desktop.shown().isEmpty());
 }
 
 TEST_F(WallpaperManagerGenerateTest, anAddressThatIsNotAllowedForTheUpscaleIsToldBeforeTheKeyIsLookedFor)

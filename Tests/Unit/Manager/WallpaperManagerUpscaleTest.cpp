@@ -1,5 +1,9 @@
 #include "Manager/SettingsKeys.h"
+#include "Support/WaitFor.h"
 #include "Unit/Manager/ManagerFixture.h"
+
+#include <QCoreApplication>
+#include <QTimer>
 
 #include <stdexcept>
 
@@ -218,6 +222,58 @@ TEST_F(WallpaperManagerUpscaleTest, twoCopiesOfOneSecondShareANameAndBothSources
     EXPECT_EQ(sideFile("variants.json"),
               R"({"a.png":"wallpaper_2026-01-31_23-59-00.png","b.png":"wallpaper_2026-01-31_23-59-00.png"})");
     EXPECT_FALSE(manager->isLoading());
+}
+
+TEST_F(WallpaperManagerUpscaleTest, aCopyNeverTakesTheNameOfItsSourceWhileTheClockGoesOn)
+{
+    clock.secondsPerLook = 0;
+    const QString path = putPicture(u"wallpaper_2026-01-31_23-59-00.png"_s);
+    const QByteArray source = contentOf(path);
+    start();
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
+    clock.letWallRun();
+    upscale(path);
+    EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
+    EXPECT_EQ(contentOf(path), source);
+    EXPECT_EQ(contentOf(result.file), "4K of " + source);
+    EXPECT_EQ(ImageStore::variant(path), result.file);
+    EXPECT_EQ(manager->history(), QStringList{result.file});
+}
+
+TEST_F(WallpaperManagerUpscaleTest, whileTheClockStandsStillACopyMayReplaceItsSource)
+{
+    clock.secondsPerLook = 0;
+    const QString path = putPicture(u"wallpaper_2026-01-31_23-59-00.png"_s);
+    EXPECT_TRUE(ImageStore::savePrompt(u"a lake"_s, path));
+    const QByteArray source = contentOf(path);
+    start();
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
+    upscale(path);
+    EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
+    EXPECT_EQ(contentOf(path), "4K of " + source);
+    EXPECT_EQ(sideFile("variants.json"),
+              R"({"wallpaper_2026-01-31_23-59-00.png":"wallpaper_2026-01-31_23-59-00.png"})");
+    EXPECT_EQ(sideFile("prompts.json"), R"({"wallpaper_2026-01-31_23-59-00.png":"a lake"})");
+    EXPECT_TRUE(manager->history().isEmpty());
+}
+
+TEST_F(WallpaperManagerUpscaleTest, goingWhileTheNextSecondIsWaitedForKeepsTheSource)
+{
+    clock.secondsPerLook = 0;
+    const QString path = putPicture(u"wallpaper_2026-01-31_23-59-00.png"_s);
+    const QByteArray source = contentOf(path);
+    localUpscale = [this](QByteArray image, std::stop_token,
+                          std::function<void(UpscaleProgress)>) -> QCoro::Task<EncodedImage> {
+        QTimer::singleShot(0, qApp, [this] { manager.reset(); });
+        co_return EncodedImage{"4K of " + image, u"png"_s};
+    };
+    start();
+    defaults->set(SettingsKeys::kUpscaleMethod, u"local"_s);
+    manager->upscaleExistingImage(path);
+    ASSERT_TRUE(waitFor([this] { return manager == nullptr; }));
+    EXPECT_EQ(result.status, u"Upscale failed: Quorvane is quitting"_s);
+    EXPECT_EQ(contentOf(path), source);
+    EXPECT_EQ(files(), QStringList{imageName(path)});
 }
 
 } // namespace quorvane

@@ -233,10 +233,12 @@ TEST_F(ImageStoreTest, aPairGoesNoFurtherThanOneLinkButItsLinksAllGo)
     EXPECT_EQ(content("variants.json"), "{}");
 }
 
-TEST_F(ImageStoreTest, anImageLinkedToItselfHasNoPartner)
+TEST_F(ImageStoreTest, anImageLinkedToItselfIsItsOwnPartner)
 {
     const QString path = ImageStore::saveImage(u"a.png"_s, "a").value();
     EXPECT_TRUE(ImageStore::saveVariantLink(path, path));
+    EXPECT_EQ(ImageStore::variant(path), path);
+    ASSERT_TRUE(QFile::remove(path));
     EXPECT_EQ(ImageStore::variant(path), std::nullopt);
 }
 
@@ -244,6 +246,7 @@ TEST_F(ImageStoreTest, anImageLinkedToItselfIsDeletedOnce)
 {
     ASSERT_TRUE(put("a.png"));
     EXPECT_TRUE(ImageStore::saveVariantLink(at("a.png"), at("a.png")));
+    EXPECT_EQ(ImageStore::variant(at("a.png")), at("a.png"));
     EXPECT_TRUE(ImageStore::deleteImage(at("a.png")));
     EXPECT_TRUE(ImageStore::allImages().isEmpty());
     EXPECT_EQ(content("variants.json"), "{}");

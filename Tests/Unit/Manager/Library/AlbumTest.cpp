@@ -101,9 +101,10 @@ TEST(Album, anOriginalIsHiddenExactlyWhileItsVariantIsThere)
     EXPECT_EQ(withoutHiddenOriginals(paths({"a3", "a1"}), links), paths({"a3", "a1"}));
 }
 
-TEST(Album, aPictureThatIsLinkedToItselfIsSeen)
+TEST(Album, aPictureThatIsLinkedToItselfHidesItself)
 {
-    EXPECT_EQ(withoutHiddenOriginals(paths({"a3", "a2"}), {{u"a2"_s, u"a2"_s}}), paths({"a3", "a2"}));
+    EXPECT_EQ(withoutHiddenOriginals(paths({"a3", "a2"}), {{u"a2"_s, u"a2"_s}}), paths({"a3"}));
+    EXPECT_EQ(withoutHiddenOriginals(paths({"a3"}), {{u"a2"_s, u"a2"_s}}), paths({"a3"}));
 }
 
 } // namespace quorvane
