@@ -51,32 +51,6 @@ class GalleryKeys : public ViewTest
         const QQuickItem *item = find(u"tile "_s + path);
         return item != nullptr ? item->property("index").toInt() : -1;
     }
-
-    /// What a window gets from an X server for a key: a press, and for each repetition a release and a press of one
-    /// time.
-    void hold(int key, int repetitions)
-    {
-        quint64 time = m_time += 1000;
-        send(QEvent::KeyPress, key, time);
-        for (time += 660; repetitions > 0; --repetitions, time += 40) {
-            send(QEvent::KeyRelease, key, time);
-            send(QEvent::KeyPress, key, time);
-            manager->waitUntilIdle();
-            QCoreApplication::processEvents();
-        }
-        send(QEvent::KeyRelease, key, time);
-        m_time = time;
-    }
-
-  private:
-    void send(QEvent::Type type, int key, quint64 time) const
-    {
-        QKeyEvent event(type, key, Qt::NoModifier);
-        event.setTimestamp(time);
-        QCoreApplication::sendEvent(window, &event);
-    }
-
-    quint64 m_time = 100000;
 };
 
 TEST_F(GalleryKeys, deleteDeletesThePictureThatWasClickedLast)

@@ -241,6 +241,47 @@ TEST_F(PreviewView, theKeyboardOpensTheWholePrompt)
     EXPECT_TRUE(find(u"copyPromptButton"_s)->hasActiveFocus());
 }
 
+TEST_F(PreviewView, returnAndEnterOpenTheWholePromptToo)
+{
+    openFirst();
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"previewPrompt"_s); }));
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
+        find(u"previewPrompt"_s)->forceActiveFocus();
+        // A press that is held since something else had the keyboard is not meant for it.
+        QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(window, &repeated);
+        EXPECT_FALSE(isSeen(u"wholePrompt"_s)) << key;
+        QTest::keyClick(window, key);
+        ASSERT_TRUE(waitFor([&] { return isReachable(u"wholePrompt"_s) && find(u"wholePrompt"_s)->hasActiveFocus(); }));
+        QTest::keyClick(window, Qt::Key_Escape);
+        ASSERT_TRUE(waitFor([&] { return !isSeen(u"wholePrompt"_s); }));
+    }
+}
+
+TEST_F(PreviewView, tabReachesItsButtonsFromThePicture)
+{
+    openFirst();
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"upscaleButton"_s) && isReachable(u"previewPrompt"_s); }));
+    const QStringList stops = tabStops();
+    const QStringList own{u"closeButton"_s,   u"rightButton"_s,     u"previewPrompt"_s,
+                          u"setButton"_s,     u"favoriteButton"_s,  u"previewUsePromptButton"_s,
+                          u"upscaleButton"_s, u"fullScreenButton"_s};
+    EXPECT_EQ(stops.mid(0, own.size()), own) << stops.join(u", "_s).toStdString();
+    // What it covers is not reached.
+    for (const QString &stop : stops) {
+        EXPECT_FALSE(stop.startsWith(u"tile "_s) || stop == "albumsButton"_L1 || stop == "?"_L1) << stop.toStdString();
+    }
+}
+
+TEST_F(PreviewView, aKeyThatIsHeldMakesOneFavorite)
+{
+    openFirst();
+    hold(Qt::Key_F, 5);
+    EXPECT_EQ(manager->favorites().size(), 1);
+    hold(Qt::Key_F, 4);
+    EXPECT_EQ(manager->favorites().size(), 0);
+}
+
 TEST_F(PreviewView, buttonsThatDoNotFitOnOneLineAreInTheMiddleOfTheNext)
 {
     openFirst();

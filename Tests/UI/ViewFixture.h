@@ -7,6 +7,7 @@
 
 #include <QBuffer>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPalette>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
@@ -124,6 +125,22 @@ class ViewTest : public ManagerTest
         }
     }
 
+    /// What a window gets from an X server for a key: a press, and for each repetition a release and a press of one
+    /// time.
+    void hold(int key, int repetitions)
+    {
+        quint64 time = m_time += 1000;
+        send(QEvent::KeyPress, key, time);
+        for (time += 660; repetitions > 0; --repetitions, time += 40) {
+            send(QEvent::KeyRelease, key, time);
+            send(QEvent::KeyPress, key, time);
+            manager->waitUntilIdle();
+            QCoreApplication::processEvents();
+        }
+        send(QEvent::KeyRelease, key, time);
+        m_time = time;
+    }
+
     /// A painted picture in the library, made with that prompt; none is recorded for an empty one.
     [[nodiscard]] static QString putPainting(const QString &name, const QString &prompt, QSize size = {480, 300})
     {
@@ -166,6 +183,12 @@ class ViewTest : public ManagerTest
         }
         return nullptr;
     }
+    void send(QEvent::Type type, int key, quint64 time) const
+    {
+        QKeyEvent event(type, key, Qt::NoModifier);
+        event.setTimestamp(time);
+        QCoreApplication::sendEvent(window, &event);
+    }
     static void note(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
     {
         if (type != QtDebugMsg && type != QtInfoMsg) {
@@ -174,6 +197,7 @@ class ViewTest : public ManagerTest
     }
 
     static inline QStringList s_warnings;
+    quint64 m_time = 100000; ///< Of the keys that are held.
     QtMessageHandler m_previousHandler = nullptr;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
 };

@@ -289,6 +289,10 @@ FocusScope {
         onActivated: menu.openFor(preview.model.previewURL, false, false, stage, Qt.point(stage.width / 2 - 80, 60))
     }
 
+    KeyStrokes {
+        id: strokes
+        window: preview.Window.window
+    }
     PreviewKeys {
         model: preview.model
         window: preview.Window.window
@@ -296,8 +300,7 @@ FocusScope {
     }
     Shortcut {
         enabled: preview.activeFocus && preview.model.isThere
-        autoRepeat: false
         sequence: "F"
-        onActivated: preview.model.toggleFavorite()
+        onActivated: if (!strokes.isRepeat()) preview.model.toggleFavorite()
     }
 }

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvane.Views
 
 /// The prompt below the picture, in two lines at most; pressing it shows the whole of it.
-Button {
+PressableButton {
     id: line
 
     readonly property int most: width - leftPadding - rightPadding
@@ -12,13 +11,8 @@ Button {
     rightPadding: 14
     topPadding: 6
     bottomPadding: 6
-    hoverEnabled: true
     focusPolicy: Qt.TabFocus
-    Accessible.name: text
     Accessible.description: qsTr("Shows the whole prompt")
-    Accessible.onPressAction: if (enabled) clicked()
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
 
     contentItem: Item {
         implicitHeight: label.height
