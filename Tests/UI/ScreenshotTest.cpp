@@ -117,6 +117,20 @@ class Screenshot : public ViewTest
         start();
     }
 
+    /// What was not kept, below the status with the keyboard's frame.
+    void takeProblem(const QString &theme)
+    {
+        const QByteArray before = sideFile("prompts.json");
+        EXPECT_TRUE(putFile(ImageStore::promptsPath(), "{"));
+        manager->generateAndSet();
+        manager->waitUntilIdle();
+        EXPECT_TRUE(waitFor([&] { return isSeen(u"problems"_s); }));
+        find(u"status"_s)->forceActiveFocus(Qt::TabFocusReason);
+        settle();
+        take(theme + u"-problems"_s);
+        EXPECT_TRUE(putFile(ImageStore::promptsPath(), before));
+    }
+
     void compareAll(const QString &theme)
     {
         if (QFontInfo(QGuiApplication::font()).family() != "DejaVu Sans"_L1 ||
@@ -188,6 +202,7 @@ class Screenshot : public ViewTest
         settle();
         take(theme + u"-preview-upscaled"_s);
         QTest::keyClick(window, Qt::Key_Escape);
+        takeProblem(theme);
         open(u"SettingsWindow"_s);
         settle();
         take(theme + u"-keys"_s);

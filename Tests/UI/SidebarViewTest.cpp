@@ -215,6 +215,53 @@ TEST_F(SidebarView, aLongStatusIsReadToItsEndAndCopied)
     EXPECT_EQ(QGuiApplication::clipboard()->text(), manager->status());
 }
 
+TEST_F(SidebarView, whatWasNotKeptIsSaidBelowTheStatusAndCopied)
+{
+    store(SettingsKeys::kLastPrompt, u"a lake"_s);
+    openWith({u"gemini"_s});
+    manager->waitUntilIdle();
+    EXPECT_FALSE(isSeen(u"problems"_s));
+    ASSERT_TRUE(putFile(ImageStore::promptsPath(), "{"));
+    manager->generateAndSet();
+    manager->waitUntilIdle();
+    ASSERT_EQ(manager->problems().size(), 1);
+    ASSERT_TRUE(isSeen(u"problems"_s));
+    EXPECT_EQ(textOf(find(u"problems"_s)), manager->problems().first());
+    EXPECT_EQ(find(u"problems"_s)->property("textFormat").toInt(), 0) << "which is plain text";
+    // The operation itself went well.
+    EXPECT_EQ(find(u"statusSymbol"_s)->property("name"), u"checkmark.circle.fill"_s);
+    EXPECT_TRUE(waitFor([&] { return placeOf(u"problems"_s).top() >= placeOf(u"status"_s).bottom(); }));
+    click(u"problems"_s);
+    QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(window, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), manager->problems().first());
+    manager->generateAndSet();
+    manager->waitUntilIdle();
+    EXPECT_FALSE(isSeen(u"problems"_s));
+}
+
+TEST_F(SidebarView, aProblemIsSaidBeforeAnythingElseHasHappened)
+{
+    ASSERT_TRUE(putFile(ImageStore::promptsPath(), "{"));
+    openWith({u"gemini"_s});
+    manager->waitUntilIdle();
+    EXPECT_EQ(manager->status(), QString());
+    ASSERT_EQ(manager->problems().size(), 1);
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"problems"_s); }));
+    EXPECT_FALSE(isSeen(u"status"_s));
+    EXPECT_EQ(find(u"statusSymbol"_s)->property("name"), u"exclamationmark.triangle.fill"_s);
+}
+
+TEST_F(SidebarView, theFrameAroundTheStatusIsSeenWhole)
+{
+    failInTheSmallestWindow("the service is closed today");
+    find(u"status"_s)->forceActiveFocus();
+    const QRectF frame = placeOf(u"status"_s).adjusted(-3, -3, 3, 3);
+    EXPECT_TRUE(placeOf(u"statusPlace"_s).contains(frame));
+    // And not over the symbol beside it.
+    EXPECT_GE(frame.left(), placeOf(u"statusSymbol"_s).right());
+}
+
 TEST_F(SidebarView, anEmptiedPromptDisablesTheButtonAndTheMenusLine)
 {
     openWith({u"gemini"_s});

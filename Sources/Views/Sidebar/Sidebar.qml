@@ -131,7 +131,7 @@ FocusScope {
         anchors.top: form.bottom
         width: parent.width
         height: wanted + line.y
-        visible: sidebar.model.status !== ""
+        visible: sidebar.model.status !== "" || sidebar.model.problems !== ""
 
         Rectangle {
             width: parent.width

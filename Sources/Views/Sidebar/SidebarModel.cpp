@@ -31,9 +31,10 @@ void SidebarModel::attach()
         connect(source, signal, this, &SidebarModel::refresh);
     }
     connect(source, &WallpaperManager::selectedModelChanged, this, &SidebarModel::refresh);
-    for (const auto signal : {&WallpaperManager::autoEnabledChanged, &WallpaperManager::intervalMinutesChanged,
-                              &WallpaperManager::nextFireDateChanged, &WallpaperManager::statusChanged,
-                              &WallpaperManager::isErrorChanged, &WallpaperManager::progressChanged}) {
+    for (const auto signal :
+         {&WallpaperManager::autoEnabledChanged, &WallpaperManager::intervalMinutesChanged,
+          &WallpaperManager::nextFireDateChanged, &WallpaperManager::statusChanged, &WallpaperManager::isErrorChanged,
+          &WallpaperManager::problemsChanged, &WallpaperManager::progressChanged}) {
         connect(source, signal, this, &SidebarModel::changed);
     }
     refresh();
@@ -204,6 +205,11 @@ QString SidebarModel::status() const
 bool SidebarModel::isError() const
 {
     return manager()->isError();
+}
+
+QString SidebarModel::problems() const
+{
+    return manager()->problems().join('\n'_L1);
 }
 
 QString SidebarModel::progressText() const

@@ -27,6 +27,7 @@ class SidebarModel : public quorvane::ViewModel
     Q_PROPERTY(QString nextFireText READ nextFireText NOTIFY changed)
     Q_PROPERTY(QString status READ status NOTIFY changed)
     Q_PROPERTY(bool isError READ isError NOTIFY changed)
+    Q_PROPERTY(QString problems READ problems NOTIFY changed)
     Q_PROPERTY(QString progressText READ progressText NOTIFY changed)
     Q_PROPERTY(double progressShare READ progressShare NOTIFY changed)
 
@@ -78,6 +79,9 @@ class SidebarModel : public quorvane::ViewModel
 
     [[nodiscard]] QString status() const;
     [[nodiscard]] bool isError() const;
+
+    /// What was not kept although the last operation went on, a line each; empty when all was.
+    [[nodiscard]] QString problems() const;
 
     /// How far an enlargement on this machine is; empty, and 0, while none runs.
     [[nodiscard]] QString progressText() const;

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Quorvane.Views
 
-/// How the last operation went, and how far one on this machine is. Nothing of it is cut: what
+/// How the last operation went, what was not kept, and how far one on this machine is. Nothing of it is cut: what
 /// is longer than its place scrolls, and all of it can be selected and copied.
 Item {
     id: line
@@ -11,7 +11,10 @@ Item {
     /// Of the texts, beyond which they scroll.
     required property int maximumHeight
 
-    implicitHeight: scroll.height
+    /// Room around the texts for the frame of the one with the keyboard.
+    readonly property int frame: 4
+
+    implicitHeight: scroll.height - 2 * frame
 
     Symbol {
         id: symbol
@@ -19,35 +22,50 @@ Item {
         anchors.left: parent.left
         y: 1
         size: 14
-        name: line.model.isError ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
-        color: line.model.isError ? Theme.red : Theme.green
+        name: wentWell ? "checkmark.circle.fill" : "exclamationmark.triangle.fill"
+        color: wentWell ? Theme.green : line.model.isError ? Theme.red : Theme.orange
+
+        readonly property bool wentWell: line.model.status !== "" && !line.model.isError
     }
     Flickable {
         id: scroll
         objectName: "statusPlace"
         anchors.left: symbol.right
-        anchors.leftMargin: 8
+        anchors.leftMargin: 8 - line.frame
         anchors.right: parent.right
+        anchors.rightMargin: -line.frame
+        y: -line.frame
         height: Math.min(contentHeight, line.maximumHeight)
-        contentHeight: texts.height
+        contentHeight: texts.height + 2 * line.frame
         boundsBehavior: Flickable.StopAtBounds
         interactive: contentHeight > height
         clip: true
         ScrollBar.vertical: ThinScrollBar {
             parent: line
             x: Theme.system.isRightToLeft ? -14 : line.width
+            y: scroll.y
             height: scroll.height
         }
 
         Column {
             id: texts
-            width: parent.width
+            x: line.frame
+            y: line.frame
+            width: scroll.width - 2 * line.frame
             spacing: 8
 
             SelectableText {
                 objectName: "status"
                 width: parent.width
+                visible: text !== ""
                 text: line.model.status
+            }
+            SelectableText {
+                objectName: "problems"
+                width: parent.width
+                visible: text !== ""
+                text: line.model.problems
+                color: Theme.orange
             }
             StaticText {
                 width: parent.width
