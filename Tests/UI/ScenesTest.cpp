@@ -8,6 +8,9 @@ namespace quorvane {
 class ScenesTest : public ViewTest
 {
   protected:
+    ScenesTest() { s_next = qInstallMessageHandler(&ScenesTest::pass); }
+    ~ScenesTest() override { qInstallMessageHandler(s_next); }
+
     [[nodiscard]] static QQuickWindow *windowNamed(const QString &name)
     {
         const QWindowList all = QGuiApplication::topLevelWindows();
@@ -24,6 +27,17 @@ class ScenesTest : public ViewTest
         urls.install = &installViews;
         return urls;
     }
+
+  private:
+    /// The offscreen platform has no order of windows and says so; everything else still counts.
+    static void pass(QtMsgType type, const QMessageLogContext &context, const QString &message)
+    {
+        if (message != "This plugin does not support raise()"_L1) {
+            s_next(type, context, message);
+        }
+    }
+
+    static inline QtMessageHandler s_next = nullptr;
 };
 
 TEST_F(ScenesTest, theSettingsOpenOverTheMainWindowAndOutlastIt)
@@ -41,8 +55,9 @@ TEST_F(ScenesTest, theSettingsOpenOverTheMainWindowAndOutlastIt)
     EXPECT_EQ(settings->geometry().center(), main->geometry().center());
     main->close();
     EXPECT_TRUE(waitFor([&] { return windowNamed(u"mainWindow"_s) == nullptr; }));
+    // What was closed goes a moment after it was hidden.
+    EXPECT_TRUE(waitFor([&] { return settings->transientParent() == nullptr; }));
     EXPECT_EQ(windowNamed(u"settingsWindow"_s), settings);
-    EXPECT_EQ(settings->transientParent(), nullptr);
     settings->close();
     EXPECT_TRUE(waitFor([&] { return !scenes.isAnyVisible(); }));
 }
