@@ -39,6 +39,8 @@ FocusScope {
     Item {
         id: stage
         focus: true
+        // Not at the beginning of the window, from where the preview would come last.
+        KeyNavigation.tab: closeButton
         anchors.fill: parent
         anchors.leftMargin: 64
         anchors.rightMargin: 64
@@ -134,6 +136,7 @@ FocusScope {
     }
 
     CapsuleButton {
+        id: closeButton
         objectName: "closeButton"
         focusPolicy: Qt.TabFocus
         anchors.left: parent.left
