@@ -181,6 +181,8 @@ TEST_F(GalleryView, theKeyboardOpensTheContextMenuAndChoosesFromIt)
         ASSERT_TRUE(waitFor([&] { return !isSeen(u"menuApply"_s); })) << key;
         EXPECT_FALSE(isSeen(u"albumGrid"_s)) << key;
     }
+    // The keyboard comes back to the grid once the menu is gone, not when it begins to go.
+    ASSERT_TRUE(waitFor([&] { return find(u"imageGrid"_s)->hasActiveFocus(); }));
     QTest::keyClick(window, Qt::Key_Menu);
     ASSERT_TRUE(waitFor([&] { return isReachable(u"menuApply"_s); }));
     QTest::keyClick(window, Qt::Key_Down);
