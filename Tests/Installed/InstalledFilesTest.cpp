@@ -2,7 +2,7 @@
 
 #include "InstalledTree.h"
 
-#include "App/Command/CommandLine.h"
+#include "App/Command/CommandTable.h"
 #include "Support/Files.h"
 
 #include <QImageReader>

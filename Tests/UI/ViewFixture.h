@@ -61,6 +61,23 @@ class ViewTest : public ManagerTest
         return seen != nullptr ? seen : findBelow(window->contentItem(), name, false);
     }
 
+    /// The first item of that name at or below another; one that is seen, if it must be.
+    [[nodiscard]] static QQuickItem *findBelow(QQuickItem *item, const QString &name, bool mustBeSeen)
+    {
+        if (mustBeSeen && !item->isVisible()) {
+            return nullptr;
+        }
+        if (item->objectName() == name) {
+            return item;
+        }
+        for (QQuickItem *child : item->childItems()) {
+            if (QQuickItem *found = findBelow(child, name, mustBeSeen)) {
+                return found;
+            }
+        }
+        return nullptr;
+    }
+
     /// Whether the item of that name is there and seen.
     [[nodiscard]] bool isSeen(const QString &name) const
     {
@@ -168,21 +185,6 @@ class ViewTest : public ManagerTest
     QQuickWindow *window = nullptr;
 
   private:
-    [[nodiscard]] static QQuickItem *findBelow(QQuickItem *item, const QString &name, bool mustBeSeen)
-    {
-        if (mustBeSeen && !item->isVisible()) {
-            return nullptr;
-        }
-        if (item->objectName() == name) {
-            return item;
-        }
-        for (QQuickItem *child : item->childItems()) {
-            if (QQuickItem *found = findBelow(child, name, mustBeSeen)) {
-                return found;
-            }
-        }
-        return nullptr;
-    }
     void send(QEvent::Type type, int key, quint64 time) const
     {
         QKeyEvent event(type, key, Qt::NoModifier);

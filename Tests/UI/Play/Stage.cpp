@@ -175,17 +175,23 @@ bool Stage::clickOnTile(QQuickItem *tile, const QString &button)
         }
         hover(middleOf(now));
         QCoreApplication::processEvents();
-        const QQuickItem *shown = find(button);
-        return shown != nullptr && now->isAncestorOf(shown) && clickSeen(button);
+        // Other tiles may show a button of that name, too.
+        return clickItem(findBelow(now, button, true));
     });
 }
 
 bool Stage::clickSeen(const QString &name)
 {
-    if (!isReachable(name) || !find(name)->isEnabled()) {
+    return clickItem(find(name));
+}
+
+bool Stage::clickItem(const QQuickItem *item)
+{
+    if (item == nullptr || !item->isVisible() || !item->isEnabled() ||
+        !QRect(QPoint(), window->size()).contains(middleOf(item))) {
         return false;
     }
-    QTest::mouseClick(window, Qt::LeftButton, {}, middleOf(find(name)));
+    QTest::mouseClick(window, Qt::LeftButton, {}, middleOf(item));
     return true;
 }
 

@@ -83,6 +83,7 @@ class Stage : public ViewTest
     [[nodiscard]] QString closePreview();
     bool clickOnTile(QQuickItem *tile, const QString &button);
     bool clickSeen(const QString &name);
+    bool clickItem(const QQuickItem *item);
 
     // What is so, against what is seen. Each gives what differs.
     [[nodiscard]] QString differences() const;
