@@ -85,11 +85,12 @@ Result<> LayerShellBackgrounds::show(const QImage &picture, const QString &path,
 bool LayerShellBackgrounds::follow(int wakeDescriptor)
 {
     if (!m_path.isEmpty()) {
-        makeSurfaces();
         // One change comes as several events; this waits for the last of them.
         if (isStale() && !m_connection.finish(QDeadlineTimer(kDesktopLimit))) {
             return m_connection.isUsable();
         }
+        // Only now: the wait may have told of an output, and nothing else will be told of it.
+        makeSurfaces();
         redrawStale();
     }
     m_connection.dispatch(QDeadlineTimer(QDeadlineTimer::Forever), wakeDescriptor);
