@@ -66,9 +66,11 @@ QString settingIn(const QString &file, const QString &name)
 
 } // namespace
 
-FaultHome::FaultHome(QString folder)
+FaultHome::FaultHome(QString folder, const std::map<QString, QString> &settings)
     : m_path(std::move(folder))
+    , m_settings(settings)
 {
+    m_settings.insert(kSettings.begin(), kSettings.end());
     for (const QString &name : {u"a.png"_s, u"b.png"_s, u"b4k.png"_s}) {
         QImage picture(8, 8, QImage::Format_RGB32);
         picture.fill(name.startsWith('a'_L1) ? Qt::red : Qt::green);
@@ -81,11 +83,11 @@ FaultHome::FaultHome(QString folder)
     EXPECT_TRUE(putFile(library() + u"/favorites.json"_s, R"(["b.png"])"));
     EXPECT_TRUE(putFile(keyFile(), json(kKeys)));
     EXPECT_TRUE(QFile::setPermissions(keyFile(), QFile::ReadOwner | QFile::WriteOwner));
-    QByteArray settings = "[General]\n";
-    for (const auto &[name, value] : kSettings) {
-        settings += name.toUtf8() + '=' + value.toUtf8() + '\n';
+    QByteArray text = "[General]\n";
+    for (const auto &[name, value] : m_settings) {
+        text += name.toUtf8() + '=' + value.toUtf8() + '\n';
     }
-    EXPECT_TRUE(putFile(settingsFile(), settings));
+    EXPECT_TRUE(putFile(settingsFile(), text));
 }
 
 QString FaultHome::library() const
@@ -146,7 +148,7 @@ QStringList FaultHome::lost(const Meant &meant) const
             miss("key of ", id);
         }
     }
-    for (const auto &[name, value] : kSettings) {
+    for (const auto &[name, value] : m_settings) {
         bool found = meant.settings.contains(name);
         for (const QString &version : versionsOf(settingsFile())) {
             found = found || settingIn(version, name) == value;

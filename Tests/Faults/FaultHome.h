@@ -14,8 +14,8 @@ namespace quorvane {
 class FaultHome
 {
   public:
-    /// Puts everything into folder, which exists and is empty.
-    explicit FaultHome(QString folder);
+    /// Puts everything into folder, which is made where it is not there. settings are had besides those of every home.
+    explicit FaultHome(QString folder, const std::map<QString, QString> &settings = {});
 
     [[nodiscard]] QString path() const { return m_path; }
     [[nodiscard]] QString library() const;
@@ -54,6 +54,7 @@ class FaultHome
 
     QString m_path;
     std::map<QString, QByteArray> m_pictures;
+    std::map<QString, QString> m_settings;
 };
 
 } // namespace quorvane

@@ -19,11 +19,10 @@ constexpr qint64 kLargestBacklog = qint64(1024) * 1024;
 
 /// Makes the picture and puts it into an answer; takes seconds, so it runs on the pool.
 WireScript pictureScript(const Misbehaviour &misbehaviour, const PictureOrder &order,
-                         const ServiceState::PictureMaker &maker)
+                         const ServiceState::PictureMaker &maker, const ServiceState::Enlarger &enlarger)
 {
-    const QImage image = order.original.isNull()
-                             ? maker(order.prompt, order.size)
-                             : order.original.scaled(order.size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QImage image =
+        order.original.isNull() ? maker(order.prompt, order.size) : enlarger(order.original, order.size);
     return misbehave(misbehaviour, order, encodePicture(image, order.format()));
 }
 
@@ -113,8 +112,8 @@ void Connection::answer(const HttpRequest &request, const Misbehaviour &misbehav
     }
     m_painted = std::make_shared<WireScript>();
     auto paint = [script = m_painted, misbehaviour, order = std::get<PictureOrder>(read),
-                  maker = m_state.pictureMaker()] {
-        *script = pictureScript(misbehaviour, order, maker);
+                  maker = m_state.pictureMaker(), enlarger = m_state.enlarger()] {
+        *script = pictureScript(misbehaviour, order, maker, enlarger);
         ThreadHandover::giving(script.get());
     };
     m_painting.setFuture(runOnPool(&m_pool, std::move(paint)));

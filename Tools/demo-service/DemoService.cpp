@@ -16,6 +16,9 @@ DemoService::DemoService(const DemoServiceOptions &options, QObject *parent)
     : QObject(parent)
 {
     m_state.setPictureMaker(paintPicture);
+    m_state.setEnlarger([](const QImage &original, QSize size) {
+        return original.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    });
     if (!options.address.isLoopback()) {
         m_errorString = u"The demonstration service listens on loopback addresses only."_s;
         return;

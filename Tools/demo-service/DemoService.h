@@ -51,6 +51,9 @@ class DemoService : public QObject
     /// Makes the pictures in place of the painter, on a pool thread; tests give something small and quick.
     void setPictureMaker(const ServiceState::PictureMaker &maker) { m_state.setPictureMaker(maker); }
 
+    /// The same for pictures that are to be enlarged, which are otherwise stretched to 4K.
+    void setEnlarger(const ServiceState::Enlarger &enlarger) { m_state.setEnlarger(enlarger); }
+
     /// Every whole request so far, in the order of arrival, also those that were refused or misused.
     [[nodiscard]] QList<HttpRequest> requests() const { return m_state.requests(); }
     void clearRequests() { m_state.clearRequests(); }

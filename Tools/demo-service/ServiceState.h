@@ -19,6 +19,7 @@ class ServiceState
   public:
     using Responder = std::function<std::optional<WireScript>(const HttpRequest &)>;
     using PictureMaker = std::function<QImage(const QString &prompt, QSize size)>;
+    using Enlarger = std::function<QImage(const QImage &original, QSize size)>;
 
     void setMisbehaviour(const Misbehaviour &misbehaviour) { set(m_misbehaviour, misbehaviour); }
     [[nodiscard]] Misbehaviour misbehaviour() const { return get(m_misbehaviour); }
@@ -28,6 +29,9 @@ class ServiceState
 
     void setPictureMaker(const PictureMaker &maker) { set(m_pictureMaker, maker); }
     [[nodiscard]] PictureMaker pictureMaker() const { return get(m_pictureMaker); }
+
+    void setEnlarger(const Enlarger &enlarger) { set(m_enlarger, enlarger); }
+    [[nodiscard]] Enlarger enlarger() const { return get(m_enlarger); }
 
     void record(const HttpRequest &request)
     {
@@ -60,6 +64,7 @@ class ServiceState
     Misbehaviour m_misbehaviour;
     Responder m_responder;
     PictureMaker m_pictureMaker;
+    Enlarger m_enlarger;
     QList<HttpRequest> m_requests;
     int m_connections = 0;
 };
