@@ -75,7 +75,7 @@ def value(name, kind, dims):
     return block(1, name) + block(2, block(1, kind_and_shape))
 
 
-def model(nodes, initializers, inputs, outputs):
+def model(nodes, initializers, inputs, outputs, metadata=()):
     graph = (
         b"".join(block(1, n) for n in nodes)
         + block(2, "graph")
@@ -83,4 +83,5 @@ def model(nodes, initializers, inputs, outputs):
         + b"".join(block(11, i) for i in inputs)
         + b"".join(block(12, o) for o in outputs)
     )
-    return number(1, 7) + block(2, "quorvane") + block(7, graph) + block(8, number(2, 13))
+    entries = b"".join(block(14, block(1, key) + block(2, text)) for key, text in metadata)
+    return number(1, 7) + block(2, "quorvane") + block(7, graph) + block(8, number(2, 13)) + entries

@@ -1392,6 +1392,14 @@ mit den Bedienelementen in der Seitenleiste.</translation>
         <source>an ONNX file</source>
         <translation>eine ONNX-Datei</translation>
     </message>
+    <message>
+        <source>its reach is &quot;%1&quot;</source>
+        <translation>ihre Reichweite ist „%1“</translation>
+    </message>
+    <message>
+        <source>a whole number of 1 to %1</source>
+        <translation>eine ganze Zahl von 1 bis %1</translation>
+    </message>
 </context>
 <context>
     <name>SwaySocket</name>

@@ -1392,6 +1392,14 @@ con los controles de la barra lateral.</translation>
         <source>an ONNX file</source>
         <translation>un archivo ONNX</translation>
     </message>
+    <message>
+        <source>its reach is &quot;%1&quot;</source>
+        <translation>su alcance es «%1»</translation>
+    </message>
+    <message>
+        <source>a whole number of 1 to %1</source>
+        <translation>un número entero de 1 a %1</translation>
+    </message>
 </context>
 <context>
     <name>SwaySocket</name>

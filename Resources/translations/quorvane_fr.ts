@@ -1392,6 +1392,14 @@ avec les commandes du panneau latéral.</translation>
         <source>an ONNX file</source>
         <translation>un fichier ONNX</translation>
     </message>
+    <message>
+        <source>its reach is &quot;%1&quot;</source>
+        <translation>sa portée est « %1 »</translation>
+    </message>
+    <message>
+        <source>a whole number of 1 to %1</source>
+        <translation>un nombre entier de 1 à %1</translation>
+    </message>
 </context>
 <context>
     <name>SwaySocket</name>

@@ -1386,6 +1386,14 @@ using the sidebar controls.</source>
         <source>an ONNX file</source>
         <translation>ONNX ファイル</translation>
     </message>
+    <message>
+        <source>its reach is &quot;%1&quot;</source>
+        <translation>参照範囲が「%1」です</translation>
+    </message>
+    <message>
+        <source>a whole number of 1 to %1</source>
+        <translation>1 から %1 までの整数</translation>
+    </message>
 </context>
 <context>
     <name>SwaySocket</name>

@@ -1386,6 +1386,14 @@ using the sidebar controls.</source>
         <source>an ONNX file</source>
         <translation>一个 ONNX 文件</translation>
     </message>
+    <message>
+        <source>its reach is &quot;%1&quot;</source>
+        <translation>其感受范围是“%1”</translation>
+    </message>
+    <message>
+        <source>a whole number of 1 to %1</source>
+        <translation>1 到 %1 的整数</translation>
+    </message>
 </context>
 <context>
     <name>SwaySocket</name>

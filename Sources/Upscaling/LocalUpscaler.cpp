@@ -37,14 +37,15 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(LocalUpscaler)
 };
 
-/// The tile in column tx, row ty with its padding.
-QImage cropTile(const QImage &image, const TileGrid &grid, int tx, int ty)
+/// What the network gets for the tile in column tx, row ty: the tile with its neighbours' pixels for one that says how
+/// far it looks, and with its padding for any other.
+QImage cropTile(const QImage &image, const TileGrid &grid, int tx, int ty, int reach)
 {
-    const QImage part = image.copy(grid.sourceRect(tx, ty));
+    const QImage part = image.copy(grid.seenRect(tx, ty, reach));
     if (part.isNull()) {
         throw ProviderError::invalidResponse(Tr::tr("Failed to crop tile at (%1, %2)").arg(tx).arg(ty));
     }
-    return padImageToTile(part, TileGrid::kTileEdge, TileGrid::kTileEdge);
+    return reach > 0 ? part : padImageToTile(part, TileGrid::kTileEdge, TileGrid::kTileEdge);
 }
 
 QImage onProcessor(const QImage &tile, int tilesLeft, SuperResolutionModel &model, Gpu &card,
@@ -145,6 +146,7 @@ QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model
                                 const TileUpscaleOptions &options)
 {
     const TileGrid grid(image.size());
+    const int reach = model.reach();
     UpscaledCanvas canvas(image);
     Stopwatch stopwatch(grid.count(), options.onProgress);
     for (int ty = 0; ty < grid.rows(); ++ty) {
@@ -152,8 +154,9 @@ QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model
             if (options.stop.stop_requested()) {
                 throw UpscaleStopped();
             }
-            const QImage tile = cropTile(image, grid, tx, ty);
-            QImage upscaled = card.upscaleTile(tile, grid.sourceRect(tx, ty).size());
+            const QImage tile = cropTile(image, grid, tx, ty, reach);
+            const QRect seen = grid.seenRect(tx, ty, reach);
+            QImage upscaled = card.upscaleTile(tile, seen.size());
             if (upscaled.isNull()) {
                 const int tilesLeft = grid.count() - 1 - ty * grid.columns() - tx;
                 upscaled = onProcessor(tile, tilesLeft, model, card, options.stop);
@@ -164,7 +167,7 @@ QByteArray tileUpscaleWithModel(const QImage &image, SuperResolutionModel &model
                         .arg(tx)
                         .arg(ty));
             }
-            canvas.place(upscaled, tx, ty);
+            canvas.place(upscaled, tx, ty, (grid.sourceRect(tx, ty).topLeft() - seen.topLeft()) * TileGrid::kScale);
             stopwatch.tileDone();
         }
     }
@@ -191,9 +194,9 @@ QImage padImageToTile(const QImage &image, int width, int height)
 
 QImage upscaleTileWithModel(const QImage &tile, SuperResolutionModel &model, const std::stop_token &stop)
 {
-    std::vector<float> planes(std::size_t(3) * TileGrid::kTileEdge * TileGrid::kTileEdge);
+    std::vector<float> planes(std::size_t(3) * std::size_t(tile.width()) * std::size_t(tile.height()));
     planesFromTile(tile, planes);
-    return tileFromPlanes(model.run(planes, stop), QSize(TileGrid::kResultEdge, TileGrid::kResultEdge));
+    return tileFromPlanes(model.run(planes, stop, tile.size()), tile.size() * TileGrid::kScale);
 }
 
 } // namespace quorvane

@@ -63,7 +63,8 @@ struct TileUpscaleOptions
 /// that size already.
 [[nodiscard]] QImage padImageToTile(const QImage &image, int width, int height);
 
-/// One tile of 512 × 512 through the network to 2048 × 2048, Format_RGBX8888.
+/// One tile through the network, of 512 × 512 or of any size for a network with a reach: four times as large,
+/// Format_RGBX8888.
 [[nodiscard]] QImage upscaleTileWithModel(const QImage &tile, SuperResolutionModel &model, const std::stop_token &stop);
 
 } // namespace quorvane

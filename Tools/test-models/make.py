@@ -34,10 +34,11 @@ def resize(source, target, scale=4, name="scales"):
     ), floats(name, [4], [1, 1, scale, scale])  # fmt: skip
 
 
-def nearest(tile=TILE, result=RESULT, scale=4, more=(), constants=(), kind=FLOAT):
+def nearest(tile=TILE, result=RESULT, scale=4, more=(), constants=(), kind=FLOAT, metadata=()):
     """The nearest-neighbour network, with more nodes turning "enlarged" into "result" if wanted."""
     enlarge, scales = resize("tile", "enlarged" if more else "result", scale)
-    return model([enlarge, *more], [scales, *constants], [value("tile", kind, tile)], [value("result", kind, result)])
+    ends = [value("tile", kind, tile)], [value("result", kind, result)]
+    return model([enlarge, *more], [scales, *constants], *ends, metadata)
 
 
 def half():
@@ -157,6 +158,21 @@ def external_weights(location):
     return nearest(more=[mix], constants=[external("weights", [3, 3, 1, 1], location)])
 
 
+def blurred(metadata=()):
+    """Each result pixel is the mean of the source pixel below it and the eight around that, so it looks one pixel far."""
+    sides = tensor("sides", INT64, [8], struct.pack("<8q", 0, 0, 1, 1, 0, 0, 1, 1))
+    middle = [1.0 if before == after else 0.0 for after in range(3) for before in range(3) for _ in range(9)]
+    mean = floats("weights", [3, 3, 3, 3], [weight / 9 for weight in middle])
+    enlarge, scales = resize("mean", "result")
+    nodes = [
+        node("Pad", ["tile", "sides"], ["wide"], mode="edge"),
+        node("Conv", ["wide", "weights"], ["mean"], kernel_shape=[3, 3]),
+        enlarge,
+    ]
+    ends = [value("tile", FLOAT, ANY_TILE)], [value("result", FLOAT, ANY_RESULT)]
+    return model(nodes, [sides, mean, scales], *ends, metadata)
+
+
 def no_picture():
     """All pixels in one row. Even the number of the result's sides is only known once the network has run."""
     nodes = [
@@ -175,6 +191,11 @@ def test_models():
         "dynamic": nearest(ANY_TILE, ANY_RESULT),
         "float16": half(),
         "convolutions": compact(8, 1, ANY_TILE, ANY_RESULT),
+        "blurred": blurred(),
+        "reach": blurred([("reach", "1")]),
+        "reach-of-one-size": nearest(metadata=[("reach", "8")]),
+        "reach-600": blurred([("reach", "600")]),
+        "reach-abc": blurred([("reach", "abc")]),
         "wrong-size": nearest((1, 3, 256, 256), (1, 3, 1024, 1024)),
         "wrong-scale": nearest(result=(1, 3, 1024, 1024), scale=2),
         "undeclared-scale": nearest(ANY_TILE, ANY_RESULT, scale=2),

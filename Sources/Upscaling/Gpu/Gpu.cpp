@@ -15,9 +15,6 @@ namespace quorvane {
 
 namespace {
 
-static_assert(GpuWorker::kTileSize == std::size_t(3) * TileGrid::kTileEdge * TileGrid::kTileEdge);
-static_assert(GpuWorker::kResultSize == std::size_t(3) * TileGrid::kResultEdge * TileGrid::kResultEdge);
-
 /// In steps of 256.
 constexpr int kTellingSpread = 64;
 constexpr int kLargestDifference = 2;
@@ -123,7 +120,6 @@ bool Gpu::isInUse()
 bool Gpu::passesTrial(const QImage &tile, const QImage &expected)
 {
     try {
-        m_result.resize(GpuWorker::kResultSize);
         // The first one starts the driver and translates the network.
         if (enlarge(tile, m_rules.trialLimit).isNull()) {
             return false;
@@ -140,10 +136,11 @@ bool Gpu::passesTrial(const QImage &tile, const QImage &expected)
 /// Null when the worker failed or gave something that is no number.
 QImage Gpu::enlarge(const QImage &tile, std::chrono::milliseconds limit)
 {
-    std::vector<float> planes(GpuWorker::kTileSize);
+    std::vector<float> planes(std::size_t(3) * std::size_t(tile.width()) * std::size_t(tile.height()));
     planesFromTile(tile, planes);
-    const bool done = m_worker->run(planes, m_result, limit);
-    return done ? tileFromPlanes(m_result, QSize(TileGrid::kResultEdge, TileGrid::kResultEdge)) : QImage();
+    m_result.resize(planes.size() * TileGrid::kScale * TileGrid::kScale);
+    const bool done = m_worker->run(planes, tile.size(), m_result, limit);
+    return done ? tileFromPlanes(m_result, tile.size() * TileGrid::kScale) : QImage();
 }
 
 void Gpu::giveUp()

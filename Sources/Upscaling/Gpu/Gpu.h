@@ -66,7 +66,7 @@ class Gpu
     Gpu(Gpu &&) = delete;
     Gpu &operator=(Gpu &&) = delete;
 
-    /// What the card makes of a tile of 512 × 512, as upscaleTileWithModel() gives it; null while it is not in use.
+    /// What the card makes of a tile, as upscaleTileWithModel() gives it; null while it is not in use.
     /// From the tile's top left corner, part of it is picture and the rest is padding.
     [[nodiscard]] QImage upscaleTile(const QImage &tile, QSize part);
 

@@ -1,5 +1,7 @@
 #include "Upscaling/Gpu/GpuWorker.h"
 
+#include "Upscaling/Image/TileGrid.h"
+
 #include <QDeadlineTimer>
 #include <QFile>
 
@@ -86,6 +88,17 @@ template <typename Call> bool transfer(int socket, short event, std::size_t size
 
 } // namespace
 
+std::size_t GpuWorker::Header::tileSize() const
+{
+    const auto isSide = [](std::int32_t side) { return side > 0 && side <= TileGrid::kMostSeenEdge; };
+    return isSide(width) && isSide(height) ? std::size_t(3) * std::size_t(width) * std::size_t(height) : 0;
+}
+
+std::size_t GpuWorker::Header::resultSize() const
+{
+    return tileSize() * TileGrid::kScale * TileGrid::kScale;
+}
+
 GpuWorker::GpuWorker(const QString &program, const QStringList &arguments)
 {
     std::array<int, 2> ends{-1, -1};
@@ -108,23 +121,28 @@ GpuWorker::~GpuWorker()
     }
 }
 
-bool GpuWorker::run(std::span<const float> tile, std::span<float> result, std::chrono::milliseconds limit) const
+bool GpuWorker::run(std::span<const float> tile, QSize size, std::span<float> result,
+                    std::chrono::milliseconds limit) const
 {
-    Q_ASSERT(tile.size() == kTileSize && result.size() == kResultSize);
+    const Header header{size.width(), size.height()};
+    Q_ASSERT(header.tileSize() > 0 && tile.size() == header.tileSize() && result.size() == header.resultSize());
     if (m_process < 0) {
         return false;
     }
     const QDeadlineTimer deadline(limit);
-    const auto send = [&](std::size_t done) {
-        const auto bytes = std::as_bytes(tile).subspan(done);
-        return ::send(m_socket, bytes.data(), bytes.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
+    const auto sending = [this](std::span<const std::byte> all) {
+        return [this, all](std::size_t done) {
+            return ::send(m_socket, all.data() + done, all.size() - done, MSG_DONTWAIT | MSG_NOSIGNAL);
+        };
     };
+    const std::span<const std::byte> described = std::as_bytes(std::span(&header, 1));
     const auto receive = [&](std::size_t done) {
         const auto bytes = std::as_writable_bytes(result).subspan(done);
         return ::recv(m_socket, bytes.data(), bytes.size(), MSG_DONTWAIT);
     };
     char extra = 0;
-    const bool done = transfer(m_socket, POLLOUT, tile.size_bytes(), deadline, send) &&
+    const bool done = transfer(m_socket, POLLOUT, described.size(), deadline, sending(described)) &&
+                      transfer(m_socket, POLLOUT, tile.size_bytes(), deadline, sending(std::as_bytes(tile))) &&
                       transfer(m_socket, POLLIN, result.size_bytes(), deadline, receive) &&
                       ::recv(m_socket, &extra, 1, MSG_DONTWAIT) < 0 && errno == EAGAIN;
     if (!done) {

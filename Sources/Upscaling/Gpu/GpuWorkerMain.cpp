@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 //
 // The idea: a driver is the least trustworthy code on a machine. It takes seconds to start, may hang, may give black,
 // may leak, and may end the process that called it; and none of that may cost the user a picture. So the driver gets a
-// process of its own, with the smallest imaginable task: tiles of one size in, tiles of one size out. The program
+// process of its own, with the smallest imaginable task: tiles in, tiles four times as large out. The program
 // beside it goes on with the processor all the time, gives the card a tile that the processor has done as well,
 // compares (see Gpu.h), and only then lets the card have the rest. A card that is wrong or slow is found out on that
 // tile, one that hangs is killed with its process, and what the driver keeps goes with it at the end of the upscale.
@@ -31,8 +31,9 @@ using namespace Qt::StringLiterals;
 // day, too. And not taken: shared memory instead of pipes. It saves copying 3 MB in and 50 MB out a tile, and brings
 // names, sizes and leftovers that somebody has to clear away after a crash.
 //
-// Reads tiles from standard input, each [3, 512, 512] float32, and writes [3, 2048, 2048] float32 for each to standard
-// output, until the input ends. Says why it gives up on standard error, for whoever starts it by hand.
+// Reads tiles from standard input, each a GpuWorker::Header and [3, height, width] float32, and writes
+// [3, 4 height, 4 width] float32 for each to standard output, until the input ends. Says why it gives up on standard
+// error, for whoever starts it by hand.
 
 namespace {
 
@@ -105,6 +106,18 @@ bool writeAll(int file, std::span<const std::byte> bytes)
     return true;
 }
 
+/// False at the end of the input, and for a size that no tile has.
+bool serveOne(SuperResolutionModel &model, int results)
+{
+    GpuWorker::Header header;
+    if (!readAll(std::as_writable_bytes(std::span(&header, 1))) || header.tileSize() == 0) {
+        return false;
+    }
+    std::vector<float> tile(header.tileSize());
+    return readAll(std::as_writable_bytes(std::span(tile))) &&
+           writeAll(results, std::as_bytes(model.run(tile, {}, QSize(header.width, header.height))));
+}
+
 /// Ends the process without a destructor, because graphics drivers crash when they are unloaded.
 [[noreturn]] void serve(const QString &path, std::span<char *> providers, int results)
 {
@@ -112,10 +125,8 @@ bool writeAll(int file, std::span<const std::byte> bytes)
     if (!model) {
         _exit(EXIT_FAILURE);
     }
-    std::vector<float> tile(GpuWorker::kTileSize);
     try {
-        while (readAll(std::as_writable_bytes(std::span(tile))) &&
-               writeAll(results, std::as_bytes(model->run(tile, {})))) {
+        while (serveOne(*model, results)) {
         }
     } catch (const std::exception &error) {
         std::fprintf(stderr, "%s\n", error.what());

@@ -51,13 +51,13 @@ UpscaledCanvas::~UpscaledCanvas()
     }
 }
 
-void UpscaledCanvas::place(const QImage &tile, int tx, int ty)
+void UpscaledCanvas::place(const QImage &tile, int tx, int ty, QPoint corner)
 {
     waitForWriting();
     const QSize size = m_grid.sourceRect(tx, ty).size() * TileGrid::kScale;
     const qsizetype left = qsizetype(tx) * TileGrid::kResultEdge;
     for (int y = 0; y < size.height(); ++y) {
-        const uchar *from = tile.constScanLine(y);
+        const uchar *from = tile.constScanLine(corner.y() + y) + qsizetype(4) * corner.x();
         uchar *to = m_row.scanLine(y) + 3 * left;
         for (qsizetype x = 0; x < size.width(); ++x) {
             to[3 * x] = from[4 * x];

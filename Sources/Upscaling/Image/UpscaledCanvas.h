@@ -29,8 +29,9 @@ class UpscaledCanvas
     UpscaledCanvas(UpscaledCanvas &&) = delete;
     UpscaledCanvas &operator=(UpscaledCanvas &&) = delete;
 
-    /// Lays an enlarged tile, Format_RGBX8888, into column tx of row ty. After the last column the row is handed over.
-    void place(const QImage &tile, int tx, int ty);
+    /// Lays an enlarged tile, Format_RGBX8888, which begins at corner, into column tx of row ty. After the last column
+    /// the row is handed over.
+    void place(const QImage &tile, int tx, int ty, QPoint corner = {});
 
     /// The finished PNG, after the last tile.
     [[nodiscard]] QByteArray finish();

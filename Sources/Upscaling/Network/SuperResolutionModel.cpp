@@ -32,8 +32,16 @@ struct Tr
 const QString kCuda = u"CUDAExecutionProvider"_s;
 const QString kWebGpu = u"WebGpuExecutionProvider"_s;
 const QString kProcessor = u"CPUExecutionProvider"_s;
+constexpr const char *kReachEntry = "reach";
+/// Of a text from the file, in an error.
+constexpr int kMostShown = 40;
 constexpr std::array<std::int64_t, 4> kTileShape{1, 3, TileGrid::kTileEdge, TileGrid::kTileEdge};
 constexpr std::array<std::int64_t, 4> kResultShape{1, 3, TileGrid::kResultEdge, TileGrid::kResultEdge};
+
+std::array<std::int64_t, 4> shapeOf(QSize picture)
+{
+    return {1, 3, picture.height(), picture.width()};
+}
 
 QString elementName(ONNXTensorElementDataType type)
 {
@@ -192,6 +200,28 @@ struct SuperResolutionModel::Engine
         if (input.shape.empty()) {
             refuse(Tr::tr("its input has no declared shape"), shapeText(kTileShape));
         }
+        const int declared = declaredReach();
+        reach = takesOneSize() ? 0 : declared;
+    }
+
+    [[nodiscard]] bool takesOneSize() const { return input.shape[2] > 0 || input.shape[3] > 0; }
+
+    /// 0 when the file does not say.
+    [[nodiscard]] int declaredReach() const
+    {
+        Ort::AllocatorWithDefaultOptions allocator;
+        const auto entry = session.GetModelMetadata().LookupCustomMetadataMapAllocated(kReachEntry, allocator);
+        if (!entry) {
+            return 0;
+        }
+        const QString found = QString::fromUtf8(entry.get());
+        bool isNumber = false;
+        const int number = found.toInt(&isNumber);
+        if (!isNumber || number < 1 || number > TileGrid::kMostReach) {
+            refuse(Tr::tr("its reach is \"%1\"").arg(found.left(kMostShown)),
+                   Tr::tr("a whole number of 1 to %1").arg(TileGrid::kMostReach));
+        }
+        return number;
     }
 
     [[nodiscard]] Port onlyInput() const
@@ -213,24 +243,26 @@ struct SuperResolutionModel::Engine
     }
 
     /// The tile as the tensor that the network takes. Refers to tile or to halves.
-    [[nodiscard]] Ort::Value tensorOf(std::span<const float> tile)
+    [[nodiscard]] Ort::Value tensorOf(std::span<const float> tile, QSize size)
     {
+        const std::array<std::int64_t, 4> shape = shapeOf(size);
         const auto memory = Ort::MemoryInfo::CreateCpu(OrtDeviceAllocator, OrtMemTypeDefault);
         if (input.isHalf()) {
             halves.resize(tile.size());
             qFloatToFloat16(halves.data(), tile.data(), static_cast<qsizetype>(tile.size()));
-            return Ort::Value::CreateTensor(memory, halves.data(), halves.size() * sizeof(qfloat16), kTileShape.data(),
-                                            kTileShape.size(), ONNX_TENSOR_ELEMENT_DATA_TYPE_FLOAT16);
+            return Ort::Value::CreateTensor(memory, halves.data(), halves.size() * sizeof(qfloat16), shape.data(),
+                                            shape.size(), ONNX_TENSOR_ELEMENT_DATA_TYPE_FLOAT16);
         }
         // The engine only reads its input, but its interface does not say so.
-        return Ort::Value::CreateTensor<float>(memory, const_cast<float *>(tile.data()), tile.size(), kTileShape.data(),
-                                               kTileShape.size());
+        return Ort::Value::CreateTensor<float>(memory, const_cast<float *>(tile.data()), tile.size(), shape.data(),
+                                               shape.size());
     }
 
     Ort::Env environment;
     Ort::Session session;
     Port input;
     Port output;
+    int reach = 0;
     Ort::Value result{nullptr};
     std::vector<qfloat16> halves;
     std::vector<float> widened; ///< The result of a float16 network.
@@ -253,9 +285,14 @@ SuperResolutionModel::SuperResolutionModel(const QString &path, int threads, con
 
 SuperResolutionModel::~SuperResolutionModel() = default;
 
-std::span<const float> SuperResolutionModel::run(std::span<const float> tile, const std::stop_token &stop)
+int SuperResolutionModel::reach() const
 {
-    Q_ASSERT(tile.size() == std::size_t(3) * TileGrid::kTileEdge * TileGrid::kTileEdge);
+    return m_engine->reach;
+}
+
+std::span<const float> SuperResolutionModel::run(std::span<const float> tile, const std::stop_token &stop, QSize size)
+{
+    Q_ASSERT(tile.size() == std::size_t(3) * std::size_t(size.width()) * std::size_t(size.height()));
     m_engine->result = Ort::Value(nullptr); // Its memory serves the next one.
 
     Ort::RunOptions options;
@@ -264,7 +301,7 @@ std::span<const float> SuperResolutionModel::run(std::span<const float> tile, co
     const std::array<const char *, 1> outputs{m_engine->output.name.c_str()};
     std::vector<Ort::Value> results;
     try {
-        const Ort::Value tensor = m_engine->tensorOf(tile);
+        const Ort::Value tensor = m_engine->tensorOf(tile, size);
         results = m_engine->session.Run(options, inputs.data(), &tensor, 1, outputs.data(), 1);
     } catch (const Ort::Exception &error) {
         if (stop.stop_requested()) {
@@ -279,20 +316,21 @@ std::span<const float> SuperResolutionModel::run(std::span<const float> tile, co
     m_engine->result = std::move(results.front());
     const auto info = m_engine->result.GetTensorTypeAndShapeInfo();
     const std::vector<std::int64_t> shape = info.GetShape();
-    const bool isPicture = shape.size() == kResultShape.size() && shape[0] == 1 && shape[1] == 3;
+    const std::array<std::int64_t, 4> wanted = shapeOf(size * TileGrid::kScale);
+    const bool isPicture = shape.size() == wanted.size() && shape[0] == 1 && shape[1] == 3;
     if (!isPicture || info.GetElementType() != m_engine->output.type) {
         throw ProviderError::invalidResponse(Tr::tr("Failed to convert upscaled tile to CGImage"));
     }
-    if (!std::equal(shape.begin(), shape.end(), kResultShape.begin())) {
-        refuse(Tr::tr("it made %1 of a tile").arg(shapeText(shape)), shapeText(kResultShape));
+    if (!std::equal(shape.begin(), shape.end(), wanted.begin())) {
+        refuse(Tr::tr("it made %1 of a tile").arg(shapeText(shape)), shapeText(wanted));
     }
-    constexpr std::size_t kNumbers = std::size_t(3) * TileGrid::kResultEdge * TileGrid::kResultEdge;
+    const std::size_t numbers = tile.size() * TileGrid::kScale * TileGrid::kScale;
     if (!m_engine->output.isHalf()) {
-        return {m_engine->result.GetTensorData<float>(), kNumbers};
+        return {m_engine->result.GetTensorData<float>(), numbers};
     }
-    m_engine->widened.resize(kNumbers);
+    m_engine->widened.resize(numbers);
     qFloatFromFloat16(m_engine->widened.data(), static_cast<const qfloat16 *>(m_engine->result.GetTensorRawData()),
-                      static_cast<qsizetype>(kNumbers));
+                      static_cast<qsizetype>(numbers));
     return m_engine->widened;
 }
 

@@ -26,7 +26,12 @@ SuperResolutionModel::SuperResolutionModel(const QString &, int, const QString &
 
 SuperResolutionModel::~SuperResolutionModel() = default;
 
-std::span<const float> SuperResolutionModel::run(std::span<const float>, const std::stop_token &)
+int SuperResolutionModel::reach() const
+{
+    return 0;
+}
+
+std::span<const float> SuperResolutionModel::run(std::span<const float>, const std::stop_token &, QSize)
 {
     throw missingModel();
 }

@@ -20,6 +20,13 @@ int colorTypeOf(const QByteArray &png)
     return png.size() > 25 ? png.at(25) : -1;
 }
 
+/// The pixels alone, for comparing: a PNG says of what colours they are, a tile does not.
+QImage pixelsOf(QImage image)
+{
+    image.setColorSpace({});
+    return image.convertToFormat(QImage::Format_RGB888);
+}
+
 } // namespace
 
 TEST(LocalUpscaler, everyPixelEndsUpWhereItBelongs)
@@ -34,6 +41,28 @@ TEST(LocalUpscaler, everyPixelEndsUpWhereItBelongs)
         EXPECT_EQ(text(firstDifference(decoded(outcome.png), source)), "") << size.width() << " x " << size.height();
         EXPECT_EQ(colorTypeOf(outcome.png), 2);
     }
+}
+
+TEST(LocalUpscaler, whoSaysHowFarItLooksSeesTheNeighboursAndLeavesNoSeam)
+{
+    SuperResolutionModel model(modelFile("reach"), 2);
+    for (const QSize size : {QSize(1, 1), QSize(512, 512), QSize(513, 513), QSize(1, 1030), QSize(1100, 700)}) {
+        const QImage source = decodeImage(encoded(positions(size.width(), size.height())));
+        const QImage whole = upscaleTileWithModel(source, model, {});
+        const QImage byTiles = decoded(tileUpscaleWithModel(source, model, {}));
+        EXPECT_TRUE(pixelsOf(byTiles) == pixelsOf(whole)) << size.width() << " x " << size.height();
+    }
+}
+
+TEST(LocalUpscaler, whoDoesNotSaySoGetsTheTileAlone)
+{
+    SuperResolutionModel model(modelFile("blurred"), 2);
+    const QImage source = decodeImage(encoded(positions(513, 20)));
+    const QImage byTiles = decoded(tileUpscaleWithModel(source, model, {}));
+    const QImage tile = padImageToTile(source.copy(0, 0, 512, 20), 512, 512);
+    const QImage alone = upscaleTileWithModel(tile, model, {});
+    const QRect shown(0, 0, 2048, 80);
+    EXPECT_TRUE(pixelsOf(byTiles.copy(shown)) == pixelsOf(alone.copy(shown)));
 }
 
 TEST(LocalUpscaler, theOtherAcceptedNetworksGiveTheSamePixels)

@@ -17,10 +17,9 @@ namespace {
 
 using namespace quorvane;
 
-bool read(std::vector<float> &numbers)
+bool read(void *data, std::size_t left)
 {
-    auto *bytes = reinterpret_cast<char *>(numbers.data());
-    std::size_t left = numbers.size() * sizeof(float);
+    auto *bytes = static_cast<char *>(data);
     while (left > 0) {
         const ssize_t count = ::read(STDIN_FILENO, bytes, left);
         if (count <= 0) {
@@ -45,11 +44,11 @@ void write(const void *data, std::size_t left)
     }
 }
 
-void enlarge(const std::vector<float> &tile, std::vector<float> &result)
+void enlarge(const std::vector<float> &tile, std::size_t width, std::vector<float> &result)
 {
-    for (std::size_t row = 0; row < std::size_t(3) * 2048; ++row) {
-        for (std::size_t x = 0; x < 2048; ++x) {
-            result[row * 2048 + x] = tile[row / 4 * 512 + x / 4];
+    for (std::size_t row = 0; row * 4 * width < result.size(); ++row) {
+        for (std::size_t x = 0; x < 4 * width; ++x) {
+            result[row * 4 * width + x] = tile[row / 4 * width + x / 4];
         }
     }
 }
@@ -92,10 +91,14 @@ int main(int argc, char **argv)
     }
     const std::string behaviour = argv[2];
     const int from = std::atoi(argv[3]);
-    std::vector<float> tile(GpuWorker::kTileSize);
-    std::vector<float> result(GpuWorker::kResultSize);
-    for (int number = 1; read(tile); ++number) {
-        enlarge(tile, result);
+    GpuWorker::Header header;
+    for (int number = 1; read(&header, sizeof header); ++number) {
+        std::vector<float> tile(header.tileSize());
+        std::vector<float> result(header.resultSize());
+        if (!read(tile.data(), tile.size() * sizeof(float))) {
+            return EXIT_FAILURE;
+        }
+        enlarge(tile, std::size_t(header.width), result);
         if (number >= from) {
             misbehave(behaviour, result);
         }

@@ -29,9 +29,12 @@ constexpr std::chrono::minutes kPatience(2);
 const QString kRealWorker = QStringLiteral(GPU_WORKER);
 const QString kProcessor = u"CPUExecutionProvider"_s;
 
+constexpr QSize kTile(512, 512);
+constexpr std::size_t kResultSize = std::size_t(3) * 2048 * 2048;
+
 std::vector<float> sampleTile()
 {
-    std::vector<float> planes(GpuWorker::kTileSize);
+    std::vector<float> planes(std::size_t(3) * 512 * 512);
     planesFromTile(positions(512, 512).convertToFormat(QImage::Format_RGBX8888), planes);
     return planes;
 }
@@ -79,10 +82,10 @@ TEST(GpuWorker, givesWhatTheNetworkGives)
     const std::vector<float> tile = sampleTile();
     SuperResolutionModel model(modelFile("convolutions"), 2);
     GpuWorker worker(kRealWorker, {modelFile("convolutions"), kProcessor});
-    std::vector<float> result(GpuWorker::kResultSize);
+    std::vector<float> result(kResultSize);
     for (int again = 0; again < 2; ++again) {
         std::fill(result.begin(), result.end(), -1.0F);
-        ASSERT_TRUE(worker.run(tile, result, kPatience));
+        ASSERT_TRUE(worker.run(tile, kTile, result, kPatience));
         const auto expected = model.run(tile, {});
         float difference = 0;
         for (std::size_t index = 0; index < result.size(); ++index) {
@@ -92,48 +95,67 @@ TEST(GpuWorker, givesWhatTheNetworkGives)
     }
 }
 
+TEST(GpuWorker, takesTilesOfAnySizeThatATileMayHave)
+{
+    SuperResolutionModel model(modelFile("reach"), 2);
+    GpuWorker worker(kRealWorker, {modelFile("reach"), kProcessor});
+    const QImage picture = positions(640, 100).convertToFormat(QImage::Format_RGBX8888);
+    for (const QSize size : {QSize(513, 40), QSize(1, 1), QSize(640, 100)}) {
+        const QImage part = picture.copy(QRect(QPoint(0, 0), size));
+        std::vector<float> tile(std::size_t(3) * std::size_t(size.width()) * std::size_t(size.height()));
+        planesFromTile(part, tile);
+        std::vector<float> result(16 * tile.size());
+        ASSERT_TRUE(worker.run(tile, size, result, kPatience));
+        const auto expected = model.run(tile, {}, size);
+        EXPECT_TRUE(std::equal(result.begin(), result.end(), expected.begin(), expected.end()));
+    }
+    for (const GpuWorker::Header none : {GpuWorker::Header{0, 5}, {5, -1}, {769, 1}, {1, 1 << 30}}) {
+        EXPECT_EQ(none.tileSize(), 0U) << none.width << ' ' << none.height;
+    }
+}
+
 TEST(GpuWorker, takesTheFirstProviderThatWorks)
 {
     GpuWorker worker(kRealWorker, {modelFile("nearest"), u"NoSuchProvider"_s, kProcessor});
-    std::vector<float> result(GpuWorker::kResultSize);
-    EXPECT_TRUE(worker.run(sampleTile(), result, kPatience));
+    std::vector<float> result(kResultSize);
+    EXPECT_TRUE(worker.run(sampleTile(), kTile, result, kPatience));
 }
 
 TEST(GpuWorker, whateverGoesWrongFailsForGood)
 {
     const std::vector<float> tile = sampleTile();
-    std::vector<float> result(GpuWorker::kResultSize);
+    std::vector<float> result(kResultSize);
     for (const char *behaviour : {"crash", "too-little", "nothing", "too-much"}) {
         GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE), {modelFile("nearest"), QLatin1String(behaviour), u"2"_s});
-        EXPECT_TRUE(worker.run(tile, result, kPatience)) << behaviour;
-        EXPECT_FALSE(worker.run(tile, result, kPatience)) << behaviour;
-        EXPECT_FALSE(worker.run(tile, result, kPatience)) << behaviour;
+        EXPECT_TRUE(worker.run(tile, kTile, result, kPatience)) << behaviour;
+        EXPECT_FALSE(worker.run(tile, kTile, result, kPatience)) << behaviour;
+        EXPECT_FALSE(worker.run(tile, kTile, result, kPatience)) << behaviour;
     }
     for (const QStringList &arguments : {QStringList{u"/nowhere/network.onnx"_s, kProcessor},
                                          {modelFile("garbage"), kProcessor},
                                          {modelFile("no-picture"), kProcessor},
                                          {modelFile("nearest"), u"CUDAExecutionProvider"_s}}) {
         GpuWorker worker(kRealWorker, arguments);
-        EXPECT_FALSE(worker.run(tile, result, kPatience)) << text(arguments.join(' '_L1));
+        EXPECT_FALSE(worker.run(tile, kTile, result, kPatience)) << text(arguments.join(' '_L1));
     }
     GpuWorker worker(u"/nowhere/worker"_s, {});
-    EXPECT_FALSE(worker.run(tile, result, kPatience));
+    EXPECT_FALSE(worker.run(tile, kTile, result, kPatience));
 }
 
 TEST(GpuWorker, isLeftAtTheLimit)
 {
     GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE), {modelFile("nearest"), u"hang"_s, u"1"_s});
-    std::vector<float> result(GpuWorker::kResultSize);
-    EXPECT_FALSE(worker.run(sampleTile(), result, std::chrono::milliseconds(300)));
-    EXPECT_FALSE(worker.run(sampleTile(), result, kPatience));
+    std::vector<float> result(kResultSize);
+    EXPECT_FALSE(worker.run(sampleTile(), kTile, result, std::chrono::milliseconds(300)));
+    EXPECT_FALSE(worker.run(sampleTile(), kTile, result, kPatience));
 }
 
 TEST(GpuWorker, anotherThreadEndsARun)
 {
     GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE), {modelFile("nearest"), u"hang"_s, u"1"_s});
-    std::vector<float> result(GpuWorker::kResultSize);
+    std::vector<float> result(kResultSize);
     const std::jthread other([&worker] { worker.end(); });
-    EXPECT_FALSE(worker.run(sampleTile(), result, std::chrono::hours(1)));
+    EXPECT_FALSE(worker.run(sampleTile(), kTile, result, std::chrono::hours(1)));
 }
 
 TEST(GpuWorker, theProcessIsGoneWithIt)
@@ -141,8 +163,8 @@ TEST(GpuWorker, theProcessIsGoneWithIt)
     const QSet<QString> before = childProcesses();
     {
         GpuWorker worker(QStringLiteral(GPU_WORKER_DOUBLE), {modelFile("nearest"), u"hang"_s, u"1"_s});
-        std::vector<float> result(GpuWorker::kResultSize);
-        EXPECT_FALSE(worker.run(sampleTile(), result, std::chrono::milliseconds(1)));
+        std::vector<float> result(kResultSize);
+        EXPECT_FALSE(worker.run(sampleTile(), kTile, result, std::chrono::milliseconds(1)));
         EXPECT_EQ(childProcesses().size(), before.size() + 1);
     }
     EXPECT_EQ(childProcesses(), before);
@@ -174,13 +196,15 @@ TEST(GpuWorker, theProgramDiesWithTheOneThatStartedIt)
 
     const std::vector<float> tile = sampleTile();
     const std::jthread feeding([&tile, pipe] {
+        const GpuWorker::Header header{kTile.width(), kTile.height()};
+        EXPECT_EQ(write(pipe, &header, sizeof header), static_cast<ssize_t>(sizeof header));
         const auto size = static_cast<ssize_t>(tile.size() * sizeof(float));
         EXPECT_EQ(write(pipe, tile.data(), static_cast<std::size_t>(size)), size);
     });
     qsizetype written = 0;
     const auto readsTheNext = [&] {
         written += shell.readAllStandardOutput().size();
-        return written == static_cast<qsizetype>(GpuWorker::kResultSize * sizeof(float));
+        return written == static_cast<qsizetype>(kResultSize * sizeof(float));
     };
     ASSERT_TRUE(waitFor(readsTheNext, kPatience));
     const QSet<QString> workers = childProcesses(shell.processId());

@@ -60,6 +60,14 @@ TEST(SuperResolutionModel, saysWhatItIs)
               "float16, tiles of 512 × 512, in \"tile\", out \"result\"");
 }
 
+TEST(SuperResolutionModel, saysHowFarItLooks)
+{
+    EXPECT_EQ(SuperResolutionModel(modelFile("reach"), 1).reach(), 1);
+    EXPECT_EQ(SuperResolutionModel(modelFile("blurred"), 1).reach(), 0);
+    // A network of one size can be given nothing else, whatever it says.
+    EXPECT_EQ(SuperResolutionModel(modelFile("reach-of-one-size"), 1).reach(), 0);
+}
+
 TEST(SuperResolutionModel, refusesWhatDoesNotFitAndSaysWhatWould)
 {
     struct Case
@@ -80,6 +88,8 @@ TEST(SuperResolutionModel, refusesWhatDoesNotFitAndSaysWhatWould)
         {"two-inputs", "The model does not fit: it has 2 inputs and 1 outputs; needed is one picture in and one out"},
         {"huge-shape", "The model does not fit: its input is float32 [1, 3, 1000000, 1000000]; needed is float32 or "
                        "float16 [1, 3, 512, 512], or any height and width"},
+        {"reach-600", "The model does not fit: its reach is \"600\"; needed is a whole number of 1 to 128"},
+        {"reach-abc", "The model does not fit: its reach is \"abc\"; needed is a whole number of 1 to 128"},
     };
     for (const Case &known : cases) {
         EXPECT_EQ(text(loadError(modelFile(known.model))), known.line);
