@@ -1,10 +1,9 @@
 #!/usr/bin/env python3
 """Writes the network of a checkpoint as the ONNX file that the program runs: export.py CHECKPOINT FILE.onnx.
 
-The program fills tiles up with black at the right and at the bottom. To any filter that is the edge of a black thing,
-and the picture would end in a dark line with a light one beside it. So the file begins with steps of its own: rows at
-the bottom and columns at the right that are black in full are replaced by the last one that is not, and made black
-again at the end. For a picture that really ends in black the result is black there as well.
+An entry "reach" in the file says how many pixels beyond a tile the network looks. The program gives it every tile with
+so many of its neighbours' pixels then, and never with padding, so that the tiles join without a seam; beyond the
+picture's own edges the network continues it by itself, however small the picture is.
 """
 
 import struct
@@ -26,11 +25,13 @@ class Graph:
             floats("black", [], [0]),
             floats("white", [], [1]),
             floats("twice", [], [2]),
-            tensor("zero", INT64, [], struct.pack("<q", 0)),
-            tensor("one", INT64, [], struct.pack("<q", 1)),
-            tensor("first", INT64, [1], struct.pack("<q", 0)),
-            tensor("second", INT64, [1], struct.pack("<q", 1)),
+            self.whole_number("zero", 0),
+            self.whole_number("one", 1),
         ]
+
+    @staticmethod
+    def whole_number(name, number):
+        return tensor(name, INT64, [], struct.pack("<q", number))
 
     def apply(self, operation, *inputs, result=None, **attributes):
         result = result or f"step{len(self.nodes)}"
@@ -52,44 +53,51 @@ class Graph:
         return self.apply("Conv", source, *constants, kernel_shape=list(weights.shape[2:]))
 
     def continued(self, tile, border):
-        """As network.continued."""
-        sides = self.whole_numbers(0, 0, border, border, 0, 0, border, border)
-        twice = self.apply("Mul", self.apply("Pad", tile, sides, mode="edge"), "twice")
-        beyond = self.apply("Sub", twice, self.apply("Pad", tile, sides, mode="reflect"))
+        """As network.continued, for a picture of any size: where it is smaller than the border, it is turned around at
+        its other end no more."""
+        repeated, mirrored = tile, tile
+        for axis in (2, 3):
+            last, places = self.places(tile, axis, border)
+            repeated = self.apply("Gather", repeated, self.within(places, last), axis=axis)
+            turned = self.apply("Sub", last, self.apply("Abs", self.apply("Sub", last, self.apply("Abs", places))))
+            mirrored = self.apply("Gather", mirrored, self.within(turned, last), axis=axis)
+        beyond = self.apply("Sub", self.apply("Mul", repeated, "twice"), mirrored)
         return self.apply("Clip", beyond, "black", "white")
+
+    def places(self, tile, axis, border):
+        """The last place along the axis, and all places with the border's: from -border on."""
+        index, before, after = (f"{name}{axis}" for name in ("axis", "before", "after"))
+        self.constants += [
+            self.whole_number(index, axis),
+            self.whole_number(before, -border),
+            self.whole_number(after, border),
+        ]
+        count = self.apply("Gather", self.apply("Shape", tile), index, axis=0)
+        places = self.apply("Range", before, self.apply("Add", count, after), "one")
+        return self.apply("Sub", count, "one"), places
+
+    def within(self, places, last):
+        return self.apply("Min", self.apply("Max", places, "zero"), last)
 
     def without_border(self, wide, border):
         start, end, axes = self.whole_numbers(border, border), self.whole_numbers(-border, -border), self.whole_numbers(2, 3)
         return self.apply("Slice", wide, start, end, axes)
 
-    def filled(self, tile, axis):
-        """The tile with its black end along the axis replaced, and which places along it are not of that end."""
-        brightest = self.apply("ReduceMax", tile, axes=[0, 1, 5 - axis], keepdims=0)
-        count = self.apply("Squeeze", self.apply("Shape", brightest), "first")
-        places = self.apply("Range", "zero", count, "one")
-        lit = self.apply("Where", self.apply("Greater", brightest, "black"), places, "zero")
-        last = self.apply("ReduceMax", lit, axes=[0], keepdims=1)
-        inside = self.apply("Cast", self.apply("LessOrEqual", places, last), to=FLOAT)
-        return self.apply("Gather", tile, self.apply("Min", places, last), axis=axis), inside
-
 
 def export(network):
     graph = Graph()
-    tile, rows = graph.filled("tile", 2)
-    tile, columns = graph.filled(tile, 3)
-    inside = graph.apply("Mul", graph.apply("Unsqueeze", rows, "second"), columns)
-    wide = graph.continued(tile, network.border)
+    wide = graph.continued("tile", network.border)
     last = wide
     for convolution, slope in zip(network.body[::2], network.body[1::2]):
         last = graph.convolution(last, convolution.weight, convolution.bias)
         last = graph.apply("PRelu", last, graph.constant(slope.weight, [len(slope.weight), 1, 1]))
     detail = graph.convolution(last, network.detail.weight, network.detail.bias)
     both = graph.apply("Add", detail, graph.convolution(graph.without_border(wide, network.border - 2), network.bicubic))
-    shuffled = graph.apply("DepthToSpace", graph.apply("Mul", both, inside), blocksize=SCALE, mode="CRD")
+    shuffled = graph.apply("DepthToSpace", both, blocksize=SCALE, mode="CRD")
     graph.apply("Clip", shuffled, "black", "white", result="result")
     small = value("tile", FLOAT, [1, 3, "height", "width"])
     large = value("result", FLOAT, [1, 3, "height4", "width4"])
-    return model(graph.nodes, graph.constants, [small], [large])
+    return model(graph.nodes, graph.constants, [small], [large], [("reach", str(network.border))])
 
 
 def main():

@@ -205,18 +205,48 @@ TEST(ShippedNetwork, enlargesBetterThanBicubicAndKeepsColours)
     EXPECT_GT(sum / 4, 0.6);
 }
 
-// Tiles abut, so neither side of a border sees the other, and what is left is about the step between the two source
-// pixels there. A tile that goes flat at its border would show as a line beside it: its steps there stay those of the
-// picture.
+TEST(ShippedNetwork, tilesJoinWithoutASeam)
+{
+    SuperResolutionModel model(kNetwork, 2);
+    const QImage scene = paintedScene("a forest under a bright sky", QSize(1920, 1080));
+    for (const QSize size : {QSize(1, 1), QSize(3, 2), QSize(1, 700), QSize(512, 512), QSize(513, 9), QSize(520, 1025),
+                             QSize(1100, 700), QSize(1920, 1080)}) {
+        const QImage picture = scene.copy(QRect(QPoint(0, 0), size));
+        const QImage byTiles = QImage::fromData(tileUpscaleWithModel(picture, model, {}));
+        EXPECT_LE(largestDifference(byTiles, upscaleTileWithModel(picture, model, {})), 1)
+            << size.width() << " x " << size.height();
+    }
+}
+
+// A step as between any two pixels: no line is seen where tiles meet.
 TEST(ShippedNetwork, doesNotShowWhereTilesMeet)
 {
-    const QImage original = paintedScene("a forest under a bright sky", QSize(2560, 1600));
-    const QImage small = reduced(original);
+    const QImage small = reduced(paintedScene("a forest under a bright sky", QSize(2560, 1600)));
     const QImage large = enlargedByNetwork(small, 2);
-    ASSERT_EQ(large.size(), original.size());
-    EXPECT_LE(step(large, 2048), 1.5 * step(small, 512));
-    const double beside = (step(large, 2047) + step(large, 2049)) / 2;
-    EXPECT_LE(step(large, 2048), 4 * beside);
+    ASSERT_EQ(large.size(), small.size() * kScale);
+    const double beside = (step(large, 2044) + step(large, 2052)) / 2; // Between two source pixels as well.
+    EXPECT_LE(step(large, 2048), 1.5 * beside);
+}
+
+TEST(ShippedNetwork, aBlackRimStaysBlackAndWhatIsBesideItStaysAsItIs)
+{
+    SuperResolutionModel model(kNetwork, 2);
+    QImage picture(40, 40, QImage::Format_RGBX8888);
+    picture.fill(qRgb(200, 120, 40));
+    const auto enlarge = [&model](const QImage &image) { return upscaleTileWithModel(image, model, {}); };
+    const QImage plain = enlarge(picture);
+    for (int y = 0; y < 20; ++y) {
+        for (int x = 0; x < 40; ++x) {
+            picture.setPixel(x, 39 - y, qRgb(0, 0, 0));
+        }
+    }
+    const QImage rimmed = enlarge(picture);
+    const QRect top(0, 0, 160, 40);
+    const QRect bottom(0, 120, 160, 40);
+    EXPECT_LE(largestDifference(rimmed.copy(top), plain.copy(top)), 1);
+    QImage black(bottom.size(), QImage::Format_RGBX8888);
+    black.fill(qRgb(0, 0, 0));
+    EXPECT_LE(largestDifference(rimmed.copy(bottom), black), 1);
 }
 
 } // namespace quorvane
