@@ -48,6 +48,16 @@ QList<Deed> shortest(QList<Deed> deeds, int tries)
     return deeds;
 }
 
+/// The deeds, a line each.
+std::string told(const QList<Deed> &deeds)
+{
+    QStringList lines;
+    for (const Deed &deed : deeds) {
+        lines.append(u"  "_s + nameOf(deed));
+    }
+    return lines.join('\n'_L1).toStdString();
+}
+
 } // namespace
 
 class UserPlay : public testing::TestWithParam<quint32>
@@ -66,17 +76,14 @@ TEST_P(UserPlay, theWindowShowsWhatIsSoAndDoesWhatItShows)
     deeds.resize(found.deed + 1);
     if (play(deeds).deed < 0) {
         ADD_FAILURE() << "seed " << GetParam() << ", deed " << found.deed
-                      << ", once and not again: " << found.what.toStdString();
+                      << ", once and not again: " << found.what.toStdString() << "\nthe last deeds:\n"
+                      << told(deeds.last(std::min<qsizetype>(deeds.size(), 12)));
         return;
     }
     deeds = shortest(deeds, 60);
-    QStringList lines;
-    for (const Deed &deed : deeds) {
-        lines.append(u"  "_s + nameOf(deed));
-    }
     ADD_FAILURE() << "seed " << GetParam() << ", deed " << found.deed << ": " << found.what.toStdString()
                   << "\nthe shortest history found, which ends with \"" << play(deeds).what.toStdString() << "\":\n"
-                  << lines.join('\n'_L1).toStdString();
+                  << told(deeds);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, UserPlay, testing::Values(1U, 20260131U, 777U));

@@ -125,8 +125,8 @@ QString Stage::play(const Deed &deed)
 
 bool Stage::isPreviewOpen() const
 {
-    const QQuickItem *preview = find(u"preview"_s);
-    return preview != nullptr && preview->isVisible() && preview->isEnabled();
+    // It takes its clicks and keys from the first moment, before much of it is seen.
+    return find(u"preview"_s)->isEnabled();
 }
 
 QList<QQuickItem *> Stage::tiles(const QString &prefix) const
@@ -136,11 +136,13 @@ QList<QQuickItem *> Stage::tiles(const QString &prefix) const
     if (!isSeen(grid)) {
         return found;
     }
+    // Rows that came or went are laid out with the next frame, and what is seen is as in the last one.
+    QMetaObject::invokeMethod(find(grid), "forceLayout");
     const int count = find(grid)->property("count").toInt();
     for (int row = 0; row < count; ++row) {
         QQuickItem *tile = nullptr;
         QMetaObject::invokeMethod(find(grid), "itemAtIndex", Q_RETURN_ARG(QQuickItem *, tile), Q_ARG(int, row));
-        if (tile != nullptr && QRect(QPoint(), window->size()).contains(middleOf(tile))) {
+        if (tile != nullptr && placeOf(grid).contains(middleOf(tile))) {
             found.append(tile);
         }
     }
@@ -279,6 +281,22 @@ QString Stage::generate()
                : u"the editor shows \"%1\", and the service was asked for %2"_s.arg(text, QString::fromUtf8(body));
 }
 
+QString Stage::openPicture(quint32 number)
+{
+    const QList<QQuickItem *> seen = tiles(u"tile "_s);
+    if (seen.isEmpty() || isPreviewOpen()) {
+        return {};
+    }
+    const QQuickItem *tile = pick(seen, number);
+    const QString name = imageName(tile->property("url").toString());
+    QTest::mouseClick(window, Qt::LeftButton, {}, middleOf(tile));
+    if (!waitFor([this] { return isPreviewOpen(); })) {
+        return u"a click on the tile of %1 opens nothing"_s.arg(name);
+    }
+    const QString shown = find(u"previewPicture"_s)->property("source").toString();
+    return shown.contains(name) ? QString() : u"a click on the tile of %1 opens %2"_s.arg(name, shown);
+}
+
 QString Stage::closePreview()
 {
     if (!isPreviewOpen()) {
@@ -329,10 +347,7 @@ QString Stage::act(const Deed &deed)
         }
         return {};
     case Kind::OpenPicture:
-        if (const auto seen = tiles(u"tile "_s); !seen.isEmpty() && !isPreviewOpen()) {
-            QTest::mouseClick(window, Qt::LeftButton, {}, middleOf(pick(seen, deed.number)));
-        }
-        return {};
+        return openPicture(deed.number);
     case Kind::ClosePreview:
         return closePreview();
     case Kind::StepLeft:
@@ -556,6 +571,9 @@ QString Stage::tilesDiffer() const
 
 QString Stage::previewDiffers() const
 {
+    if (isSeen(u"preview"_s) != isPreviewOpen()) {
+        return u"the preview is seen and not open, or open and not seen"_s;
+    }
     if (!isPreviewOpen()) {
         return {};
     }

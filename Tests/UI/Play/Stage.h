@@ -80,6 +80,7 @@ class Stage : public ViewTest
     [[nodiscard]] QString deleteTile(quint32 number);
     [[nodiscard]] QString generate();
     [[nodiscard]] QString pressInPreview(const QString &button);
+    [[nodiscard]] QString openPicture(quint32 number);
     [[nodiscard]] QString closePreview();
     bool clickOnTile(QQuickItem *tile, const QString &button);
     bool clickSeen(const QString &name);
