@@ -304,6 +304,10 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
         <source>The reason is not known.</source>
         <translation>Der Grund ist nicht bekannt.</translation>
     </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>Der Arbeitsspeicher reicht nicht aus.</translation>
+    </message>
 </context>
 <context>
     <name>DesktopChoice</name>

@@ -304,6 +304,10 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
         <source>The reason is not known.</source>
         <translation>Se desconoce el motivo.</translation>
     </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>No hay memoria suficiente.</translation>
+    </message>
 </context>
 <context>
     <name>DesktopChoice</name>

@@ -304,6 +304,10 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
         <source>The reason is not known.</source>
         <translation>La raison n’est pas connue.</translation>
     </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>La mémoire ne suffit pas.</translation>
+    </message>
 </context>
 <context>
     <name>DesktopChoice</name>

@@ -303,6 +303,10 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
         <source>The reason is not known.</source>
         <translation>理由は不明です。</translation>
     </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>メモリーが足りません。</translation>
+    </message>
 </context>
 <context>
     <name>DesktopChoice</name>

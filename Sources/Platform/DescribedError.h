@@ -25,8 +25,8 @@ class DescribedError : public std::exception
     QByteArray m_utf8;
 };
 
-/// What went wrong: the words of a DescribedError, else what(). An exception without a text is a failure, too, and says
-/// that its reason is not known.
+/// What went wrong: the words of a DescribedError, else what(); that there is not enough memory, where an allocation
+/// failed. An exception without a text is a failure, too, and says that its reason is not known.
 [[nodiscard]] Failure failureOf(const std::exception &error);
 
 } // namespace quorvane

@@ -7,6 +7,7 @@
 #include "Support/WaitFor.h"
 #include "demo-service/DemoService.h"
 
+#include <QRandomGenerator>
 #include <QSslCertificate>
 
 #include <gtest/gtest.h>
@@ -104,6 +105,33 @@ TEST_F(HttpClientTest, framingThatHttpAllowsIsRead)
     }
     EXPECT_EQ(postWith(Kind::EmptyBody).answer, QByteArray());
     EXPECT_EQ(postWith(Kind::EmptyBody).failure, QString());
+}
+
+TEST_F(HttpClientTest, aLargeAnswerComesWholeInEveryFraming)
+{
+    // Noise does not compress, so that every way has megabytes to carry.
+    service.setPictureMaker([](const QString & /*prompt*/, QSize /*size*/) {
+        QImage image(1200, 900, QImage::Format_RGB32);
+        QRandomGenerator random(1);
+        random.fillRange(reinterpret_cast<quint32 *>(image.bits()), image.sizeInBytes() / 4);
+        return image;
+    });
+    Misbehaviour broken(Kind::GoodBodyBadStatus);
+    broken.status = 500;
+    const QByteArray good = postWith({}).answer;
+    EXPECT_GT(good.size(), 1 << 20);
+    for (const Misbehaviour &way : {Misbehaviour(Kind::Chunked), Misbehaviour(Kind::Gzip), broken}) {
+        const Outcome outcome = postWith(way);
+        EXPECT_EQ(outcome.failure, QString());
+        EXPECT_TRUE(outcome.answer == good)
+            << static_cast<int>(way.kind) << ": " << outcome.answer.size() << " bytes of " << good.size();
+    }
+    // Only the words of a challenge are not waited for when they are as long as that.
+    Misbehaviour challenge(Kind::GoodBodyBadStatus);
+    challenge.status = 401;
+    const Outcome outcome = postWith(challenge);
+    EXPECT_EQ(outcome.failure, u"The service did not accept the API key."_s);
+    EXPECT_EQ(outcome.answer, QByteArray());
 }
 
 TEST_F(HttpClientTest, aSlowDripGoesOnForAsLongAsBytesCome)

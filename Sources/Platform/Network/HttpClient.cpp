@@ -6,6 +6,9 @@
 // and once more for every step of NTLM. Neither can be switched off as such. But Qt has to rewind the body for it, so
 // the body is a device that gives its bytes once; a connection that was idle, which servers may close at any moment, is
 // never used; and challenges are not answered.
+//
+// Answers have many megabytes, and where memory is short Qt ends the program. So Qt holds a small part of one at a
+// time, and what grows is our own, here, where a lack of memory is one more reason why no answer came.
 
 #include "Platform/Network/HttpClient.h"
 
@@ -28,6 +31,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +43,7 @@ namespace {
 constexpr int kRedirectLimit = 10;
 constexpr int kFirstRedirectStatus = 300;
 constexpr int kFirstErrorStatus = 400;
+constexpr qint64 kReadAheadBytes = 256LL * 1024; ///< Of an answer in Qt's hands.
 
 struct Tr
 {
@@ -76,6 +81,16 @@ QString movedTo(const QUrl &url)
     }
     return Tr::tr("The service has moved to %1")
         .arg(url.toString(QUrl::RemoveQuery | QUrl::RemoveFragment | QUrl::RemoveUserInfo));
+}
+
+/// Appends what has arrived to answer. Throws std::bad_alloc.
+void take(QNetworkReply &reply, QByteArray &answer)
+{
+    const qsizetype before = answer.size();
+    const qsizetype arrived = reply.bytesAvailable();
+    answer.resize(before + arrived);
+    const qint64 read = reply.read(answer.data() + before, arrived);
+    answer.truncate(before + std::max<qint64>(read, 0));
 }
 
 // Of the statuses that say where to ask instead, those from which on a POST stays one.
@@ -122,6 +137,7 @@ struct HttpClient::Exchange
     bool asGet = false;
     QByteArray answer;
     bool tooLarge = false;
+    bool lacksMemory = false;
     QString certificateProblem;
 };
 
@@ -195,17 +211,25 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
     QNetworkAccessManager network;
     network.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
     const std::unique_ptr<QNetworkReply> reply(body ? network.post(request, body.get()) : network.get(request));
+    // Qt begins with a POST in the next turn of the event loop and knows nothing of what was set before.
+    QMetaObject::invokeMethod(
+        reply.get(), [reply = reply.get()] { reply->setReadBufferSize(kReadAheadBytes); }, Qt::QueuedConnection);
     state->answer.clear();
     QElapsedTimer clock;
     clock.start();
 
     QObject::connect(reply.get(), &QNetworkReply::readyRead, reply.get(), [this, state, reply = reply.get()] {
-        if (state->answer.size() + reply->bytesAvailable() > m_answerLimitBytes) {
-            state->tooLarge = true;
-            reply->abort();
-            return;
+        state->tooLarge = state->answer.size() + reply->bytesAvailable() > m_answerLimitBytes;
+        try {
+            if (!state->tooLarge) {
+                take(*reply, state->answer);
+            }
+        } catch (const std::bad_alloc &) {
+            state->lacksMemory = true;
         }
-        state->answer += reply->readAll();
+        if (state->tooLarge || state->lacksMemory) {
+            reply->abort();
+        }
     });
     QObject::connect(reply.get(), &QNetworkReply::sslErrors, reply.get(), [state](const QList<QSslError> &errors) {
         state->certificateProblem = errors.isEmpty() ? QString() : errors.first().errorString();
@@ -228,6 +252,9 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
     if (m_stop.stop_requested()) {
         throw TransportError(Tr::tr("The request was cancelled."));
     }
+    if (state->lacksMemory) {
+        throw std::bad_alloc();
+    }
     if (state->tooLarge) {
         throw TransportError(Tr::tr("The answer is larger than %1 MiB.").arg(m_answerLimitBytes / (1024LL * 1024)));
     }
@@ -243,8 +270,12 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
     if (reply->error() == QNetworkReply::ContentReSendError && !target.isEmpty()) {
         throw TransportError(movedTo(state->request.url.resolved(target)));
     }
-    // Over HTTP/2 a challenge ends the exchange before its words are there.
-    if (reply->attribute(QNetworkRequest::Http2WasUsedAttribute).toBool() && state->answer.isEmpty()) {
+    // A challenge ends the exchange: over HTTP/2 before its words are there, over HTTP/1.1 once Qt has read ahead, of
+    // which it gives at least half.
+    const bool isCut = reply->attribute(QNetworkRequest::Http2WasUsedAttribute).toBool()
+                           ? state->answer.isEmpty()
+                           : state->answer.size() >= kReadAheadBytes / 2;
+    if (isCut) {
         if (reply->error() == QNetworkReply::AuthenticationRequiredError) {
             throw TransportError(Tr::tr("The service did not accept the API key."));
         }
@@ -266,7 +297,7 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
         state->asGet = true;
         co_return resolved;
     }
-    state->answer += reply->readAll();
+    take(*reply, state->answer);
     co_return std::nullopt;
 }
 

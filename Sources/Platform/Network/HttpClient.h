@@ -59,7 +59,8 @@ class HttpClient
     HttpClient &operator=(HttpClient &&) = delete;
 
     /// The body of the answer, whatever its HTTP status. Throws TransportError when none came, the answer broke off,
-    /// was too large, the certificate does not hold, or a redirect leads to an address that is not allowed.
+    /// was too large, the certificate does not hold, or a redirect leads to an address that is not allowed; and
+    /// std::bad_alloc when there is not enough memory for it.
     /// Redirects that browsers follow with GET (301, 302 and 303) are followed so, and the secret header stays with its
     /// origin; those that want the POST again (307 and 308) are an error that tells the new address.
     [[nodiscard]] QCoro::Task<QByteArray> post(Request request);
