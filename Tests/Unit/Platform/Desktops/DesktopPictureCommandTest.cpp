@@ -126,8 +126,9 @@ TEST_F(DesktopPictureCommandTest, whatHangsIsKilledWithAllItStarted)
 TEST_F(DesktopPictureCommandTest, aPainterLeftBehindLivesOn)
 {
     // It writes to its standard error after the command ended, which must neither kill it nor hold us up.
-    const QByteArray text =
-        "(while [ ! -e \"$here/go\" ]; do sleep 0.02; done; echo painting >&2; echo x > \"$here/done\") &\n";
+    const QByteArray text = "(while [ -d \"$here\" ] && [ ! -e \"$here/go\" ]; do sleep 0.02; done; echo painting >&2; "
+                            "echo x > \"$here/done\") "
+                            "&\n";
     EXPECT_EQ(set(script(text)), kDone);
     QFile go(m_home.path() + u"/go"_s);
     ASSERT_TRUE(go.open(QIODevice::WriteOnly));
