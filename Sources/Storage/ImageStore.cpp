@@ -271,15 +271,8 @@ Result<> ImageStore::deleteImage(const QString &image)
 
 void ImageStore::removeAbandonedTemporaries()
 {
-    // A side file that is a link is written beside what it leads to.
-    std::set<QString> folders{directory()};
     for (const QString &path : {promptsPath(), variantsPath(), favoritesPath()}) {
-        if (const Result<QString> written = writtenPath(path)) {
-            folders.insert(QFileInfo(*written).path());
-        }
-    }
-    for (const QString &folder : folders) {
-        quorvane::removeAbandonedTemporaries(folder);
+        removeAbandonedTemporariesOf(path);
     }
 }
 

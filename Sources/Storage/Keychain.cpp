@@ -60,10 +60,7 @@ void Keychain::migrateLegacyKey(SecretStore &store)
 
 void Keychain::removeAbandonedTemporaries()
 {
-    quorvane::removeAbandonedTemporaries(folder());
-    if (const Result<QString> written = writtenPath(filePath())) { // Where the file is a link to one elsewhere.
-        quorvane::removeAbandonedTemporaries(QFileInfo(*written).path());
-    }
+    removeAbandonedTemporariesOf(filePath());
 }
 
 QString Keychain::folder()

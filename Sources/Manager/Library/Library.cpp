@@ -1,10 +1,15 @@
 #include "Manager/Library/Library.h"
 
 #include "Manager/Library/Album.h"
+#include "Platform/Files/AtomicFile.h"
+#include "Platform/Files/UserDefaults.h"
+#include "Platform/Pictures/PictureCopy.h"
+#include "Platform/System/Autostart.h"
 #include "Platform/Threads/Worker.h"
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
 #include "Storage/SideFile.h"
+#include "Upscaling/Network/ModelFiles.h"
 
 #include <QFileInfo>
 
@@ -130,6 +135,12 @@ QCoro::Task<> Library::removingAbandonedFiles()
     auto remove = [] {
         ImageStore::removeAbandonedTemporaries();
         Keychain::removeAbandonedTemporaries();
+        for (const QString &path : {UserDefaults::defaultPath(), userModelPath(), autostartEntryPath()}) {
+            removeAbandonedTemporariesOf(path);
+        }
+        for (const QString &folder : PictureCopy::folders()) {
+            removeAbandonedTemporaries(folder);
+        }
     };
     co_await onWorker(&m_thread, std::move(remove));
 }

@@ -202,4 +202,14 @@ void removeAbandonedTemporaries(const QString &folder)
     }
 }
 
+void removeAbandonedTemporariesOf(const QString &path)
+{
+    const QString folder = QFileInfo(path).path();
+    removeAbandonedTemporaries(folder);
+    const Result<QString> written = writtenPath(path);
+    if (written && QFileInfo(*written).path() != folder) {
+        removeAbandonedTemporaries(QFileInfo(*written).path());
+    }
+}
+
 } // namespace quorvane

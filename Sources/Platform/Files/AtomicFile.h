@@ -29,4 +29,8 @@ Result<> writeFileAtomically(const QString &path, const QByteArray &bytes, FileA
 /// a file untouched for an hour is taken for abandoned.
 void removeAbandonedTemporaries(const QString &folder);
 
+/// The same for what writeFileAtomically(path) may have left: beside the file, and where path is a link beside what it
+/// leads to.
+void removeAbandonedTemporariesOf(const QString &path);
+
 } // namespace quorvane

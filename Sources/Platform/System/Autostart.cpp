@@ -72,10 +72,15 @@ Result<> setAutostart(Autostart autostart)
     return writeAutostartEntry(autostart, QCoreApplication::applicationFilePath());
 }
 
+QString autostartEntryPath()
+{
+    return Paths::configHome() + kEntry;
+}
+
 Result<> writeAutostartEntry(Autostart autostart, const QString &program)
 {
     const Failure failure{Tr::tr("could not write the autostart entry")};
-    const QString path = Paths::configHome() + kEntry;
+    const QString path = autostartEntryPath();
     QString entry = u"[Desktop Entry]\n"
                     "Type=Application\n"
                     "Name=Quorvane\n"

@@ -12,9 +12,11 @@ enum class Autostart { Off, On };
 /// which may ask the user in turn; elsewhere the entry is written.
 [[nodiscard]] Result<> setAutostart(Autostart autostart);
 
-/// Writes "autostart/app.quorvane.Quorvane.desktop" in the configuration folder, with program as what is started, or
-/// removes it. Where the system has an entry of that name for all users, removing would bring that back, so a hidden
-/// one goes in its place.
+/// The user's own entry: "autostart/app.quorvane.Quorvane.desktop" in the configuration folder.
+[[nodiscard]] QString autostartEntryPath();
+
+/// Writes the user's own entry, with program as what is started, or removes it. Where the system has an entry of that
+/// name for all users, removing would bring that back, so a hidden one goes in its place.
 [[nodiscard]] Result<> writeAutostartEntry(Autostart autostart, const QString &program);
 
 } // namespace quorvane

@@ -1,9 +1,15 @@
 #include "Manager/Library/Library.h"
 
 #include "Platform/Files/FolderLock.h"
+#include "Platform/Files/UserDefaults.h"
+#include "Platform/Pictures/PictureCopy.h"
+#include "Platform/System/Autostart.h"
 #include "Storage/ImageStore.h"
+#include "Storage/Keychain.h"
 #include "Storage/SideFile.h"
+#include "Support/Files.h"
 #include "Support/PrivateHome.h"
+#include "Upscaling/Network/ModelFiles.h"
 
 #include <QFile>
 #include <QSignalSpy>
@@ -109,6 +115,24 @@ TEST_F(LibraryTest, readingNowOvertakesTheFirstReading)
     EXPECT_EQ(library.history(), QStringList{path});
     tasks.wait();
     EXPECT_EQ(library.history(), QStringList{path});
+}
+
+TEST_F(LibraryTest, whatKilledRunsLeftHalfWrittenGoesWhereverWeWrite)
+{
+    QStringList left;
+    for (const QString &path :
+         {ImageStore::promptsPath(), Keychain::filePath(), UserDefaults::defaultPath(), userModelPath(),
+          autostartEntryPath(), PictureCopy::folders().first() + u"/copy.png"_s}) {
+        const QFileInfo written(path);
+        left.append(written.path() + u"/."_s + written.fileName() + u".XyZ123.quorvane-tmp"_s);
+        ASSERT_TRUE(putFile(left.last()));
+    }
+    Library library(tasks);
+    tasks.start(library.removingAbandonedFiles());
+    tasks.wait();
+    for (const QString &path : left) {
+        EXPECT_FALSE(QFile::exists(path)) << path.toStdString();
+    }
 }
 
 } // namespace quorvane
