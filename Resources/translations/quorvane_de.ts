@@ -297,6 +297,10 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
         <source>the application was asked to end and still runs</source>
         <translation>das Programm wurde gebeten, sich zu beenden, und läuft noch</translation>
     </message>
+    <message>
+        <source>not a regular file: %1</source>
+        <translation>keine gewöhnliche Datei: %1</translation>
+    </message>
 </context>
 <context>
     <name>DescribedError</name>

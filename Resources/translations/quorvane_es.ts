@@ -297,6 +297,10 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
         <source>the application was asked to end and still runs</source>
         <translation>se pidió a la aplicación que terminara y sigue en ejecución</translation>
     </message>
+    <message>
+        <source>not a regular file: %1</source>
+        <translation>no es un archivo normal: %1</translation>
+    </message>
 </context>
 <context>
     <name>DescribedError</name>

@@ -297,6 +297,10 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
         <source>the application was asked to end and still runs</source>
         <translation>l’application a été priée de quitter et tourne encore</translation>
     </message>
+    <message>
+        <source>not a regular file: %1</source>
+        <translation>n'est pas un fichier ordinaire : %1</translation>
+    </message>
 </context>
 <context>
     <name>DescribedError</name>

@@ -296,6 +296,10 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
         <source>the application was asked to end and still runs</source>
         <translation>アプリケーションに終了を求めましたが、まだ実行中です</translation>
     </message>
+    <message>
+        <source>not a regular file: %1</source>
+        <translation>通常のファイルではありません: %1</translation>
+    </message>
 </context>
 <context>
     <name>DescribedError</name>

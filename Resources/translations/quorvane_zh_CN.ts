@@ -296,6 +296,10 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
         <source>the application was asked to end and still runs</source>
         <translation>已要求应用程序结束，但它仍在运行</translation>
     </message>
+    <message>
+        <source>not a regular file: %1</source>
+        <translation>不是普通文件：%1</translation>
+    </message>
 </context>
 <context>
     <name>DescribedError</name>

@@ -323,6 +323,26 @@ TEST_F(CommandsTest, jsonIsOneValueInEveryCase)
     }
 }
 
+TEST_F(CommandsTest, aLimitOnTheSizeOfFilesIsAnErrorAndNoEndOfTheProgram)
+{
+    service.setPictureMaker([](const QString & /*prompt*/, QSize /*size*/) {
+        QImage image(64, 64, QImage::Format_RGB32);
+        for (int pixel = 0; pixel < 64 * 64; ++pixel) {
+            image.setPixel(pixel % 64, pixel / 64, qRgb(pixel * 7, pixel * 13, pixel * 29));
+        }
+        return image;
+    });
+    ASSERT_EQ(run({u"key"_s, u"set"_s, u"gemini"_s}, "KEY").status, 0);
+    // 512 bytes: enough for what else is kept.
+    const CommandRun made = runProgram(u"/bin/sh"_s,
+                                       {u"-c"_s, u"ulimit -f 1; exec \"$0\" \"$@\""_s, QStringLiteral(QUORVANE_PROGRAM),
+                                        u"generate"_s, u"--json"_s, u"--prompt"_s, u"a lake"_s},
+                                       environment, {}, home.path());
+    EXPECT_EQ(made.status, 1);
+    EXPECT_TRUE(made.json()["isError"_L1].toBool());
+    EXPECT_FALSE(made.json()["status"_L1].toString().isEmpty());
+}
+
 TEST_F(CommandsTest, theWordsOfAServiceAreOnlyRead)
 {
     ASSERT_EQ(run({u"key"_s, u"set"_s, u"gemini"_s}, "KEY").status, 0);
@@ -415,6 +435,13 @@ TEST_F(CommandsTest, setTakesPathsAndNamesAndRemembersTheWallpaper)
     EXPECT_EQ(run({u"set"_s, QFileInfo(path).fileName()}).output, "Wallpaper set!\n");
     EXPECT_EQ(run({u"status"_s, u"--json"_s}).json()["currentWallpaper"_L1], QJsonValue(path));
     EXPECT_EQ(run({u"set"_s, u"gone.png"_s}).status, 1);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(home.path() + u"/pipe.png"_s).constData(), 0600), 0);
+    for (const QString &none : {QString(), home.path(), u"pipe.png"_s, u"/dev/null"_s}) {
+        for (const QString &verb : {u"set"_s, u"upscale"_s}) {
+            EXPECT_EQ(run({verb, none}).status, 1) << verb.toStdString() << ' ' << none.toStdString();
+        }
+    }
+    EXPECT_EQ(run({u"status"_s, u"--json"_s}).json()["currentWallpaper"_L1], QJsonValue(path));
 }
 
 TEST_F(CommandsTest, upscaleMakesACopyThroughTheService)

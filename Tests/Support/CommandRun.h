@@ -12,7 +12,7 @@
 
 namespace quorvane {
 
-/// One run of the program "quorvane" to its end.
+/// One run of a program to its end.
 struct CommandRun
 {
     int status = -1; ///< Exit status; -1 when it crashed or did not end.
@@ -27,11 +27,12 @@ struct CommandRun
     }
 };
 
-[[nodiscard]] inline CommandRun runQuorvane(const QStringList &arguments, const QProcessEnvironment &environment,
-                                            const QByteArray &input = {}, const QString &workingFolder = {})
+[[nodiscard]] inline CommandRun runProgram(const QString &program, const QStringList &arguments,
+                                           const QProcessEnvironment &environment, const QByteArray &input = {},
+                                           const QString &workingFolder = {})
 {
     QProcess process;
-    process.setProgram(QStringLiteral(QUORVANE_PROGRAM));
+    process.setProgram(program);
     process.setArguments(arguments);
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(workingFolder);
@@ -40,6 +41,13 @@ struct CommandRun
     process.closeWriteChannel();
     const bool ended = process.waitForFinished() && process.exitStatus() == QProcess::NormalExit;
     return {ended ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+/// The same for the program "quorvane".
+[[nodiscard]] inline CommandRun runQuorvane(const QStringList &arguments, const QProcessEnvironment &environment,
+                                            const QByteArray &input = {}, const QString &workingFolder = {})
+{
+    return runProgram(QStringLiteral(QUORVANE_PROGRAM), arguments, environment, input, workingFolder);
 }
 
 } // namespace quorvane

@@ -17,6 +17,7 @@
 #include <QNetworkProxyFactory>
 #include <QQuickWindow>
 
+#include <csignal>
 #include <cstdlib>
 #include <memory>
 
@@ -170,6 +171,9 @@ int runProgram(int argc, char **argv, const SceneUrls &urls)
         arguments.append(QString::fromLocal8Bit(argv[index]));
     }
     const QStringList languages = wantedLanguages();
+    // Where the size of files is limited (ulimit -f), the write that goes beyond shall fail, and not the program. A
+    // handler, because programs that we start would inherit that it is ignored.
+    (void)std::signal(SIGXFSZ, [](int /*number*/) {});
     allowLargePictures();
     QNetworkProxyFactory::setUseSystemConfiguration(true);
     if (!isForWindows(parseCommandLine(arguments))) {

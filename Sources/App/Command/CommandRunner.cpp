@@ -90,6 +90,11 @@ void startOnFile(WallpaperManager &manager, const CommandLine &line, const Ended
         ended(failure(noSuchFile(line)));
         return;
     }
+    // A folder, a pipe or a device: not every desktop looks before it says that it is shown.
+    if (mayBeElsewhere(line) && !QFileInfo(file).isFile()) {
+        ended(failure(Tr::tr("not a regular file: %1").arg(line.arguments.first())));
+        return;
+    }
     const auto begin = [&manager, &line, &file] {
         if (line.verb == Verb::Set) {
             manager.setWallpaper(file);
@@ -115,6 +120,9 @@ QCoro::Task<> runningOnWorker(std::function<CommandOutcome()> work, Ended ended)
 
 QString existingFile(const QString &argument)
 {
+    if (argument.isEmpty()) {
+        return {};
+    }
     if (!argument.contains('/'_L1)) {
         const QString inLibrary = ImageStore::directory() + '/'_L1 + argument;
         if (QFileInfo::exists(inLibrary)) {
