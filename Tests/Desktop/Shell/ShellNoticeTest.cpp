@@ -126,12 +126,14 @@ TEST_F(ShellNoticeTest, withoutADaemonOrWithASilentOneEverythingGoesOn)
     ASSERT_TRUE(becomes(u"Wallpaper set!"_s));
     Daemon silent(session.connection());
     silent.answers = false;
-    application->tell(kHalfHour);
-    ASSERT_TRUE(waitFor([&silent] { return !silent.shown.isEmpty(); }));
-    application->tell(kHalfHour);
-    ASSERT_TRUE(waitFor([&silent] { return silent.shown.size() >= 2; }));
-    // The notice of the first may have found the daemon that came after its picture.
-    EXPECT_TRUE(waitFor([this] { return service.requests().size() == 3; }));
+    // The notice of the first may still find the daemon that came after its picture, so notices do not tell how far the
+    // next ones are.
+    for (const int requests : {2, 3}) {
+        application->tell(kHalfHour);
+        ASSERT_TRUE(waitFor([&] { return service.requests().size() == requests; }));
+        ASSERT_TRUE(becomes(u"Wallpaper set!"_s));
+    }
+    EXPECT_TRUE(waitFor([&silent] { return silent.shown.size() >= 2; }));
     EXPECT_EQ(command({u"quit"_s}).status, 0);
     EXPECT_EQ(application->waitForEnd(), 0) << application->errors().constData();
 }
