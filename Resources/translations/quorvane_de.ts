@@ -106,6 +106,10 @@ Wählen Sie einen bestimmten Anbieter, um ihn für jedes Bild zu verwenden.</tra
         <source>The model needs more than %1 MB of memory</source>
         <translation>Das Modell braucht mehr als %1 MB Speicher</translation>
     </message>
+    <message>
+        <source>There is not enough memory for the model</source>
+        <translation>Für das Modell ist nicht genug Speicher da</translation>
+    </message>
 </context>
 <context>
     <name>CommandLine</name>
@@ -300,6 +304,10 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
     <message>
         <source>not a regular file: %1</source>
         <translation>keine gewöhnliche Datei: %1</translation>
+    </message>
+    <message>
+        <source>not a picture: %1</source>
+        <translation>kein Bild: %1</translation>
     </message>
 </context>
 <context>

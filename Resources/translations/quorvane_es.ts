@@ -106,6 +106,10 @@ Elija un proveedor concreto para usarlo en cada generación.</translation>
         <source>The model needs more than %1 MB of memory</source>
         <translation>El modelo necesita más de %1 MB de memoria</translation>
     </message>
+    <message>
+        <source>There is not enough memory for the model</source>
+        <translation>No hay memoria suficiente para el modelo</translation>
+    </message>
 </context>
 <context>
     <name>CommandLine</name>
@@ -300,6 +304,10 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
     <message>
         <source>not a regular file: %1</source>
         <translation>no es un archivo normal: %1</translation>
+    </message>
+    <message>
+        <source>not a picture: %1</source>
+        <translation>no es una imagen: %1</translation>
     </message>
 </context>
 <context>

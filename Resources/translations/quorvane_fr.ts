@@ -106,6 +106,10 @@ Choisissez un fournisseur précis pour l’utiliser à chaque génération.</tra
         <source>The model needs more than %1 MB of memory</source>
         <translation>Le modèle a besoin de plus de %1 Mo de mémoire</translation>
     </message>
+    <message>
+        <source>There is not enough memory for the model</source>
+        <translation>Il n'y a pas assez de mémoire pour le modèle</translation>
+    </message>
 </context>
 <context>
     <name>CommandLine</name>
@@ -299,7 +303,11 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
     </message>
     <message>
         <source>not a regular file: %1</source>
-        <translation>n'est pas un fichier ordinaire : %1</translation>
+        <translation>n&apos;est pas un fichier ordinaire : %1</translation>
+    </message>
+    <message>
+        <source>not a picture: %1</source>
+        <translation>ce n'est pas une image : %1</translation>
     </message>
 </context>
 <context>

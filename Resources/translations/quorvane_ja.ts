@@ -105,6 +105,10 @@ Pick a specific provider to use it for every generation.</source>
         <source>The model needs more than %1 MB of memory</source>
         <translation>モデルには%1 MBを超えるメモリが必要です</translation>
     </message>
+    <message>
+        <source>There is not enough memory for the model</source>
+        <translation>モデルに必要なメモリが足りません</translation>
+    </message>
 </context>
 <context>
     <name>CommandLine</name>
@@ -299,6 +303,10 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     <message>
         <source>not a regular file: %1</source>
         <translation>通常のファイルではありません: %1</translation>
+    </message>
+    <message>
+        <source>not a picture: %1</source>
+        <translation>画像ではありません: %1</translation>
     </message>
 </context>
 <context>

@@ -105,6 +105,10 @@ Pick a specific provider to use it for every generation.</source>
         <source>The model needs more than %1 MB of memory</source>
         <translation>模型需要超过 %1 MB 内存</translation>
     </message>
+    <message>
+        <source>There is not enough memory for the model</source>
+        <translation>内存不足，无法运行模型</translation>
+    </message>
 </context>
 <context>
     <name>CommandLine</name>
@@ -299,6 +303,10 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     <message>
         <source>not a regular file: %1</source>
         <translation>不是普通文件：%1</translation>
+    </message>
+    <message>
+        <source>not a picture: %1</source>
+        <translation>不是图片：%1</translation>
     </message>
 </context>
 <context>

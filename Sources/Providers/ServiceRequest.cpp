@@ -45,6 +45,13 @@ bool canBeHeader(const QByteArray &value)
     });
 }
 
+QString withoutSecret(QString words, const QByteArray &secret)
+{
+    // Keys are much longer; what is as short as this may be any word.
+    constexpr qsizetype kShortestKey = 8;
+    return secret.size() < kShortestKey ? words : words.replace(QString::fromUtf8(secret), u"…"_s);
+}
+
 QByteArrayView withoutDataAddress(QByteArrayView text)
 {
     const qsizetype comma = text.indexOf(',');
@@ -73,7 +80,8 @@ EncodedImage imageFromAnswer(const QByteArray &answer, const AnswerFormat &forma
     const QJsonValue message = document->object().value("error"_L1).toObject().value("message"_L1);
     if (message.isString()) {
         QByteArray storage;
-        throw ProviderError::apiError(format.apiError.arg(QString::fromUtf8(document->textOf(message, &storage))));
+        const QString words = QString::fromUtf8(document->textOf(message, &storage));
+        throw ProviderError::apiError(format.apiError.arg(withoutSecret(words, format.secret)));
     }
     // 3. Walk to the base64 text.
     const std::optional<PictureInAnswer> picture = format.pictureIn(document->object());
@@ -118,6 +126,7 @@ QCoro::Task<EncodedImage> requestImage(HttpClient *http, ServiceRequest request,
         throw ProviderError::networkError(
             Tr::tr("The stored API key has a character that cannot be sent. Save the key again."));
     }
+    format.secret = request.keyHeader.value.mid(request.keyHeader.value.lastIndexOf(' ') + 1);
     auto serialise = [body = std::move(request.body)] { return QJsonDocument(body).toJson(QJsonDocument::Compact); };
     QByteArray body = co_await onWorker(std::move(serialise));
     HttpClient::Request httpRequest{url, "application/json", std::move(request.keyHeader), std::move(body),

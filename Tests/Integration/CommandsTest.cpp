@@ -323,12 +323,31 @@ TEST_F(CommandsTest, jsonIsOneValueInEveryCase)
     }
 }
 
+TEST_F(CommandsTest, aKeyThatTheServiceQuotesIsShownToNobody)
+{
+    const QByteArray key = "sk-1234567890abcdef";
+    for (const QString &provider : {u"gemini"_s, u"grok"_s}) {
+        ASSERT_EQ(run({u"key"_s, u"set"_s, provider}, key).status, 0);
+        ASSERT_EQ(run({u"settings"_s, u"providerOverride"_s, provider}).status, 0);
+        Misbehaviour quoting(Misbehaviour::Kind::ErrorObject);
+        quoting.text = "the key " + key + " is not known";
+        service.setMisbehaviour(quoting);
+        for (const QStringList &more : {QStringList(), QStringList(u"--json"_s)}) {
+            const CommandRun failed = run(QStringList{u"generate"_s, u"--prompt"_s, u"a lake"_s} + more);
+            EXPECT_EQ(failed.status, 1);
+            EXPECT_TRUE((failed.output + failed.errors).contains("the key … is not known"))
+                << failed.errors.constData();
+            EXPECT_FALSE((failed.output + failed.errors).contains(key));
+        }
+    }
+}
+
 TEST_F(CommandsTest, aLimitOnTheSizeOfFilesIsAnErrorAndNoEndOfTheProgram)
 {
     service.setPictureMaker([](const QString & /*prompt*/, QSize /*size*/) {
         QImage image(64, 64, QImage::Format_RGB32);
         for (int pixel = 0; pixel < 64 * 64; ++pixel) {
-            image.setPixel(pixel % 64, pixel / 64, qRgb(pixel * 7, pixel * 13, pixel * 29));
+            image.setPixel(pixel % 64, pixel / 64, QRgb(pixel) * 2654435761U); // Does not compress.
         }
         return image;
     });
@@ -441,6 +460,10 @@ TEST_F(CommandsTest, setTakesPathsAndNamesAndRemembersTheWallpaper)
             EXPECT_EQ(run({verb, none}).status, 1) << verb.toStdString() << ' ' << none.toStdString();
         }
     }
+    // An upscale costs, so it is not tried with what is no picture.
+    const qsizetype requests = service.requests().size();
+    EXPECT_EQ(run({u"upscale"_s, u"prompts.json"_s}).status, 1);
+    EXPECT_EQ(service.requests().size(), requests);
     EXPECT_EQ(run({u"status"_s, u"--json"_s}).json()["currentWallpaper"_L1], QJsonValue(path));
 }
 

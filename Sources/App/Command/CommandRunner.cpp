@@ -13,6 +13,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QImageReader>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -93,6 +94,10 @@ void startOnFile(WallpaperManager &manager, const CommandLine &line, const Ended
     // A folder, a pipe or a device: not every desktop looks before it says that it is shown.
     if (mayBeElsewhere(line) && !QFileInfo(file).isFile()) {
         ended(failure(Tr::tr("not a regular file: %1").arg(line.arguments.first())));
+        return;
+    }
+    if (line.verb == Verb::Upscale && QImageReader::imageFormat(file).isEmpty()) {
+        ended(failure(Tr::tr("not a picture: %1").arg(line.arguments.first()))); // It would be paid all the same.
         return;
     }
     const auto begin = [&manager, &line, &file] {

@@ -31,9 +31,11 @@ void *BoundedAllocator::allocate(std::size_t size)
 {
     const bool large = size >= 2 * kLargePage;
     void *memory = nullptr;
-    if (size > m_bound || m_used + size > m_bound ||
-        posix_memalign(&memory, large ? kLargePage : kVectorAlignment, size) != 0) {
+    if (size > m_bound || m_used + size > m_bound) {
         throw std::runtime_error(Tr::tr("The model needs more than %1 MB of memory").arg(m_bound >> 20).toStdString());
+    }
+    if (posix_memalign(&memory, large ? kLargePage : kVectorAlignment, size) != 0) {
+        throw std::runtime_error(Tr::tr("There is not enough memory for the model").toStdString());
     }
     if (large) {
         madvise(memory, size, MADV_HUGEPAGE);

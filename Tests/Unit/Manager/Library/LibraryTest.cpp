@@ -5,7 +5,6 @@
 #include "Platform/Pictures/PictureCopy.h"
 #include "Platform/System/Autostart.h"
 #include "Storage/ImageStore.h"
-#include "Storage/Keychain.h"
 #include "Storage/SideFile.h"
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
@@ -119,10 +118,10 @@ TEST_F(LibraryTest, readingNowOvertakesTheFirstReading)
 
 TEST_F(LibraryTest, whatKilledRunsLeftHalfWrittenGoesWhereverWeWrite)
 {
+    const QString keyFile = home.path() + u"/Library/Application Support/Quorvane/keys.json"_s;
     QStringList left;
-    for (const QString &path :
-         {ImageStore::promptsPath(), Keychain::filePath(), UserDefaults::defaultPath(), userModelPath(),
-          autostartEntryPath(), PictureCopy::folders().first() + u"/copy.png"_s}) {
+    for (const QString &path : {ImageStore::promptsPath(), keyFile, UserDefaults::defaultPath(), userModelPath(),
+                                autostartEntryPath(), PictureCopy::folders().first() + u"/copy.png"_s}) {
         const QFileInfo written(path);
         left.append(written.path() + u"/."_s + written.fileName() + u".XyZ123.quorvane-tmp"_s);
         ASSERT_TRUE(putFile(left.last()));
