@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <cstdio>
 #include <thread>
 
@@ -22,7 +23,52 @@ QString placeTemplate()
     return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/FaultTest-XXXXXX"_s;
 }
 
+/// What can happen to a call.
+std::vector<Fault> faultsOf(const QByteArray &call)
+{
+    const Fault noSpace{ENOSPC, false, "ENOSPC"};
+    const Fault broken{EIO, false, "EIO"};
+    const Fault tooMany{EMFILE, false, "EMFILE"};
+    const Fault interrupted{EINTR, false, "EINTR"};
+    const Fault refused{EACCES, false, "EACCES"};
+    if (call == "open") {
+        return {tooMany, broken, interrupted, refused};
+    }
+    if (call == "read") {
+        return {broken, interrupted};
+    }
+    if (call == "write") {
+        return {noSpace, {0, true, "half"}, interrupted, broken};
+    }
+    if (call == "fsync") {
+        return {broken, noSpace};
+    }
+    if (call == "close") {
+        return {broken};
+    }
+    return {refused, noSpace, broken};
+}
+
 } // namespace
+
+std::vector<Attempt> attemptsAt(const std::vector<Call> &calls, Kinds kinds)
+{
+    std::vector<Attempt> attempts;
+    for (const Call &call : calls) {
+        const std::vector<Fault> faults = faultsOf(call.name);
+        for (std::size_t at = 0; at < faults.size(); ++at) {
+            if (kinds == Kinds::All || at == static_cast<std::size_t>(call.index) % faults.size()) {
+                attempts.push_back({call, faults[at]});
+            }
+        }
+    }
+    return attempts;
+}
+
+bool isLongForm()
+{
+    return qgetenv("QUORVANE_SOAK") == "full";
+}
 
 FaultFixture::FaultFixture()
 {
@@ -45,9 +91,9 @@ FaultFixture::FaultFixture()
                         contentOf(QStringLiteral(QUORVANE_TEST_DATA "/models/nearest.onnx"))));
 }
 
-FaultFixture::Place::Place(const Scenario &scenario)
+FaultFixture::Place::Place(const std::map<QString, QString> &settings)
     : folder(placeTemplate())
-    , home(folder.path() + u"/home"_s, scenario.settings)
+    , home(folder.path() + u"/home"_s, settings)
 {
 }
 
@@ -93,6 +139,20 @@ CommandRun FaultFixture::run(const Scenario &scenario, const Place &place, const
 {
     return runQuorvane(scenario.arguments + QStringList{u"--json"_s}, environmentIn(place, plan), scenario.input,
                        place.home.path());
+}
+
+std::pair<bool, QString> FaultFixture::whereOf(const Attempt &attempt, const Place &place)
+{
+    const auto &[call, fault] = attempt;
+    const std::vector<Call> now = place.calls();
+    const auto index = static_cast<std::size_t>(call.index);
+    const bool hasHappened = index <= now.size();
+    const Call &hit = hasHappened ? now[index - 1] : call;
+    QByteArray path = hit.path;
+    path.replace(place.home.path().toUtf8(), "~");
+    return {hasHappened, u"%1 of %2 (%3, call %4): "_s
+                             .arg(QLatin1String(fault.title), QString::fromUtf8(hit.name), QString::fromUtf8(path))
+                             .arg(call.index)};
 }
 
 QStringList FaultFixture::wrongAfter(const Scenario &scenario, const FaultHome &home, const CommandRun &run)

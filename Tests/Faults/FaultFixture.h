@@ -32,6 +32,31 @@ struct FaultPlan
     qint64 allocationAbove = 0;
 };
 
+/// How one call is made to fail.
+struct Fault
+{
+    int error = 0;
+    bool isShort = false;
+    const char *title = "";
+};
+
+/// A call and how it fails.
+struct Attempt
+{
+    Call call;
+    Fault fault;
+
+    [[nodiscard]] FaultPlan plan() const { return {.nth = call.index, .error = fault.error, .isShort = fault.isShort}; }
+};
+
+/// Which of the ways to fail that a call has.
+enum class Kinds { OneInTurn, All };
+
+[[nodiscard]] std::vector<Attempt> attemptsAt(const std::vector<Call> &calls, Kinds kinds);
+
+/// Whether the tests were asked to try everything.
+[[nodiscard]] bool isLongForm();
+
 /// What came of many runs.
 struct Faults
 {
@@ -42,7 +67,7 @@ struct Faults
 
 /// Runs of the program in homes of their own, with services that answer tiny pictures, and what is to be said of them
 /// afterwards. Nothing here belongs to one thread but what the tests change before they begin.
-class FaultFixture : public testing::TestWithParam<Scenario>
+class FaultFixture : public testing::Test
 {
   protected:
     FaultFixture();
@@ -51,7 +76,7 @@ class FaultFixture : public testing::TestWithParam<Scenario>
     /// times.
     struct Place
     {
-        explicit Place(const Scenario &scenario);
+        explicit Place(const std::map<QString, QString> &settings = {});
 
         [[nodiscard]] QString report() const { return folder.filePath(QStringLiteral("calls")); }
         [[nodiscard]] std::vector<Call> calls() const;
@@ -66,6 +91,10 @@ class FaultFixture : public testing::TestWithParam<Scenario>
     [[nodiscard]] QProcessEnvironment environmentIn(const Place &place, const FaultPlan &plan) const;
 
     [[nodiscard]] CommandRun run(const Scenario &scenario, const Place &place, const FaultPlan &plan) const;
+
+    /// Whether the call of the attempt was reached in place, and what it was, in words before a finding. The order of
+    /// the calls may differ a little from run to run.
+    [[nodiscard]] static std::pair<bool, QString> whereOf(const Attempt &attempt, const Place &place);
 
     /// What is wrong after a run, a line each.
     [[nodiscard]] static QStringList wrongAfter(const Scenario &scenario, const FaultHome &home, const CommandRun &run);

@@ -16,7 +16,7 @@ constexpr qint64 kLargeBytes = qint64(1) << 20;
 
 } // namespace
 
-class MemoryFaultTest : public FaultFixture
+class MemoryFaultTest : public FaultFixture, public testing::WithParamInterface<Scenario>
 {
   protected:
     MemoryFaultTest()
@@ -39,7 +39,7 @@ TEST_P(MemoryFaultTest, aLackOfMemoryIsAClearErrorAndNothingIsLost)
     GTEST_SKIP() << "The sanitizers want to be the first to be loaded.";
 #endif
     const Scenario &scenario = GetParam();
-    const Place untouched(scenario);
+    const Place untouched(scenario.settings);
     const CommandRun good = run(scenario, untouched, {.allocationAbove = kLargeBytes});
     ASSERT_EQ(good.status, 0) << good.errors.constData();
     std::vector<Call> seen = untouched.calls();
@@ -48,7 +48,7 @@ TEST_P(MemoryFaultTest, aLackOfMemoryIsAClearErrorAndNothingIsLost)
 
     const Faults faults = each(seen.size(), [&](std::size_t at) {
         const Call &call = seen[at];
-        const Place place(scenario);
+        const Place place(scenario.settings);
         const CommandRun hurt = run(scenario, place, {.allocationNth = call.index, .allocationAbove = kLargeBytes});
         Faults one{.tried = 1, .happened = 1, .wrong = {}};
         QStringList wrong = wrongAfter(scenario, place.home, hurt) + wrongAtNextStart(place.home);
