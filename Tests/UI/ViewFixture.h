@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QPalette>
 #include <QQmlApplicationEngine>
+#include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QtTest/QTest>
@@ -52,6 +53,22 @@ class ViewTest : public ManagerTest
         window->show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(window));
         return window;
+    }
+
+    /// One more window of the module over the same manager, as the settings are opened over the main window.
+    [[nodiscard]] std::unique_ptr<QQuickWindow> openBeside(const QString &name)
+    {
+        QQmlComponent component(m_engine.get(), QUrl(u"qrc:/qt/qml/Quorvane/Views/%1.qml"_s.arg(name)));
+        std::unique_ptr<QObject> made(
+            component.createWithInitialProperties({{u"manager"_s, QVariant::fromValue(manager.get())}}));
+        if (qobject_cast<QQuickWindow *>(made.get()) == nullptr) {
+            ADD_FAILURE() << "the window cannot be loaded: " << component.errorString().toStdString();
+            return nullptr;
+        }
+        std::unique_ptr<QQuickWindow> beside(static_cast<QQuickWindow *>(made.release()));
+        beside->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(beside.get()));
+        return beside;
     }
 
     /// The item of that name: one that is seen before one that is not, for grids keep tiles they no longer show.
@@ -109,6 +126,16 @@ class ViewTest : public ManagerTest
         return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
     }
     void hover(const QPoint &position) const { QTest::mouseMove(window, position); }
+
+    /// Turns the wheel by one notch there, towards the end of what is below the pointer.
+    void turnWheelDown(const QPoint &position)
+    {
+        hover(position);
+        QWheelEvent event(position, window->mapToGlobal(position), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        event.setTimestamp(m_time += 50);
+        QCoreApplication::sendEvent(window, &event);
+    }
 
     /// Where the item lies in its window.
     [[nodiscard]] QRectF placeOf(const QString &name) const
@@ -199,7 +226,7 @@ class ViewTest : public ManagerTest
     }
 
     static inline QStringList s_warnings;
-    quint64 m_time = 100000; ///< Of the keys that are held.
+    quint64 m_time = 100000; ///< Of the keys that are held and the wheel that is turned.
     QtMessageHandler m_previousHandler = nullptr;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
 };

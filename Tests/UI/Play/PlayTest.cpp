@@ -15,18 +15,37 @@ struct Finding
 {
     QString what;
     qsizetype deed = -1;
+    QMap<qsizetype, QString> lateFrames; ///< By deed.
 };
 
 Finding play(const QList<Deed> &deeds)
 {
     Stage stage;
     stage.raise();
-    for (qsizetype index = 0; index < deeds.size(); ++index) {
+    Finding finding;
+    for (qsizetype index = 0; index < deeds.size() && finding.deed < 0; ++index) {
         if (const QString wrong = stage.play(deeds[index]); !wrong.isEmpty()) {
-            return {wrong, index};
+            finding.what = wrong;
+            finding.deed = index;
+        }
+        if (!stage.lateFrame().isEmpty()) {
+            finding.lateFrames.insert(index, stage.lateFrame());
         }
     }
-    return {};
+    return finding;
+}
+
+/// Of the late frames those that are late whenever the deeds are done again. A machine that has others to serve, too,
+/// makes one late here and there, and what we do makes it late each time.
+QMap<qsizetype, QString> always(QMap<qsizetype, QString> late, QList<Deed> deeds)
+{
+    constexpr int kTimes = 2;
+    for (int time = 0; time < kTimes && !late.isEmpty(); ++time) {
+        deeds.resize(late.lastKey() + 1);
+        const QMap<qsizetype, QString> again = play(deeds).lateFrames;
+        late.removeIf([&again](const auto &each) { return !again.contains(each.key()); });
+    }
+    return late;
 }
 
 /// Leaves out what is not needed for something to go wrong, by halves, quarters and so on, as long as tries are left.
@@ -71,6 +90,11 @@ TEST_P(UserPlay, theWindowShowsWhatIsSoAndDoesWhatItShows)
     QList<Deed> deeds = deedsOf(GetParam(), count);
     const Finding found = play(deeds);
     if (found.deed < 0) {
+        const QMap<qsizetype, QString> late = always(found.lateFrames, deeds);
+        for (auto each = late.cbegin(); each != late.cend(); ++each) {
+            ADD_FAILURE() << "seed " << GetParam() << ", deed " << each.key() << ", "
+                          << nameOf(deeds[each.key()]).toStdString() << ": " << each.value().toStdString();
+        }
         return;
     }
     deeds.resize(found.deed + 1);
