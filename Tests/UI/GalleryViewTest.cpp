@@ -96,6 +96,26 @@ TEST_F(GalleryView, aTileAppliesFavoursAndDeletes)
     EXPECT_TRUE(waitFor([&] { return isSeen(u"albumGrid"_s); }));
 }
 
+TEST_F(GalleryView, aPictureThatCannotBeDeletedStaysAndIsSaidSo)
+{
+    // A folder that is not empty is listed by its name, and no program removes it like a file.
+    const QString path = home.library() + u"/x.png"_s;
+    ASSERT_TRUE(QDir().mkpath(path + u"/inside"_s));
+    start();
+    open();
+    click(u"album Uncategorized"_s);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"tile "_s + path); }));
+    EXPECT_FALSE(isSeen(u"problems"_s));
+    hover(middleOf(find(u"tile "_s + path)));
+    click(u"trash"_s);
+    manager->waitUntilIdle();
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"problems"_s); }));
+    EXPECT_EQ(textOf(find(u"problems"_s)), u"x.png could not be deleted: Directory not empty"_s);
+    EXPECT_TRUE(QRectF(QPointF(), window->size()).contains(placeOf(u"problems"_s)));
+    EXPECT_TRUE(isReachable(u"tile "_s + path));
+    EXPECT_TRUE(QFileInfo::exists(path + u"/inside"_s));
+}
+
 TEST_F(GalleryView, keysOpenMoveFavourAndDelete)
 {
     const QString older = putPainting(u"one.png"_s, u"a lake"_s);

@@ -208,6 +208,10 @@ TEST_F(SidebarView, aLongStatusIsReadToItsEndAndCopied)
     const QQuickItem *place = find(u"statusPlace"_s);
     EXPECT_LT(place->height(), window->height() / 2);
     EXPECT_GT(placeOf(u"status"_s).bottom(), placeOf(u"statusPlace"_s).bottom());
+    EXPECT_TRUE(waitFor([&] {
+        turnWheelDown(middleOf(place));
+        return placeOf(u"status"_s).bottom() <= placeOf(u"statusPlace"_s).bottom();
+    }));
 
     QTest::mouseClick(window, Qt::LeftButton, {}, middleOf(place));
     QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);

@@ -68,7 +68,7 @@ TEST_F(TipView, aShortTipStandsOverTheMiddleOfItsButton)
 
 TEST_F(TipView, aPromptThatIsLongerThanTheWindowIsAllThere)
 {
-    const QString prompt = longText(1500) + u" the end"_s;
+    const QString prompt = longText(700) + u" the end"_s;
     const QString path = putPainting(u"one.png"_s, prompt);
     start();
     ASSERT_NE(open(), nullptr);
@@ -83,6 +83,13 @@ TEST_F(TipView, aPromptThatIsLongerThanTheWindowIsAllThere)
     EXPECT_FALSE(text->property("truncated").toBool());
     EXPECT_TRUE(QRectF(QPointF(), window->size()).contains(panel()));
     EXPECT_GT(text->height(), panel().height());
+
+    // The wheel leads to its end; the pointer that is in it keeps it.
+    EXPECT_TRUE(waitFor([&] {
+        turnWheelDown(panel().center().toPoint());
+        return placeOf(u"toolTip"_s).bottom() <= panel().bottom();
+    }));
+    EXPECT_TRUE(isShown());
 
     // It goes when the pointer does.
     hover(QPoint(5, 5));
