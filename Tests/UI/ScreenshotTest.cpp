@@ -1,6 +1,7 @@
 // Every view in both themes, beside pictures of how they looked before. With QUORVANE_SCREENSHOTS=FOLDER the pictures
-// are kept there to be looked at, in the language that QUORVANE_SCREENSHOTS_LANGUAGE names; with
-// QUORVANE_UPDATE_PICTURES=1 the small ones in Tests/Data/windows are made anew.
+// are kept there to be looked at, in the language that QUORVANE_SCREENSHOTS_LANGUAGE names and as large as
+// QUORVANE_SCREENSHOTS_SIZE (760x480) says; with QUORVANE_UPDATE_PICTURES=1 the small ones in Tests/Data/windows are
+// made anew.
 
 #include "Manager/SettingsKeys.h"
 #include "Platform/Threads/Worker.h"
@@ -117,11 +118,49 @@ class Screenshot : public ViewTest
         start();
     }
 
+    /// The main window, as large as the caller asked for.
+    void openMain()
+    {
+        open();
+        const QStringList size = qEnvironmentVariable("QUORVANE_SCREENSHOTS_SIZE").split('x'_L1);
+        if (size.size() == 2) {
+            window->resize(size[0].toInt(), size[1].toInt());
+        }
+    }
+
+    /// A prompt that is too long for its line: the tip at the tile, the preview and the whole of it.
+    void takeLongPrompt(const QString &theme, const QString &prompt)
+    {
+        hover(QPoint(2, 2));
+        click(u"albumsButton"_s);
+        const QString album = u"album "_s + prompt;
+        ASSERT_TRUE(waitFor([&] { return find(album) != nullptr; }));
+        find(u"albumGrid"_s)->setProperty("contentY", std::max(0.0, find(album)->y() - 20));
+        settle();
+        click(album);
+        ASSERT_TRUE(waitFor([&] { return isReachable(u"albumsButton"_s); }));
+        settle();
+        hover(QPoint(int(placeOf(u"imageGrid"_s).left()) + 60, int(placeOf(u"imageGrid"_s).top()) + 150));
+        EXPECT_TRUE(waitFor([&] { return isSeen(u"toolTip"_s); }));
+        settle();
+        take(theme + u"-tip"_s);
+        QTest::mouseClick(window, Qt::LeftButton, {}, (placeOf(u"imageGrid"_s).topLeft() + QPointF(60, 60)).toPoint());
+        settle();
+        take(theme + u"-preview-long"_s);
+        click(u"previewPrompt"_s);
+        settle();
+        take(theme + u"-preview-prompt"_s);
+        QTest::keyClick(window, Qt::Key_Escape);
+        QTest::keyClick(window, Qt::Key_Escape);
+        settle();
+    }
+
     /// What was not kept, below the status with the keyboard's frame.
     void takeProblem(const QString &theme)
     {
         const QByteArray before = sideFile("prompts.json");
         EXPECT_TRUE(putFile(ImageStore::promptsPath(), "{"));
+        manager->saveKey(u"KEY-KEY-KEY"_s, manager->resolvedProvider().id());
         manager->generateAndSet();
         manager->waitUntilIdle();
         EXPECT_TRUE(waitFor([&] { return isSeen(u"problems"_s); }));
@@ -150,6 +189,12 @@ class Screenshot : public ViewTest
         looksLike(theme + u"-small-advanced"_s);
     }
 
+    /// Longer than any line.
+    [[nodiscard]] static QString longPrompt()
+    {
+        return u"the sea at sunset with far islands and a very long description "_s.repeated(12).trimmed();
+    }
+
     void takeAll(const QString &theme)
     {
         QPromise<void> ends;
@@ -166,7 +211,7 @@ class Screenshot : public ViewTest
         manager->toggleFavorite(manager->history().value(1));
         manager->toggleFavorite(manager->history().value(4));
         manager->waitUntilIdle();
-        open();
+        openMain();
         settle();
         take(theme + u"-albums"_s);
         window->setProperty("trayShown", false);
@@ -202,6 +247,7 @@ class Screenshot : public ViewTest
         settle();
         take(theme + u"-preview-upscaled"_s);
         QTest::keyClick(window, Qt::Key_Escape);
+        takeLongPrompt(theme, longPrompt());
         takeProblem(theme);
         open(u"SettingsWindow"_s);
         settle();
@@ -272,6 +318,7 @@ TEST_F(Screenshot, forTheEye)
                              "the sea at sunset with far islands and a very long description that has to be cut",
                              "desert dunes under stars", "misty mountains at dawn"};
     int number = 0;
+    (void)putPainting(u"long.png"_s, longPrompt(), {960, 540});
     for (const char *prompt : prompts) {
         for (int each = 0; each < (number > 10 ? 7 : 3); ++each) {
             (void)putPainting(u"picture-%1.png"_s.arg(number++), QLatin1String(prompt), {960, 540});
