@@ -2,6 +2,8 @@
 
 #include "Platform/Failure.h"
 
+#include <gtest/gtest.h>
+
 #include <ostream>
 
 namespace quorvane {
@@ -24,6 +26,13 @@ inline void PrintTo(const Result<> &result, std::ostream *out)
 template <typename T> QString wordsOf(const Result<T> &result)
 {
     return result ? QStringLiteral("done") : result.failure().words;
+}
+
+/// The value of what has to succeed; an empty one, and a failure of the test, where it did not.
+template <typename T> T valueOf(const Result<T> &result)
+{
+    EXPECT_TRUE(result) << wordsOf(result).toStdString();
+    return result ? *result : T();
 }
 
 } // namespace quorvane

@@ -75,7 +75,8 @@ void Notifications::show(const Notice &notice)
 QCoro::Task<> Notifications::showing(Notice notice, quint64 number)
 {
     auto decode = [path = notice.picture] {
-        return readPicture(path, kThumbnail).image.convertToFormat(QImage::Format_RGBA8888);
+        const Result<PictureFile> picture = readPicture(path, kThumbnail);
+        return picture ? picture->image.convertToFormat(QImage::Format_RGBA8888) : QImage();
     };
     const QImage thumbnail = co_await onWorker(std::move(decode));
     if (number == m_asked) { // Else there is news already.

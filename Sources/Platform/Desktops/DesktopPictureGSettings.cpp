@@ -54,7 +54,7 @@ Result<QString> currentOf(const SessionDesktop &desktop, const QString &busAddre
 }
 
 /// current is what the settings hold.
-HandedPicture handedTo(const BackgroundSettings &settings, const QString &path, const QString &current)
+Result<HandedPicture> handedTo(const BackgroundSettings &settings, const QString &path, const QString &current)
 {
     if (settings.content == BackgroundSettings::Content::Followed) {
         return handedPicture(path, [](const QString &) { return true; });
@@ -62,7 +62,7 @@ HandedPicture handedTo(const BackgroundSettings &settings, const QString &path, 
     // A screen that came makes no new copy of what is shown already.
     const QString shown = settings.form == BackgroundSettings::Form::Path ? current : QUrl(current).toLocalFile();
     if (PictureCopy::isCopyOf(shown, path)) {
-        return {shown, true, {}};
+        return HandedPicture{shown, true};
     }
     return handedPicture(path, [&](const QString &candidate) { return candidate != path; });
 }
@@ -115,11 +115,11 @@ Result<> DesktopPictureGSettings::setPicture(const QString &path, const QList<Sc
     const std::chrono::milliseconds left(asking.remainingTime()); // The time to decode is nobody's but ours.
 
     const BackgroundSettings settings = m_desktop.settings;
-    const HandedPicture handed = handedTo(settings, path, **current);
-    if (!handed.error.isEmpty()) {
-        return Failure{handed.error};
+    const Result<HandedPicture> handed = handedTo(settings, path, **current);
+    if (!handed) {
+        return handed.failure();
     }
-    const QString value = changedValueFor(settings, handed.path, **current);
+    const QString value = changedValueFor(settings, handed->path, **current);
     const QDeadlineTimer changing(left);
     const auto result =
         withinLimit(left, [=, desktop = m_desktop, address = m_busAddress](const std::stop_token &stop) {
@@ -129,7 +129,7 @@ Result<> DesktopPictureGSettings::setPicture(const QString &path, const QList<Sc
     if (!result || !*result) {
         return result ? *result : silence;
     }
-    PictureCopy::removeAllBut(handed.isCopy ? handed.path : QString());
+    PictureCopy::removeAllBut(handed->isCopy ? handed->path : QString());
     return kDone;
 }
 

@@ -14,11 +14,11 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <optional>
 #include <utility>
 
 #include <poll.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -69,6 +69,11 @@ bool isPlain(const QString &path)
     return DesktopPictureSway::isPlainPath(path) && path.toUtf8().size() < kRequestLimit / 2;
 }
 
+Failure silence()
+{
+    return {Tr::tr("hyprpaper does not answer")};
+}
+
 bool isText(const QByteArray &reply)
 {
     return !reply.isEmpty() && std::all_of(reply.begin(), reply.end(), [](char letter) {
@@ -105,11 +110,7 @@ QStringList DesktopPictureHyprland::socketFolders(const QString &signature)
 bool DesktopPictureHyprland::answers(const QStringList &socketFolders, std::chrono::milliseconds limit)
 {
     return std::any_of(socketFolders.begin(), socketFolders.end(), [limit](const QString &folder) {
-        const int descriptor = connectUnixSocket(folder + u"/.socket.sock"_s, QDeadlineTimer(limit));
-        if (descriptor >= 0) {
-            ::close(descriptor);
-        }
-        return descriptor >= 0;
+        return bool(connectUnixSocket(folder + u"/.socket.sock"_s, QDeadlineTimer(limit)));
     });
 }
 
@@ -121,70 +122,69 @@ bool DesktopPictureHyprland::endsWithTheProgram()
 Result<> DesktopPictureHyprland::setPicture(const QString &path, const QList<Screen> &screens)
 {
     // Half for finding out, half for the rest.
-    const std::optional<QStringList> loaded = loadedFiles(QDeadlineTimer(m_limit / 2));
+    const Result<QStringList> loaded = loadedFiles(QDeadlineTimer(m_limit / 2));
     return loaded ? setByHyprpaper(path, *loaded, screens) : m_ownSurfaces.setPicture(path, screens);
 }
 
 Result<> DesktopPictureHyprland::setByHyprpaper(const QString &path, const QStringList &loaded,
                                                 const QList<Screen> &screens)
 {
-    const PictureHandover::Handed handed = m_handover.handOver(path, {.loaded = loaded, .takesPath = isPlain});
-    if (!handed.error.isEmpty()) {
-        return Failure{handed.error};
+    const Result<HandedPicture> handed = m_handover.handOver(path, {.loaded = loaded, .takesPath = isPlain});
+    if (!handed) {
+        return handed.failure();
     }
     const QDeadlineTimer deadline(m_limit / 2);
     // What hyprpaper has read already is not read again.
     QStringList requests;
-    if (!loaded.contains(handed.path)) {
-        requests.append(u"preload "_s + handed.path);
+    if (!loaded.contains(handed->path)) {
+        requests.append(u"preload "_s + handed->path);
     }
     for (const Screen &screen : screens) {
-        requests.append(u"wallpaper %1,%2"_s.arg(screen.name, handed.path));
+        requests.append(u"wallpaper %1,%2"_s.arg(screen.name, handed->path));
     }
     for (const QString &request : requests) {
-        const std::optional<QString> reply = ask(request, deadline);
-        if (reply != kOk) {
-            m_handover.failed(handed);
-            return Failure{reply.value_or(QString()).isEmpty() ? Tr::tr("hyprpaper does not answer") : *reply};
+        const Result<QString> reply = ask(request, deadline);
+        if (!reply || *reply != kOk) {
+            m_handover.failed(*handed);
+            const Failure refusal = reply ? Failure{*reply} : reply.failure();
+            return refusal.words.isEmpty() ? silence() : refusal;
         }
     }
-    m_handover.succeeded(path, handed);
+    m_handover.succeeded(path, *handed);
     // Both only free memory: an older hyprpaper knows no "unused", and neither changes what is shown.
     (void)ask(u"unload unused"_s, deadline);
-    PictureCopy::removeAllBut(handed.path);
+    PictureCopy::removeAllBut(handed->path);
     m_ownSurfaces.remove();
     return kDone;
 }
 
-std::optional<QString> DesktopPictureHyprland::ask(const QString &request, QDeadlineTimer deadline) const
+Result<QString> DesktopPictureHyprland::ask(const QString &request, QDeadlineTimer deadline) const
 {
     const QByteArray bytes = request.toUtf8();
     if (bytes.size() > kRequestLimit || bytes.contains('\n')) {
-        return Tr::tr("hyprpaper cannot take \"%1\"").arg(request);
+        return Failure{Tr::tr("hyprpaper cannot take \"%1\"").arg(request)};
     }
-    int descriptor = -1;
-    for (const QString &folder : m_socketFolders) {
-        descriptor = connectUnixSocket(folder + u"/.hyprpaper.sock"_s, deadline);
-        if (descriptor >= 0) {
-            break;
+    FileDescriptor connection;
+    for (auto folder = m_socketFolders.begin(); folder != m_socketFolders.end() && !connection.isOpen(); ++folder) {
+        if (Result<FileDescriptor> opened = connectUnixSocket(*folder + u"/.hyprpaper.sock"_s, deadline)) {
+            connection = std::move(*opened);
         }
     }
-    if (descriptor < 0) {
-        return std::nullopt;
+    const auto size = static_cast<std::size_t>(bytes.size());
+    if (connection.isOpen() && ::send(connection.get(), bytes.constData(), size, MSG_NOSIGNAL) == bytes.size()) {
+        const std::optional<QByteArray> reply = readAll(connection.get(), deadline);
+        if (reply && isText(*reply)) {
+            return QString::fromUtf8(*reply).trimmed();
+        }
     }
-    std::optional<QByteArray> reply;
-    if (::send(descriptor, bytes.constData(), static_cast<std::size_t>(bytes.size()), MSG_NOSIGNAL) == bytes.size()) {
-        reply = readAll(descriptor, deadline);
-    }
-    ::close(descriptor);
-    return reply && isText(*reply) ? std::optional(QString::fromUtf8(*reply).trimmed()) : std::nullopt;
+    return silence();
 }
 
-std::optional<QStringList> DesktopPictureHyprland::loadedFiles(QDeadlineTimer deadline) const
+Result<QStringList> DesktopPictureHyprland::loadedFiles(QDeadlineTimer deadline) const
 {
-    const std::optional<QString> reply = ask(u"listloaded"_s, deadline);
+    const Result<QString> reply = ask(u"listloaded"_s, deadline);
     if (!reply) {
-        return std::nullopt;
+        return reply.failure();
     }
     // A version that has no such list says so in words, none of which is a path.
     QStringList files = reply->split('\n'_L1, Qt::SkipEmptyParts);

@@ -6,8 +6,6 @@
 #include <QDeadlineTimer>
 #include <QStringList>
 
-#include <optional>
-
 namespace quorvane {
 
 using namespace Qt::StringLiterals;
@@ -37,8 +35,10 @@ class DesktopPictureHyprland : public DesktopPicture
 
   private:
     [[nodiscard]] Result<> setByHyprpaper(const QString &path, const QStringList &loaded, const QList<Screen> &screens);
-    [[nodiscard]] std::optional<QString> ask(const QString &request, QDeadlineTimer deadline) const;
-    [[nodiscard]] std::optional<QStringList> loadedFiles(QDeadlineTimer deadline) const;
+    /// hyprpaper's answer to the request. Fails where hyprpaper does not run, says nothing, or speaks another protocol.
+    [[nodiscard]] Result<QString> ask(const QString &request, QDeadlineTimer deadline) const;
+    /// The files that hyprpaper has read, as far as it tells. Fails as ask().
+    [[nodiscard]] Result<QStringList> loadedFiles(QDeadlineTimer deadline) const;
 
     QStringList m_socketFolders;
     QString m_reason;

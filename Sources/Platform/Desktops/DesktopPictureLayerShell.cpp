@@ -91,14 +91,15 @@ class DesktopPictureLayerShell::Keeper
     {
         pthread_setname_np(pthread_self(), "wallpaper"); // Seen in top and debuggers.
         LayerShellBackgrounds backgrounds(display, QDeadlineTimer(m_limit));
-        while (backgrounds.isUsable() && !isStopping()) {
+        Result<> usable = backgrounds.usable();
+        while (usable && !isStopping()) {
             answer(backgrounds);
-            if (!backgrounds.follow(m_wake)) {
-                break;
-            }
+            usable = backgrounds.follow(m_wake);
             drainWake();
         }
-        end(backgrounds.failure());
+        if (!usable) {
+            end(usable.failure());
+        }
     }
 
     void answer(LayerShellBackgrounds &backgrounds)
@@ -171,15 +172,15 @@ Result<> DesktopPictureLayerShell::setPicture(const QString &path, const QList<S
                               "start Quorvane, then set the picture")};
     }
     // Decoding comes first, so that the compositor's time is not spent on it.
-    const PictureFile file = readPicture(path);
-    if (!file.error.isEmpty()) {
-        return Failure{file.error};
+    const Result<PictureFile> file = readPicture(path);
+    if (!file) {
+        return file.failure();
     }
     if (!m_keeper || !m_keeper->isRunning()) {
         m_keeper.reset();
         m_keeper = std::make_unique<Keeper>(m_display, m_limit);
     }
-    return m_keeper->show({file.image, path, screens});
+    return m_keeper->show({file->image, path, screens});
 }
 
 void DesktopPictureLayerShell::remove()

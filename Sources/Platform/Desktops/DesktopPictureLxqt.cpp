@@ -119,13 +119,13 @@ Result<> DesktopPictureLxqt::setPicture(const QString &path, const QList<Screen>
     }
     const std::chrono::milliseconds left(asking.remainingTime()); // The time to decode is nobody's but ours.
 
-    const PictureFile file = readPicture(path);
-    if (!file.error.isEmpty()) {
-        return Failure{file.error};
+    const Result<PictureFile> file = readPicture(path);
+    if (!file) {
+        return file.failure();
     }
-    const HandedPicture handed = handedPicture(composed(file.image, **layout));
-    if (!handed.error.isEmpty()) {
-        return Failure{handed.error};
+    const Result<HandedPicture> handed = handedPicture(composed(file->image, **layout));
+    if (!handed) {
+        return handed.failure();
     }
     const QDeadlineTimer showing(left);
     const auto shown = withinLimit(left, [=, address = m_busAddress](const std::stop_token &stop) -> Result<> {
@@ -133,13 +133,13 @@ Result<> DesktopPictureLxqt::setPicture(const QString &path, const QList<Screen>
         if (stop.stop_requested()) {
             return silence;
         }
-        const auto answer = bus.call(kName, kPath, kInterface, u"setWallpaper"_s, {handed.path, u"stretch"_s});
+        const auto answer = bus.call(kName, kPath, kInterface, u"setWallpaper"_s, {handed->path, u"stretch"_s});
         return answer ? kDone : answer.failure();
     });
     if (!shown || !*shown) {
         return shown ? *shown : silence;
     }
-    PictureCopy::removeAllBut(handed.path);
+    PictureCopy::removeAllBut(handed->path);
     return kDone;
 }
 

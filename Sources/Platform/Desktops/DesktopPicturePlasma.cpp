@@ -31,56 +31,55 @@ constexpr std::chrono::milliseconds kLookInterval{100};
 
 using Report = PlasmaScript::Report;
 
-/// A report, or what failed in Plasma's own words.
-struct Answer
+/// How trying to set the picture ended.
+struct Attempt
 {
-    Report report;
-    QString error;
+    QStringList files; ///< What the desktops have after it; empty where Plasma did not say.
+    Result<> outcome;
 };
 
-Answer evaluate(const MessageBus &bus, const QString &script)
+Failure silence()
+{
+    return {Tr::tr("Plasma does not answer")};
+}
+
+/// A failure comes in Plasma's own words where it has any.
+Result<Report> evaluate(const MessageBus &bus, const QString &script)
 {
     if (!bus.isConnected()) {
-        return {{}, MessageBus::unreachable().words};
+        return MessageBus::unreachable();
     }
     if (!bus.isOwned(kShell)) {
-        return {{}, Tr::tr("Plasma's desktop does not run (org.kde.plasmashell is not on the session bus)")};
+        return Failure{Tr::tr("Plasma's desktop does not run (org.kde.plasmashell is not on the session bus)")};
     }
     const Result<QVariantList> answer =
         bus.call(kShell, u"/PlasmaShell"_s, u"org.kde.PlasmaShell"_s, u"evaluateScript"_s, {script});
     if (!answer) {
-        return {{}, Tr::tr("Plasma: %1").arg(answer.failure().words)};
+        return Failure{Tr::tr("Plasma: %1").arg(answer.failure().words)};
     }
     const QString printed = answer->value(0).toString();
     const std::optional<Report> report = PlasmaScript::reportOf(printed);
-    return report ? Answer{*report, {}} : Answer{{}, Tr::tr("Plasma answered: %1").arg(printed.trimmed())};
+    return report ? Result<Report>(*report) : Failure{Tr::tr("Plasma answered: %1").arg(printed.trimmed())};
 }
 
-/// The report after the last try; its error is also the verdict's.
-Answer setEverywhere(const QString &busAddress, const QString &url, qsizetype screens, const std::stop_token &stop,
-                     QDeadlineTimer deadline)
+Attempt setEverywhere(const QString &busAddress, const QString &url, qsizetype screens, const std::stop_token &stop,
+                      QDeadlineTimer deadline)
 {
     const MessageBus bus(busAddress, deadline);
     const QDeadlineTimer newScreens(kNewScreenLimit);
     while (true) {
         if (stop.stop_requested()) {
-            return {{}, QString()};
+            return {{}, silence()};
         }
-        Answer answer = evaluate(bus, PlasmaScript::setting(url));
-        if (!answer.error.isEmpty() || answer.report.visible() >= screens || newScreens.hasExpired() ||
-            deadline.hasExpired()) {
-            if (answer.error.isEmpty()) {
-                answer.error = answer.report.whyNotEverywhere(url);
-            }
-            return answer;
+        const Result<Report> report = evaluate(bus, PlasmaScript::setting(url));
+        if (!report) {
+            return {{}, report.failure()};
+        }
+        if (report->visible() >= screens || newScreens.hasExpired() || deadline.hasExpired()) {
+            return {report->files(), report->isEverywhere(url)};
         }
         std::this_thread::sleep_for(kLookInterval);
     }
-}
-
-QString silence()
-{
-    return Tr::tr("Plasma does not answer");
 }
 
 } // namespace
@@ -105,36 +104,36 @@ Result<> DesktopPicturePlasma::setPicture(const QString &path, const QList<Scree
     const auto shown = withinLimit(m_limit, [address = m_busAddress, deadline](const std::stop_token &) {
         return evaluate(MessageBus(address, deadline), PlasmaScript::reading());
     });
-    if (!shown || !shown->error.isEmpty()) {
-        return Failure{shown ? shown->error : silence()};
+    if (!shown || !*shown) {
+        return shown ? shown->failure() : silence();
     }
     // Decoding and copying do not count: they are not Plasma's time.
     const std::chrono::milliseconds left(std::max<qint64>(1, deadline.remainingTime()));
-    const PictureHandover::Handed handed = m_handover.handOver(path, {.loaded = shown->report.files()});
-    if (!handed.error.isEmpty()) {
-        return Failure{handed.error};
+    const Result<HandedPicture> handed = m_handover.handOver(path, {.loaded = (*shown)->files()});
+    if (!handed) {
+        return handed.failure();
     }
-    const auto result = withinLimit(left, [address = m_busAddress, url = PlasmaScript::urlOf(handed.path),
+    const auto result = withinLimit(left, [address = m_busAddress, url = PlasmaScript::urlOf(handed->path),
                                            count = screens.size(), left](const std::stop_token &stop) {
         return setEverywhere(address, url, count, stop, QDeadlineTimer(left));
     });
     if (!result) {
-        return Failure{silence()}; // It may still be done later, so what was handed stays.
+        return silence(); // It may still be done later, so what was handed stays.
     }
-    const QStringList stored = result->report.files();
-    if (!result->error.isEmpty()) {
-        if (!stored.contains(handed.path)) {
-            m_handover.failed(handed);
+    const QStringList &stored = result->files;
+    if (!result->outcome) {
+        if (!stored.contains(handed->path)) {
+            m_handover.failed(*handed);
         }
-        return Failure{result->error};
+        return result->outcome;
     }
-    m_handover.succeeded(path, handed);
+    m_handover.succeeded(path, *handed);
     // The desktop of another activity, or of a screen that is away, may still have an older copy.
     const bool isNeeded = std::any_of(stored.begin(), stored.end(), [&](const QString &file) {
-        return file != handed.path && PictureCopy::isOurs(file);
+        return file != handed->path && PictureCopy::isOurs(file);
     });
     if (!isNeeded) {
-        PictureCopy::removeAllBut(handed.path);
+        PictureCopy::removeAllBut(handed->path);
     }
     return kDone;
 }

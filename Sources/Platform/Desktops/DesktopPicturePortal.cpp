@@ -57,9 +57,8 @@ QList<Screen> DesktopPicturePortal::screens()
 
 Result<> DesktopPicturePortal::setPicture(const QString &path, const QList<Screen> & /*screens*/)
 {
-    const PictureFile checked = readPicture(path, kCheckSize);
-    if (!checked.error.isEmpty()) {
-        return Failure{checked.error};
+    if (const Result<PictureFile> checked = readPicture(path, kCheckSize); !checked) {
+        return checked.failure();
     }
     QFile file;
     if (const Result<> opened = openRegularFile(path, kLargestPictureBytes, &file); !opened) {

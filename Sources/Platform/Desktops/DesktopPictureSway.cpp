@@ -32,15 +32,12 @@ bool contains(const QList<Screen> &screens, const QString &name)
 
 Result<> showOnScreen(SwaySocket &socket, const QString &name, const QList<Screen> &present, const QString &path)
 {
-    if (!socket.isConnected()) {
-        return Failure{socket.error()};
-    }
     const std::optional<QByteArray> command = DesktopPictureSway::commandFor(name, path);
     if (!command || !contains(present, name)) {
         return Failure{Tr::tr("sway has no screen \"%1\"").arg(name)}; // sway itself would answer "success".
     }
-    const std::optional<QByteArray> result = socket.ask(SwaySocket::Message::RunCommand, *command);
-    return result ? DesktopPictureSway::outcomeOf(*result) : Failure{socket.error()};
+    const Result<QByteArray> result = socket.ask(SwaySocket::Message::RunCommand, *command);
+    return result ? DesktopPictureSway::outcomeOf(*result) : result.failure();
 }
 
 } // namespace
@@ -55,25 +52,31 @@ DesktopPictureSway::DesktopPictureSway(QString socketPath, QString reason, std::
 QList<Screen> DesktopPictureSway::screens()
 {
     SwaySocket socket(m_socketPath, QDeadlineTimer(m_limit));
-    const std::optional<QByteArray> answer = socket.ask(SwaySocket::Message::GetOutputs);
+    const Result<QByteArray> answer = socket.ask(SwaySocket::Message::GetOutputs);
     return answer ? screensOf(*answer) : QList<Screen>();
 }
 
 Result<> DesktopPictureSway::setPicture(const QString &path, const QList<Screen> &screens)
 {
     // Decoding and copying come first, so that sway's time is not spent on them.
-    const HandedPicture handed = handedPicture(path, isPlainPath);
-    if (!handed.error.isEmpty()) {
-        return Failure{handed.error};
+    const Result<HandedPicture> handed = handedPicture(path, isPlainPath);
+    if (!handed) {
+        return handed.failure();
     }
     SwaySocket socket(m_socketPath, QDeadlineTimer(m_limit));
-    const std::optional<QByteArray> answer = socket.ask(SwaySocket::Message::GetOutputs);
-    const QList<Screen> present = answer ? screensOf(*answer) : QList<Screen>();
+    const Result<QByteArray> answer = socket.ask(SwaySocket::Message::GetOutputs);
+    if (!answer) {
+        if (handed->isCopy) {
+            QFile::remove(handed->path);
+        }
+        return answer.failure();
+    }
+    const QList<Screen> present = screensOf(*answer);
     for (qsizetype index = 0; index < screens.size(); ++index) {
-        if (Result<> shown = showOnScreen(socket, screens.at(index).name, present, handed.path); !shown) {
+        if (Result<> shown = showOnScreen(socket, screens.at(index).name, present, handed->path); !shown) {
             // Screens before this one show the copy, and so may this one when only the answer was lost.
-            if (handed.isCopy && index == 0 && (!answer || socket.isConnected())) {
-                QFile::remove(handed.path);
+            if (handed->isCopy && index == 0 && socket.isConnected()) {
+                QFile::remove(handed->path);
             }
             return shown;
         }
@@ -82,7 +85,7 @@ Result<> DesktopPictureSway::setPicture(const QString &path, const QList<Screen>
     const bool isEverywhere = std::all_of(present.begin(), present.end(),
                                           [&](const Screen &screen) { return contains(screens, screen.name); });
     if (isEverywhere) {
-        PictureCopy::removeAllBut(handed.path);
+        PictureCopy::removeAllBut(handed->path);
     }
     return kDone;
 }

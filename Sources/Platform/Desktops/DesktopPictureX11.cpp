@@ -174,12 +174,12 @@ QList<Screen> DesktopPictureX11::screens()
 Result<> DesktopPictureX11::setPicture(const QString &path, const QList<Screen> &screens)
 {
     // Decoding comes first, so that the server's time is not spent on it.
-    const PictureFile file = readPicture(path);
-    if (!file.error.isEmpty()) {
-        return Failure{file.error};
+    const Result<PictureFile> file = readPicture(path);
+    if (!file) {
+        return file.failure();
     }
     auto result =
-        withinLimit(m_limit, [display = m_display, picture = file.image, screens](const std::stop_token &stop) {
+        withinLimit(m_limit, [display = m_display, picture = file->image, screens](const std::stop_token &stop) {
             return setRootPicture(display, picture, screens, stop);
         });
     return result ? *result : silence();

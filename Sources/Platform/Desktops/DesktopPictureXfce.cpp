@@ -103,19 +103,19 @@ DesktopPictureXfce::DesktopPictureXfce(QString busAddress, std::function<QList<S
 
 Result<> DesktopPictureXfce::setPicture(const QString &path, const QList<Screen> &screens)
 {
-    const HandedPicture handed = handedPicture(path, [](const QString &) { return true; });
-    if (!handed.error.isEmpty()) {
-        return Failure{handed.error};
+    const Result<HandedPicture> handed = handedPicture(path, [](const QString &) { return true; });
+    if (!handed) {
+        return handed.failure();
     }
     const QDeadlineTimer deadline(m_limit);
     const auto result = withinLimit(m_limit, [=, address = m_busAddress](const std::stop_token &stop) {
         const MessageBus bus(address, deadline);
-        return show(bus, handed.path, screens, stop);
+        return show(bus, handed->path, screens, stop);
     });
     if (!result || !*result) {
         return result ? *result : silence();
     }
-    PictureCopy::removeAllBut(handed.isCopy ? handed.path : QString());
+    PictureCopy::removeAllBut(handed->isCopy ? handed->path : QString());
     return kDone;
 }
 

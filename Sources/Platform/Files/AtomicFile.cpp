@@ -67,21 +67,25 @@ QByteArray folderOf(const QByteArray &path)
     return slash < 0 ? QByteArray(".") : path.left(std::max<qsizetype>(slash, 1));
 }
 
-/// Where the links end that path leads to; empty, with errno set, when they lead nowhere.
-QByteArray followed(QByteArray path)
+Failure failureOf(int error)
+{
+    return {systemWords(error)};
+}
+
+/// Where the links end that path leads to. Fails when they lead nowhere.
+Result<QByteArray> followed(QByteArray path)
 {
     for (int links = 0; links < kMostLinks; ++links) {
         QByteArray target(PATH_MAX, Qt::Uninitialized);
         const ssize_t length = uninterrupted(
             [&] { return ::readlink(path.constData(), target.data(), static_cast<std::size_t>(target.size())); });
         if (length < 0) {
-            return errno == EINVAL || errno == ENOENT ? path : QByteArray();
+            return errno == EINVAL || errno == ENOENT ? Result<QByteArray>(path) : failureOf(errno);
         }
         target.truncate(length);
         path = target.startsWith('/') ? target : folderOf(path) + '/' + target;
     }
-    errno = ELOOP;
-    return {};
+    return failureOf(ELOOP);
 }
 
 /// A new file that begins with such a name, open, and locked as a sign that it is being written; not open, with errno
@@ -131,17 +135,15 @@ void syncFolder(const QByteArray &folder)
     }
 }
 
-Failure failureOf(int error)
-{
-    return {systemWords(error)};
-}
-
 } // namespace
 
 Result<QString> writtenPath(const QString &path)
 {
-    const QByteArray target = followed(QFile::encodeName(path));
-    return target.isEmpty() ? Result<QString>(failureOf(path.isEmpty() ? ENOENT : errno)) : QFile::decodeName(target);
+    if (path.isEmpty()) {
+        return failureOf(ENOENT);
+    }
+    const Result<QByteArray> target = followed(QFile::encodeName(path));
+    return target ? Result<QString>(QFile::decodeName(*target)) : target.failure();
 }
 
 Result<> writeFileAtomically(const QString &path, const QByteArray &bytes, FileAccess access)
@@ -149,10 +151,11 @@ Result<> writeFileAtomically(const QString &path, const QByteArray &bytes, FileA
     if (path.isEmpty() || path.contains(QChar(u'\0'))) {
         return failureOf(EINVAL);
     }
-    const QByteArray target = followed(QFile::encodeName(path));
-    if (target.isEmpty()) {
-        return failureOf(errno);
+    const Result<QByteArray> end = followed(QFile::encodeName(path));
+    if (!end) {
+        return end.failure();
     }
+    const QByteArray &target = *end;
     std::optional<struct stat> old = std::make_optional<struct stat>();
     if (uninterrupted([&] { return ::lstat(target.constData(), &*old); }) != 0) {
         old.reset();

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "Platform/Failure.h"
+#include "Platform/Files/SystemCall.h"
+
 #include <QDeadlineTimer>
 #include <QString>
 
 namespace quorvane {
 
-/// The descriptor of a new connection to the socket at path; -1 where nobody listens there in time, with the reason in
-/// errno. The caller closes it.
-[[nodiscard]] int connectUnixSocket(const QString &path, QDeadlineTimer deadline);
+/// A new connection to the socket at path. Where nobody listens there in time the Failure holds the system's words.
+[[nodiscard]] Result<FileDescriptor> connectUnixSocket(const QString &path, QDeadlineTimer deadline);
 
 } // namespace quorvane

@@ -138,7 +138,7 @@ struct HttpClient::Exchange
     QByteArray answer;
     bool tooLarge = false;
     bool lacksMemory = false;
-    QString certificateProblem;
+    std::optional<QString> certificateProblem;
 };
 
 HttpClient::HttpClient(qint64 answerLimitBytes)
@@ -232,7 +232,9 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
         }
     });
     QObject::connect(reply.get(), &QNetworkReply::sslErrors, reply.get(), [state](const QList<QSslError> &errors) {
-        state->certificateProblem = errors.isEmpty() ? QString() : errors.first().errorString();
+        if (!errors.isEmpty()) {
+            state->certificateProblem = errors.first().errorString();
+        }
     });
     QPromise<void> finished;
     QFuture<void> future = finished.future();
@@ -258,9 +260,9 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
     if (state->tooLarge) {
         throw TransportError(Tr::tr("The answer is larger than %1 MiB.").arg(m_answerLimitBytes / (1024LL * 1024)));
     }
-    if (!state->certificateProblem.isEmpty()) {
+    if (state->certificateProblem) {
         throw TransportError(
-            Tr::tr("No secure connection to %1: %2").arg(state->request.url.host(), state->certificateProblem));
+            Tr::tr("No secure connection to %1: %2").arg(state->request.url.host(), *state->certificateProblem));
     }
     if (reply->error() == QNetworkReply::OperationCanceledError) {
         throw TransportError(Tr::tr("The request timed out."));

@@ -31,42 +31,43 @@ QByteArray encodedAsPng(const QImage &image)
     return writer.write(image) ? bytes : QByteArray();
 }
 
-HandedPicture copied(const QByteArray &bytes, const QString &ending, const TakesPath &takesPath)
+Result<HandedPicture> copied(const QByteArray &bytes, const QString &ending, const TakesPath &takesPath)
 {
     if (bytes.isEmpty()) {
-        return {{}, false, Tr::tr("The picture cannot be copied for the desktop")};
+        return Failure{Tr::tr("The picture cannot be copied for the desktop")};
     }
     const QStringList folders = PictureCopy::folders();
     for (const QString &folder : folders) {
         if (takesPath(folder)) { // Our names add nothing that a desktop could mind.
-            if (const std::optional<QString> copy = PictureCopy::write(folder, bytes, ending)) {
-                return {*copy, true, {}};
+            if (const Result<QString> copy = PictureCopy::write(folder, bytes, ending)) {
+                return HandedPicture{*copy, true};
             }
         }
     }
-    return {{}, false, Tr::tr("No folder could hold a copy of the picture under a name that the desktop takes")};
+    return Failure{Tr::tr("No folder could hold a copy of the picture under a name that the desktop takes")};
 }
 
 } // namespace
 
-HandedPicture handedPicture(const QString &path, const TakesPath &takesPath)
+Result<HandedPicture> handedPicture(const QString &path, const TakesPath &takesPath)
 {
-    const PictureFile checked = readPicture(path, kCheckSize);
-    if (!checked.error.isEmpty()) {
-        return {{}, false, checked.error};
+    const Result<PictureFile> checked = readPicture(path, kCheckSize);
+    if (!checked) {
+        return checked.failure();
     }
     // Desktops read PNG and JPEG everywhere, other formats only where a plug-in happens to be.
-    if (checked.format != "png" && checked.format != "jpeg") {
-        return copied(encodedAsPng(readPicture(path).image), u"png"_s, takesPath);
+    if (checked->format != "png" && checked->format != "jpeg") {
+        const Result<PictureFile> whole = readPicture(path);
+        return whole ? copied(encodedAsPng(whole->image), u"png"_s, takesPath) : whole.failure();
     }
     if (takesPath(path)) {
-        return {path, false, {}};
+        return HandedPicture{path, false};
     }
     const Result<QByteArray> bytes = readWhole(path, kLargestPictureBytes);
-    return copied(bytes ? *bytes : QByteArray(), checked.format == "jpeg" ? u"jpg"_s : u"png"_s, takesPath);
+    return copied(bytes ? *bytes : QByteArray(), checked->format == "jpeg" ? u"jpg"_s : u"png"_s, takesPath);
 }
 
-HandedPicture handedPicture(const QImage &image)
+Result<HandedPicture> handedPicture(const QImage &image)
 {
     return copied(encodedAsPng(image), u"png"_s, [](const QString &) { return true; });
 }

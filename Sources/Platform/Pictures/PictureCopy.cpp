@@ -38,17 +38,16 @@ QStringList folders()
     return result;
 }
 
-std::optional<QString> write(const QString &folder, const QByteArray &bytes, const QString &ending)
+Result<QString> write(const QString &folder, const QByteArray &bytes, const QString &ending)
 {
-    if (!QDir().mkpath(folder)) {
-        return std::nullopt;
-    }
+    QDir().mkpath(folder); // Where it cannot be made, writing into it says why.
     const QString begin =
         folder + '/'_L1 + kNameBegin + QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd-HHmmsszzz"_s);
     for (int counter = 0;; ++counter) {
         const QString path = u"%1-%2.%3"_s.arg(begin).arg(counter).arg(ending);
         if (!QFileInfo::exists(path)) {
-            return writeFileAtomically(path, bytes) ? std::optional(path) : std::nullopt;
+            const Result<> written = writeFileAtomically(path, bytes);
+            return written ? Result<QString>(path) : written.failure();
         }
     }
 }

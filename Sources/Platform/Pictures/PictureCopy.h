@@ -1,11 +1,10 @@
 #pragma once
 
+#include "Platform/Failure.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
-
-#include <functional>
-#include <optional>
 
 /// Copies of the wallpaper for desktops that cannot take the library's own file. A copy gets a new name each time,
 /// because desktops keep what they once read under a name, and stays for as long as the desktop may read it again.
@@ -15,8 +14,8 @@ namespace quorvane::PictureCopy {
 [[nodiscard]] QStringList folders();
 
 /// Writes bytes whole under a new time-stamped name with the ending ("png") in folder, which is made where it is
-/// missing. The path, or nothing when the disk refuses.
-[[nodiscard]] std::optional<QString> write(const QString &folder, const QByteArray &bytes, const QString &ending);
+/// missing. The path; a Failure holds the system's words.
+[[nodiscard]] Result<QString> write(const QString &folder, const QByteArray &bytes, const QString &ending);
 
 /// Whether the path is a copy's.
 [[nodiscard]] bool isOurs(const QString &path);

@@ -25,15 +25,14 @@ void allowLargePictures()
     }();
 }
 
-PictureFile readPicture(const QString &path, QSize atMost)
+Result<PictureFile> readPicture(const QString &path, QSize atMost)
 {
     allowLargePictures();
-    PictureFile file;
     QFile content;
     if (const Result<> opened = openRegularFile(path, kLargestPictureBytes, &content); !opened) {
-        file.error = Tr::tr("The picture cannot be read: %1").arg(opened.failure().words);
-        return file;
+        return Failure{Tr::tr("The picture cannot be read: %1").arg(opened.failure().words)};
     }
+    PictureFile file;
     QImageReader reader(&content);
     reader.setAutoTransform(true);
     reader.setDecideFormatFromContent(true);
@@ -43,8 +42,7 @@ PictureFile readPicture(const QString &path, QSize atMost)
         reader.setScaledSize(size.scaled(atMost, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
     }
     if (!reader.read(&file.image)) {
-        file.image = {};
-        file.error = Tr::tr("The picture cannot be read: %1").arg(reader.errorString());
+        return Failure{Tr::tr("The picture cannot be read: %1").arg(reader.errorString())};
     }
     return file;
 }

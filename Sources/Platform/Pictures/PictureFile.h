@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/Failure.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QSize>
@@ -15,17 +17,16 @@ inline constexpr int kLargestDecodedMebibytes = 1024;
 /// program calls this before it has threads. Every later call does nothing.
 void allowLargePictures();
 
-/// What reading a picture's file gave.
+/// A picture that was read from a file.
 struct PictureFile
 {
-    QImage image;      ///< Upright, as its orientation tag says; null when it could not be read.
+    QImage image;      ///< Upright, as its orientation tag says.
     QByteArray format; ///< Found from the content, whatever the name says: "png", "jpeg", "webp", ...
-    QString error;     ///< Why it could not be read; empty on success.
 };
 
 /// Decodes the regular file to its last row. With atMost the result is reduced to fit into it, keeping its shape, which
 /// needs little memory. A picture may need up to 1 GiB of memory, that is 268 million pixels of colour; beyond that it
-/// is refused. Blocks on the disk and the decoder; may be called from any thread.
-[[nodiscard]] PictureFile readPicture(const QString &path, QSize atMost = {});
+/// is refused. A Failure is a whole sentence that says why. Blocks on the disk and the decoder; any thread.
+[[nodiscard]] Result<PictureFile> readPicture(const QString &path, QSize atMost = {});
 
 } // namespace quorvane

@@ -32,12 +32,12 @@ QByteArray contentMark(const QString &path)
 
 } // namespace
 
-PictureHandover::Handed PictureHandover::handOver(const QString &path, const Rules &rules)
+Result<HandedPicture> PictureHandover::handOver(const QString &path, const Rules &rules)
 {
     const QByteArray content = contentMark(path);
     const bool isShown = m_shown.path == path && m_shown.content == content && !content.isEmpty();
     if (isShown && QFileInfo::exists(m_shown.handedPath)) {
-        return {m_shown.handedPath, m_shown.handedPath != path, {}};
+        return HandedPicture{m_shown.handedPath, m_shown.handedPath != path};
     }
     // A loaded copy may be one of this very path, made by a process that is gone, under which the path was read before.
     const bool mayBeKnown =
@@ -48,12 +48,12 @@ PictureHandover::Handed PictureHandover::handOver(const QString &path, const Rul
         path, [&](const QString &taken) { return !(mayBeKnown && taken == path) && rules.takesPath(taken); });
 }
 
-void PictureHandover::succeeded(const QString &path, const Handed &handed)
+void PictureHandover::succeeded(const QString &path, const HandedPicture &handed)
 {
     m_shown = {path, contentMark(path), handed.path};
 }
 
-void PictureHandover::failed(const Handed &handed) const
+void PictureHandover::failed(const HandedPicture &handed) const
 {
     if (handed.isCopy && handed.path != m_shown.handedPath) {
         QFile::remove(handed.path);

@@ -19,17 +19,16 @@ class PictureHandover
         QStringList loaded; ///< The files that it has read, as far as it tells.
         TakesPath takesPath = [](const QString & /*path*/) { return true; };
     };
-    using Handed = HandedPicture;
 
     /// The file for the picture at path: the picture itself, what it was handed as before if its content is still the
     /// same, or a new copy. Decodes it once, because most desktops say nothing about one that they cannot read.
-    [[nodiscard]] Handed handOver(const QString &path, const Rules &rules);
+    [[nodiscard]] Result<HandedPicture> handOver(const QString &path, const Rules &rules);
 
     /// Once the desktop shows it.
-    void succeeded(const QString &path, const Handed &handed);
+    void succeeded(const QString &path, const HandedPicture &handed);
 
     /// Once it will not show it: deletes the copy, unless it was shown before.
-    void failed(const Handed &handed) const;
+    void failed(const HandedPicture &handed) const;
 
   private:
     struct Shown

@@ -20,30 +20,32 @@ struct Tr
 
 LayerShellBackgrounds::LayerShellBackgrounds(const QString &display, QDeadlineTimer deadline)
     : m_connection(display, deadline)
+    , m_prepared(prepare(deadline))
 {
-    if (!m_connection.isUsable()) {
-        return;
+}
+
+Result<> LayerShellBackgrounds::prepare(QDeadlineTimer deadline)
+{
+    if (Result<> usable = m_connection.usable(); !usable) {
+        return usable;
     }
     m_outputs = std::make_unique<WaylandOutputs>(m_connection);
     m_outputs->removed = [this](const WaylandOutput &output) { m_surfaces.erase(&output); };
     // The first answer names what there is, the second describes the outputs.
-    if (m_connection.finish(deadline) && m_connection.finish(deadline)) {
-        m_globals = std::make_unique<BackgroundGlobals>(*m_outputs);
-        m_isComplete = m_globals->areComplete();
+    for (int answers = 0; answers < 2; ++answers) {
+        if (Result<> finished = m_connection.finish(deadline); !finished) {
+            return finished;
+        }
     }
-}
-
-Failure LayerShellBackgrounds::failure() const
-{
-    const QString error = m_connection.error();
-    return {error.isEmpty() ? Tr::tr("The compositor does not offer zwlr_layer_shell_v1") : error};
+    m_globals = std::make_unique<BackgroundGlobals>(*m_outputs);
+    return m_globals->areComplete() ? kDone : Failure{Tr::tr("The compositor does not offer zwlr_layer_shell_v1")};
 }
 
 Result<> LayerShellBackgrounds::show(const QImage &picture, const QString &path, const QList<Screen> &screens,
                                      QDeadlineTimer deadline)
 {
-    if (!m_connection.finish(deadline)) {
-        return Failure{m_connection.error()};
+    if (Result<> finished = m_connection.finish(deadline); !finished) {
+        return finished;
     }
     QList<BackgroundSurface *> surfaces;
     for (const Screen &screen : screens) {
@@ -64,8 +66,8 @@ Result<> LayerShellBackgrounds::show(const QImage &picture, const QString &path,
         return std::all_of(surfaces.begin(), surfaces.end(), [](const auto *each) { return each->isReady(); });
     };
     while (areAllThere() && !areAllReady()) {
-        if (!m_connection.dispatch(deadline)) {
-            return Failure{m_connection.error()};
+        if (Result<> dispatched = m_connection.dispatch(deadline); !dispatched) {
+            return dispatched;
         }
     }
     if (areAllThere()) {
@@ -75,26 +77,26 @@ Result<> LayerShellBackgrounds::show(const QImage &picture, const QString &path,
             }
         }
         m_path = path;
-        if (!m_connection.finish(deadline)) {
-            return Failure{m_connection.error()};
+        if (Result<> finished = m_connection.finish(deadline); !finished) {
+            return finished;
         }
     }
     return areAllThere() ? kDone : Failure{Tr::tr("The compositor closed the background")};
 }
 
-bool LayerShellBackgrounds::follow(int wakeDescriptor)
+Result<> LayerShellBackgrounds::follow(int wakeDescriptor)
 {
     if (!m_path.isEmpty()) {
         // One change comes as several events; this waits for the last of them.
         if (isStale() && !m_connection.finish(QDeadlineTimer(kDesktopLimit))) {
-            return m_connection.isUsable();
+            return m_connection.usable();
         }
         // Only now: the wait may have told of an output, and nothing else will be told of it.
         makeSurfaces();
         redrawStale();
     }
-    m_connection.dispatch(QDeadlineTimer(QDeadlineTimer::Forever), wakeDescriptor);
-    return m_connection.isUsable();
+    (void)m_connection.dispatch(QDeadlineTimer(QDeadlineTimer::Forever), wakeDescriptor);
+    return m_connection.usable();
 }
 
 BackgroundSurface &LayerShellBackgrounds::surfaceFor(WaylandOutput &output)
@@ -127,9 +129,9 @@ void LayerShellBackgrounds::redrawStale()
     if (!isStale()) {
         return;
     }
-    const PictureFile file = readPicture(m_path);
+    const Result<PictureFile> file = readPicture(m_path);
     for (const auto &[output, surface] : m_surfaces) {
-        if (surface->isReady() && !surface->fits() && (file.image.isNull() || !surface->show(file.image))) {
+        if (surface->isReady() && !surface->fits() && (!file || !surface->show(file->image))) {
             m_path.clear(); // The file is gone: whoever follows the screens will say so when it sets a picture next.
             return;
         }

@@ -17,13 +17,11 @@ namespace quorvane {
 class LayerShellBackgrounds
 {
   public:
-    /// Look at isUsable() before anything else.
+    /// Look at usable() before anything else.
     LayerShellBackgrounds(const QString &display, QDeadlineTimer deadline);
 
-    [[nodiscard]] bool isUsable() const { return m_isComplete && m_connection.isUsable(); }
-
-    /// Why it is not usable.
-    [[nodiscard]] Failure failure() const;
+    /// Fails where the compositor cannot be reached, does not offer what is needed, or went away.
+    [[nodiscard]] Result<> usable() const { return m_prepared ? m_connection.usable() : m_prepared; }
 
     /// Shows the picture, which the file at path holds, on the screens. A compositor that does not answer
     /// at first is asked for nothing.
@@ -31,10 +29,11 @@ class LayerShellBackgrounds
                                 QDeadlineTimer deadline);
 
     /// Sleeps until the compositor says something or wakeDescriptor is readable. Outputs that came or changed get the
-    /// last picture, which is read again for it: none is kept. False once the connection is lost.
-    [[nodiscard]] bool follow(int wakeDescriptor);
+    /// last picture, which is read again for it: none is kept. Fails once the connection is lost.
+    [[nodiscard]] Result<> follow(int wakeDescriptor);
 
   private:
+    [[nodiscard]] Result<> prepare(QDeadlineTimer deadline);
     BackgroundSurface &surfaceFor(WaylandOutput &output);
     void makeSurfaces();
     [[nodiscard]] bool isStale() const;
@@ -46,7 +45,7 @@ class LayerShellBackgrounds
     std::unique_ptr<BackgroundGlobals> m_globals;
     std::map<const WaylandOutput *, std::unique_ptr<BackgroundSurface>> m_surfaces;
     QString m_path; ///< Of the last picture; empty before the first.
-    bool m_isComplete = false;
+    Result<> m_prepared;
 };
 
 } // namespace quorvane

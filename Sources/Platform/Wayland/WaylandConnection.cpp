@@ -9,7 +9,6 @@
 
 #include <array>
 #include <cerrno>
-#include <cstring>
 
 #include <poll.h>
 
@@ -28,9 +27,10 @@ WaylandConnection::WaylandConnection(const QString &display, QDeadlineTimer dead
 {
     const QDir folder(QFile::decodeName(qgetenv("XDG_RUNTIME_DIR")));
     // The library's own way to connect knows no time limit.
-    const int descriptor = display.isEmpty() ? -1 : connectUnixSocket(folder.absoluteFilePath(display), deadline);
-    if (descriptor >= 0) {
-        m_display = wl_display_connect_to_fd(descriptor); // Closes it, now or at the end.
+    if (!display.isEmpty()) {
+        if (Result<FileDescriptor> connected = connectUnixSocket(folder.absoluteFilePath(display), deadline)) {
+            m_display = wl_display_connect_to_fd((*connected).release()); // Closes it, now or at the end.
+        }
     }
 }
 
@@ -41,25 +41,33 @@ WaylandConnection::~WaylandConnection()
     }
 }
 
-bool WaylandConnection::isUsable() const
+Result<> WaylandConnection::usable() const
 {
-    return m_display != nullptr && wl_display_get_error(m_display) == 0;
+    if (m_display == nullptr) {
+        return Failure{Tr::tr("The compositor cannot be reached")};
+    }
+    if (const int number = wl_display_get_error(m_display); number != 0) {
+        return Failure{Tr::tr("The compositor ended the connection: %1").arg(systemWords(number))};
+    }
+    return kDone;
 }
 
-bool WaylandConnection::dispatch(QDeadlineTimer deadline, int wakeDescriptor)
+Result<> WaylandConnection::dispatch(QDeadlineTimer deadline, int wakeDescriptor)
 {
-    if (!isUsable()) {
-        return false;
+    if (Result<> usable = this->usable(); !usable) {
+        return usable;
     }
-    if (wl_display_prepare_read(m_display) != 0) {
-        return wl_display_dispatch_pending(m_display) >= 0; // Some were waiting already.
+    if (wl_display_prepare_read(m_display) == 0) { // Else some are waiting already.
+        if (Result<> waited = waitForEvents(deadline, wakeDescriptor); !waited) {
+            return waited;
+        }
     }
-    return waitForEvents(deadline, wakeDescriptor) && wl_display_dispatch_pending(m_display) >= 0;
+    wl_display_dispatch_pending(m_display);
+    return usable(); // Every mistake stays with the display.
 }
 
-bool WaylandConnection::waitForEvents(QDeadlineTimer deadline, int wakeDescriptor)
+Result<> WaylandConnection::waitForEvents(QDeadlineTimer deadline, int wakeDescriptor)
 {
-    m_isLate = false;
     while (true) {
         const bool isSent = wl_display_flush(m_display) >= 0;
         const bool isFull = !isSent && errno == EAGAIN;
@@ -73,21 +81,21 @@ bool WaylandConnection::waitForEvents(QDeadlineTimer deadline, int wakeDescripto
         }
         // What the compositor said before it closed the connection can still be read.
         if (count > 0 && (waited[0].revents & (POLLIN | POLLHUP | POLLERR)) != 0) {
-            return wl_display_read_events(m_display) == 0;
+            wl_display_read_events(m_display);
+            return usable();
         }
         if (count > 0 && waited[1].revents == 0) {
             continue; // There is room again for the rest.
         }
         wl_display_cancel_read(m_display);
-        m_isLate = count == 0;
-        return count > 0;
+        return count > 0 ? kDone : Failure{Tr::tr("The compositor does not answer")};
     }
 }
 
-bool WaylandConnection::finish(QDeadlineTimer deadline)
+Result<> WaylandConnection::finish(QDeadlineTimer deadline)
 {
-    if (!isUsable()) {
-        return false;
+    if (Result<> usable = this->usable(); !usable) {
+        return usable;
     }
     bool isDone = false;
     static const wl_callback_listener listener{
@@ -95,22 +103,11 @@ bool WaylandConnection::finish(QDeadlineTimer deadline)
     const WaylandOwned<wl_callback> callback(wl_display_sync(m_display));
     wl_callback_add_listener(callback.get(), &listener, &isDone);
     while (!isDone) {
-        if (!dispatch(deadline)) {
-            return false;
+        if (Result<> dispatched = dispatch(deadline); !dispatched) {
+            return dispatched;
         }
     }
-    return true;
-}
-
-QString WaylandConnection::error() const
-{
-    if (m_display == nullptr) {
-        return Tr::tr("The compositor cannot be reached");
-    }
-    if (const int number = wl_display_get_error(m_display); number != 0) {
-        return Tr::tr("The compositor ended the connection: %1").arg(QString::fromLocal8Bit(std::strerror(number)));
-    }
-    return m_isLate ? Tr::tr("The compositor does not answer") : QString();
+    return kDone;
 }
 
 } // namespace quorvane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/Failure.h"
+
 #include <QDeadlineTimer>
 #include <QString>
 
@@ -12,7 +14,7 @@ namespace quorvane {
 class WaylandConnection
 {
   public:
-    /// display as in WAYLAND_DISPLAY. Look at isUsable() before anything else.
+    /// display as in WAYLAND_DISPLAY. Look at usable() before anything else.
     WaylandConnection(const QString &display, QDeadlineTimer deadline);
     ~WaylandConnection();
     WaylandConnection(const WaylandConnection &) = delete;
@@ -20,26 +22,22 @@ class WaylandConnection
     WaylandConnection(WaylandConnection &&) = delete;
     WaylandConnection &operator=(WaylandConnection &&) = delete;
 
-    /// False where nobody listens, the compositor found a mistake, or it went away.
-    [[nodiscard]] bool isUsable() const;
+    /// Fails where nobody listens, the compositor found a mistake, or it went away.
+    [[nodiscard]] Result<> usable() const;
 
     [[nodiscard]] wl_display *get() const { return m_display; }
 
     /// Sends what was asked so far, waits for events or until wakeDescriptor (if any) is readable, and handles the
-    /// events. False when the deadline passed or the connection is not usable any more.
-    bool dispatch(QDeadlineTimer deadline, int wakeDescriptor = -1);
+    /// events. Fails when the deadline passed or the connection is not usable any more.
+    Result<> dispatch(QDeadlineTimer deadline, int wakeDescriptor = -1);
 
-    /// Waits until the compositor has done all that was asked so far; false as dispatch().
-    [[nodiscard]] bool finish(QDeadlineTimer deadline);
-
-    /// What failed, for the user; empty while nothing did.
-    [[nodiscard]] QString error() const;
+    /// Waits until the compositor has done all that was asked so far; fails as dispatch().
+    [[nodiscard]] Result<> finish(QDeadlineTimer deadline);
 
   private:
-    bool waitForEvents(QDeadlineTimer deadline, int wakeDescriptor);
+    [[nodiscard]] Result<> waitForEvents(QDeadlineTimer deadline, int wakeDescriptor);
 
     wl_display *m_display = nullptr;
-    bool m_isLate = false;
 };
 
 } // namespace quorvane

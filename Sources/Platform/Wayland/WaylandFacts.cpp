@@ -9,7 +9,7 @@ WaylandFacts waylandFacts(const QString &display, QDeadlineTimer deadline)
 {
     WaylandFacts facts;
     WaylandConnection connection(display, deadline);
-    if (!connection.isUsable()) {
+    if (!connection.usable()) {
         return facts;
     }
     const WaylandOutputs outputs(connection);

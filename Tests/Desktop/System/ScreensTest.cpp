@@ -145,7 +145,8 @@ TEST_F(ScreensSwayTest, aBurstOfChangesIsToldOnceAtItsEndAndABackgroundIsNone)
     SwaySocket socket(m_sway->socketPath(), QDeadlineTimer(std::chrono::seconds(20)));
     for (int width = 500; width < 900; width += 20) {
         const QString change = u"output HEADLESS-1 mode %1x600; output HEADLESS-2 position %1 0"_s.arg(width);
-        ASSERT_TRUE(socket.ask(SwaySocket::Message::RunCommand, change.toUtf8())) << socket.error().toStdString();
+        const auto answer = socket.ask(SwaySocket::Message::RunCommand, change.toUtf8());
+        ASSERT_TRUE(answer) << answer.failure().words.toStdString();
     }
     EXPECT_EQ(m_probe->readLine(), "1 HEADLESS-1=880x600+0+0 HEADLESS-2=400x300+880+0");
     // Whoever answers a change with a background must not be told of a change for it.

@@ -1,6 +1,7 @@
 #include "Platform/Desktops/Choice/DesktopChoice.h"
 
 #include "Platform/Desktops/SessionDesktops.h"
+#include "Platform/Failure.h"
 
 #include <QCoreApplication>
 
@@ -63,36 +64,42 @@ constexpr std::array kPaintersOverRoot{
     "COSMIC"_L1,
 };
 
-/// What keeps a way that was asked for by name from working; empty where nothing does.
-QString obstacle(DesktopBackend way, const DesktopFacts &facts)
+/// What something that is not so comes to.
+Result<> unless(bool isSo, const QString &words)
+{
+    return isSo ? kDone : Failure{words};
+}
+
+/// Fails where something keeps a way that was asked for by name from working.
+Result<> canWork(DesktopBackend way, const DesktopFacts &facts)
 {
     switch (way) {
     case DesktopBackend::Hyprland:
-        return facts.hasHyprland ? QString() : Tr::tr("HYPRLAND_INSTANCE_SIGNATURE is not set");
+        return unless(facts.hasHyprland, Tr::tr("HYPRLAND_INSTANCE_SIGNATURE is not set"));
     case DesktopBackend::LayerShell:
         if (!facts.hasWayland) {
-            return Tr::tr("WAYLAND_DISPLAY is not set");
+            return Failure{Tr::tr("WAYLAND_DISPLAY is not set")};
         }
-        return facts.hasLayerShell ? QString() : Tr::tr("the compositor does not offer zwlr_layer_shell_v1");
+        return unless(facts.hasLayerShell, Tr::tr("the compositor does not offer zwlr_layer_shell_v1"));
     case DesktopBackend::Portal:
-        return facts.portalAnswers ? QString() : Tr::tr("no portal of this session sets wallpapers");
+        return unless(facts.portalAnswers, Tr::tr("no portal of this session sets wallpapers"));
     default:
-        return {};
+        return kDone;
     }
 }
 
-/// What is missing for the desktop to take a picture; empty when it is there.
-QString whatIsMissing(const SessionDesktop &desktop, const DesktopFacts &facts)
+/// Fails where something is missing for the desktop to take a picture.
+Result<> isComplete(const SessionDesktop &desktop, const DesktopFacts &facts)
 {
     if (!desktop.settings.schema.isEmpty() && !facts.schemas.contains(desktop.settings.schema)) {
-        return Tr::tr("its settings \"%1\" are not installed").arg(desktop.settings.schema);
+        return Failure{Tr::tr("its settings \"%1\" are not installed").arg(desktop.settings.schema)};
     }
     if (desktop.displays == SessionDesktop::Displays::OnlyX11 && !facts.hasX11) {
-        return Tr::tr("DISPLAY is not set");
+        return Failure{Tr::tr("DISPLAY is not set")};
     }
     const bool isThere = std::any_of(desktop.painters.begin(), desktop.painters.end(),
                                      [&](const QString &painter) { return facts.busNames.contains(painter); });
-    return isThere ? QString() : Tr::tr("%1 is not on the session bus").arg(desktop.painters.join(Tr::tr(" or ")));
+    return unless(isThere, Tr::tr("%1 is not on the session bus").arg(desktop.painters.join(Tr::tr(" or "))));
 }
 
 /// Whether only what is there already shall be chosen.
@@ -106,13 +113,14 @@ std::optional<DesktopChoice> namedDesktop(const DesktopFacts &facts, Confirmed c
         if (entry.isEmpty() || !canBeHere) {
             continue;
         }
-        const QString missing = whatIsMissing(desktop, facts);
-        if (missing.isEmpty()) {
+        const Result<> complete = isComplete(desktop, facts);
+        if (complete) {
             return DesktopChoice{desktop.way,
                                  Tr::tr("XDG_CURRENT_DESKTOP names \"%1\", and it draws the background").arg(entry)};
         }
         if (confirmed == Confirmed::No) {
-            return DesktopChoice{desktop.way, Tr::tr("XDG_CURRENT_DESKTOP names \"%1\", but %2").arg(entry, missing)};
+            return DesktopChoice{
+                desktop.way, Tr::tr("XDG_CURRENT_DESKTOP names \"%1\", but %2").arg(entry, complete.failure().words)};
         }
     }
     return std::nullopt;
@@ -167,9 +175,11 @@ DesktopChoice wantedDesktop(const DesktopFacts &facts)
         return {DesktopBackend::X11, Tr::tr("QUORVANE_DESKTOP is \"%1\", but DISPLAY is not set").arg(facts.wanted)};
     }
     const SessionDesktop *desktop = sessionDesktop(known->way, facts.currentDesktops);
-    const QString problem = desktop != nullptr ? whatIsMissing(*desktop, facts) : obstacle(known->way, facts);
-    return {known->way, problem.isEmpty() ? Tr::tr("QUORVANE_DESKTOP is \"%1\"").arg(facts.wanted)
-                                          : Tr::tr("QUORVANE_DESKTOP is \"%1\", but %2").arg(facts.wanted, problem)};
+    if (const Result<> usable = desktop != nullptr ? isComplete(*desktop, facts) : canWork(known->way, facts);
+        !usable) {
+        return {known->way, Tr::tr("QUORVANE_DESKTOP is \"%1\", but %2").arg(facts.wanted, usable.failure().words)};
+    }
+    return {known->way, Tr::tr("QUORVANE_DESKTOP is \"%1\"").arg(facts.wanted)};
 }
 
 QString painterOverRoot(const QStringList &currentDesktops)

@@ -70,16 +70,17 @@ QStringList Report::files() const
     return files;
 }
 
-QString Report::whyNotEverywhere(const QString &imageUrl) const
+Result<> Report::isEverywhere(const QString &imageUrl) const
 {
     for (const Desktop &desktop : desktops) {
         if (desktop.screen >= 0 && (desktop.plugin != kPlugin || desktop.image != imageUrl)) {
-            return Tr::tr("Plasma did not take the picture for screen %1").arg(desktop.screen);
+            return Failure{Tr::tr("Plasma did not take the picture for screen %1").arg(desktop.screen)};
         }
     }
-    return visible() < std::max(1, screenCount)
-               ? Tr::tr("Plasma has a desktop on %1 of its %2 screens").arg(visible()).arg(screenCount)
-               : QString();
+    if (visible() < std::max(1, screenCount)) {
+        return Failure{Tr::tr("Plasma has a desktop on %1 of its %2 screens").arg(visible()).arg(screenCount)};
+    }
+    return kDone;
 }
 
 QString reading()

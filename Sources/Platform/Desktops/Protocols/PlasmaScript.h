@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/Failure.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -28,8 +30,8 @@ struct Report
     /// The local files that the desktops show, whether visible or not.
     [[nodiscard]] QStringList files() const;
 
-    /// Why the image is not the background of every screen; empty when it is.
-    [[nodiscard]] QString whyNotEverywhere(const QString &imageUrl) const;
+    /// Fails where the image is not the background of every screen.
+    [[nodiscard]] Result<> isEverywhere(const QString &imageUrl) const;
 };
 
 /// Prints a report and changes nothing.

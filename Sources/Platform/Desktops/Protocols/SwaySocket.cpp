@@ -8,10 +8,10 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 #include <poll.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 namespace quorvane {
 
@@ -27,31 +27,25 @@ constexpr qsizetype kHeaderSize = kMagic.size() + 2 * sizeof(quint32);
 /// A description of twenty outputs with all their modes has about 100 KiB.
 constexpr quint32 kPayloadLimit = 4 * 1024 * 1024;
 
-QString systemError()
+Failure notUnderstood()
 {
-    return QString::fromLocal8Bit(std::strerror(errno));
+    return {Tr::tr("sway's answer cannot be understood")};
 }
 
 } // namespace
 
 SwaySocket::SwaySocket(const QString &path, QDeadlineTimer deadline)
     : m_deadline(deadline)
-    , m_descriptor(connectUnixSocket(path, deadline))
 {
-    if (m_descriptor < 0) {
-        const QString reason = systemError();
-        fail(Tr::tr("sway cannot be reached: %1").arg(reason));
+    Result<FileDescriptor> connection = connectUnixSocket(path, deadline);
+    if (connection) {
+        m_connection = std::move(*connection);
+    } else {
+        m_failure = {Tr::tr("sway cannot be reached: %1").arg(connection.failure().words)};
     }
 }
 
-SwaySocket::~SwaySocket()
-{
-    if (m_descriptor >= 0) {
-        ::close(m_descriptor);
-    }
-}
-
-std::optional<QByteArray> SwaySocket::ask(Message message, const QByteArray &payload)
+Result<QByteArray> SwaySocket::ask(Message message, const QByteArray &payload)
 {
     const auto length = static_cast<quint32>(payload.size());
     const auto type = static_cast<quint32>(message);
@@ -60,9 +54,15 @@ std::optional<QByteArray> SwaySocket::ask(Message message, const QByteArray &pay
     request.append(reinterpret_cast<const char *>(&type), sizeof(type));
     request.append(payload);
 
+    if (!isConnected()) {
+        return m_failure;
+    }
+    if (const Result<> sent = sendAll(request); !sent) {
+        return fail(sent.failure());
+    }
     std::array<char, kHeaderSize> header{};
-    if (!isConnected() || !sendAll(request) || !receiveAll(header.data(), header.size())) {
-        return std::nullopt;
+    if (const Result<> received = receiveAll(header.data(), header.size()); !received) {
+        return fail(received.failure());
     }
     quint32 answerLength = 0;
     quint32 answerType = 0;
@@ -70,76 +70,72 @@ std::optional<QByteArray> SwaySocket::ask(Message message, const QByteArray &pay
     std::memcpy(&answerType, header.data() + kMagic.size() + sizeof(answerLength), sizeof(answerType));
     if (!std::equal(kMagic.begin(), kMagic.end(), header.begin()) || answerType != type ||
         answerLength > kPayloadLimit) {
-        fail(Tr::tr("sway's answer cannot be understood"));
-        return std::nullopt;
+        return fail(notUnderstood());
     }
     QByteArray answer(static_cast<qsizetype>(answerLength), Qt::Uninitialized);
-    if (!receiveAll(answer.data(), answer.size())) {
-        return std::nullopt;
+    if (const Result<> received = receiveAll(answer.data(), answer.size()); !received) {
+        return fail(received.failure());
     }
     return answer;
 }
 
-bool SwaySocket::wait(short events)
+Result<> SwaySocket::wait(short events) const
 {
-    pollfd waited{m_descriptor, events, 0};
+    pollfd waited{m_connection.get(), events, 0};
     while (true) {
         const int count = ::poll(&waited, 1, static_cast<int>(m_deadline.remainingTime()));
         if (count > 0) {
-            return true;
+            return kDone;
         }
         if (count == 0 || errno != EINTR) {
-            fail(Tr::tr("sway does not answer"));
-            return false;
+            return Failure{Tr::tr("sway does not answer")};
         }
     }
 }
 
-bool SwaySocket::sendAll(const QByteArray &bytes)
+Result<> SwaySocket::sendAll(const QByteArray &bytes) const
 {
     qsizetype done = 0;
     while (done < bytes.size()) {
-        if (!wait(POLLOUT)) {
-            return false;
+        if (Result<> ready = wait(POLLOUT); !ready) {
+            return ready;
         }
-        const ssize_t count = ::send(m_descriptor, bytes.constData() + done,
+        const ssize_t count = ::send(m_connection.get(), bytes.constData() + done,
                                      static_cast<std::size_t>(bytes.size() - done), MSG_DONTWAIT | MSG_NOSIGNAL);
         if (count > 0) {
             done += count;
         } else if (errno != EAGAIN && errno != EINTR) {
-            const QString reason = systemError();
-            fail(Tr::tr("sway ended the connection: %1").arg(reason));
-            return false;
+            const QString reason = systemWords(errno);
+            return Failure{Tr::tr("sway ended the connection: %1").arg(reason)};
         }
     }
-    return true;
+    return kDone;
 }
 
-bool SwaySocket::receiveAll(char *bytes, qsizetype size)
+Result<> SwaySocket::receiveAll(char *bytes, qsizetype size) const
 {
     qsizetype done = 0;
     while (done < size) {
-        if (!wait(POLLIN)) {
-            return false;
+        if (Result<> ready = wait(POLLIN); !ready) {
+            return ready;
         }
-        const ssize_t count = ::recv(m_descriptor, bytes + done, static_cast<std::size_t>(size - done), MSG_DONTWAIT);
+        const ssize_t count =
+            ::recv(m_connection.get(), bytes + done, static_cast<std::size_t>(size - done), MSG_DONTWAIT);
         if (count > 0) {
             done += count;
         } else if (count == 0 || (errno != EAGAIN && errno != EINTR)) {
-            fail(Tr::tr("sway ended the connection"));
-            return false;
+            return Failure{Tr::tr("sway ended the connection")};
         }
     }
-    return true;
+    return kDone;
 }
 
-void SwaySocket::fail(const QString &error)
+/// Ends the connection: an answer that comes late would be taken for the next one's.
+Failure SwaySocket::fail(const Failure &failure)
 {
-    m_error = error;
-    if (m_descriptor >= 0) {
-        ::close(m_descriptor);
-        m_descriptor = -1;
-    }
+    m_connection = FileDescriptor();
+    m_failure = failure;
+    return failure;
 }
 
 } // namespace quorvane

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "Platform/Failure.h"
+#include "Platform/Files/SystemCall.h"
+
 #include <QByteArray>
 #include <QDeadlineTimer>
 #include <QString>
-
-#include <optional>
 
 namespace quorvane {
 
@@ -18,30 +19,23 @@ class SwaySocket
     enum class Message : quint32 { RunCommand = 0, GetOutputs = 3 };
 
     SwaySocket(const QString &path, QDeadlineTimer deadline);
-    ~SwaySocket();
-    SwaySocket(const SwaySocket &) = delete;
-    SwaySocket &operator=(const SwaySocket &) = delete;
-    SwaySocket(SwaySocket &&) = delete;
-    SwaySocket &operator=(SwaySocket &&) = delete;
 
-    /// Sends a request and returns the answer's payload; nothing when there is none, and after that nothing ever.
-    [[nodiscard]] std::optional<QByteArray> ask(Message message, const QByteArray &payload = {});
+    /// Sends a request and returns the answer's payload. What fails once, opening the connection already, fails with
+    /// the same words at every later call.
+    [[nodiscard]] Result<QByteArray> ask(Message message, const QByteArray &payload = {});
 
     /// False before and after any failure.
-    [[nodiscard]] bool isConnected() const { return m_descriptor >= 0; }
-
-    /// What failed, for the user; empty while nothing did.
-    [[nodiscard]] QString error() const { return m_error; }
+    [[nodiscard]] bool isConnected() const { return m_connection.isOpen(); }
 
   private:
-    bool wait(short events);
-    bool sendAll(const QByteArray &bytes);
-    bool receiveAll(char *bytes, qsizetype size);
-    void fail(const QString &error);
+    [[nodiscard]] Result<> wait(short events) const;
+    [[nodiscard]] Result<> sendAll(const QByteArray &bytes) const;
+    [[nodiscard]] Result<> receiveAll(char *bytes, qsizetype size) const;
+    Failure fail(const Failure &failure);
 
     QDeadlineTimer m_deadline;
-    int m_descriptor;
-    QString m_error;
+    FileDescriptor m_connection;
+    Failure m_failure; ///< The last; there is one while nothing is connected.
 };
 
 } // namespace quorvane

@@ -5,6 +5,7 @@
 #include "Support/Desktop/PositionPicture.h"
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
+#include "Support/Results.h"
 
 #include <gtest/gtest.h>
 
@@ -28,10 +29,9 @@ class PictureHandoverTest : public testing::Test
     }
 
     /// Hands over, and the desktop shows it.
-    PictureHandover::Handed show(const QString &path, const PictureHandover::Rules &rules = {})
+    HandedPicture show(const QString &path, const PictureHandover::Rules &rules = {})
     {
-        const auto handed = m_handover.handOver(path, rules);
-        EXPECT_EQ(handed.error, QString());
+        const HandedPicture handed = valueOf(m_handover.handOver(path, rules));
         m_handover.succeeded(path, handed);
         return handed;
     }
@@ -70,24 +70,24 @@ TEST_F(PictureHandoverTest, newContentUnderTheSamePathIsANewCopyEachTime)
 TEST_F(PictureHandoverTest, aProcessThatKnowsNothingTakesNoRisk)
 {
     const QString path = save(u"one.png"_s, 10);
-    EXPECT_TRUE(m_handover.handOver(path, {.loaded = {path}}).isCopy);
+    EXPECT_TRUE(valueOf(m_handover.handOver(path, {.loaded = {path}})).isCopy);
     const auto copy = PictureCopy::write(PictureCopy::folders().constFirst(), "x", u"png"_s);
     ASSERT_TRUE(copy);
-    EXPECT_TRUE(m_handover.handOver(path, {.loaded = {*copy}}).isCopy) << "it may be one of this path";
-    EXPECT_FALSE(m_handover.handOver(path, {.loaded = {m_home.path()}}).isCopy);
+    EXPECT_TRUE(valueOf(m_handover.handOver(path, {.loaded = {*copy}})).isCopy) << "it may be one of this path";
+    EXPECT_FALSE(valueOf(m_handover.handOver(path, {.loaded = {m_home.path()}})).isCopy);
 }
 
 TEST_F(PictureHandoverTest, otherFormatsAndPathsThatTheDesktopCannotTakeAreCopied)
 {
-    const auto converted = m_handover.handOver(save(u"one.png"_s, 10, "bmp"), {});
+    const auto converted = valueOf(m_handover.handOver(save(u"one.png"_s, 10, "bmp"), {}));
     EXPECT_TRUE(converted.isCopy);
     EXPECT_EQ(QImage(converted.path, "png").size(), QSize(30, 20));
     const QString path = save(u"a b.png"_s, 10);
     PictureHandover::Rules rules;
     rules.takesPath = [](const QString &each) { return !each.contains(' '_L1); };
-    EXPECT_TRUE(m_handover.handOver(path, rules).isCopy);
+    EXPECT_TRUE(valueOf(m_handover.handOver(path, rules)).isCopy);
     rules.takesPath = [](const QString & /*each*/) { return false; };
-    EXPECT_NE(m_handover.handOver(path, rules).error, QString());
+    EXPECT_FALSE(m_handover.handOver(path, rules));
 }
 
 TEST_F(PictureHandoverTest, aFailureDeletesTheNewCopyButNotTheOneThatIsShown)
@@ -95,22 +95,22 @@ TEST_F(PictureHandoverTest, aFailureDeletesTheNewCopyButNotTheOneThatIsShown)
     const QString path = save(u"one.png"_s, 10);
     const auto shown = show(path, {.loaded = {path}});
     ASSERT_TRUE(shown.isCopy);
-    m_handover.failed(m_handover.handOver(path, {}));
+    m_handover.failed(valueOf(m_handover.handOver(path, {})));
     EXPECT_TRUE(QFile::exists(shown.path));
-    const auto next = m_handover.handOver(save(u"one.png"_s, 20), {});
+    const auto next = valueOf(m_handover.handOver(save(u"one.png"_s, 20), {}));
     m_handover.failed(next);
     EXPECT_FALSE(QFile::exists(next.path));
     EXPECT_TRUE(QFile::exists(shown.path));
-    m_handover.failed(m_handover.handOver(save(u"two.png"_s, 10), {}));
+    m_handover.failed(valueOf(m_handover.handOver(save(u"two.png"_s, 10), {})));
     EXPECT_TRUE(QFile::exists(m_home.path() + u"/two.png"_s)) << "it is the library's own";
 }
 
 TEST_F(PictureHandoverTest, whatIsNoPictureIsRefusedAtOnce)
 {
-    EXPECT_NE(m_handover.handOver(m_home.path() + u"/missing.png"_s, {}).error, QString());
+    EXPECT_FALSE(m_handover.handOver(m_home.path() + u"/missing.png"_s, {}));
     const QString path = m_home.path() + u"/broken.png"_s;
     ASSERT_TRUE(putFile(path, "no picture"));
-    EXPECT_NE(m_handover.handOver(path, {}).error, QString());
+    EXPECT_FALSE(m_handover.handOver(path, {}));
     EXPECT_FALSE(QDir(Paths::stateHome() + u"/quorvane"_s).exists());
 }
 

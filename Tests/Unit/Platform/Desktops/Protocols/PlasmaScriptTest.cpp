@@ -29,12 +29,12 @@ constexpr auto kOtherImage = R"({"screen": 0, "plugin": "org.kde.image", "image"
 
 TEST(PlasmaScript, isEverywhereOnlyWhenEveryScreenHasThePicture)
 {
-    EXPECT_EQ(report(kBoth, 2).whyNotEverywhere(kImage), QString());
-    EXPECT_EQ(report(kHidden, 1).whyNotEverywhere(kImage), QString()) << "another activity's desktop may differ";
-    EXPECT_NE(report(kFirst, 2).whyNotEverywhere(kImage), QString());
-    EXPECT_NE(report(kOtherPlugin, 1).whyNotEverywhere(kImage), QString());
-    EXPECT_NE(report(kOtherImage, 1).whyNotEverywhere(kImage), QString());
-    EXPECT_NE(report("", 0).whyNotEverywhere(kImage), QString());
+    EXPECT_TRUE(report(kBoth, 2).isEverywhere(kImage));
+    EXPECT_TRUE(report(kHidden, 1).isEverywhere(kImage)) << "another activity's desktop may differ";
+    EXPECT_FALSE(report(kFirst, 2).isEverywhere(kImage));
+    EXPECT_FALSE(report(kOtherPlugin, 1).isEverywhere(kImage));
+    EXPECT_FALSE(report(kOtherImage, 1).isEverywhere(kImage));
+    EXPECT_FALSE(report("", 0).isEverywhere(kImage));
     EXPECT_EQ(report(kBoth, 2).visible(), 2);
     EXPECT_EQ(report(kHidden, 1).visible(), 1);
 }
