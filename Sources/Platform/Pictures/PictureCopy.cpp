@@ -10,14 +10,23 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include <atomic>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvane::PictureCopy {
 
 namespace {
 
-// Followed by the time in UTC and a counter that keeps two copies of one instant apart.
+// Followed by the time in UTC and a number.
 const QString kNameBegin = u"wallpaper-"_s;
+
+/// Keeps the copies of one instant apart, also from one of them that is gone already: its name has been read.
+int nextNumber()
+{
+    static std::atomic<int> last = 0;
+    return ++last;
+}
 
 bool isOurName(const QString &name)
 {
@@ -43,8 +52,8 @@ Result<QString> write(const QString &folder, const QByteArray &bytes, const QStr
     QDir().mkpath(folder); // Where it cannot be made, writing into it says why.
     const QString begin =
         folder + '/'_L1 + kNameBegin + QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd-HHmmsszzz"_s);
-    for (int counter = 0;; ++counter) {
-        const QString path = u"%1-%2.%3"_s.arg(begin).arg(counter).arg(ending);
+    while (true) {
+        const QString path = u"%1-%2.%3"_s.arg(begin).arg(nextNumber()).arg(ending);
         if (!QFileInfo::exists(path)) {
             const Result<> written = writeFileAtomically(path, bytes);
             return written ? Result<QString>(path) : written.failure();
