@@ -81,7 +81,7 @@ QStringList ProviderChoice::missingKeys(const Providers &providers, const QSet<Q
     if (!storedKeyIds.contains(chosen.id())) {
         missing.append(chosen.name());
     }
-    const bool upscalesRemotely = needsUpscale(providers) && !upscalesLocally;
+    const bool upscalesRemotely = needsUpscale(providers) && upscaleMethod == UpscaleMethod::Gemini;
     if (upscalesRemotely && !storedKeyIds.contains(u"gemini"_s) && !missing.contains(u"Gemini"_s)) {
         missing.append(Tr::tr("Gemini (for 4K upscale)"));
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Manager/UpscaleMethod.h"
 #include "Providers/ImageProvider.h"
 #include "Storage/SideFile.h"
 
@@ -22,8 +23,8 @@ struct ProviderChoice
     QString override; ///< "auto" or a provider's id; one that names no provider behaves like Gemini.
     bool nsfwEnabled = false;
     bool fourKEnabled = false;
-    bool upscalesLocally = false; ///< Else through Gemini.
-    TextMap chosenModels;         ///< By provider id, as they are stored: they may not be offered any more.
+    UpscaleMethod upscaleMethod = UpscaleMethod::Gemini;
+    TextMap chosenModels; ///< By provider id, as they are stored: they may not be offered any more.
 
     /// Whether the NSFW switch means anything: only Grok honours it.
     [[nodiscard]] bool nsfwApplies() const;

@@ -124,15 +124,14 @@ void WallpaperManager::setProviderOverride(const QString &override)
     Q_EMIT providerOverrideChanged();
 }
 
-QString WallpaperManager::upscaleMethod() const
+UpscaleMethod WallpaperManager::upscaleMethod() const
 {
-    const QString method = m_services.defaults->text(SettingsKeys::kUpscaleMethod).value_or(QString());
-    return method == "local"_L1 ? method : u"gemini"_s;
+    return upscaleMethodOf(m_services.defaults->text(SettingsKeys::kUpscaleMethod).value_or(QString()));
 }
 
-void WallpaperManager::setUpscaleMethod(const QString &method)
+void WallpaperManager::setUpscaleMethod(UpscaleMethod method)
 {
-    m_services.defaults->set(SettingsKeys::kUpscaleMethod, method);
+    m_services.defaults->set(SettingsKeys::kUpscaleMethod, idOf(method));
     Q_EMIT upscaleMethodChanged();
 }
 
@@ -181,7 +180,7 @@ void WallpaperManager::removeKey(const QString &providerId)
 
 ProviderChoice WallpaperManager::choice() const
 {
-    ProviderChoice choice{m_providerOverride, m_nsfwEnabled, m_fourKEnabled, upscaleMethod() == "local"_L1, {}};
+    ProviderChoice choice{m_providerOverride, m_nsfwEnabled, m_fourKEnabled, upscaleMethod(), {}};
     for (const auto &provider : m_providers) {
         const QString id = provider->id();
         if (const auto model = m_services.defaults->text(SettingsKeys::selectedModel(id))) {

@@ -77,9 +77,8 @@ class WallpaperManager : public QObject
     /// "auto" or a provider's id. A text that names no provider behaves like Gemini.
     [[nodiscard]] const QString &providerOverride() const { return m_providerOverride; }
     void setProviderOverride(const QString &override);
-    /// "local", or "gemini" for any other setting.
-    [[nodiscard]] QString upscaleMethod() const;
-    void setUpscaleMethod(const QString &method);
+    [[nodiscard]] UpscaleMethod upscaleMethod() const;
+    void setUpscaleMethod(UpscaleMethod method);
     [[nodiscard]] QString selectedModel(const QString &providerId) const;
     void setSelectedModel(const QString &providerId, const QString &modelId);
     /// The user's keys by provider id. Reads the key file, as the two below write it.

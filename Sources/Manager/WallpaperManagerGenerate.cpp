@@ -116,7 +116,7 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
 /// The enlarged picture, or the generated one where that fails; a failure is a warning in the status line.
 QCoro::Task<EncodedImage> WallpaperManager::upscaledOrOriginal(EncodedImage generated, OperationRef operation)
 {
-    const bool isLocal = upscaleMethod() == "local"_L1;
+    const bool isLocal = upscaleMethod() == UpscaleMethod::Local;
     if (const Result<> address = checkAddress(kGeminiService); !isLocal && !address) {
         report(*operation, tr("Upscale failed, using original — %1").arg(address.failure().words), false);
         co_return generated;

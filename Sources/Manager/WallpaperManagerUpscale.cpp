@@ -43,7 +43,7 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, OperationRef
     };
 
     // 1. Enlarge it by the chosen method.
-    const bool isLocal = upscaleMethod() == "local"_L1;
+    const bool isLocal = upscaleMethod() == UpscaleMethod::Local;
     if (const Result<> address = checkAddress(kGeminiService); !isLocal && !address) {
         fail(address.failure().words);
         co_return;

@@ -81,7 +81,7 @@ QJsonObject status(const WallpaperManager &manager, const DesktopPicture &deskto
         {u"fourKEnabled"_s, manager.fourKEnabled()},
         {u"nsfwEnabled"_s, manager.nsfwEnabled()},
         {u"providerOverride"_s, manager.providerOverride()},
-        {u"upscaleMethod"_s, manager.upscaleMethod()},
+        {u"upscaleMethod"_s, idOf(manager.upscaleMethod())},
         {u"autoEnabled"_s, manager.autoEnabled()},
         {u"intervalMinutes"_s, manager.intervalMinutes()},
         {u"interval"_s, formatInterval(manager.intervalMinutes())},

@@ -87,7 +87,7 @@ std::vector<Setting> table(WallpaperManager &manager, UserDefaults &defaults)
     for (const auto &provider : manager.providers()) {
         providers.append(provider->id());
     }
-    const QStringList methods{u"gemini"_s, u"local"_s};
+    const QStringList methods{idOf(UpscaleMethod::Gemini), idOf(UpscaleMethod::Local)};
     const auto wallpaper = [&defaults]() -> QJsonValue {
         const std::optional<QString> path = defaults.text(kCurrentWallpaperPath);
         return path ? QJsonValue(*path) : QJsonValue();
@@ -136,7 +136,7 @@ std::vector<Setting> table(WallpaperManager &manager, UserDefaults &defaults)
          [&manager](const QString &text) { manager.setIntervalMinutes(text.toLongLong()); }},
         {kUpscaleMethod, Kind::Choice, methods.first(), methods,
          [&defaults, first = methods.first()] { return defaults.text(kUpscaleMethod).value_or(first); },
-         [&manager](const QString &text) { manager.setUpscaleMethod(text); }},
+         [&manager](const QString &text) { manager.setUpscaleMethod(upscaleMethodOf(text)); }},
         {kCurrentWallpaperPath, Kind::Picture, {}, {}, wallpaper, setWallpaper},
     };
     for (const auto &provider : manager.providers()) {

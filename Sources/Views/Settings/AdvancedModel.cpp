@@ -93,12 +93,12 @@ QStringList AdvancedModel::upscaleMethods()
 
 int AdvancedModel::upscaleMethodIndex() const
 {
-    return manager()->upscaleMethod() == "local"_L1 ? 1 : 0;
+    return manager()->upscaleMethod() == UpscaleMethod::Local ? 1 : 0;
 }
 
 void AdvancedModel::chooseUpscaleMethod(int index)
 {
-    manager()->setUpscaleMethod(index == 1 ? u"local"_s : u"gemini"_s);
+    manager()->setUpscaleMethod(index == 1 ? UpscaleMethod::Local : UpscaleMethod::Gemini);
 }
 
 } // namespace quorvane

@@ -126,7 +126,7 @@ QString SidebarModel::upscaleHint() const
     if (!manager()->fourKEnabled() || manager()->providerProducesNative4K()) {
         return {};
     }
-    return manager()->upscaleMethod() == "local"_L1 ? tr("+ Local 4K") : tr("+ Gemini 4K");
+    return manager()->upscaleMethod() == UpscaleMethod::Local ? tr("+ Local 4K") : tr("+ Gemini 4K");
 }
 
 bool SidebarModel::isLoading() const

@@ -13,7 +13,7 @@ class ProviderChoiceTest : public testing::Test
   protected:
     HttpClient http;
     Providers providers = allProviders(http);
-    ProviderChoice choice{u"auto"_s, false, false, false, {}};
+    ProviderChoice choice{u"auto"_s, false, false, UpscaleMethod::Gemini, {}};
 };
 
 TEST_F(ProviderChoiceTest, anExplicitChoiceWinsOverTheNsfwSwitch)
@@ -66,9 +66,9 @@ TEST_F(ProviderChoiceTest, theKeyOfTheRemoteUpscaleIsMissedOnlyWhereItIsNeeded)
     EXPECT_EQ(choice.missingKeys(providers, {}), (QStringList{u"Grok"_s, forUpscale}));
     EXPECT_EQ(choice.missingKeys(providers, {u"grok"_s}), QStringList{forUpscale});
     EXPECT_TRUE(choice.missingKeys(providers, {u"grok"_s, u"gemini"_s}).isEmpty());
-    choice.upscalesLocally = true;
+    choice.upscaleMethod = UpscaleMethod::Local;
     EXPECT_TRUE(choice.missingKeys(providers, {u"grok"_s}).isEmpty());
-    choice.upscalesLocally = false;
+    choice.upscaleMethod = UpscaleMethod::Gemini;
     choice.override = u"gemini"_s;
     EXPECT_EQ(choice.missingKeys(providers, {}), QStringList{u"Gemini"_s});
 }

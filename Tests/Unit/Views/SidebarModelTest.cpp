@@ -71,9 +71,9 @@ TEST_F(SidebarModelTest, theHintNamesTheWayTo4KWhereTheServiceHasNone)
     EXPECT_EQ(model->upscaleHint(), QString());
     manager->setProviderOverride(u"grok"_s);
     EXPECT_EQ(model->upscaleHint(), u"+ Gemini 4K"_s);
-    manager->setUpscaleMethod(u"local"_s);
+    manager->setUpscaleMethod(UpscaleMethod::Local);
     EXPECT_EQ(model->upscaleHint(), u"+ Local 4K"_s);
-    manager->setUpscaleMethod(u"something else"_s);
+    defaults->set(SettingsKeys::kUpscaleMethod, u"something else"_s);
     EXPECT_EQ(model->upscaleHint(), u"+ Gemini 4K"_s);
     manager->setFourKEnabled(false);
     EXPECT_EQ(model->upscaleHint(), QString());
