@@ -1,4 +1,5 @@
 #include "Storage/Keychain.h"
+#include "Support/FileMode.h"
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
 
@@ -18,12 +19,6 @@ class KeychainTest : public testing::Test
     [[nodiscard]] QString folder() const { return m_home.path() + u"/Library/Application Support/Quorvane"_s; }
     [[nodiscard]] QString file() const { return folder() + u"/keys.json"_s; }
     [[nodiscard]] QByteArray content() const { return contentOf(file()); }
-
-    [[nodiscard]] static unsigned modeOf(const QString &path)
-    {
-        struct stat status = {};
-        return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777U : ~0U;
-    }
 
     PrivateHome m_home;
     const QString m_gemini = u"gemini"_s;

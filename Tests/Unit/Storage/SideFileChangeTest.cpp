@@ -2,13 +2,13 @@
 #include "Storage/ImageStore.h"
 #include "Storage/Keychain.h"
 #include "Storage/SideFile.h"
+#include "Support/FileMode.h"
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
 
 #include <gtest/gtest.h>
 
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -30,15 +30,6 @@ class SideFileChangeTest : public testing::Test
     [[nodiscard]] QString inLibrary(const char *name) const
     {
         return m_home.library() + '/'_L1 + QString::fromUtf8(name);
-    }
-    [[nodiscard]] static mode_t modeOf(const QString &path)
-    {
-        struct stat status = {};
-        return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777U : 0;
-    }
-    [[nodiscard]] static bool setMode(const QString &path, mode_t mode)
-    {
-        return ::chmod(QFile::encodeName(path).constData(), mode) == 0;
     }
 
     PrivateHome m_home;

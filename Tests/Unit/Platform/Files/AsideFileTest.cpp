@@ -1,5 +1,6 @@
 #include "Platform/Files/AsideFile.h"
 #include "Platform/Files/StorageNotices.h"
+#include "Support/FileMode.h"
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
 #include "Support/SmallDisk.h"
@@ -28,15 +29,6 @@ class AsideFileTest : public testing::Test
     {
         return QDir(m_home.path())
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
-    }
-    [[nodiscard]] static mode_t modeOf(const QString &path)
-    {
-        struct stat status = {};
-        return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777U : 0;
-    }
-    [[nodiscard]] static bool setMode(const QString &path, mode_t mode)
-    {
-        return ::chmod(QFile::encodeName(path).constData(), mode) == 0;
     }
 
     PrivateHome m_home;

@@ -1,5 +1,6 @@
 #include "Platform/Files/AtomicFile.h"
 #include "Platform/Files/SystemCall.h"
+#include "Support/FileMode.h"
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
 #include "Support/SmallDisk.h"
@@ -21,17 +22,6 @@ using namespace Qt::StringLiterals;
 namespace quorvane {
 
 namespace {
-
-mode_t modeOf(const QString &path)
-{
-    struct stat status = {};
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777U : 0;
-}
-
-bool setMode(const QString &path, mode_t mode)
-{
-    return ::chmod(QFile::encodeName(path).constData(), mode) == 0;
-}
 
 QStringList entriesOf(const QString &folder)
 {
