@@ -115,7 +115,7 @@ void answerToFile(benchmark::State &state)
     bool areSaved = true;
     const auto toFile = [&] {
         const EncodedImage image = imageFromAnswer(answer, GeminiProvider::service().answer);
-        areSaved = ImageStore::saveImage(u"a.png"_s, image.bytes).has_value() && areSaved;
+        areSaved = bool(ImageStore::saveImage(u"a.png"_s, image.bytes)) && areSaved;
     };
     for (auto round : state) {
         const double seconds = secondsOf(toFile);

@@ -172,7 +172,7 @@ class WallpaperManager : public QObject
     [[nodiscard]] QCoro::Task<EncodedImage> upscaledOrOriginal(EncodedImage generated, OperationRef operation);
     [[nodiscard]] QCoro::Task<EncodedImage> upscaleLocally(QByteArray image, OperationRef operation);
     [[nodiscard]] QCoro::Task<QString> nameBeside(QString original, QString extension, OperationRef operation);
-    [[nodiscard]] QCoro::Task<std::optional<KeptPicture>> keeping(NewPicture picture, OperationRef operation);
+    [[nodiscard]] QCoro::Task<Result<KeptPicture>> keeping(NewPicture picture, OperationRef operation);
     [[nodiscard]] QCoro::Task<> upscalingExistingImage(QString url, OperationRef operation);
     [[nodiscard]] QCoro::Task<> settingWallpaper(QString url, OperationRef operation);
     [[nodiscard]] QCoro::Task<> applying(QString url, OperationRef operation);

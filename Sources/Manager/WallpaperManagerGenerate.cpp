@@ -63,40 +63,40 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
     };
 
     // 1. Ask the provider.
-    EncodedImage generated;
-    std::optional<QString> failure;
+    Result<EncodedImage> generated = EncodedImage();
     try {
         generated = co_await run.provider->generate(run.prompt, run.apiKey, run.modelId, m_fourKEnabled);
     } catch (const std::exception &error) {
-        failure = failureOf(error).words;
+        generated = failureOf(error);
     }
-    if (failure) {
-        fail(*failure);
+    if (!generated) {
+        fail(generated.failure().words);
         co_return;
     }
 
     // 2. Enlarge it when 4K is wanted and the provider does not make it; the original is safe on disk before that.
-    EncodedImage final = generated;
-    std::optional<KeptPicture> kept;
+    EncodedImage final = *generated;
+    bool isOriginalKept = false;
     if (run.needsUpscale) {
-        NewPicture original{wallpaperFileName(now(), generated.extension), generated.bytes, run.prompt, {}};
-        kept = co_await keeping(std::move(original), operation);
+        NewPicture original{wallpaperFileName(now(), final.extension), final.bytes, run.prompt, {}};
+        const Result<KeptPicture> kept = co_await keeping(std::move(original), operation);
+        isOriginalKept = bool(kept);
         if (kept) {
             result.original = kept->path;
             operation->source = kept->path;
         }
-        final = co_await upscaledOrOriginal(std::move(generated), operation);
+        final = co_await upscaledOrOriginal(std::move(*generated), operation);
     }
     const QString name = co_await nameBeside(result.original, final.extension, operation);
     // The original is in the library already, or was deleted; where it could not be saved, what was made is.
-    if (operation->isStopped() && kept) {
+    if (operation->isStopped() && isOriginalKept) {
         fail(tr("Upscale failed: %1").arg(operation->stopReason));
         co_return;
     }
 
     // 3. Save what is final, with its prompt and its link.
     NewPicture picture{name, std::move(final.bytes), run.prompt, result.original};
-    const std::optional<KeptPicture> saved = co_await keeping(std::move(picture), operation);
+    const Result<KeptPicture> saved = co_await keeping(std::move(picture), operation);
     if (!saved) {
         fail(tr("Failed to save image"));
         co_return;
@@ -157,9 +157,9 @@ QCoro::Task<QString> WallpaperManager::nameBeside(QString original, QString exte
 }
 
 /// What could not be recorded is told.
-QCoro::Task<std::optional<KeptPicture>> WallpaperManager::keeping(NewPicture picture, OperationRef operation)
+QCoro::Task<Result<KeptPicture>> WallpaperManager::keeping(NewPicture picture, OperationRef operation)
 {
-    std::optional<KeptPicture> kept = co_await m_library->keeping(std::move(picture));
+    Result<KeptPicture> kept = co_await m_library->keeping(std::move(picture));
     if (kept && operation->result.problems != kept->problems) { // Of original and copy alike, once.
         operation->result.problems += kept->problems;
     }

@@ -48,8 +48,7 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, OperationRef
         fail(address.failure().words);
         co_return;
     }
-    EncodedImage upscaled;
-    std::optional<QString> failure;
+    Result<EncodedImage> upscaled = EncodedImage();
     try {
         auto read = [url, stop = operation->stop.get_token()] { return contentOf(url, stop); };
         QByteArray source = co_await onWorker(std::move(read));
@@ -67,37 +66,38 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, OperationRef
             upscaled = co_await upscaleImage(m_services.http, std::move(source), std::move(ext), *key);
         }
     } catch (const std::exception &error) {
-        failure = failureOf(error).words;
+        upscaled = failureOf(error);
     }
     QString name;
-    if (!failure) {
-        name = co_await nameBeside(url, upscaled.extension, operation);
+    if (upscaled) {
+        name = co_await nameBeside(url, upscaled->extension, operation);
     }
     if (operation->isStopped()) {
-        failure = operation->stopReason;
+        upscaled = Failure{operation->stopReason};
     }
-    if (failure) {
-        fail(tr("Upscale failed: %1").arg(*failure));
+    if (!upscaled) {
+        fail(tr("Upscale failed: %1").arg(upscaled.failure().words));
         co_return;
     }
 
     // 2. Store the copy with the original's prompt and the link.
-    NewPicture picture{name, std::move(upscaled.bytes), std::nullopt, url};
-    const Library::Copy copy = co_await m_library->keepingCopy(std::move(picture));
-    if (!copy.isOriginalThere || operation->isSourceDeleted) {
+    NewPicture picture{name, std::move((*upscaled).bytes), std::nullopt, url};
+    const std::optional<Result<KeptPicture>> copy = co_await m_library->keepingCopy(std::move(picture));
+    if (!copy || operation->isSourceDeleted) {
         fail(tr("Upscale failed: %1").arg(tr("the picture was deleted")));
         co_return;
     }
-    if (!copy.kept) {
+    if (!*copy) {
         fail(tr("Failed to save upscaled image"));
         co_return;
     }
-    operation->result.problems += copy.kept->problems;
+    const KeptPicture &kept = **copy;
+    operation->result.problems += kept.problems;
 
     // 3. Set it, and show it in the history.
-    co_await applying(copy.kept->path, operation);
+    co_await applying(kept.path, operation);
     co_await m_library->refreshing();
-    operation->result.file = copy.kept->path;
+    operation->result.file = kept.path;
     operation->result.original = url;
     end(operation);
 }

@@ -144,16 +144,16 @@ bool ImageStore::isInLibrary(const QString &path)
     return !canonical.isEmpty() && canonical == QFileInfo(library).canonicalFilePath();
 }
 
-std::optional<QString> ImageStore::saveImage(const QString &name, const QByteArray &bytes)
+Result<QString> ImageStore::saveImage(const QString &name, const QByteArray &bytes)
 {
     if (!isPlainName(name)) {
-        return std::nullopt;
+        return Failure{systemWords(EINVAL)};
     }
     const QString path = directory() + '/'_L1 + name;
-    const bool isWritten = bool(writeFileAtomically(path, bytes));
+    const Result<> written = writeFileAtomically(path, bytes);
     qCInfo(logLibrary) << "a picture of" << bytes.size() << "bytes"
-                       << (isWritten ? "was written" : "could not be written");
-    return isWritten ? std::optional(path) : std::nullopt;
+                       << (written ? u"was written"_s : u"could not be written: "_s + written.failure().words);
+    return written ? Result<QString>(path) : written.failure();
 }
 
 Result<> ImageStore::savePrompt(const QString &prompt, const QString &image)

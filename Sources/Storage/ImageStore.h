@@ -41,8 +41,8 @@ class ImageStore
     [[nodiscard]] static bool isInLibrary(const QString &path);
 
     /// Puts bytes into the library under name, replacing an image of that name: whole, or not at all. The path of the
-    /// image, or nothing when it could not be written or name is not a plain file name.
-    [[nodiscard]] static std::optional<QString> saveImage(const QString &name, const QByteArray &bytes);
+    /// image. Fails when it could not be written or name is not a plain file name.
+    [[nodiscard]] static Result<QString> saveImage(const QString &name, const QByteArray &bytes);
 
     /// Records the prompt with which image was made.
     static Result<> savePrompt(const QString &prompt, const QString &image);

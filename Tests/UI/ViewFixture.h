@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Support/Results.h"
 #include "Support/WaitFor.h"
 #include "Unit/Manager/ManagerFixture.h"
 #include "Views/Views.h"
@@ -192,7 +193,7 @@ class ViewTest : public ManagerTest
         QBuffer buffer(&bytes);
         EXPECT_TRUE(buffer.open(QIODevice::WriteOnly));
         EXPECT_TRUE(paintPicture(prompt.isEmpty() ? name : prompt, size).save(&buffer, "PNG"));
-        const QString path = ImageStore::saveImage(name, bytes).value_or(QString());
+        const QString path = valueOf(ImageStore::saveImage(name, bytes));
         if (!prompt.isEmpty()) {
             EXPECT_TRUE(ImageStore::savePrompt(prompt, name));
         }

@@ -141,22 +141,22 @@ Result<> prepare(CommandLine &line)
     switch (line.verb) {
     case Verb::Key:
         if (line.arguments.first() == "set"_L1) {
-            const auto key = Console::readSecret(Tr::tr("API key for %1: ").arg(line.arguments.at(1)));
+            Result<QString> key = Console::readSecret(Tr::tr("API key for %1: ").arg(line.arguments.at(1)));
             if (!key) {
-                return Failure{Tr::tr("standard input holds no key")};
+                return key.failure();
             }
-            line.secret = *key;
+            line.secret = std::move(*key);
         }
         return {};
     case Verb::Upscale:
     case Verb::Set:
     case Verb::Favorite:
     case Verb::Delete: {
-        const QString file = CommandRunner::fileOf(line);
-        if (file.isEmpty()) {
-            return Failure{CommandRunner::noSuchFile(line)};
+        const Result<QString> file = CommandRunner::fileOf(line);
+        if (!file) {
+            return file.failure();
         }
-        line.arguments = {file};
+        line.arguments = {*file};
         return {};
     }
     default:

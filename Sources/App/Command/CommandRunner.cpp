@@ -18,6 +18,7 @@
 #include <QJsonObject>
 
 #include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -86,11 +87,12 @@ void runOperation(WallpaperManager &manager, const std::function<void()> &begin,
 
 void startOnFile(WallpaperManager &manager, const CommandLine &line, const Ended &ended)
 {
-    const QString file = fileOf(line);
-    if (file.isEmpty()) {
-        ended(failure(noSuchFile(line)));
+    const Result<QString> found = fileOf(line);
+    if (!found) {
+        ended({kFailed, {}, found.failure()});
         return;
     }
+    const QString &file = *found;
     // A folder, a pipe or a device: not every desktop looks before it says that it is shown.
     if (mayBeElsewhere(line) && !QFileInfo(file).isFile()) {
         ended(failure(Tr::tr("not a regular file: %1").arg(line.arguments.first())));
@@ -123,7 +125,8 @@ QCoro::Task<> runningOnWorker(std::function<CommandOutcome()> work, Ended ended)
     ended(outcome);
 }
 
-QString existingFile(const QString &argument)
+/// Nothing where there is no such file.
+std::optional<QString> existingFile(const QString &argument)
 {
     if (argument.isEmpty()) {
         return {};
@@ -135,26 +138,26 @@ QString existingFile(const QString &argument)
         }
     }
     const QFileInfo file(argument);
-    return file.exists() ? file.absoluteFilePath() : QString();
+    return file.exists() ? std::optional(file.absoluteFilePath()) : std::nullopt;
 }
 
 } // namespace
 
-QString fileOf(const CommandLine &line)
+Result<QString> fileOf(const CommandLine &line)
 {
-    const QString path = existingFile(line.arguments.first());
+    const QString &argument = line.arguments.first();
+    const std::optional<QString> path = existingFile(argument);
     if (mayBeElsewhere(line)) {
-        return path;
+        return path ? Result<QString>(*path) : Failure{Tr::tr("no such file: %1").arg(argument)};
     }
-    const QString inLibrary = ImageStore::directory() + '/'_L1 + imageName(path);
-    const bool isSame = QFileInfo(path).canonicalFilePath() == QFileInfo(inLibrary).canonicalFilePath();
-    return isSame && ImageStore::allImages().contains(inLibrary) ? inLibrary : QString();
-}
-
-QString noSuchFile(const CommandLine &line)
-{
-    const QString text = mayBeElsewhere(line) ? Tr::tr("no such file: %1") : Tr::tr("not in the library: %1");
-    return text.arg(line.arguments.first());
+    if (path) {
+        const QString inLibrary = ImageStore::directory() + '/'_L1 + imageName(*path);
+        const bool isSame = QFileInfo(*path).canonicalFilePath() == QFileInfo(inLibrary).canonicalFilePath();
+        if (isSame && ImageStore::allImages().contains(inLibrary)) {
+            return inLibrary;
+        }
+    }
+    return Failure{Tr::tr("not in the library: %1").arg(argument)};
 }
 
 void start(Services &services, const CommandLine &line, const Ended &whenDone)

@@ -29,12 +29,9 @@ void start(Services &services, const CommandLine &line, const Ended &whenDone);
 /// The verb "model". Loads a network, so it takes its time; meant for a worker where there is an event loop.
 [[nodiscard]] CommandOutcome useModel(const CommandLine &line, const std::stop_token &stop = {});
 
-/// The picture that the command means, as an absolute path; empty where there is none. A bare name means one of the
+/// The picture that the command means, as an absolute path. Fails where there is none. A bare name means one of the
 /// library first. Only "set" and "upscale" take pictures from elsewhere, so that nothing else is deleted or marked.
-[[nodiscard]] QString fileOf(const CommandLine &line);
-
-/// What to say where fileOf() is empty.
-[[nodiscard]] QString noSuchFile(const CommandLine &line);
+[[nodiscard]] Result<QString> fileOf(const CommandLine &line);
 
 } // namespace CommandRunner
 

@@ -2,12 +2,14 @@
 
 #include "Platform/PrintableText.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStringDecoder>
 #include <QStringList>
 
 #include <cstdio>
+#include <optional>
 
 #include <termios.h>
 #include <unistd.h>
@@ -17,6 +19,11 @@ using namespace Qt::StringLiterals;
 namespace quorvane::Console {
 
 namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(Commands)
+};
 
 // The longest key of any service is a few hundred characters; a file piped in by mistake is not one.
 constexpr std::size_t kLongestKeyBytes = std::size_t{64} * 1024;
@@ -102,8 +109,9 @@ void printProgress(const QString &note)
     }
 }
 
-std::optional<QString> readSecret(const QString &question)
+Result<QString> readSecret(const QString &question)
 {
+    const Failure noKey{Tr::tr("standard input holds no key")};
     const bool asks = ::isatty(STDIN_FILENO) == 1;
     if (asks) {
         write(stderr, question.toUtf8());
@@ -114,7 +122,7 @@ std::optional<QString> readSecret(const QString &question)
         for (int character = std::getchar(); character != EOF; character = std::getchar()) {
             bytes.append(static_cast<char>(character));
             if (static_cast<std::size_t>(bytes.size()) > kLongestKeyBytes) {
-                return std::nullopt;
+                return noKey;
             }
             if (asks && character == '\n') {
                 break;
@@ -126,7 +134,7 @@ std::optional<QString> readSecret(const QString &question)
     }
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     QString text = decoder(bytes);
-    return decoder.hasError() ? std::nullopt : std::optional<QString>(std::move(text));
+    return decoder.hasError() ? noKey : Result<QString>(std::move(text));
 }
 
 } // namespace quorvane::Console

@@ -5,8 +5,6 @@
 #include <QJsonValue>
 #include <QString>
 
-#include <optional>
-
 /// Standard input, output and error of a command.
 namespace quorvane::Console {
 
@@ -25,8 +23,8 @@ int fail(const Failure &failure, bool json, int status = kFailed);
 /// A note on standard error that the next one replaces; nothing where that is no terminal.
 void printProgress(const QString &note);
 
-/// Standard input to its end, without one trailing newline. At a terminal one line, asked for without echo. Nothing
-/// when it cannot be read, is no UTF-8 text or is longer than a key can be.
-[[nodiscard]] std::optional<QString> readSecret(const QString &question);
+/// Standard input to its end, without one trailing newline. At a terminal one line, asked for without echo. Fails
+/// when it is no UTF-8 text or is longer than a key can be.
+[[nodiscard]] Result<QString> readSecret(const QString &question);
 
 } // namespace quorvane::Console

@@ -5,11 +5,11 @@
 
 namespace quorvane {
 
-std::optional<KeptPicture> keepPicture(const NewPicture &picture)
+Result<KeptPicture> keepPicture(const NewPicture &picture)
 {
-    const std::optional<QString> path = ImageStore::saveImage(picture.name, picture.bytes);
+    const Result<QString> path = ImageStore::saveImage(picture.name, picture.bytes);
     if (!path) {
-        return std::nullopt;
+        return path.failure();
     }
     KeptPicture kept{*path, {}};
     const auto note = [&kept](const Result<> &result) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/Failure.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -25,9 +27,9 @@ struct KeptPicture
     QStringList problems; ///< What could not be recorded of it, in words for the user.
 };
 
-/// Writes the picture, then its prompt and its link. Nothing when the picture itself could not be written: then nothing
+/// Writes the picture, then its prompt and its link. Fails when the picture itself could not be written: then nothing
 /// is recorded either. A picture that takes its own original's name replaces it and is linked to itself. Any thread.
-[[nodiscard]] std::optional<KeptPicture> keepPicture(const NewPicture &picture);
+[[nodiscard]] Result<KeptPicture> keepPicture(const NewPicture &picture);
 
 /// The prompt that is recorded for the picture, if it is one of the library. Any thread.
 [[nodiscard]] std::optional<QString> recordedPrompt(const QString &image);

@@ -82,21 +82,21 @@ QCoro::Task<> Library::refreshing()
     setListing(std::move(listing));
 }
 
-QCoro::Task<std::optional<KeptPicture>> Library::keeping(NewPicture picture)
+QCoro::Task<Result<KeptPicture>> Library::keeping(NewPicture picture)
 {
     auto keep = [picture = std::move(picture)] { return keepPicture(picture); };
     co_return co_await onWorker(&m_thread, std::move(keep));
 }
 
 /// In one go, so that a deletion of the original that comes in between finds either nothing of the copy or the whole.
-QCoro::Task<Library::Copy> Library::keepingCopy(NewPicture copy)
+QCoro::Task<std::optional<Result<KeptPicture>>> Library::keepingCopy(NewPicture copy)
 {
-    auto keep = [copy = std::move(copy)]() mutable -> Copy {
+    auto keep = [copy = std::move(copy)]() mutable -> std::optional<Result<KeptPicture>> {
         if (!QFileInfo::exists(copy.original)) {
-            return {.isOriginalThere = false, .kept = {}};
+            return std::nullopt;
         }
         copy.prompt = recordedPrompt(copy.original);
-        return {.isOriginalThere = true, .kept = keepPicture(copy)};
+        return keepPicture(copy);
     };
     co_return co_await onWorker(&m_thread, std::move(keep));
 }

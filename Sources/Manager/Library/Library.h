@@ -43,15 +43,10 @@ class Library : public QObject
     [[nodiscard]] QCoro::Task<> refreshing();
 
     /// keepPicture()
-    [[nodiscard]] QCoro::Task<std::optional<KeptPicture>> keeping(NewPicture picture);
+    [[nodiscard]] QCoro::Task<Result<KeptPicture>> keeping(NewPicture picture);
 
-    /// As keeping(), with the prompt of its original; nothing at all where the original is gone.
-    struct Copy
-    {
-        bool isOriginalThere;
-        std::optional<KeptPicture> kept; ///< Nothing where it could not be written.
-    };
-    [[nodiscard]] QCoro::Task<Copy> keepingCopy(NewPicture copy);
+    /// As keeping(), with the prompt of its original. Where the original is gone nothing is written, and nothing told.
+    [[nodiscard]] QCoro::Task<std::optional<Result<KeptPicture>>> keepingCopy(NewPicture copy);
 
     /// Whether it is a favourite from now on; what writingFavorite() writes.
     [[nodiscard]] bool toggleFavorite(const QString &name);

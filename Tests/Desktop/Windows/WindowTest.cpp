@@ -11,6 +11,7 @@
 #include "Support/Desktop/PrivateSway.h"
 #include "Support/Desktop/PrivateXServer.h"
 #include "Support/Desktop/PrivateXorg.h"
+#include "Support/Results.h"
 #include "Support/WaitFor.h"
 
 #include <QBuffer>
@@ -168,7 +169,7 @@ class WindowTest : public testing::Test
         QImage image(400, 400, QImage::Format_RGB32);
         image.fill(Qt::red);
         EXPECT_TRUE(image.save(&buffer, "PNG"));
-        EXPECT_TRUE(ImageStore::savePrompt(prompt, ImageStore::saveImage(u"one.png"_s, bytes).value_or(QString())));
+        EXPECT_TRUE(ImageStore::savePrompt(prompt, valueOf(ImageStore::saveImage(u"one.png"_s, bytes))));
     }
 
     LoginSession session;

@@ -11,6 +11,7 @@
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
 #include "Support/RecordingDesktop.h"
+#include "Support/Results.h"
 #include "Support/TestClock.h"
 #include "demo-service/DemoService.h"
 
@@ -96,7 +97,7 @@ class ManagerTest : public testing::Test
     /// An image in the library, older the larger age is.
     [[nodiscard]] QString putImage(const QString &name) const
     {
-        return ImageStore::saveImage(name, "image " + name.toUtf8()).value_or(QString());
+        return valueOf(ImageStore::saveImage(name, "image " + name.toUtf8()));
     }
 
     [[nodiscard]] QStringList files() const { return QDir(home.library()).entryList(QDir::Files, QDir::Name); }

@@ -1,6 +1,7 @@
 #include "Views/Preview/PreviewModel.h"
 
 #include "Manager/SettingsKeys.h"
+#include "Support/Results.h"
 #include "Support/WaitFor.h"
 #include "Unit/Manager/ManagerFixture.h"
 
@@ -30,7 +31,7 @@ class PreviewModelTest : public ManagerTest
         QImage image(width, 4, QImage::Format_RGB32);
         image.fill(Qt::darkCyan);
         EXPECT_TRUE(image.save(&buffer, "PNG"));
-        return ImageStore::saveImage(name, bytes).value_or(QString());
+        return valueOf(ImageStore::saveImage(name, bytes));
     }
 
     /// Waits until everything is known of the picture that is open.

@@ -2,6 +2,7 @@
 
 #include "Storage/ImageStore.h"
 #include "Support/PrivateHome.h"
+#include "Support/Results.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +15,7 @@ class GalleryListingTest : public testing::Test
   protected:
     [[nodiscard]] static QString put(const char *name, const QByteArray &bytes = "image")
     {
-        return ImageStore::saveImage(QString::fromLatin1(name), bytes).value_or(QString());
+        return valueOf(ImageStore::saveImage(QString::fromLatin1(name), bytes));
     }
 
     PrivateHome home;

@@ -8,6 +8,7 @@
 #include "Storage/SideFile.h"
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
+#include "Support/Results.h"
 #include "Upscaling/Network/ModelFiles.h"
 
 #include <QFile>
@@ -22,10 +23,7 @@ namespace quorvane {
 class LibraryTest : public testing::Test
 {
   protected:
-    [[nodiscard]] QString put(const QString &name) const
-    {
-        return ImageStore::saveImage(name, "image").value_or(QString());
-    }
+    [[nodiscard]] QString put(const QString &name) const { return valueOf(ImageStore::saveImage(name, "image")); }
 
     [[nodiscard]] static QCoro::Task<> kept(QCoro::Task<Result<>> change)
     {
@@ -87,7 +85,7 @@ TEST_F(LibraryTest, aCopyTakesItsOriginalsPromptAndPlaceAndIsNotMadeOfWhatIsGone
     const QString original = put(u"a.png"_s);
     EXPECT_TRUE(ImageStore::savePrompt(u"a lake"_s, original));
     Library library(tasks);
-    std::optional<Library::Copy> copy;
+    std::optional<Result<KeptPicture>> copy;
     const auto keep = [&library, &copy](QString name, QString source) -> QCoro::Task<> {
         NewPicture picture{name, "large", std::nullopt, source};
         copy = co_await library.keepingCopy(std::move(picture));
@@ -95,13 +93,14 @@ TEST_F(LibraryTest, aCopyTakesItsOriginalsPromptAndPlaceAndIsNotMadeOfWhatIsGone
     };
     tasks.start(keep(u"b.png"_s, original));
     tasks.wait();
-    ASSERT_TRUE(copy && copy->kept);
-    EXPECT_EQ(library.history(), QStringList{copy->kept->path});
-    EXPECT_EQ(recordedPrompt(copy->kept->path), u"a lake"_s);
+    ASSERT_TRUE(copy);
+    const QString path = valueOf(*copy).path;
+    EXPECT_EQ(library.history(), QStringList{path});
+    EXPECT_EQ(recordedPrompt(path), u"a lake"_s);
 
     tasks.start(keep(u"c.png"_s, home.library() + u"/gone.png"_s));
     tasks.wait();
-    EXPECT_FALSE(copy->isOriginalThere);
+    EXPECT_FALSE(copy);
     EXPECT_FALSE(QFile::exists(home.library() + u"/c.png"_s));
 }
 
