@@ -255,10 +255,10 @@ tut: generate, toggle-auto, settings oder quit.
 </translation>
     </message>
     <message>
-        <source>FILE is a path, or the name of a picture in the library. ID is gemini, grok or openai.
+        <source>FILE is a path, or the name of a picture in the library. ID is one of %1.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
-        <translation>DATEI ist ein Pfad oder der Name eines Bildes in der Sammlung. ID ist gemini, grok oder openai.
+        <translation>DATEI ist ein Pfad oder der Name eines Bildes in der Sammlung. ID ist eine von %1.
 Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
 </translation>
     </message>
@@ -736,6 +736,21 @@ mit den Bedienelementen in der Seitenleiste.</translation>
         <source>MMM d, HH:mm</source>
         <comment>Day and time below a picture, in the letters of QLocale::toString()</comment>
         <translation>d. MMM, HH:mm</translation>
+    </message>
+</context>
+<context>
+    <name>ImageService</name>
+    <message>
+        <source>Used for default generation and 4K upscaling.</source>
+        <translation>Zum Erzeugen in der Voreinstellung und für die 4K-Hochskalierung.</translation>
+    </message>
+    <message>
+        <source>Used when NSFW is enabled.</source>
+        <translation>Wird verwendet, wenn NSFW eingeschaltet ist.</translation>
+    </message>
+    <message>
+        <source>Available as an override in Advanced settings.</source>
+        <translation>Kann unter „Erweitert“ fest gewählt werden.</translation>
     </message>
 </context>
 <context>
@@ -1511,37 +1526,6 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>Save</source>
         <translation>Speichern</translation>
-    </message>
-</context>
-<context>
-    <name>quorvane::APIKeysModel</name>
-    <message>
-        <source>Gemini</source>
-        <translation>Gemini</translation>
-    </message>
-    <message>
-        <source>Used for default generation and 4K upscaling.</source>
-        <translation>Zum Erzeugen in der Voreinstellung und für die 4K-Hochskalierung.</translation>
-    </message>
-    <message>
-        <source>Grok (xAI)</source>
-        <translation>Grok (xAI)</translation>
-    </message>
-    <message>
-        <source>Grok</source>
-        <translation>Grok</translation>
-    </message>
-    <message>
-        <source>Used when NSFW is enabled.</source>
-        <translation>Wird verwendet, wenn NSFW eingeschaltet ist.</translation>
-    </message>
-    <message>
-        <source>OpenAI</source>
-        <translation>OpenAI</translation>
-    </message>
-    <message>
-        <source>Available as an override in Advanced settings.</source>
-        <translation>Kann unter „Erweitert“ fest gewählt werden.</translation>
     </message>
 </context>
 <context>

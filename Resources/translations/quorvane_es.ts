@@ -255,10 +255,10 @@ escritorio: generate, toggle-auto, settings o quit.
 </translation>
     </message>
     <message>
-        <source>FILE is a path, or the name of a picture in the library. ID is gemini, grok or openai.
+        <source>FILE is a path, or the name of a picture in the library. ID is one of %1.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
-        <translation>ARCHIVO es una ruta, o el nombre de una imagen de la biblioteca. ID es gemini, grok u openai.
+        <translation>ARCHIVO es una ruta, o el nombre de una imagen de la biblioteca. ID es uno de %1.
 Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es errónea.
 </translation>
     </message>
@@ -736,6 +736,21 @@ con los controles de la barra lateral.</translation>
         <source>MMM d, HH:mm</source>
         <comment>Day and time below a picture, in the letters of QLocale::toString()</comment>
         <translation>d MMM, HH:mm</translation>
+    </message>
+</context>
+<context>
+    <name>ImageService</name>
+    <message>
+        <source>Used for default generation and 4K upscaling.</source>
+        <translation>Para la generación predeterminada y la ampliación a 4K.</translation>
+    </message>
+    <message>
+        <source>Used when NSFW is enabled.</source>
+        <translation>Se usa cuando NSFW está activado.</translation>
+    </message>
+    <message>
+        <source>Available as an override in Advanced settings.</source>
+        <translation>Se puede elegir en los ajustes avanzados.</translation>
     </message>
 </context>
 <context>
@@ -1511,37 +1526,6 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>Save</source>
         <translation>Guardar</translation>
-    </message>
-</context>
-<context>
-    <name>quorvane::APIKeysModel</name>
-    <message>
-        <source>Gemini</source>
-        <translation>Gemini</translation>
-    </message>
-    <message>
-        <source>Used for default generation and 4K upscaling.</source>
-        <translation>Para la generación predeterminada y la ampliación a 4K.</translation>
-    </message>
-    <message>
-        <source>Grok (xAI)</source>
-        <translation>Grok (xAI)</translation>
-    </message>
-    <message>
-        <source>Grok</source>
-        <translation>Grok</translation>
-    </message>
-    <message>
-        <source>Used when NSFW is enabled.</source>
-        <translation>Se usa cuando NSFW está activado.</translation>
-    </message>
-    <message>
-        <source>OpenAI</source>
-        <translation>OpenAI</translation>
-    </message>
-    <message>
-        <source>Available as an override in Advanced settings.</source>
-        <translation>Se puede elegir en los ajustes avanzados.</translation>
     </message>
 </context>
 <context>

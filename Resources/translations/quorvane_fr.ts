@@ -255,10 +255,10 @@ l’entrée de bureau&#xa0;: generate, toggle-auto, settings ou quit.
 </translation>
     </message>
     <message>
-        <source>FILE is a path, or the name of a picture in the library. ID is gemini, grok or openai.
+        <source>FILE is a path, or the name of a picture in the library. ID is one of %1.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
-        <translation>FICHIER est un chemin, ou le nom d’une image de la bibliothèque. ID est gemini, grok ou openai.
+        <translation>FICHIER est un chemin, ou le nom d’une image de la bibliothèque. ID est l’un de %1.
 Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande fausse.
 </translation>
     </message>
@@ -736,6 +736,21 @@ avec les commandes du panneau latéral.</translation>
         <source>MMM d, HH:mm</source>
         <comment>Day and time below a picture, in the letters of QLocale::toString()</comment>
         <translation>d MMM, HH:mm</translation>
+    </message>
+</context>
+<context>
+    <name>ImageService</name>
+    <message>
+        <source>Used for default generation and 4K upscaling.</source>
+        <translation>Utilisée pour la génération par défaut et l’agrandissement 4K.</translation>
+    </message>
+    <message>
+        <source>Used when NSFW is enabled.</source>
+        <translation>Utilisée quand NSFW est activé.</translation>
+    </message>
+    <message>
+        <source>Available as an override in Advanced settings.</source>
+        <translation>Peut être choisi dans les paramètres avancés.</translation>
     </message>
 </context>
 <context>
@@ -1511,37 +1526,6 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>Save</source>
         <translation>Enregistrer</translation>
-    </message>
-</context>
-<context>
-    <name>quorvane::APIKeysModel</name>
-    <message>
-        <source>Gemini</source>
-        <translation>Gemini</translation>
-    </message>
-    <message>
-        <source>Used for default generation and 4K upscaling.</source>
-        <translation>Utilisée pour la génération par défaut et l’agrandissement 4K.</translation>
-    </message>
-    <message>
-        <source>Grok (xAI)</source>
-        <translation>Grok (xAI)</translation>
-    </message>
-    <message>
-        <source>Grok</source>
-        <translation>Grok</translation>
-    </message>
-    <message>
-        <source>Used when NSFW is enabled.</source>
-        <translation>Utilisée quand NSFW est activé.</translation>
-    </message>
-    <message>
-        <source>OpenAI</source>
-        <translation>OpenAI</translation>
-    </message>
-    <message>
-        <source>Available as an override in Advanced settings.</source>
-        <translation>Peut être choisi dans les paramètres avancés.</translation>
     </message>
 </context>
 <context>

@@ -254,10 +254,10 @@ does: generate, toggle-auto, settings or quit.
 </translation>
     </message>
     <message>
-        <source>FILE is a path, or the name of a picture in the library. ID is gemini, grok or openai.
+        <source>FILE is a path, or the name of a picture in the library. ID is one of %1.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
-        <translation>ファイルはパス、またはライブラリの画像の名前です。IDはgemini、grok、openaiのいずれかです。
+        <translation>ファイルはパス、またはライブラリの画像の名前です。IDは%1のいずれかです。
 終了ステータス: 0 完了、1 エラーで終了、2 コマンドラインの誤り。
 </translation>
     </message>
@@ -735,6 +735,21 @@ using the sidebar controls.</source>
         <source>MMM d, HH:mm</source>
         <comment>Day and time below a picture, in the letters of QLocale::toString()</comment>
         <translation>M月d日 HH:mm</translation>
+    </message>
+</context>
+<context>
+    <name>ImageService</name>
+    <message>
+        <source>Used for default generation and 4K upscaling.</source>
+        <translation>通常の生成と4Kアップスケールに使います。</translation>
+    </message>
+    <message>
+        <source>Used when NSFW is enabled.</source>
+        <translation>NSFWがオンのときに使います。</translation>
+    </message>
+    <message>
+        <source>Available as an override in Advanced settings.</source>
+        <translation>「詳細」でプロバイダーとして選べます。</translation>
     </message>
 </context>
 <context>
@@ -1505,37 +1520,6 @@ using the sidebar controls.</source>
     <message>
         <source>Save</source>
         <translation>保存</translation>
-    </message>
-</context>
-<context>
-    <name>quorvane::APIKeysModel</name>
-    <message>
-        <source>Gemini</source>
-        <translation>Gemini</translation>
-    </message>
-    <message>
-        <source>Used for default generation and 4K upscaling.</source>
-        <translation>通常の生成と4Kアップスケールに使います。</translation>
-    </message>
-    <message>
-        <source>Grok (xAI)</source>
-        <translation>Grok (xAI)</translation>
-    </message>
-    <message>
-        <source>Grok</source>
-        <translation>Grok</translation>
-    </message>
-    <message>
-        <source>Used when NSFW is enabled.</source>
-        <translation>NSFWがオンのときに使います。</translation>
-    </message>
-    <message>
-        <source>OpenAI</source>
-        <translation>OpenAI</translation>
-    </message>
-    <message>
-        <source>Available as an override in Advanced settings.</source>
-        <translation>「詳細」でプロバイダーとして選べます。</translation>
     </message>
 </context>
 <context>

@@ -254,10 +254,10 @@ generate、toggle-auto、settings 或 quit。
 </translation>
     </message>
     <message>
-        <source>FILE is a path, or the name of a picture in the library. ID is gemini, grok or openai.
+        <source>FILE is a path, or the name of a picture in the library. ID is one of %1.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
-        <translation>文件可以是路径，也可以是图库中图片的名称。ID 为 gemini、grok 或 openai。
+        <translation>文件可以是路径，也可以是图库中图片的名称。ID 为 %1 之一。
 退出状态：0 完成，1 因错误结束，2 命令行有误。
 </translation>
     </message>
@@ -735,6 +735,21 @@ using the sidebar controls.</source>
         <source>MMM d, HH:mm</source>
         <comment>Day and time below a picture, in the letters of QLocale::toString()</comment>
         <translation>M月d日 HH:mm</translation>
+    </message>
+</context>
+<context>
+    <name>ImageService</name>
+    <message>
+        <source>Used for default generation and 4K upscaling.</source>
+        <translation>用于默认生成和 4K 放大。</translation>
+    </message>
+    <message>
+        <source>Used when NSFW is enabled.</source>
+        <translation>开启 NSFW 时使用。</translation>
+    </message>
+    <message>
+        <source>Available as an override in Advanced settings.</source>
+        <translation>可在“高级”设置中指定使用。</translation>
     </message>
 </context>
 <context>
@@ -1505,37 +1520,6 @@ using the sidebar controls.</source>
     <message>
         <source>Save</source>
         <translation>保存</translation>
-    </message>
-</context>
-<context>
-    <name>quorvane::APIKeysModel</name>
-    <message>
-        <source>Gemini</source>
-        <translation>Gemini</translation>
-    </message>
-    <message>
-        <source>Used for default generation and 4K upscaling.</source>
-        <translation>用于默认生成和 4K 放大。</translation>
-    </message>
-    <message>
-        <source>Grok (xAI)</source>
-        <translation>Grok (xAI)</translation>
-    </message>
-    <message>
-        <source>Grok</source>
-        <translation>Grok</translation>
-    </message>
-    <message>
-        <source>Used when NSFW is enabled.</source>
-        <translation>开启 NSFW 时使用。</translation>
-    </message>
-    <message>
-        <source>OpenAI</source>
-        <translation>OpenAI</translation>
-    </message>
-    <message>
-        <source>Available as an override in Advanced settings.</source>
-        <translation>可在“高级”设置中指定使用。</translation>
     </message>
 </context>
 <context>

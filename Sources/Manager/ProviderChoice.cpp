@@ -1,5 +1,6 @@
 #include "Manager/ProviderChoice.h"
 
+#include "Providers/GeminiProvider.h"
 #include "Providers/ImageServices.h"
 
 #include <QCoreApplication>
@@ -26,23 +27,21 @@ const ImageProvider *providerWithId(const Providers &providers, const QString &i
 
 } // namespace
 
-bool ProviderChoice::nsfwApplies() const
+bool ProviderChoice::nsfwApplies(const Providers &providers) const
 {
-    return override == "auto"_L1 || override == "grok"_L1;
+    const ImageProvider *chosen = providerWithId(providers, override);
+    return override == kAutomatic || (chosen != nullptr && chosen->takesNsfw());
 }
 
 const ImageProvider &ProviderChoice::provider(const Providers &providers) const
 {
-    const bool isAuto = override == "auto"_L1;
-    if (!isAuto) {
-        if (const ImageProvider *chosen = providerWithId(providers, override)) {
-            return *chosen;
-        }
+    if (const ImageProvider *chosen = providerWithId(providers, override)) {
+        return *chosen;
     }
-    const bool wantsGrok = isAuto && nsfwEnabled;
-    const ImageProvider *provider = providerWithId(providers, wantsGrok ? u"grok"_s : u"gemini"_s);
-    Q_ASSERT(provider != nullptr);
-    return *provider;
+    const auto wanted = std::find_if(providers.begin(), providers.end(), [this](const auto &each) {
+        return override == kAutomatic && nsfwEnabled && each->takesNsfw();
+    });
+    return wanted == providers.end() ? *providers.front() : **wanted;
 }
 
 QString ProviderChoice::modelId(const Providers &providers) const
@@ -82,7 +81,7 @@ QStringList ProviderChoice::missingKeys(const Providers &providers, const QSet<Q
         missing.append(chosen.name());
     }
     const bool upscalesRemotely = needsUpscale(providers) && upscaleMethod == UpscaleMethod::Gemini;
-    if (upscalesRemotely && !storedKeyIds.contains(u"gemini"_s) && !missing.contains(u"Gemini"_s)) {
+    if (upscalesRemotely && !storedKeyIds.contains(kGeminiId) && chosen.id() != kGeminiId) {
         missing.append(Tr::tr("Gemini (for 4K upscale)"));
     }
     return missing;

@@ -16,18 +16,21 @@ namespace quorvane {
 
 using Providers = std::vector<std::unique_ptr<const ImageProvider>>;
 
-/// What the settings say at one moment about who makes a picture, and how. providers are Gemini, Grok and OpenAI, and
-/// outlive what is returned.
+/// The provider override that leaves the choice to the rules.
+inline constexpr QLatin1String kAutomatic("auto");
+
+/// What the settings say at one moment about who makes a picture, and how. The first of providers is the one that is
+/// used where nothing speaks for another; there is one at least, and they outlive what is returned.
 struct ProviderChoice
 {
-    QString override; ///< "auto" or a provider's id; one that names no provider behaves like Gemini.
+    QString override; ///< kAutomatic or a provider's id; one that names no provider behaves like the first one's.
     bool nsfwEnabled = false;
     bool fourKEnabled = false;
     UpscaleMethod upscaleMethod = UpscaleMethod::Gemini;
     TextMap chosenModels; ///< By provider id, as they are stored: they may not be offered any more.
 
-    /// Whether the NSFW switch means anything: only Grok honours it.
-    [[nodiscard]] bool nsfwApplies() const;
+    /// Whether the NSFW switch means anything: to the automatic choice, or to the provider that is chosen.
+    [[nodiscard]] bool nsfwApplies(const Providers &providers) const;
 
     /// The provider that a generation will use.
     [[nodiscard]] const ImageProvider &provider(const Providers &providers) const;

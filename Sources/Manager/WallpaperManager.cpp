@@ -49,7 +49,7 @@ WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
     m_prompt = defaults.text(kLastPrompt).value_or(QString());
     m_fourKEnabled = defaults.boolean(kFourKEnabled);
     m_nsfwEnabled = defaults.boolean(kNsfwEnabled);
-    m_providerOverride = defaults.text(kProviderOverride).value_or(u"auto"_s);
+    m_providerOverride = defaults.text(kProviderOverride).value_or(kAutomatic);
     m_autoEnabled = defaults.boolean(kAutoEnabled);
     m_intervalMinutes = Schedule::sensibleInterval(defaults.integer(kIntervalMinutes));
     restoreCurrentWallpaper();
@@ -116,7 +116,7 @@ void WallpaperManager::setNsfwEnabled(bool enabled)
 void WallpaperManager::setProviderOverride(const QString &override)
 {
     m_providerOverride = override;
-    if (override == "auto"_L1) {
+    if (override == kAutomatic) {
         m_services.defaults->remove(SettingsKeys::kProviderOverride);
     } else {
         m_services.defaults->set(SettingsKeys::kProviderOverride, override);
@@ -192,7 +192,7 @@ ProviderChoice WallpaperManager::choice() const
 
 bool WallpaperManager::nsfwApplies() const
 {
-    return choice().nsfwApplies();
+    return choice().nsfwApplies(m_providers);
 }
 
 const ImageProvider &WallpaperManager::resolvedProvider() const

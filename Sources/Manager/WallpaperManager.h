@@ -74,7 +74,7 @@ class WallpaperManager : public QObject
     void setFourKEnabled(bool enabled);
     [[nodiscard]] bool nsfwEnabled() const { return m_nsfwEnabled; }
     void setNsfwEnabled(bool enabled);
-    /// "auto" or a provider's id. A text that names no provider behaves like Gemini.
+    /// kAutomatic or a provider's id. A text that names no provider behaves like the first one's.
     [[nodiscard]] const QString &providerOverride() const { return m_providerOverride; }
     void setProviderOverride(const QString &override);
     [[nodiscard]] UpscaleMethod upscaleMethod() const;

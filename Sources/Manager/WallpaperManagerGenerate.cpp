@@ -121,7 +121,7 @@ QCoro::Task<EncodedImage> WallpaperManager::upscaledOrOriginal(EncodedImage gene
         report(*operation, tr("Upscale failed, using original — %1").arg(address.failure().words), false);
         co_return generated;
     }
-    const std::optional<QString> geminiKey = isLocal ? std::nullopt : Keychain::load(u"gemini"_s);
+    const std::optional<QString> geminiKey = isLocal ? std::nullopt : Keychain::load(kGeminiId);
     if (!isLocal && !geminiKey) {
         co_return generated;
     }

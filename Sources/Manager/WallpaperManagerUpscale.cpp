@@ -56,7 +56,7 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, OperationRef
             report(*operation, tr("Upscaling to 4K (local)..."), false);
             upscaled = co_await upscaleLocally(std::move(source), operation);
         } else {
-            const std::optional<QString> key = Keychain::load(u"gemini"_s);
+            const std::optional<QString> key = Keychain::load(kGeminiId);
             if (!key) {
                 fail(tr("No Gemini API key — switch to Local upscale in Settings > Advanced"));
                 co_return;

@@ -24,8 +24,10 @@ QJsonObject body(const ImageOrder &order, bool /*in4K*/)
 
 ImageService GeminiProvider::service()
 {
-    return {.id = u"gemini"_s,
+    return {.id = kGeminiId,
             .name = u"Gemini"_s,
+            .keyTitle = u"Gemini"_s,
+            .keyUse = QCoreApplication::translate("ImageService", "Used for default generation and 4K upscaling."),
             .models = {{{u"gemini-2.5-flash-image"_s, u"2.5 Flash Image"_s}, Makes4K::Always},
                        {{u"gemini-3-pro-image-preview"_s, u"3 Pro Image"_s}, Makes4K::Always}},
             .address = kGeminiService,

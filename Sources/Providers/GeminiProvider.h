@@ -4,6 +4,9 @@
 
 namespace quorvane {
 
+/// The one service that also enlarges pictures, so that others than its own file know its key.
+inline constexpr QLatin1String kGeminiId("gemini");
+
 inline constexpr Service kGeminiService{"QUORVANE_GEMINI_BASE_URL", "https://generativelanguage.googleapis.com"};
 
 /// Pictures from the Gemini API, always asked for at 4K and 16:9; wants4K is not looked at.

@@ -30,6 +30,9 @@ ImageService GrokProvider::service()
 {
     return {.id = u"grok"_s,
             .name = u"Grok"_s,
+            .keyTitle = u"Grok (xAI)"_s,
+            .keyUse = QCoreApplication::translate("ImageService", "Used when NSFW is enabled."),
+            .takesNsfw = true,
             .models = {{{u"grok-imagine-image"_s, u"Imagine"_s}}, {{u"grok-imagine-image-pro"_s, u"Imagine Pro"_s}}},
             .address = kGrokService,
             .path = u"/v1/images/generations"_s,

@@ -31,6 +31,15 @@ class ImageProvider
     /// The stable identifier: key file, settings and the provider override use it.
     [[nodiscard]] virtual QString id() const = 0;
 
+    /// The name with its maker's, for who enters a key of it.
+    [[nodiscard]] virtual QString keyTitle() const = 0;
+
+    /// What a key of it is used for, a sentence for the user.
+    [[nodiscard]] virtual QString keyUse() const = 0;
+
+    /// Whether the automatic choice falls on it where the user wants NSFW pictures.
+    [[nodiscard]] virtual bool takesNsfw() const = 0;
+
     /// The models on offer, in display order; the first is the default.
     [[nodiscard]] virtual QList<ModelOption> models() const = 0;
 

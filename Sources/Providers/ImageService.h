@@ -37,6 +37,9 @@ struct ImageService
 {
     QString id;                 ///< Stable: key file, settings and the provider override use it.
     QString name;               ///< The name that the user reads.
+    QString keyTitle;           ///< The name with its maker's, for who enters a key of it.
+    QString keyUse;             ///< What a key of it is used for, a sentence for the user.
+    bool takesNsfw = false;     ///< Whether the automatic choice falls on it where the user wants NSFW pictures.
     QList<ServiceModel> models; ///< In display order; the first is the default.
     Service address;
     QString path;         ///< %1 is the model, where the address has it.
@@ -62,6 +65,9 @@ class ServiceProvider : public ImageProvider
 
     [[nodiscard]] QString name() const override { return m_service.name; }
     [[nodiscard]] QString id() const override { return m_service.id; }
+    [[nodiscard]] QString keyTitle() const override { return m_service.keyTitle; }
+    [[nodiscard]] QString keyUse() const override { return m_service.keyUse; }
+    [[nodiscard]] bool takesNsfw() const override { return m_service.takesNsfw; }
     [[nodiscard]] QList<ModelOption> models() const override;
     [[nodiscard]] QCoro::Task<EncodedImage> generate(QString prompt, QString apiKey, QString model,
                                                      bool wants4K) const override;

@@ -2,6 +2,15 @@
 
 namespace quorvane {
 
+QStringList serviceIds()
+{
+    QStringList ids;
+    for (const ImageService &service : AllProviders::services()) {
+        ids.append(service.id);
+    }
+    return ids;
+}
+
 bool makes4K(const QString &providerId, const QString &model)
 {
     for (const ImageService &service : AllProviders::services()) {

@@ -4,6 +4,8 @@
 #include "Providers/GrokProvider.h"
 #include "Providers/OpenAIProvider.h"
 
+#include <QStringList>
+
 #include <memory>
 #include <vector>
 
@@ -25,6 +27,9 @@ template <typename... Providers> struct ProviderList
 
 /// The list: another provider is one more name here.
 using AllProviders = ProviderList<GeminiProvider, GrokProvider, OpenAIProvider>;
+
+/// The ids of the list, in its order.
+[[nodiscard]] QStringList serviceIds();
 
 /// Whether that model of that provider makes 4K by itself when it is wanted; false for unknown ones.
 [[nodiscard]] bool makes4K(const QString &providerId, const QString &model);

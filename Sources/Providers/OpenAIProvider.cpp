@@ -31,6 +31,8 @@ ImageService OpenAIProvider::service()
 {
     return {.id = u"openai"_s,
             .name = u"OpenAI"_s,
+            .keyTitle = u"OpenAI"_s,
+            .keyUse = QCoreApplication::translate("ImageService", "Available as an override in Advanced settings."),
             .models = {{{u"gpt-image-2"_s, u"GPT Image 2"_s}, Makes4K::WhenAsked},
                        {{u"gpt-image-1"_s, u"GPT Image 1"_s}},
                        {{u"gpt-image-1.5"_s, u"GPT Image 1.5"_s}},

@@ -40,6 +40,7 @@ void moveLegacyKeys(SecretStore &store)
     // so the second look at it normally finds nothing.
     moveKey(store, u"gemini"_s);
 
+    // Not every provider that there is now: these are the ones that the older version had.
     for (const QString &providerId : {u"gemini"_s, u"grok"_s, u"openai"_s}) {
         moveKey(store, providerId);
     }

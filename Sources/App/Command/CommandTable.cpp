@@ -1,5 +1,7 @@
 #include "App/Command/CommandTable.h"
 
+#include "Providers/ImageServices.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -207,7 +209,7 @@ bool isTaken(Argument argument, const QString &text)
 {
     switch (argument) {
     case Argument::Service:
-        return QStringList{u"gemini"_s, u"grok"_s, u"openai"_s}.contains(text);
+        return serviceIds().contains(text);
     case Argument::Switch:
         return text == "on"_L1 || text == "off"_L1;
     default:
@@ -294,10 +296,10 @@ Without a command the application starts and opens its window (--hidden: tray on
 --action starts it where it does not run, and does what the desktop entry's action
 does: generate, toggle-auto, settings or quit.
 )");
-    const QString after =
-        Tr::tr(R"(FILE is a path, or the name of a picture in the library. ID is gemini, grok or openai.
+    const QString after = Tr::tr(R"(FILE is a path, or the name of a picture in the library. ID is one of %1.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
-)");
+)")
+                              .arg(serviceIds().join(u", "_s));
     return before + '\n'_L1 + commands + '\n'_L1 + after;
 }
 

@@ -83,7 +83,7 @@ Setting selectedModelOf(const ImageProvider &provider, WallpaperManager &manager
 
 std::vector<Setting> table(WallpaperManager &manager, UserDefaults &defaults)
 {
-    QStringList providers{u"auto"_s};
+    QStringList providers{kAutomatic};
     for (const auto &provider : manager.providers()) {
         providers.append(provider->id());
     }

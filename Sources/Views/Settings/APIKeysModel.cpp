@@ -1,16 +1,14 @@
 #include "Views/Settings/APIKeysModel.h"
 
-using namespace Qt::StringLiterals;
-
 namespace quorvane {
 
-APIKeyRow::APIKeyRow(const QString &section, const QString &label, const QString &providerId, const QString &help,
-                     QObject *parent)
+APIKeyRow::APIKeyRow(const ImageProvider &provider, WallpaperManager *manager, QObject *parent)
     : QObject(parent)
-    , section(section)
-    , label(label)
-    , providerId(providerId)
-    , help(help)
+    , section(provider.keyTitle())
+    , label(provider.name())
+    , providerId(provider.id())
+    , help(provider.keyUse())
+    , m_manager(manager)
 {
 }
 
@@ -46,7 +44,7 @@ void APIKeyRow::submit()
 {
     if (canSave()) {
         m_stored = m_key;
-        manager->saveKey(m_key, providerId);
+        m_manager->saveKey(m_key, providerId);
         Q_EMIT changed();
     }
 }
@@ -56,7 +54,7 @@ void APIKeyRow::remove()
     m_stored.reset();
     m_key.clear();
     m_saved = false;
-    manager->removeKey(providerId);
+    m_manager->removeKey(providerId);
     Q_EMIT changed();
 }
 
@@ -87,11 +85,6 @@ void APIKeyRow::follow(const TextMap &keys)
 
 APIKeysModel::APIKeysModel(QObject *parent)
     : ViewModel(parent)
-    , m_rows{new APIKeyRow(tr("Gemini"), tr("Gemini"), u"gemini"_s, tr("Used for default generation and 4K upscaling."),
-                           this),
-             new APIKeyRow(tr("Grok (xAI)"), tr("Grok"), u"grok"_s, tr("Used when NSFW is enabled."), this),
-             new APIKeyRow(tr("OpenAI"), tr("OpenAI"), u"openai"_s,
-                           tr("Available as an override in Advanced settings."), this)}
     , m_reading([this](const TextMap &keys) {
         for (QObject *row : m_rows) {
             qobject_cast<APIKeyRow *>(row)->follow(keys);
@@ -102,8 +95,8 @@ APIKeysModel::APIKeysModel(QObject *parent)
 
 void APIKeysModel::attach()
 {
-    for (QObject *row : m_rows) {
-        qobject_cast<APIKeyRow *>(row)->manager = manager();
+    for (const auto &provider : manager()->providers()) {
+        m_rows.append(new APIKeyRow(*provider, manager(), this));
     }
     connect(manager(), &WallpaperManager::keysChanged, this, &APIKeysModel::refresh);
 }

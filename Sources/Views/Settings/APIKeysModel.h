@@ -27,8 +27,8 @@ class APIKeyRow : public QObject
     Q_PROPERTY(QString saveLabel READ saveLabel NOTIFY changed)
 
   public:
-    APIKeyRow(const QString &section, const QString &label, const QString &providerId, const QString &help,
-              QObject *parent);
+    /// Both outlive it.
+    APIKeyRow(const ImageProvider &provider, WallpaperManager *manager, QObject *parent);
 
     [[nodiscard]] QString placeholder() const;
     [[nodiscard]] const QString &key() const { return m_key; }
@@ -55,12 +55,12 @@ class APIKeyRow : public QObject
     QString label;
     QString providerId;
     QString help;
-    WallpaperManager *manager = nullptr;
 
   Q_SIGNALS:
     void changed();
 
   private:
+    WallpaperManager *m_manager;
     QString m_key;
     std::optional<QString> m_stored; ///< As far as it is known here.
     bool m_saved = false;
@@ -71,12 +71,12 @@ class APIKeysModel : public quorvane::ViewModel
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QQmlListProperty<QObject> rows READ rowList CONSTANT)
+    Q_PROPERTY(QQmlListProperty<QObject> rows READ rowList NOTIFY managerChanged)
 
   public:
     explicit APIKeysModel(QObject *parent = nullptr);
 
-    /// APIKeyRow: Gemini, Grok, OpenAI.
+    /// APIKeyRow, one for each provider.
     [[nodiscard]] const QList<QObject *> &rows() const { return m_rows; }
     [[nodiscard]] QQmlListProperty<QObject> rowList() { return {this, &m_rows}; }
 

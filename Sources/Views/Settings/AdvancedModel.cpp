@@ -61,7 +61,7 @@ QStringList AdvancedModel::providerNames() const
 
 QStringList AdvancedModel::providerIds() const
 {
-    QStringList ids{u"auto"_s};
+    QStringList ids{kAutomatic};
     for (const auto &provider : manager()->providers()) {
         ids.append(provider->id());
     }

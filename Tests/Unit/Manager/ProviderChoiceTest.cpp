@@ -1,6 +1,7 @@
 #include "Manager/ProviderChoice.h"
 
 #include "Platform/Network/HttpClient.h"
+#include "Providers/ImageServices.h"
 
 #include <gtest/gtest.h>
 
@@ -21,12 +22,26 @@ TEST_F(ProviderChoiceTest, anExplicitChoiceWinsOverTheNsfwSwitch)
     EXPECT_EQ(choice.provider(providers).id(), u"gemini"_s);
     choice.nsfwEnabled = true;
     EXPECT_EQ(choice.provider(providers).id(), u"grok"_s);
-    EXPECT_TRUE(choice.nsfwApplies());
+    EXPECT_TRUE(choice.nsfwApplies(providers));
     choice.override = u"openai"_s;
     EXPECT_EQ(choice.provider(providers).id(), u"openai"_s);
-    EXPECT_FALSE(choice.nsfwApplies());
+    EXPECT_FALSE(choice.nsfwApplies(providers));
     choice.override = u"nobody"_s;
     EXPECT_EQ(choice.provider(providers).id(), u"gemini"_s);
+}
+
+TEST_F(ProviderChoiceTest, theFirstProviderIsTheUsualOneAndAnotherSaysThatItTakesNsfw)
+{
+    const Providers others = ProviderList<OpenAIProvider, GrokProvider>::make(http);
+    EXPECT_EQ(choice.provider(others).id(), u"openai"_s);
+    choice.override = u"nobody"_s;
+    EXPECT_EQ(choice.provider(others).id(), u"openai"_s);
+    choice.nsfwEnabled = true;
+    EXPECT_EQ(choice.provider(others).id(), u"openai"_s);
+    choice.override = kAutomatic;
+    EXPECT_EQ(choice.provider(others).id(), u"grok"_s);
+    const Providers oneAlone = ProviderList<OpenAIProvider>::make(http);
+    EXPECT_EQ(choice.provider(oneAlone).id(), u"openai"_s);
 }
 
 TEST_F(ProviderChoiceTest, aChosenModelCountsOnlyForItsProviderAndWhileItIsOffered)

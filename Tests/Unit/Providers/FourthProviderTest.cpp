@@ -29,6 +29,9 @@ class EaselProvider final : public ServiceProvider
     {
         return {.id = u"easel"_s,
                 .name = u"Easel"_s,
+                .keyTitle = u"Easel (Atelier)"_s,
+                .keyUse = u"Used by painters."_s,
+                .takesNsfw = true,
                 .models = {{{u"oil"_s, u"Oil"_s}, Makes4K::WhenAsked}, {{u"chalk"_s, u"Chalk"_s}}},
                 .address = {"QUORVANE_EASEL_BASE_URL", "https://easel.example"},
                 .path = u"/paint/%1"_s,
@@ -65,6 +68,9 @@ TEST(FourthProvider, theListHasItWithEverythingThatIsKnownOfIt)
     ASSERT_EQ(providers.size(), 4U);
     EXPECT_EQ(providers.back()->id(), u"easel"_s);
     EXPECT_EQ(providers.back()->name(), u"Easel"_s);
+    EXPECT_EQ(providers.back()->keyTitle(), u"Easel (Atelier)"_s);
+    EXPECT_EQ(providers.back()->keyUse(), u"Used by painters."_s);
+    EXPECT_TRUE(providers.back()->takesNsfw());
     EXPECT_EQ(providers.back()->models(), (QList<ModelOption>{{u"oil"_s, u"Oil"_s}, {u"chalk"_s, u"Chalk"_s}}));
     const ImageService easel = WithEasel::services().last();
     EXPECT_TRUE(easel.makes4K(u"oil"_s));

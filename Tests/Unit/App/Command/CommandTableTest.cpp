@@ -4,6 +4,7 @@
 
 #include "App/Command/Services.h"
 #include "App/Command/SettingsTable.h"
+#include "Providers/ImageServices.h"
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
 
@@ -134,6 +135,20 @@ TEST(CommandTable, zshCompletesWhatThereIs)
 {
     const QString zsh = resource("completions/quorvane.zsh");
     EXPECT_EQ(found(zsh, u"^        '([a-z]+):"_s), commandNames());
+}
+
+TEST(CommandTable, theCompletionsAndTheManualKnowTheServices)
+{
+    const QStringList ids = serviceIds();
+    const QString listed = ids.join(' '_L1);
+    EXPECT_TRUE(
+        resource("completions/quorvane.bash").contains(u"delete) _quorvane_words $'%1'"_s.arg(ids.join(u"\\n"_s))));
+    EXPECT_TRUE(resource("completions/quorvane.fish").contains(u"set delete\" --arguments \"%1\""_s.arg(listed)));
+    EXPECT_TRUE(resource("completions/quorvane.zsh").contains(u"'2:service:(%1)'"_s.arg(listed)));
+    const QString manual = resource("man/quorvane.1");
+    for (const QString &id : ids) {
+        EXPECT_TRUE(manual.contains(QRegularExpression(u"\n\\.BR? %1\\b"_s.arg(id)))) << id.toStdString();
+    }
 }
 
 TEST(CommandTable, theCompletionsKnowTheSettingsAndTheirValues)
