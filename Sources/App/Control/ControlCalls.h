@@ -20,6 +20,7 @@ namespace quorvane::Control {
 /// The types of what the method of a form takes, as D-Bus writes them.
 [[nodiscard]] QStringList typesOf(const CommandForm &form);
 
+/// One call of our interface, as it arrives or is sent.
 struct Call
 {
     QString method;

@@ -9,6 +9,7 @@
 
 namespace quorvane {
 
+/// What a row of pixels is handed over as, 8 bits each.
 enum class PngPixels {
     Rgb, ///< Three bytes a pixel.
     Rgba ///< Four bytes a pixel, colours not multiplied by alpha.

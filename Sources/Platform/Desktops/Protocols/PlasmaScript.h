@@ -19,6 +19,7 @@ struct Desktop
     QString image; ///< A URL, or a path where another program wrote one.
 };
 
+/// What plasmashell has at one moment.
 struct Report
 {
     int screenCount = 0;
