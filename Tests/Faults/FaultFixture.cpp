@@ -78,14 +78,7 @@ FaultFixture::FaultFixture()
         return image;
     });
     service.setEnlarger([](const QImage &original, QSize /*size*/) { return original.scaled(original.size() * 4); });
-    environment = QProcessEnvironment::systemEnvironment();
-    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "SWAYSOCK", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"}) {
-        environment.remove(QLatin1String(name));
-    }
-    for (const char *name : {"QUORVANE_GEMINI_BASE_URL", "QUORVANE_XAI_BASE_URL", "QUORVANE_OPENAI_BASE_URL"}) {
-        environment.insert(QLatin1String(name), service.baseAddress().toString());
-    }
-    environment.insert(u"QUORVANE_WALLPAPER_COMMAND"_s, u"/bin/true"_s);
+    environment = lonelyEnvironment(service.baseAddress().toString());
     environment.insert(u"XDG_DATA_DIRS"_s, modelFolder.path());
     EXPECT_TRUE(putFile(modelFolder.path() + u"/quorvane/models/RealESRGAN.onnx"_s,
                         contentOf(QStringLiteral(QUORVANE_TEST_DATA "/models/nearest.onnx"))));

@@ -27,6 +27,21 @@ struct CommandRun
     }
 };
 
+/// For runs that are alone with the image services at address: on no desktop and no bus, and with a command that takes
+/// every picture for the wallpaper.
+[[nodiscard]] inline QProcessEnvironment lonelyEnvironment(const QString &address)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "SWAYSOCK", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"}) {
+        environment.remove(QLatin1String(name));
+    }
+    for (const char *name : {"QUORVANE_GEMINI_BASE_URL", "QUORVANE_XAI_BASE_URL", "QUORVANE_OPENAI_BASE_URL"}) {
+        environment.insert(QLatin1String(name), address);
+    }
+    environment.insert(QStringLiteral("QUORVANE_WALLPAPER_COMMAND"), QStringLiteral("/bin/true"));
+    return environment;
+}
+
 [[nodiscard]] inline CommandRun runProgram(const QString &program, const QStringList &arguments,
                                            const QProcessEnvironment &environment, const QByteArray &input = {},
                                            const QString &workingFolder = {})
