@@ -3,12 +3,12 @@
 #include "Platform/Desktops/DesktopPicturePlasma.h"
 
 #include "BigDesktops.h"
-#include "DesktopSession.h"
 
 #include "Platform/Bus/MessageBus.h"
 #include "Platform/Desktops/Protocols/PlasmaScript.h"
 #include "Platform/Files/Paths.h"
 #include "Support/Desktop/PositionPicture.h"
+#include "Support/Desktop/PrivateSession.h"
 #include "Support/Desktop/PrivateSway.h"
 #include "Support/Desktop/PrivateXorg.h"
 #include "Support/Files.h"
@@ -58,7 +58,10 @@ class DesktopPicturePlasmaTest : public testing::Test
         if (!bigDesktopsAreWanted()) {
             GTEST_SKIP() << kBigDesktopsText;
         }
-        m_missing = DesktopSession::missing({u"plasmashell"_s});
+        m_missing = PrivateSession::missingProgram();
+        if (m_missing.isEmpty()) {
+            m_missing = firstMissing({u"plasmashell"_s});
+        }
         if (m_missing.isEmpty() && (activityManager().isEmpty() || settingsDaemon().isEmpty())) {
             m_missing = u"kactivitymanagerd or kded"_s;
         }
@@ -104,11 +107,11 @@ class DesktopPicturePlasmaTest : public testing::Test
         ASSERT_TRUE(m_server->isReady());
         m_display.x11 = m_server->display();
         prepare();
-        m_session->environment().insert(u"DISPLAY"_s, QString::fromLatin1(m_display.x11));
-        m_session->environment().insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
-        m_session->environment().insert(u"XDG_SESSION_TYPE"_s, u"x11"_s);
-        m_session->environment().insert(u"KWIN_COMPOSE"_s, u"N"_s);
-        m_session->start(u"kwin_x11"_s);
+        m_session->setVariable(u"DISPLAY"_s, QString::fromLatin1(m_display.x11));
+        m_session->setVariable(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+        m_session->setVariable(u"XDG_SESSION_TYPE"_s, u"x11"_s);
+        m_session->setVariable(u"KWIN_COMPOSE"_s, u"N"_s);
+        m_session->keep(u"kwin_x11"_s);
         startPlasma();
     }
 
@@ -120,7 +123,7 @@ class DesktopPicturePlasmaTest : public testing::Test
         ASSERT_TRUE(m_sway->isReady());
         prepare();
         // A copy has not the rights of the installed one, which a container does not grant.
-        const QString compositor = m_session->folder() + u"/kwin_wayland"_s;
+        const QString compositor = m_session->runtimeFolder() + u"/kwin_wayland"_s;
         ASSERT_TRUE(QFile::copy(QStandardPaths::findExecutable(u"kwin_wayland"_s), compositor));
         ASSERT_TRUE(
             QFile::link(m_sway->runtimeFolder() + u"/wayland-1"_s, m_session->runtimeFolder() + u"/wayland-1"_s));
@@ -131,8 +134,8 @@ class DesktopPicturePlasmaTest : public testing::Test
             environment.remove(u"QT_QUICK_BACKEND"_s); // With it, Plasma 6 leaves the desktops black here.
         }
         const OwnedProgram &running =
-            m_session->start(compositor, u"--wayland-display wayland-1 --width 1280 --height 720 --output-count 2 "
-                                         "--socket wayland-9 --no-lockscreen --no-global-shortcuts"_s.split(' '_L1));
+            m_session->keep(compositor, u"--wayland-display wayland-1 --width 1280 --height 720 --output-count 2 "
+                                        "--socket wayland-9 --no-lockscreen --no-global-shortcuts"_s.split(' '_L1));
         m_display.wayland = m_session->runtimeFolder() + u"/wayland-9"_s;
         ASSERT_TRUE(waitFor([&] { return m_display.screens(std::chrono::seconds(1)).size() == 2; }, kStartLimit));
         ASSERT_TRUE(running.isRunning());
@@ -147,7 +150,7 @@ class DesktopPicturePlasmaTest : public testing::Test
 
     void prepare()
     {
-        m_session = std::make_unique<DesktopSession>();
+        m_session = std::make_unique<PrivateSession>(QProcessEnvironment(), OwnedProgram::User::Same);
         ASSERT_TRUE(m_session->isReady());
         QProcessEnvironment &environment = m_session->environment();
         environment.insert(u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s);
@@ -158,15 +161,15 @@ class DesktopPicturePlasmaTest : public testing::Test
 
     void startPlasma()
     {
-        m_session->start(activityManager());
-        m_session->start(settingsDaemon());
+        m_session->keep(activityManager());
+        m_session->keep(settingsDaemon());
         startShell();
         m_desktop = std::make_unique<DesktopPicturePlasma>(m_session->busAddress(), m_display, QString());
     }
 
     void startShell()
     {
-        m_shell = &m_session->start(u"plasmashell"_s, {u"--no-respawn"_s});
+        m_shell = &m_session->keep(u"plasmashell"_s, {u"--no-respawn"_s});
         ASSERT_TRUE(waitForDesktops(2)) << m_shell->errors().constData();
     }
 
@@ -238,7 +241,7 @@ class DesktopPicturePlasmaTest : public testing::Test
     SessionDisplay m_display;
     std::unique_ptr<PrivateXorg> m_server;
     std::unique_ptr<PrivateSway> m_sway;
-    std::unique_ptr<DesktopSession> m_session;
+    std::unique_ptr<PrivateSession> m_session;
     OwnedProgram *m_shell = nullptr;
     std::unique_ptr<DesktopPicturePlasma> m_desktop;
 };

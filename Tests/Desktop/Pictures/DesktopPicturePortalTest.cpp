@@ -3,10 +3,10 @@
 #include "Platform/Desktops/DesktopPicturePortal.h"
 
 #include "BigDesktops.h"
-#include "DesktopSession.h"
 
 #include "Platform/Bus/MessageBus.h"
 #include "Support/Desktop/PositionPicture.h"
+#include "Support/Desktop/PrivateSession.h"
 #include "Support/Files.h"
 #include "Support/PrivateHome.h"
 #include "Support/Results.h"
@@ -56,7 +56,8 @@ QString missingPart()
             return kLibexec + QLatin1String(name);
         }
     }
-    return DesktopSession::missing({u"gnome-shell"_s, u"gsettings"_s});
+    const QString missing = PrivateSession::missingProgram();
+    return missing.isEmpty() ? firstMissing({u"gnome-shell"_s, u"gsettings"_s}) : missing;
 }
 
 } // namespace
@@ -71,12 +72,12 @@ class DesktopPicturePortalTest : public testing::Test
         }
         ASSERT_EQ(missingPart(), QString()) << "is not installed (scripts/install-packages desktops)";
         qDBusRegisterMetaType<Permissions>();
-        m_session = std::make_unique<DesktopSession>();
+        m_session = std::make_unique<PrivateSession>(QProcessEnvironment(), OwnedProgram::User::Same);
         ASSERT_TRUE(m_session->isReady());
-        m_session->environment().insert(u"XDG_CURRENT_DESKTOP"_s, u"GNOME"_s);
-        m_session->environment().insert(u"XDG_SESSION_TYPE"_s, u"wayland"_s);
+        m_session->setVariable(u"XDG_CURRENT_DESKTOP"_s, u"GNOME"_s);
+        m_session->setVariable(u"XDG_SESSION_TYPE"_s, u"wayland"_s);
         m_bus = std::make_unique<MessageBus>(m_session->busAddress());
-        m_session->start(kLibexec + u"dconf-service"_s);
+        m_session->keep(kLibexec + u"dconf-service"_s);
         ASSERT_TRUE(waitForName(u"ca.desrt.dconf"_s));
         // Nothing shall lie over the picture.
         set("org.gnome.shell", "welcome-dialog-last-shown-version", "99.0");
@@ -93,14 +94,13 @@ class DesktopPicturePortalTest : public testing::Test
 
     void startShell()
     {
-        OwnedProgram &shell =
-            m_session->start(u"gnome-shell"_s, {u"--headless"_s, u"--unsafe-mode"_s, u"--wayland"_s, u"--no-x11"_s,
-                                                u"--virtual-monitor"_s, u"1280x720"_s});
+        OwnedProgram &shell = m_session->keep(u"gnome-shell"_s, {u"--headless"_s, u"--unsafe-mode"_s, u"--wayland"_s,
+                                                                 u"--no-x11"_s, u"--virtual-monitor"_s, u"1280x720"_s});
         ASSERT_TRUE(waitFor([this] { return shellDid("Main.overview.hide()"); }, kStartLimit))
             << shell.errors().constData();
         m_display.wayland = m_session->runtimeFolder() + u"/wayland-0"_s;
-        m_session->environment().insert(u"WAYLAND_DISPLAY"_s, u"wayland-0"_s);
-        m_session->environment().insert(u"GDK_BACKEND"_s, u"wayland"_s);
+        m_session->setVariable(u"WAYLAND_DISPLAY"_s, u"wayland-0"_s);
+        m_session->setVariable(u"GDK_BACKEND"_s, u"wayland"_s);
     }
 
     void startPortal()
@@ -113,7 +113,7 @@ class DesktopPicturePortalTest : public testing::Test
 
     OwnedProgram &startService(const char *program, const QString &name)
     {
-        OwnedProgram &service = m_session->start(kLibexec + QLatin1String(program));
+        OwnedProgram &service = m_session->keep(kLibexec + QLatin1String(program));
         EXPECT_TRUE(waitForName(name)) << program << ": " << service.errors().constData();
         return service;
     }
@@ -146,7 +146,7 @@ class DesktopPicturePortalTest : public testing::Test
     [[nodiscard]] QImage screenshot()
     {
         EXPECT_TRUE(shellDid("Main.overview.hide()")); // It opens by itself some time after the start.
-        const QString file = m_session->folder() + u"/shot.png"_s;
+        const QString file = m_session->runtimeFolder() + u"/shot.png"_s;
         const auto answer =
             within(5000).callOrStart(u"org.gnome.Shell.Screenshot"_s, u"/org/gnome/Shell/Screenshot"_s,
                                      u"org.gnome.Shell.Screenshot"_s, u"Screenshot"_s, {false, false, file});
@@ -181,7 +181,7 @@ class DesktopPicturePortalTest : public testing::Test
 
     PrivateHome m_home;
     SessionDisplay m_display;
-    std::unique_ptr<DesktopSession> m_session;
+    std::unique_ptr<PrivateSession> m_session;
     std::unique_ptr<MessageBus> m_bus;
     OwnedProgram *m_portal = nullptr;
 };

@@ -36,18 +36,19 @@ QString PrivateSession::missingProgram()
     return firstMissing({u"dbus-daemon"_s, u"setpriv"_s});
 }
 
-PrivateSession::PrivateSession(const QProcessEnvironment &variables)
-    : m_environment(variables)
+PrivateSession::PrivateSession(const QProcessEnvironment &variables, OwnedProgram::User user)
+    : m_user(user)
+    , m_environment(variables)
 {
     const QString home = m_folder.path() + u"/home"_s;
     for (const QString &folder : {home, servicesFolder(), runtimeFolder(), configFolder()}) {
         QDir().mkpath(folder);
-        OwnedProgram::handOver(folder, OwnedProgram::User::NotRoot);
+        OwnedProgram::handOver(folder, m_user);
     }
     for (const QString &service : kServices) {
         QFile::copy(u"/usr/share/dbus-1/services/"_s + service, servicesFolder() + '/'_L1 + service);
     }
-    OwnedProgram::handOver(m_folder.path(), OwnedProgram::User::NotRoot);
+    OwnedProgram::handOver(m_folder.path(), m_user);
     setVariable(u"PATH"_s, qEnvironmentVariable("PATH"));
     setVariable(u"LC_ALL"_s, u"C.UTF-8"_s);
     setVariable(u"HOME"_s, home);
@@ -79,8 +80,13 @@ QString PrivateSession::busAddress() const
 std::unique_ptr<OwnedProgram> PrivateSession::start(const QString &program, const QStringList &arguments,
                                                     OwnedProgram::Input input) const
 {
-    return std::make_unique<OwnedProgram>(program, arguments, m_environment, m_folder.path(),
-                                          OwnedProgram::User::NotRoot, input);
+    return std::make_unique<OwnedProgram>(program, arguments, m_environment, m_folder.path(), m_user, input);
+}
+
+OwnedProgram &PrivateSession::keep(const QString &program, const QStringList &arguments)
+{
+    m_kept.push_back(start(program, arguments));
+    return *m_kept.back();
 }
 
 bool PrivateSession::run(const QString &program, const QStringList &arguments) const
