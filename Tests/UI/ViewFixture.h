@@ -37,7 +37,10 @@ class ViewTest : public ManagerTest
         m_engine.reset();
         qInstallMessageHandler(m_previousHandler);
     }
-    void TearDown() override { EXPECT_EQ(s_warnings.join('\n'_L1).toStdString(), ""); }
+    void TearDown() override { EXPECT_EQ(takeWarnings().toStdString(), ""); }
+
+    /// What Qt has warned of since it was asked last, a line each.
+    [[nodiscard]] static QString takeWarnings() { return std::exchange(s_warnings, {}).join('\n'_L1); }
 
     /// A window of the module over the manager, shown and active.
     QQuickWindow *open(const QString &name = u"MainWindow"_s)

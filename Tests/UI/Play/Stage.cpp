@@ -80,6 +80,9 @@ QString Stage::play(const Deed &deed)
     m_lateFrame = longest.time > kLateFrame
                       ? u"a frame took %1 ms, most of them for %2"_s.arg(longest.time.count() / 1000).arg(longest.what)
                       : QString();
+    if (const QString warnings = takeWarnings(); !warnings.isEmpty()) {
+        return u"Qt warns: "_s + warnings;
+    }
     return wrong.isEmpty() ? differences() : wrong;
 }
 
