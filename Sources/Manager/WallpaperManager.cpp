@@ -160,22 +160,24 @@ QSet<QString> WallpaperManager::storedKeyIds()
     return ids;
 }
 
-void WallpaperManager::saveKey(const QString &key, const QString &providerId)
+Result<> WallpaperManager::saveKey(const QString &key, const QString &providerId)
 {
-    if (const Result<> kept = Keychain::save(key, providerId); !kept) {
-        tell({kept.failure().words});
-    }
-    tell(StorageNotices::take());
-    Q_EMIT keysChanged();
+    return keysWereChanged(Keychain::save(key, providerId));
 }
 
-void WallpaperManager::removeKey(const QString &providerId)
+Result<> WallpaperManager::removeKey(const QString &providerId)
 {
-    if (const Result<> kept = Keychain::remove(providerId); !kept) {
+    return keysWereChanged(Keychain::remove(providerId));
+}
+
+Result<> WallpaperManager::keysWereChanged(const Result<> &kept)
+{
+    if (!kept) {
         tell({kept.failure().words});
     }
     tell(StorageNotices::take());
     Q_EMIT keysChanged();
+    return kept;
 }
 
 ProviderChoice WallpaperManager::choice() const

@@ -85,8 +85,8 @@ class WallpaperManager : public QObject
     [[nodiscard]] static TextMap storedKeys();
     /// Reads the key file. Any thread.
     [[nodiscard]] static QSet<QString> storedKeyIds();
-    void saveKey(const QString &key, const QString &providerId);
-    void removeKey(const QString &providerId);
+    Result<> saveKey(const QString &key, const QString &providerId);
+    Result<> removeKey(const QString &providerId);
 
     // --- What follows from them: as in ProviderChoice ---
     [[nodiscard]] ProviderChoice choice() const;
@@ -165,6 +165,7 @@ class WallpaperManager : public QObject
     void report(Operation &operation, const QString &status, bool isError);
     void publish(const QString &status, bool isError, const QStringList &problems = {});
     void tell(const QStringList &problems);
+    Result<> keysWereChanged(const Result<> &kept);
     void tellingChanges(const std::function<void()> &change);
     [[nodiscard]] QDateTime now() const;
     void generate(bool isTimed);

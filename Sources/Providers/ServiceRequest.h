@@ -55,7 +55,7 @@ struct AnswerFormat
     QString noImage = QCoreApplication::translate("ServiceRequest", "No image in response");
     QString undecodable = QCoreApplication::translate("ServiceRequest", "No image in response");
     QString apiError = u"%1"_s; ///< Around the service's own words, which are %1.
-    QByteArray secret;          ///< The API key, which is shown to nobody when the service quotes it. May be empty.
+    QByteArray secret{};        ///< The API key, which is shown to nobody when the service quotes it. May be empty.
 };
 
 /// The picture in an answer's body, or a ProviderError. Total: any bytes give one or the other. Any thread.

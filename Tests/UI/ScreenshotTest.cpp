@@ -160,7 +160,7 @@ class Screenshot : public ViewTest
     {
         const QByteArray before = sideFile("prompts.json");
         EXPECT_TRUE(putFile(ImageStore::promptsPath(), "{"));
-        manager->saveKey(u"KEY-KEY-KEY"_s, manager->resolvedProvider().id());
+        (void)manager->saveKey(u"KEY-KEY-KEY"_s, manager->resolvedProvider().id());
         manager->generateAndSet();
         manager->waitUntilIdle();
         EXPECT_TRUE(waitFor([&] { return isSeen(u"problems"_s); }));

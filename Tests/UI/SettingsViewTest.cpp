@@ -1,3 +1,4 @@
+#include "Support/SmallDisk.h"
 #include "UI/ViewFixture.h"
 
 #include <QAccessible>
@@ -49,6 +50,34 @@ TEST_F(SettingsView, aKeyIsSavedUpdatedAndRemovedWithoutTouchingTheOthers)
     EXPECT_FALSE(isSeen(u"geminiSaved"_s));
     EXPECT_FALSE(isSeen(u"geminiTrash"_s));
     EXPECT_FALSE(find(u"geminiSave"_s)->isEnabled());
+}
+
+TEST_F(SettingsView, aKeyThatCannotBeStoredSaysSoAndStaysInItsField)
+{
+    EXPECT_TRUE(Keychain::save(u"OLD"_s, u"gemini"_s));
+    openSettings();
+    click(u"geminiField"_s);
+    type(u"NEW"_s);
+    const QString typed = label("geminiField");
+    {
+        const FileSizeLimit full(1);
+        click(u"geminiSave"_s);
+    }
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"geminiProblem"_s); }));
+    EXPECT_NE(label("geminiProblem"), QString());
+    EXPECT_TRUE(isSeen(u"geminiUnsaved"_s));
+    EXPECT_EQ(label("geminiField"), typed);
+    EXPECT_EQ(Keychain::load(u"gemini"_s), u"OLD"_s);
+    click(u"geminiSave"_s);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"geminiProblem"_s) && !isSeen(u"geminiUnsaved"_s); }));
+    EXPECT_EQ(Keychain::load(u"gemini"_s), typed);
+    {
+        const FileSizeLimit full(1);
+        click(u"geminiTrash"_s);
+    }
+    EXPECT_TRUE(waitFor([&] { return isSeen(u"geminiProblem"_s); }));
+    EXPECT_EQ(label("geminiField"), typed);
+    EXPECT_TRUE(isSeen(u"geminiSaved"_s));
 }
 
 TEST_F(SettingsView, returnStoresTheKeyAndLeavesTheRowAsItWas)
@@ -109,11 +138,11 @@ TEST_F(SettingsView, aKeyThatIsDeletedOrStoredElsewhereIsShownAtOnce)
     EXPECT_TRUE(Keychain::save(u"KEY"_s, u"gemini"_s));
     openSettings();
     EXPECT_TRUE(isSeen(u"geminiSaved"_s));
-    manager->removeKey(u"gemini"_s);
+    (void)manager->removeKey(u"gemini"_s);
     EXPECT_TRUE(waitFor([&] { return !isSeen(u"geminiSaved"_s); }));
     EXPECT_EQ(label("geminiField"), QString());
     EXPECT_EQ(label("geminiSave"), u"Save"_s);
-    manager->saveKey(u"OTHER"_s, u"gemini"_s);
+    (void)manager->saveKey(u"OTHER"_s, u"gemini"_s);
     EXPECT_TRUE(waitFor([&] { return isSeen(u"geminiSaved"_s); }));
     EXPECT_EQ(label("geminiField"), u"OTHER"_s);
     EXPECT_FALSE(isSeen(u"geminiUnsaved"_s));
@@ -140,7 +169,7 @@ TEST_F(SettingsView, anEditedKeyThatIsNotSavedSaysSoAndOutlastsTheTab)
     EXPECT_EQ(label("grokField"), u"NEW"_s);
     EXPECT_TRUE(isSeen(u"geminiUnsaved"_s));
     // What others do to the stored key leaves it alone, too.
-    manager->removeKey(u"gemini"_s);
+    (void)manager->removeKey(u"gemini"_s);
     EXPECT_TRUE(waitFor([&] { return !isSeen(u"geminiSaved"_s); }));
     EXPECT_EQ(label("geminiField"), u"KEY2"_s);
     click(u"geminiSave"_s);

@@ -305,7 +305,7 @@ TEST_F(SidebarView, aMissingKeyIsNamedAndDisablesTheButton)
     openWith({});
     EXPECT_TRUE(waitFor([&] { return isSeen(u"missingKeys"_s); }));
     EXPECT_FALSE(find(u"generateButton"_s)->isEnabled());
-    manager->saveKey(u"KEY"_s, u"gemini"_s);
+    (void)manager->saveKey(u"KEY"_s, u"gemini"_s);
     EXPECT_TRUE(waitFor([&] { return !isSeen(u"missingKeys"_s); }));
     EXPECT_TRUE(waitFor([&] { return find(u"generateButton"_s)->isEnabled(); }));
 }

@@ -1,5 +1,7 @@
 #include "Views/Settings/APIKeysModel.h"
 
+#include <utility>
+
 namespace quorvane {
 
 APIKeyRow::APIKeyRow(const ImageProvider &provider, WallpaperManager *manager, QObject *parent)
@@ -36,26 +38,35 @@ void APIKeyRow::save()
         return;
     }
     submit();
-    m_saved = true;
+    m_saved = m_saved || m_problem.isEmpty();
     Q_EMIT changed();
 }
 
 void APIKeyRow::submit()
 {
     if (canSave()) {
-        m_stored = m_key;
-        m_manager->saveKey(m_key, providerId);
+        const std::optional<QString> before = std::exchange(m_stored, m_key);
+        if (!isKept(m_manager->saveKey(m_key, providerId))) {
+            m_stored = before;
+        }
         Q_EMIT changed();
     }
 }
 
 void APIKeyRow::remove()
 {
-    m_stored.reset();
-    m_key.clear();
-    m_saved = false;
-    m_manager->removeKey(providerId);
+    if (isKept(m_manager->removeKey(providerId))) {
+        m_stored.reset();
+        m_key.clear();
+        m_saved = false;
+    }
     Q_EMIT changed();
+}
+
+bool APIKeyRow::isKept(const Result<> &result)
+{
+    m_problem = result ? QString() : result.failure().words;
+    return m_problem.isEmpty();
 }
 
 void APIKeyRow::load(const TextMap &keys)

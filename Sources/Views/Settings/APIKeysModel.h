@@ -25,6 +25,7 @@ class APIKeyRow : public QObject
     Q_PROPERTY(bool unsaved READ unsaved NOTIFY changed)
     Q_PROPERTY(bool canSave READ canSave NOTIFY changed)
     Q_PROPERTY(QString saveLabel READ saveLabel NOTIFY changed)
+    Q_PROPERTY(QString problem READ problem NOTIFY changed)
 
   public:
     /// Both outlive it.
@@ -38,12 +39,14 @@ class APIKeyRow : public QObject
     [[nodiscard]] bool unsaved() const { return m_key != m_stored.value_or(QString()); }
     [[nodiscard]] bool canSave() const { return !m_key.isEmpty(); }
     [[nodiscard]] QString saveLabel() const;
+    /// Why the last change was not kept; empty when it was.
+    [[nodiscard]] const QString &problem() const { return m_problem; }
 
-    /// Stores the text, if there is one, and calls it saved.
+    /// Stores the text, if there is one, and calls it saved once it is.
     Q_INVOKABLE void save();
     /// Stores the text, if there is one; what Return in the field does. Whether the row counts as saved stays.
     Q_INVOKABLE void submit();
-    /// Removes this service's key, and no other, and empties the field.
+    /// Removes this service's key, and no other, and empties the field once it is gone.
     Q_INVOKABLE void remove();
 
     /// The tab appears: the field takes a stored key over, unless it holds something that is not saved.
@@ -60,10 +63,13 @@ class APIKeyRow : public QObject
     void changed();
 
   private:
+    bool isKept(const Result<> &result);
+
     WallpaperManager *m_manager;
     QString m_key;
     std::optional<QString> m_stored; ///< As far as it is known here.
     bool m_saved = false;
+    QString m_problem;
 };
 
 /// The tab of the keys. It follows what other windows and programs do with them.

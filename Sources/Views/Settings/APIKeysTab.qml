@@ -86,6 +86,15 @@ ScrollingForm {
                     wrapMode: Text.Wrap
                 }
                 StaticText {
+                    objectName: section.modelData.providerId + "Problem"
+                    width: parent.width
+                    visible: text !== ""
+                    text: section.modelData.problem
+                    color: Theme.red
+                    font.pixelSize: Theme.captionSize
+                    wrapMode: Text.Wrap
+                }
+                StaticText {
                     width: parent.width
                     text: section.modelData.help
                     color: Theme.secondaryText

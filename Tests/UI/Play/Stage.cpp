@@ -61,8 +61,8 @@ void Stage::raise()
     }
     store(u"upscaleMethod"_s, u"local"_s);
     start();
-    manager->saveKey(u"KEY"_s, u"gemini"_s);
-    manager->saveKey(u"KEY"_s, u"grok"_s);
+    (void)manager->saveKey(u"KEY"_s, u"gemini"_s);
+    (void)manager->saveKey(u"KEY"_s, u"grok"_s);
     manager->setPrompt(u"a lake"_s);
     open();
     (void)waitFor([this] { return differences().isEmpty(); });
@@ -371,9 +371,9 @@ void Stage::keyFromOutside(quint32 number)
 {
     const QString service = pick(std::array{u"gemini"_s, u"grok"_s, u"openai"_s}, number);
     if (number % 4 == 0) {
-        manager->removeKey(service);
+        (void)manager->removeKey(service);
     } else {
-        manager->saveKey(u"OUTSIDE%1"_s.arg(number % 5), service);
+        (void)manager->saveKey(u"OUTSIDE%1"_s.arg(number % 5), service);
     }
 }
 

@@ -43,10 +43,10 @@ TEST_F(SidebarModelTest, generatingNeedsAPromptAKeyAndNoRun)
     EXPECT_FALSE(model->canGenerate());
     EXPECT_EQ(model->missingKeys(), QStringList());
     EXPECT_TRUE(waitFor([&] { return model->canGenerate(); }));
-    manager->removeKey(u"gemini"_s);
+    (void)manager->removeKey(u"gemini"_s);
     EXPECT_TRUE(waitFor([&] { return !model->canGenerate(); }));
     EXPECT_EQ(model->missingKeys(), QStringList{u"Gemini"_s});
-    manager->saveKey(QString(), u"gemini"_s);
+    (void)manager->saveKey(QString(), u"gemini"_s);
     EXPECT_TRUE(waitFor([&] { return model->canGenerate(); }));
     model->generate();
     EXPECT_FALSE(model->canGenerate());
