@@ -15,8 +15,9 @@ MenuItem {
     visible: shown
     height: shown ? 32 : 0
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    leftPadding: 12
-    rightPadding: checkable ? 40 : 12
+    // The check mark stands at the end of the line, whichever that is.
+    leftPadding: checkable && mirrored ? 40 : 12
+    rightPadding: checkable && !mirrored ? 40 : 12
     topPadding: 0
     bottomPadding: 0
     font.pixelSize: Theme.bodySize
