@@ -358,7 +358,7 @@ void Stage::settingFromOutside(quint32 number)
     case 0:
         return manager->setProviderOverride(pick(std::array{u"auto"_s, u"auto"_s, u"gemini"_s, u"grok"_s}, value));
     case 1:
-        return manager->setUpscaleMethod(pick(std::array{u"local"_s, u"gemini"_s}, value));
+        return manager->setUpscaleMethod(pick(std::array{UpscaleMethod::Local, UpscaleMethod::Gemini}, value));
     case 2:
         return manager->setNsfwEnabled(value % 2 == 0);
     default:
