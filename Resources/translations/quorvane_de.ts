@@ -255,7 +255,8 @@ tut: generate, toggle-auto, settings oder quit.
 </translation>
     </message>
     <message>
-        <source>FILE is a path, or the name of a picture in the library. ID is one of %1.
+        <source>FILE is a path, or the name of a picture in the library.
+ID is one of %1.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>DATEI ist ein Pfad oder der Name eines Bildes in der Sammlung. ID ist eine von %1.

@@ -255,7 +255,8 @@ escritorio: generate, toggle-auto, settings o quit.
 </translation>
     </message>
     <message>
-        <source>FILE is a path, or the name of a picture in the library. ID is one of %1.
+        <source>FILE is a path, or the name of a picture in the library.
+ID is one of %1.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>ARCHIVO es una ruta, o el nombre de una imagen de la biblioteca. ID es uno de %1.

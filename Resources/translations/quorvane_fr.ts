@@ -255,7 +255,8 @@ l’entrée de bureau&#xa0;: generate, toggle-auto, settings ou quit.
 </translation>
     </message>
     <message>
-        <source>FILE is a path, or the name of a picture in the library. ID is one of %1.
+        <source>FILE is a path, or the name of a picture in the library.
+ID is one of %1.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>FICHIER est un chemin, ou le nom d’une image de la bibliothèque. ID est l’un de %1.

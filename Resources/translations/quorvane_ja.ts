@@ -254,7 +254,8 @@ does: generate, toggle-auto, settings or quit.
 </translation>
     </message>
     <message>
-        <source>FILE is a path, or the name of a picture in the library. ID is one of %1.
+        <source>FILE is a path, or the name of a picture in the library.
+ID is one of %1.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>ファイルはパス、またはライブラリの画像の名前です。IDは%1のいずれかです。

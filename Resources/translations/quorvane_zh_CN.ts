@@ -254,7 +254,8 @@ generate、toggle-auto、settings 或 quit。
 </translation>
     </message>
     <message>
-        <source>FILE is a path, or the name of a picture in the library. ID is one of %1.
+        <source>FILE is a path, or the name of a picture in the library.
+ID is one of %1.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 </source>
         <translation>文件可以是路径，也可以是图库中图片的名称。ID 为 %1 之一。

@@ -36,6 +36,11 @@ QImage sampleTile()
 
 } // namespace
 
+QString describeModel(const QString &path)
+{
+    return SuperResolutionModel(path, 1).description();
+}
+
 void installModel(const QString &file, const std::stop_token &stop)
 {
     // Read once: what is copied is what was tried, whatever happens to the file meanwhile.

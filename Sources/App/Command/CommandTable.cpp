@@ -296,7 +296,8 @@ Without a command the application starts and opens its window (--hidden: tray on
 --action starts it where it does not run, and does what the desktop entry's action
 does: generate, toggle-auto, settings or quit.
 )");
-    const QString after = Tr::tr(R"(FILE is a path, or the name of a picture in the library. ID is one of %1.
+    const QString after = Tr::tr(R"(FILE is a path, or the name of a picture in the library.
+ID is one of %1.
 Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 )")
                               .arg(serviceIds().join(u", "_s));

@@ -3,7 +3,6 @@
 #include "Platform/Files/Paths.h"
 #include "Platform/Files/WholeFile.h"
 #include "Upscaling/Image/UpscaleErrors.h"
-#include "Upscaling/Network/SuperResolutionModel.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -82,11 +81,6 @@ QByteArray readModel(const QString &path, const std::stop_token &stop)
         throw ModelError(Tr::tr("The model cannot be read: %1").arg(content.failure().words).toStdString());
     }
     return std::move(*content);
-}
-
-QString describeModel(const QString &path)
-{
-    return SuperResolutionModel(path, 1).description();
 }
 
 } // namespace quorvane

@@ -24,7 +24,4 @@ namespace quorvane {
 /// cannot be read or is too large to be a network, and UpscaleStopped.
 [[nodiscard]] QByteArray readModel(const QString &path, const std::stop_token &stop = {});
 
-/// Loads the network at path and says in a line what it is. Throws ModelError as SuperResolutionModel does.
-[[nodiscard]] QString describeModel(const QString &path);
-
 } // namespace quorvane

@@ -74,7 +74,7 @@ QString Stage::play(const Deed &deed)
     const QString wrong = act(deed);
     manager->waitUntilIdle();
     // What is shown follows in its own time, but it follows: a difference that stays is one.
-    (void)waitFor([this] { return differences().isEmpty(); }, std::chrono::seconds(4));
+    (void)waitFor([this] { return differences().isEmpty(); });
     m_isTyping = m_isTyping && isInEditor();
     const FrameWatch::Longest longest = FrameWatch::takeLongest();
     m_lateFrame = longest.time > kLateFrame
