@@ -214,6 +214,12 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
     // Qt begins with a POST in the next turn of the event loop and knows nothing of what was set before.
     QMetaObject::invokeMethod(
         reply.get(), [reply = reply.get()] { reply->setReadBufferSize(kReadAheadBytes); }, Qt::QueuedConnection);
+    // Qt unpacks behind that limit and stops there until the time limit, so what comes packed is read without it.
+    QObject::connect(reply.get(), &QNetworkReply::metaDataChanged, reply.get(), [reply = reply.get()] {
+        if (reply->hasRawHeader("Content-Encoding")) {
+            reply->setReadBufferSize(0);
+        }
+    });
     state->answer.clear();
     QElapsedTimer clock;
     clock.start();
