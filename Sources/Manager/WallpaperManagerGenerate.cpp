@@ -131,7 +131,9 @@ QCoro::Task<EncodedImage> WallpaperManager::upscaledOrOriginal(EncodedImage gene
         if (isLocal) {
             upscaled = co_await upscaleLocally(generated.bytes, operation);
         } else {
-            upscaled = co_await upscaleImage(m_services.http, generated.bytes, generated.extension, *geminiKey);
+            std::stop_token stop = operation->stop.get_token();
+            upscaled = co_await upscaleImage(m_services.http, generated.bytes, generated.extension, *geminiKey,
+                                             std::move(stop));
         }
         co_return upscaled;
     } catch (const std::exception &error) {

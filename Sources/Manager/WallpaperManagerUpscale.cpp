@@ -63,7 +63,8 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, OperationRef
             }
             report(*operation, tr("Upscaling to 4K..."), false);
             QString ext = QFileInfo(url).suffix().toLower();
-            upscaled = co_await upscaleImage(m_services.http, std::move(source), std::move(ext), *key);
+            std::stop_token stop = operation->stop.get_token();
+            upscaled = co_await upscaleImage(m_services.http, std::move(source), std::move(ext), *key, std::move(stop));
         }
     } catch (const std::exception &error) {
         upscaled = failureOf(error);

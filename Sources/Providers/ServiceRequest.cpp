@@ -129,8 +129,12 @@ QCoro::Task<EncodedImage> requestImage(HttpClient *http, ServiceRequest request,
     format.secret = request.keyHeader.value.mid(request.keyHeader.value.lastIndexOf(' ') + 1);
     auto serialise = [body = std::move(request.body)] { return QJsonDocument(body).toJson(QJsonDocument::Compact); };
     QByteArray body = co_await onWorker(std::move(serialise));
-    HttpClient::Request httpRequest{url, "application/json", std::move(request.keyHeader), std::move(body),
-                                    request.silenceLimit};
+    HttpClient::Request httpRequest{url,
+                                    "application/json",
+                                    std::move(request.keyHeader),
+                                    std::move(body),
+                                    request.silenceLimit,
+                                    std::move(request.stop)};
 
     // 3. Send it.
     QByteArray answer;

@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <optional>
+#include <stop_token>
 
 /// The request and the answer that all image services share. A service adds an address, a body, a time-out and the way
 /// from the answer's top level to the picture.
@@ -36,6 +37,7 @@ struct ServiceRequest
     HttpClient::Header keyHeader;
     QJsonObject body;
     std::chrono::seconds silenceLimit; ///< How long no byte may move.
+    std::stop_token stop{};            ///< Ends the request when nobody wants its answer any more.
 };
 
 /// Where the picture stands in an answer.

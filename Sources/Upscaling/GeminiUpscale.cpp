@@ -46,11 +46,13 @@ AnswerFormat upscaleAnswer()
             .apiError = Tr::tr("Upscale failed: %1")};
 }
 
-QCoro::Task<EncodedImage> upscaleImage(HttpClient *http, QByteArray image, QString ext, QString geminiApiKey)
+QCoro::Task<EncodedImage> upscaleImage(HttpClient *http, QByteArray image, QString ext, QString geminiApiKey,
+                                       std::stop_token stop)
 {
     // A picture of many megabytes becomes text here, so the request is built on a worker.
     auto build = [image = std::move(image), ext, geminiApiKey] { return upscaleRequest(image, ext, geminiApiKey); };
     ServiceRequest request = co_await onWorker(std::move(build));
+    request.stop = std::move(stop);
     AnswerFormat format = upscaleAnswer();
     co_return co_await requestImage(http, std::move(request), std::move(format));
 }

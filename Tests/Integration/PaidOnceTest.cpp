@@ -19,6 +19,7 @@
 
 #include <array>
 #include <memory>
+#include <stop_token>
 #include <tuple>
 
 using namespace Qt::StringLiterals;
@@ -51,7 +52,7 @@ const QSslConfiguration &serverTls()
     return made;
 }
 
-QCoro::Task<> calling(HttpClient *http, Call call, QString *outcome)
+QCoro::Task<> calling(HttpClient *http, Call call, QString *outcome, std::stop_token stop = {})
 {
     try {
         if (call == Call::Generation) {
@@ -59,7 +60,7 @@ QCoro::Task<> calling(HttpClient *http, Call call, QString *outcome)
             co_await provider.generate(u"a lake"_s, u"KEY"_s, u"gemini-2.5-flash-image"_s, true);
         } else {
             const QByteArray picture(kPictureBytes, 'x');
-            co_await upscaleImage(http, picture, u"png"_s, u"KEY"_s);
+            co_await upscaleImage(http, picture, u"png"_s, u"KEY"_s, std::move(stop));
         }
         *outcome = u"a picture"_s;
     } catch (const ProviderError &error) {
@@ -299,6 +300,28 @@ TEST_P(PaidOnceTest, nothingWaitsForLeaveToSendTheBody)
     // Nor does one that says it and nothing more get the request again.
     callOf({.name = "100 and silence", .gives = Gives::Continue, .ends = Ends::Not});
     EXPECT_EQ(server->posts(), 1);
+}
+
+TEST(StoppedUpscale, endsOnTheWireAndLeavesTheOthersAlone)
+{
+    CountingServer server(Protocol::Http1, {.name = "silence", .gives = Gives::Nothing, .ends = Ends::Not}, {});
+    qputenv("QUORVANE_GEMINI_BASE_URL", server.address().toEncoded());
+    HttpClient client;
+    std::stop_source stop;
+    QString stopped;
+    QString other;
+    TaskScope scope;
+    scope.start(calling(&client, Call::Upscale, &stopped, stop.get_token()));
+    scope.start(calling(&client, Call::Upscale, &other));
+    EXPECT_TRUE(waitFor([&server] { return server.posts() == 2; }));
+    stop.request_stop();
+    EXPECT_TRUE(waitFor([&scope] { return scope.running() == 1; }));
+    EXPECT_EQ(stopped, u"Network error: The request was cancelled."_s);
+    EXPECT_TRUE(waitFor([&server] { return server.open() == 1; }));
+    EXPECT_EQ(other, QString());
+    client.cancelAll();
+    EXPECT_TRUE(waitFor([&scope] { return scope.running() == 0; }));
+    qunsetenv("QUORVANE_GEMINI_BASE_URL");
 }
 
 TEST(PaidOnceBehindProxy, aProxyThatWantsALoginNeverSeesTheRequest)

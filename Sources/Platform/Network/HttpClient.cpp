@@ -178,15 +178,16 @@ QCoro::Task<QByteArray> HttpClient::post(Request request)
 /// Sends the request once and gathers the answer; returns the target when the answer is a redirect.
 QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
 {
-    if (m_stop.stop_requested()) {
-        throw TransportError(Tr::tr("The request was cancelled."));
-    }
+    const auto throwWhenStopped = [this, state] {
+        if (m_stop.stop_requested() || state->request.stop.stop_requested()) {
+            throw TransportError(Tr::tr("The request was cancelled."));
+        }
+    };
+    throwWhenStopped();
     if (!m_tls && state->request.url.scheme() == "https"_L1) {
         // Hundreds of certificates take longer to read than a window may stand still.
         m_tls = co_await onWorker(trustedTlsConfiguration);
-        if (m_stop.stop_requested()) {
-            throw TransportError(Tr::tr("The request was cancelled."));
-        }
+        throwWhenStopped();
     }
     QNetworkRequest request(state->request.url);
     if (m_tls) {
@@ -247,7 +248,9 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
     finished.start();
     QObject::connect(reply.get(), &QNetworkReply::finished, reply.get(), [&finished] { finished.finish(); });
     {
-        const std::stop_callback abortOnStop(m_stop.get_token(), [reply = reply.get()] { reply->abort(); });
+        const auto abort = [reply = reply.get()] { reply->abort(); };
+        const std::stop_callback abortAll(m_stop.get_token(), abort);
+        const std::stop_callback abortThis(state->request.stop, abort);
         co_await future;
     }
     // The path and the texts may hold what is nobody's business.
@@ -257,9 +260,7 @@ QCoro::Task<std::optional<QUrl>> HttpClient::exchange(Exchange *state)
                                  << "ms, status" << reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt()
                                  << "error" << static_cast<int>(reply->error());
 
-    if (m_stop.stop_requested()) {
-        throw TransportError(Tr::tr("The request was cancelled."));
-    }
+    throwWhenStopped();
     if (state->lacksMemory) {
         throw std::bad_alloc();
     }

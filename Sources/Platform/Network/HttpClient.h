@@ -45,6 +45,7 @@ class HttpClient
         Header secret;          ///< Goes to the origin of url alone, not along redirects elsewhere.
         QByteArray body;        ///< Sent with POST, once.
         std::chrono::milliseconds silenceLimit{60000}; ///< How long no byte may move before the request fails.
+        std::stop_token stop{};                        ///< Ends it on the wire, from the thread of the client.
     };
 
     /// Above this an answer is refused instead of filling the memory. The largest honest one, a 4K PNG of pure noise as
