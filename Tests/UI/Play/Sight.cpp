@@ -127,9 +127,14 @@ QString Sight::filesDiffer() const
     if (kept != told) {
         return u"favourites are %1 on the disk and %2 in the manager"_s.arg(kept.join(' '_L1), told.join(' '_L1));
     }
+    // Settings are written behind the caller's back, and what is on its way is neither the old nor the new.
+    if (const Result<> kept = defaults->sync(); !kept) {
+        return u"the settings are not kept: "_s + kept.failure().words;
+    }
     const UserDefaults settings;
-    if (settings.text(SettingsKeys::kLastPrompt).value_or(QString()) != manager->prompt()) {
-        return u"the stored prompt is not \"%1\""_s.arg(manager->prompt());
+    if (const QString stored = settings.text(SettingsKeys::kLastPrompt).value_or(QString());
+        stored != manager->prompt()) {
+        return u"the stored prompt is \"%1\" and not \"%2\""_s.arg(stored, manager->prompt());
     }
     return {};
 }

@@ -2,6 +2,7 @@
 #include "Storage/Keychain.h"
 #include "Storage/SideFile.h"
 #include "Support/Files.h"
+#include "Support/InMemory.h"
 #include "Support/PrivateHome.h"
 
 #include <gtest/gtest.h>
@@ -18,26 +19,6 @@ using namespace Qt::StringLiterals;
 namespace quorvane {
 
 namespace {
-
-/// Homes that are made while the object lives lie in memory where that is possible: what is tested is who writes after
-/// whom, and on a disk that many use, waiting for it alone takes longer than anybody waits for a lock.
-class InMemory
-{
-  public:
-    InMemory()
-        : m_before(qgetenv("TMPDIR"))
-    {
-        if (::access("/dev/shm", W_OK) == 0) {
-            qputenv("TMPDIR", "/dev/shm");
-        }
-    }
-    ~InMemory() { m_before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", m_before); }
-    InMemory(const InMemory &) = delete;
-    InMemory &operator=(const InMemory &) = delete;
-
-  private:
-    QByteArray m_before;
-};
 
 constexpr int kWriters = 3;
 constexpr int kWritesEach = 20;
