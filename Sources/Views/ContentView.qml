@@ -12,8 +12,15 @@ Item {
     signal settingsRequested()
     signal quitRequested()
 
+    /// A prompt was chosen among the pictures, and is in the editor now.
+    signal promptChosen()
+
     function refresh() {
         sidebarModel.refresh();
+    }
+    function usePrompt(prompt: string) {
+        sidebarModel.promptText = prompt;
+        promptChosen();
     }
 
     SidebarModel {
@@ -23,13 +30,13 @@ Item {
     GalleryModel {
         id: galleryModel
         manager: view.manager
-        onPromptChosen: prompt => sidebarModel.promptText = prompt
+        onPromptChosen: prompt => view.usePrompt(prompt)
     }
     PreviewModel {
         id: previewModel
         manager: view.manager
         list: galleryModel.images
-        onPromptChosen: prompt => sidebarModel.promptText = prompt
+        onPromptChosen: prompt => view.usePrompt(prompt)
     }
     PictureActions {
         id: pictureActions
@@ -89,6 +96,11 @@ Item {
                 target: previewModel
                 function onIsOpenChanged() { previewModel.isOpen ? preview.begin() : gallery.forceActiveFocus(); }
                 function onPreviewURLChanged() { gallery.follow(previewModel.previewURL); }
+            }
+            Connections {
+                target: view
+                // Where it can be changed, or taken back. Later, because a preview gives the keyboard back when it closes.
+                function onPromptChosen() { Qt.callLater(sidebar.begin); }
             }
             Connections {
                 target: galleryModel

@@ -2,9 +2,31 @@
 
 #include "UI/ViewFixture.h"
 
+#include <algorithm>
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
+
+namespace {
+
+double luminance(const QColor &color)
+{
+    const auto linear = [](double share) {
+        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+/// 1 for equal colours to 21 for black and white, as the guidelines for accessible content count it.
+double contrast(const QColor &one, const QColor &other)
+{
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+} // namespace
 
 class GalleryKeys : public ViewTest
 {
@@ -71,6 +93,49 @@ TEST_F(GalleryKeys, deleteDeletesThePictureThatWasClickedLast)
     manager->waitUntilIdle();
     EXPECT_FALSE(isLeft(clicked));
     EXPECT_EQ(manager->history().size(), 3);
+}
+
+TEST_F(GalleryKeys, whoClosesAnAlbumIsAtThatAlbum)
+{
+    for (const QString &prompt : {u"a lake"_s, u"a hill"_s, u"a wood"_s}) {
+        (void)putPainting(prompt + u".png"_s, prompt, {64, 40});
+    }
+    start();
+    open();
+    const QString last = u"album "_s + manager->albums().back().id;
+    click(last);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"albumsButton"_s); }));
+    QTest::keyClick(window, Qt::Key_Escape);
+    ASSERT_TRUE(waitFor([&] { return isReachable(last); }));
+    EXPECT_TRUE(find(last)->property("selected").toBool());
+}
+
+TEST_F(GalleryKeys, theRingStandsOutFromAPictureOfItsOwnColour)
+{
+    const QColor accent(u"#4259d6"_s);
+    QImage plain(64, 40, QImage::Format_RGB32);
+    plain.fill(accent);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    ASSERT_TRUE(buffer.open(QIODevice::WriteOnly) && plain.save(&buffer, "PNG"));
+    const QString path = valueOf(ImageStore::saveImage(u"blue.png"_s, bytes));
+    start();
+    open();
+    click(u"album Uncategorized"_s);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"tile "_s + path) && ringed() == path; }));
+    hover(QPoint(5, 5));
+    const QPoint corner = ViewTest::placeOf(u"tile "_s + path).topLeft().toPoint();
+    constexpr int kMiddleOfPicture = 65;
+    QImage seen;
+    ASSERT_TRUE(waitFor([&] {
+        seen = window->grabWindow();
+        return seen.pixelColor(corner + QPoint(100, kMiddleOfPicture)) == accent;
+    }));
+    double best = 0;
+    for (int inside = 0; inside < 8; ++inside) {
+        best = std::max(best, contrast(accent, seen.pixelColor(corner + QPoint(inside, kMiddleOfPicture))));
+    }
+    EXPECT_GE(best, 3);
 }
 
 TEST_F(GalleryKeys, theRingGoesWhereThePreviewHasGone)

@@ -79,6 +79,7 @@ TEST_F(PreviewView, itsButtonsSetFavourAndUseThePrompt)
     EXPECT_EQ(manager->prompt(), u"a lake"_s);
     EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a lake"_s);
     EXPECT_TRUE(waitFor([&] { return !isSeen(u"preview"_s); }));
+    EXPECT_TRUE(find(u"promptEditor"_s)->hasActiveFocus()) << "where it can be changed";
 }
 
 TEST_F(PreviewView, anEnlargedPictureTakesThePlaceOfItsOriginal)

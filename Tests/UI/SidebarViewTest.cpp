@@ -126,7 +126,8 @@ TEST_F(SidebarView, controlAndZBringBackWhatUsePromptReplaced)
     click(u"usePromptButton"_s);
     EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a hill"_s);
     EXPECT_EQ(manager->prompt(), u"a hill"_s);
-    click(u"promptEditor"_s);
+    // The keyboard is there already.
+    ASSERT_TRUE(waitFor([&] { return find(u"promptEditor"_s)->hasActiveFocus(); }));
     QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a lake"_s);
     EXPECT_EQ(manager->prompt(), u"a lake"_s);
@@ -194,6 +195,19 @@ TEST_F(SidebarView, theStatusIsSeenInTheSmallestWindowWithTheScheduleOn)
     EXPECT_LT(placeOf(u"intervalPicker"_s).bottom(), status.top());
     find(u"promptEditor"_s)->forceActiveFocus(Qt::TabFocusReason);
     EXPECT_GT(placeOf(u"promptEditor"_s).top(), 0);
+}
+
+TEST_F(SidebarView, aLongStatusLeavesTheKeyboardsPlaceInSight)
+{
+    failInTheSmallestWindow("short");
+    find(u"generateButton"_s)->forceActiveFocus(Qt::TabFocusReason);
+    Misbehaviour misbehaviour(Misbehaviour::Kind::ErrorObject);
+    misbehaviour.text = QByteArray("one reason after another; ").repeated(60);
+    service.setMisbehaviour(misbehaviour);
+    manager->generateAndSet();
+    manager->waitUntilIdle();
+    ASSERT_TRUE(waitFor([&] { return placeOf(u"status"_s).height() > 200; }));
+    EXPECT_TRUE(waitFor([&] { return placeOf(u"generateButton"_s).bottom() < placeOf(u"status"_s).top(); }));
 }
 
 TEST_F(SidebarView, aLongStatusIsReadToItsEndAndCopied)

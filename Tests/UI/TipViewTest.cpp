@@ -47,8 +47,29 @@ TEST_F(TipView, anAlbumsTipStandsAtTheAlbumAndNotOverTheSidebar)
         EXPECT_GT(panel().left(), kSidebarWidth);
         EXPECT_LT(panel().left(), tile.right());
         EXPECT_GT(panel().right(), tile.left());
-        EXPECT_LT(std::min(std::abs(panel().bottom() - tile.bottom()), std::abs(panel().top() - tile.bottom())), 40);
+        EXPECT_LT(std::min(std::abs(panel().bottom() - tile.top()), std::abs(panel().top() - tile.bottom())), 10);
         hover(QPoint(5, 5));
+        ASSERT_TRUE(waitFor([&] { return !isShown(); }));
+    }
+}
+
+TEST_F(TipView, whateverItsLengthItLeavesWhatItExplainsFree)
+{
+    const QStringList prompts{longText(60), longText(90), longText(800)};
+    for (const QString &prompt : prompts) {
+        (void)putPainting(QString::number(prompt.size()) + u".png"_s, prompt);
+    }
+    start();
+    ASSERT_NE(open(), nullptr);
+    window->resize(960, 640);
+    for (const QString &prompt : prompts) {
+        const QString album = u"album "_s + prompt;
+        hoverOver(album);
+        EXPECT_FALSE(panel().intersects(placeOf(album))) << prompt.size();
+        click(album);
+        EXPECT_TRUE(waitFor([&] { return isReachable(u"albumsButton"_s); }));
+        hover(QPoint(5, 5));
+        click(u"albumsButton"_s);
         ASSERT_TRUE(waitFor([&] { return !isShown(); }));
     }
 }

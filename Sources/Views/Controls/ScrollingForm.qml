@@ -2,7 +2,8 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Quorvane.Views
 
-/// A column of controls that may be higher than its place: what the keyboard comes to comes into sight.
+/// A column of controls that may be higher than its place: what the keyboard comes to comes into sight, and stays there
+/// when the place gets smaller.
 Flickable {
     id: form
 
@@ -24,4 +25,5 @@ Flickable {
     clip: true
     ScrollBar.vertical: ThinScrollBar {}
     onKeyboardAtChanged: reveal()
+    onHeightChanged: reveal()
 }

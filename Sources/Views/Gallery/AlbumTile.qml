@@ -35,15 +35,7 @@ Item {
         height: 150
         source: tile.cover
 
-        Rectangle {
-            anchors.fill: parent
-            // Inside, because the grid cuts off what lies beside its tiles.
-            visible: tile.selected
-            radius: 10
-            color: "transparent"
-            border.width: 3
-            border.color: Theme.accent
-        }
+        PictureRing { visible: tile.selected }
     }
     Symbol {
         id: star
@@ -76,8 +68,8 @@ Item {
         color: Theme.secondaryText
         font.pixelSize: Theme.captionSize
     }
+    // Beside the whole tile, which can be pressed wherever the pointer rests.
     Tip {
-        anchors.fill: caption
         text: tile.title
         wanted: hover.hovered && caption.truncated
     }

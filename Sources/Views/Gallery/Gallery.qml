@@ -11,10 +11,11 @@ FocusScope {
 
     signal previewRequested(string url)
 
-    /// The keyboard goes where the pointer went.
-    function openAlbum(id: string) {
+    /// The keyboard goes where the pointer went, and is there again when the album is closed.
+    function openAlbum(tile: AlbumTile) {
         forceActiveFocus();
-        model.openAlbum(id);
+        albums.currentIndex = tile.index;
+        model.openAlbum(tile.albumId);
     }
 
     /// Takes the keyboard's place to a tile that something is done with; the file of its picture.
@@ -137,10 +138,11 @@ FocusScope {
         Keys.onEnterPressed: (albums.currentItem as AlbumTile)?.clicked()
         Keys.onSpacePressed: (albums.currentItem as AlbumTile)?.clicked()
         delegate: AlbumTile {
+            id: albumTile
             width: albums.tileWidth
             height: albums.tileHeight
             selected: GridView.isCurrentItem && albums.activeFocus
-            onClicked: gallery.openAlbum(albumId)
+            onClicked: gallery.openAlbum(albumTile)
         }
     }
     PictureGrid {

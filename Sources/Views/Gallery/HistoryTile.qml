@@ -61,15 +61,7 @@ FocusScope {
         height: 130
         source: tile.thumbnail
 
-        Rectangle {
-            anchors.fill: parent
-            // Inside, because the grid cuts off what lies beside its tiles.
-            visible: tile.selected
-            radius: 10
-            color: "transparent"
-            border.width: 3
-            border.color: Theme.accent
-        }
+        PictureRing { visible: tile.selected }
         Loader {
             anchors.fill: parent
             active: tile.isUpscaling
@@ -161,10 +153,6 @@ FocusScope {
         HoverHandler {
             id: captionHover
         }
-        Tip {
-            text: tile.prompt
-            wanted: captionHover.hovered
-        }
     }
     PlainText {
         anchors.top: picture.bottom
@@ -174,5 +162,10 @@ FocusScope {
         color: Theme.secondaryText
         font.pixelSize: Theme.captionSize
         elide: Text.ElideRight
+    }
+    // Beside the whole tile, so that what it explains stays in sight.
+    Tip {
+        text: tile.prompt
+        wanted: captionHover.hovered
     }
 }

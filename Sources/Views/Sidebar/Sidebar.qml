@@ -15,6 +15,11 @@ FocusScope {
     signal settingsChosen()
     signal quitChosen()
 
+    /// The keyboard is with the prompt.
+    function begin() {
+        editor.forceActiveFocus();
+    }
+
     Rectangle {
         anchors.fill: parent
         color: Theme.sidebar
@@ -45,6 +50,7 @@ FocusScope {
 
                 SectionCaption { text: qsTr("Prompt") }
                 PromptEditor {
+                    id: editor
                     width: parent.width
                     focus: true
                     model: sidebar.model
