@@ -4,6 +4,8 @@
 
 #include "UI/Play/Stage.h"
 
+#include <iostream>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
@@ -97,6 +99,8 @@ TEST_P(UserPlay, theWindowShowsWhatIsSoAndDoesWhatItShows)
         }
         return;
     }
+    // Told at once, because what follows may be ended by the test's time limit.
+    std::cerr << "seed " << GetParam() << ", deed " << found.deed << ": " << found.what.toStdString() << std::endl;
     deeds.resize(found.deed + 1);
     if (play(deeds).deed < 0) {
         ADD_FAILURE() << "seed " << GetParam() << ", deed " << found.deed

@@ -124,8 +124,13 @@ bool Stage::clickItem(const QQuickItem *item)
 
 bool Stage::usePrompt()
 {
+    // The editor gets the keyboard, but only who had been in it is still taken to be typing.
+    const bool staysInEditor = isInEditor() && !isPreviewOpen();
+    const QString before = editorText();
     const bool isUsed = clickSeen(isPreviewOpen() ? u"previewUsePromptButton"_s : u"usePromptButton"_s);
-    m_isTyping = isUsed ? isInEditor() : m_isTyping;
+    if (isUsed) {
+        m_isTyping = staysInEditor && (m_isTyping || editorText() != before);
+    }
     return isUsed;
 }
 
