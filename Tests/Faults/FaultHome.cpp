@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -115,22 +116,13 @@ QStringList FaultHome::lost(const Meant &meant) const
             miss("picture ", name);
         }
     }
-    const auto mapsHold = [this](const QString &file, const QString &name, const QString &text) {
-        for (const QString &version : versionsOf(file)) {
-            const std::map<QString, QString> map = mapIn(version);
-            if (const auto entry = map.find(name); entry != map.end() && entry->second == text) {
-                return true;
-            }
-        }
-        return false;
-    };
     for (const auto &[name, text] : kPrompts) {
-        if (!meant.pictures.contains(name) && !mapsHold(library() + u"/prompts.json"_s, name, text)) {
+        if (!meant.pictures.contains(name) && !isKept(library() + u"/prompts.json"_s, name, text)) {
             miss("prompt of ", name);
         }
     }
     for (const auto &[original, copy] : kLinks) {
-        if (!meant.pictures.contains(original) && !mapsHold(library() + u"/variants.json"_s, original, copy)) {
+        if (!meant.pictures.contains(original) && !isKept(library() + u"/variants.json"_s, original, copy)) {
             miss("link of ", original);
         }
     }
@@ -144,7 +136,7 @@ QStringList FaultHome::lost(const Meant &meant) const
         }
     }
     for (const auto &[id, key] : kKeys) {
-        if (!meant.keys.contains(id) && !mapsHold(keyFile(), id, key)) {
+        if (!meant.keys.contains(id) && !keepsKey(id, key)) {
             miss("key of ", id);
         }
     }
@@ -207,9 +199,24 @@ std::map<QString, QString> FaultHome::keys() const
     return mapIn(keyFile());
 }
 
+bool FaultHome::keepsKey(const QString &id, const QString &key) const
+{
+    return isKept(keyFile(), id, key);
+}
+
 QString FaultHome::setting(const QString &name) const
 {
     return settingIn(settingsFile(), name);
+}
+
+bool FaultHome::isKept(const QString &file, const QString &name, const QString &text) const
+{
+    const QStringList versions = versionsOf(file);
+    return std::any_of(versions.begin(), versions.end(), [&](const QString &version) {
+        const std::map<QString, QString> map = mapIn(version);
+        const auto entry = map.find(name);
+        return entry != map.end() && entry->second == text;
+    });
 }
 
 QStringList FaultHome::versionsOf(const QString &file) const

@@ -45,10 +45,15 @@ class FaultHome
     [[nodiscard]] std::map<QString, QString> links() const;
     [[nodiscard]] QStringList favorites() const;
     [[nodiscard]] std::map<QString, QString> keys() const;
+    /// Whether the key file, or one that was put aside from it, has that key.
+    [[nodiscard]] bool keepsKey(const QString &id, const QString &key) const;
     /// A value as the settings file has it; null where it has none.
     [[nodiscard]] QString setting(const QString &name) const;
 
   private:
+    /// Whether a file of names and texts, or one that was put aside from it, has that text under that name.
+    [[nodiscard]] bool isKept(const QString &file, const QString &name, const QString &text) const;
+
     /// The file itself and what was put aside from it.
     [[nodiscard]] QStringList versionsOf(const QString &file) const;
 

@@ -123,6 +123,7 @@ class KilledHome
         case Kind::Delete:
             command.arguments = {u"delete"_s, picture};
             command.pictures = withPartners(picture);
+            command.links = linksTo(command.pictures);
             break;
         case Kind::Favorite:
             command.arguments = {u"favorite"_s, picture};
@@ -219,6 +220,19 @@ class KilledHome
             }
         }
         return names;
+    }
+
+    /// The originals whose copies are among these: a copy that was enlarged once more goes with its own, and leaves the
+    /// picture it was made from without a link.
+    [[nodiscard]] QStringList linksTo(const QStringList &copies) const
+    {
+        QStringList originals;
+        for (const auto &[original, copy] : m_holdings.links) {
+            if (copies.contains(copy)) {
+                originals.append(original);
+            }
+        }
+        return originals;
     }
 
     const FaultHome &m_home;
