@@ -2,6 +2,8 @@
 
 #include "UI/ViewFixture.h"
 
+#include <QBuffer>
+
 #include <algorithm>
 #include <cmath>
 

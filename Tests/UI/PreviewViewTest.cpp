@@ -1,5 +1,6 @@
 #include "Manager/SettingsKeys.h"
 #include "UI/ViewFixture.h"
+#include "demo-service/Painter/Painter.h"
 
 #include <QClipboard>
 #include <QMimeData>

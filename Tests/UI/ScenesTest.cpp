@@ -1,5 +1,6 @@
 #include "App/Application/Scenes.h"
 #include "UI/ViewFixture.h"
+#include "Views/Views.h"
 
 using namespace Qt::StringLiterals;
 

@@ -57,6 +57,12 @@ struct Deed
     quint32 number = 0;
 };
 
+/// What the number of a deed chooses from a list that is not empty.
+template <typename List> [[nodiscard]] auto pick(const List &list, quint32 number)
+{
+    return list[number % static_cast<quint32>(list.size())];
+}
+
 [[nodiscard]] QString nameOf(const Deed &deed);
 
 /// The deeds of a seed.

@@ -6,6 +6,7 @@ namespace quorvane {
 
 /// The main window as somebody sees it, or hears it, who knows nothing else; and the same against what is so. Every
 /// difference is a line that says what was shown and what was so.
+/// What a part of the window shows is in a file of that name: SightGallery.cpp and so on.
 class Sight : public ViewTest
 {
   public:
@@ -39,6 +40,7 @@ class Sight : public ViewTest
   private:
     /// The pictures of the album whose title is shown; nothing when there is no such album.
     [[nodiscard]] std::optional<QStringList> imagesOfOpenAlbum() const;
+    [[nodiscard]] static QString enabledness(bool isEnabled);
     [[nodiscard]] QString spokenNameDiffers(const QString &url, const QString &name) const;
     [[nodiscard]] QString buttonsOfPreviewDiffer(const QString &url) const;
 };

@@ -7,6 +7,7 @@ namespace quorvane {
 
 /// The real windows with a real manager, a library and a service, on which deeds are done and looked at as somebody
 /// does who sees, or hears, nothing but the windows. Every fault is a line that says what was shown and what was so.
+/// What is done in a part of the window, or from outside, is in a file of that name: StageGallery.cpp and so on.
 class Stage : public SettingsSight
 {
   public:
@@ -51,6 +52,11 @@ class Stage : public SettingsSight
     [[nodiscard]] QString differences() const;
     /// Waits until the pictures on the disk are these.
     [[nodiscard]] QString expectOnDisk(QStringList expected, const QString &what) const;
+
+    /// Small and plain; painting would take most of the time.
+    [[nodiscard]] static QByteArray plainPicture(int shade);
+
+    static inline const QStringList kPrompts{u"a lake"_s, u"a wood"_s, u"a tower"_s, QString()};
 
     bool m_isTyping = false; ///< The editor holds what the user wrote, and has had the keyboard since.
     int m_made = 0;
