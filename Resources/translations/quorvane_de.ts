@@ -572,12 +572,12 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
         <translation>Für das Bild ist nicht genug Speicher vorhanden</translation>
     </message>
     <message>
-        <source>The X server did not take the picture</source>
-        <translation>Der X-Server hat das Bild nicht angenommen</translation>
-    </message>
-    <message>
         <source>The X server does not answer</source>
         <translation>Der X-Server antwortet nicht</translation>
+    </message>
+    <message>
+        <source>The X server did not take the picture: %1</source>
+        <translation>Der X-Server hat das Bild nicht angenommen: %1</translation>
     </message>
 </context>
 <context>
@@ -793,12 +793,12 @@ mit den Bedienelementen in der Seitenleiste.</translation>
         <translation>Der Compositor hat keinen Bildschirm „%1“</translation>
     </message>
     <message>
-        <source>There is not enough memory for the picture</source>
-        <translation>Für das Bild ist nicht genug Speicher vorhanden</translation>
-    </message>
-    <message>
         <source>The compositor closed the background</source>
         <translation>Der Compositor hat den Hintergrund geschlossen</translation>
+    </message>
+    <message>
+        <source>The compositor cannot be given the picture: %1</source>
+        <translation>Dem Compositor kann das Bild nicht übergeben werden: %1</translation>
     </message>
 </context>
 <context>
@@ -1041,16 +1041,16 @@ mit den Bedienelementen in der Seitenleiste.</translation>
         <translation>es gibt keine Anzeige; quorvane --help nennt, was keine braucht</translation>
     </message>
     <message>
-        <source>the application runs already and does not answer</source>
-        <translation>das Programm läuft bereits und antwortet nicht</translation>
-    </message>
-    <message>
         <source>the application runs already and can be told nothing without a session bus</source>
         <translation>die Anwendung läuft schon, und ohne Sitzungsbus kann ihr nichts mitgeteilt werden</translation>
     </message>
     <message>
         <source>there is no home folder: HOME names none, and the account has none</source>
         <translation>es gibt keinen persönlichen Ordner: HOME nennt keinen, und das Konto hat keinen</translation>
+    </message>
+    <message>
+        <source>the application that runs already does not do it: %1</source>
+        <translation>die Anwendung, die bereits läuft, tut es nicht: %1</translation>
     </message>
 </context>
 <context>

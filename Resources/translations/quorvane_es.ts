@@ -572,12 +572,12 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
         <translation>No hay memoria suficiente para la imagen</translation>
     </message>
     <message>
-        <source>The X server did not take the picture</source>
-        <translation>El servidor X no aceptó la imagen</translation>
-    </message>
-    <message>
         <source>The X server does not answer</source>
         <translation>El servidor X no responde</translation>
+    </message>
+    <message>
+        <source>The X server did not take the picture: %1</source>
+        <translation>El servidor X no aceptó la imagen: %1</translation>
     </message>
 </context>
 <context>
@@ -793,12 +793,12 @@ con los controles de la barra lateral.</translation>
         <translation>El compositor no tiene ninguna pantalla «%1»</translation>
     </message>
     <message>
-        <source>There is not enough memory for the picture</source>
-        <translation>No hay memoria suficiente para la imagen</translation>
-    </message>
-    <message>
         <source>The compositor closed the background</source>
         <translation>El compositor cerró el fondo</translation>
+    </message>
+    <message>
+        <source>The compositor cannot be given the picture: %1</source>
+        <translation>No se puede entregar la imagen al compositor: %1</translation>
     </message>
 </context>
 <context>
@@ -1041,16 +1041,16 @@ con los controles de la barra lateral.</translation>
         <translation>no hay pantalla; quorvane --help indica qué no la necesita</translation>
     </message>
     <message>
-        <source>the application runs already and does not answer</source>
-        <translation>la aplicación ya se está ejecutando y no responde</translation>
-    </message>
-    <message>
         <source>the application runs already and can be told nothing without a session bus</source>
         <translation>la aplicación ya está en marcha y sin bus de sesión no se le puede comunicar nada</translation>
     </message>
     <message>
         <source>there is no home folder: HOME names none, and the account has none</source>
         <translation>no hay carpeta personal: HOME no indica ninguna y la cuenta no tiene ninguna</translation>
+    </message>
+    <message>
+        <source>the application that runs already does not do it: %1</source>
+        <translation>la aplicación que ya está en ejecución no lo hace: %1</translation>
     </message>
 </context>
 <context>

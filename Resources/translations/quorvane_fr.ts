@@ -108,7 +108,7 @@ Choisissez un fournisseur précis pour l’utiliser à chaque génération.</tra
     </message>
     <message>
         <source>There is not enough memory for the model</source>
-        <translation>Il n'y a pas assez de mémoire pour le modèle</translation>
+        <translation>Il n&apos;y a pas assez de mémoire pour le modèle</translation>
     </message>
 </context>
 <context>
@@ -308,7 +308,7 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
     </message>
     <message>
         <source>not a picture: %1</source>
-        <translation>ce n'est pas une image : %1</translation>
+        <translation>ce n&apos;est pas une image : %1</translation>
     </message>
 </context>
 <context>
@@ -572,12 +572,12 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
         <translation>La mémoire ne suffit pas pour cette image</translation>
     </message>
     <message>
-        <source>The X server did not take the picture</source>
-        <translation>Le serveur X n’a pas accepté l’image</translation>
-    </message>
-    <message>
         <source>The X server does not answer</source>
         <translation>Le serveur X ne répond pas</translation>
+    </message>
+    <message>
+        <source>The X server did not take the picture: %1</source>
+        <translation>Le serveur X n’a pas accepté l’image : %1</translation>
     </message>
 </context>
 <context>
@@ -793,12 +793,12 @@ avec les commandes du panneau latéral.</translation>
         <translation>Le compositeur n’a pas d’écran «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
-        <source>There is not enough memory for the picture</source>
-        <translation>La mémoire ne suffit pas pour cette image</translation>
-    </message>
-    <message>
         <source>The compositor closed the background</source>
         <translation>Le compositeur a fermé l’arrière-plan</translation>
+    </message>
+    <message>
+        <source>The compositor cannot be given the picture: %1</source>
+        <translation>L’image ne peut pas être transmise au compositeur : %1</translation>
     </message>
 </context>
 <context>
@@ -1041,16 +1041,16 @@ avec les commandes du panneau latéral.</translation>
         <translation>il n’y a pas d’affichage&#x202f;; quorvane --help indique ce qui n’en demande pas</translation>
     </message>
     <message>
-        <source>the application runs already and does not answer</source>
-        <translation>l’application est déjà lancée et ne répond pas</translation>
-    </message>
-    <message>
         <source>the application runs already and can be told nothing without a session bus</source>
         <translation>l’application est déjà lancée et, sans bus de session, rien ne peut lui être transmis</translation>
     </message>
     <message>
         <source>there is no home folder: HOME names none, and the account has none</source>
         <translation>il n’y a pas de dossier personnel : HOME n’en indique aucun et le compte n’en a pas</translation>
+    </message>
+    <message>
+        <source>the application that runs already does not do it: %1</source>
+        <translation>l’application déjà en cours d’exécution ne le fait pas : %1</translation>
     </message>
 </context>
 <context>

@@ -571,12 +571,12 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
         <translation>画像に必要なメモリが足りません</translation>
     </message>
     <message>
-        <source>The X server did not take the picture</source>
-        <translation>Xサーバーが画像を受け付けませんでした</translation>
-    </message>
-    <message>
         <source>The X server does not answer</source>
         <translation>Xサーバーが応答しません</translation>
+    </message>
+    <message>
+        <source>The X server did not take the picture: %1</source>
+        <translation>Xサーバーが画像を受け付けませんでした: %1</translation>
     </message>
 </context>
 <context>
@@ -791,12 +791,12 @@ using the sidebar controls.</source>
         <translation>コンポジターに画面“%1”はありません</translation>
     </message>
     <message>
-        <source>There is not enough memory for the picture</source>
-        <translation>画像に必要なメモリが足りません</translation>
-    </message>
-    <message>
         <source>The compositor closed the background</source>
         <translation>コンポジターが背景を閉じました</translation>
+    </message>
+    <message>
+        <source>The compositor cannot be given the picture: %1</source>
+        <translation>コンポジターに画像を渡せません: %1</translation>
     </message>
 </context>
 <context>
@@ -1039,16 +1039,16 @@ using the sidebar controls.</source>
         <translation>ディスプレイがありません。不要な操作はquorvane --helpをご覧ください</translation>
     </message>
     <message>
-        <source>the application runs already and does not answer</source>
-        <translation>アプリケーションはすでに実行中ですが、応答しません</translation>
-    </message>
-    <message>
         <source>the application runs already and can be told nothing without a session bus</source>
         <translation>アプリケーションはすでに動作していますが、セッションバスがないため何も伝えられません</translation>
     </message>
     <message>
         <source>there is no home folder: HOME names none, and the account has none</source>
         <translation>ホームフォルダーがありません: HOMEに指定がなく、アカウントにもありません</translation>
+    </message>
+    <message>
+        <source>the application that runs already does not do it: %1</source>
+        <translation>すでに実行中のアプリケーションが処理しません: %1</translation>
     </message>
 </context>
 <context>

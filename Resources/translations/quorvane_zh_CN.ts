@@ -571,12 +571,12 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
         <translation>内存不足，无法处理图片</translation>
     </message>
     <message>
-        <source>The X server did not take the picture</source>
-        <translation>X 服务器没有接受图片</translation>
-    </message>
-    <message>
         <source>The X server does not answer</source>
         <translation>X 服务器没有应答</translation>
+    </message>
+    <message>
+        <source>The X server did not take the picture: %1</source>
+        <translation>X 服务器未接受图片：%1</translation>
     </message>
 </context>
 <context>
@@ -791,12 +791,12 @@ using the sidebar controls.</source>
         <translation>合成器没有屏幕“%1”</translation>
     </message>
     <message>
-        <source>There is not enough memory for the picture</source>
-        <translation>内存不足，无法处理图片</translation>
-    </message>
-    <message>
         <source>The compositor closed the background</source>
         <translation>合成器关闭了背景</translation>
+    </message>
+    <message>
+        <source>The compositor cannot be given the picture: %1</source>
+        <translation>无法将图片交给合成器：%1</translation>
     </message>
 </context>
 <context>
@@ -1039,16 +1039,16 @@ using the sidebar controls.</source>
         <translation>没有显示器；无需显示器的用法见 quorvane --help</translation>
     </message>
     <message>
-        <source>the application runs already and does not answer</source>
-        <translation>应用程序已在运行，但没有应答</translation>
-    </message>
-    <message>
         <source>the application runs already and can be told nothing without a session bus</source>
         <translation>应用程序已在运行，但没有会话总线，无法向其传达任何内容</translation>
     </message>
     <message>
         <source>there is no home folder: HOME names none, and the account has none</source>
         <translation>没有主文件夹：HOME 未指定，账户也没有</translation>
+    </message>
+    <message>
+        <source>the application that runs already does not do it: %1</source>
+        <translation>已在运行的应用程序没有执行：%1</translation>
     </message>
 </context>
 <context>

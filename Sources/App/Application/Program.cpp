@@ -34,33 +34,42 @@ struct Tr
     Q_DECLARE_TR_FUNCTIONS(Program)
 };
 
-enum class Role { Application, Done, Failed };
+enum class Role { Application, Done };
 
 /// Asks the application that runs for what the command line asks for.
-bool handOver(ControlService &control, ControlService::Claim claim, const CommandLine &line)
+Result<> handOver(ControlService &control, ControlService::Claim claim, const CommandLine &line)
 {
-    if (line.action) {
-        return claim == ControlService::Claim::Taken && control.actOther(*line.action);
+    const bool isTaken = claim == ControlService::Claim::Taken;
+    if (line.action && !isTaken) {
+        return Failure{Tr::tr("the application runs already and can be told nothing without a session bus")};
     }
-    return line.hidden ||
-           (claim == ControlService::Claim::Taken ? control.activateOther() : InstanceLock::activateOther());
+    if (!line.action && line.hidden) {
+        return kDone;
+    }
+    const Result<> asked = line.action ? control.actOther(*line.action)
+                           : isTaken   ? control.activateOther()
+                                       : InstanceLock::activateOther();
+    return asked ? kDone
+                 : Failure{Tr::tr("the application that runs already does not do it: %1").arg(asked.failure().words)};
 }
 
 /// Becomes the application, or hands over to the one that runs.
-Role takeRole(ControlService &control, InstanceLock &lock, const CommandLine &line)
+Result<Role> takeRole(ControlService &control, InstanceLock &lock, const CommandLine &line)
 {
     // The other one may be ending while it is asked, so the name may be free at the next look.
     constexpr int kTries = 3;
+    Result<> handed;
     for (int attempt = 0; attempt < kTries; ++attempt) {
         const ControlService::Claim claim = control.claim();
         if (claim == ControlService::Claim::Owned || (claim == ControlService::Claim::NoBus && lock.take())) {
             return Role::Application;
         }
-        if (handOver(control, claim, line)) {
+        handed = handOver(control, claim, line);
+        if (handed) {
             return Role::Done;
         }
     }
-    return Role::Failed;
+    return handed.failure();
 }
 
 bool hasDisplay()
@@ -118,16 +127,12 @@ int runApplication(const CommandLine &line, const SceneUrls &urls)
     SessionBus bus;
     ControlService control(bus);
     InstanceLock lock;
-    const Role role = takeRole(control, lock, line);
-    if (role != Role::Application) {
-        return role == Role::Done
-                   ? kSucceeded
-                   : Console::fail(
-                         Failure{
-                             line.action && !bus.isConnected()
-                                 ? Tr::tr("the application runs already and can be told nothing without a session bus")
-                                 : Tr::tr("the application runs already and does not answer")},
-                         line.json);
+    const Result<Role> role = takeRole(control, lock, line);
+    if (!role) {
+        return Console::fail(role.failure(), line.json);
+    }
+    if (*role == Role::Done) {
+        return kSucceeded;
     }
     WallpaperApp app(bus, control, urls);
     QObject::connect(&lock, &InstanceLock::activated, &app, &WallpaperApp::openMain);

@@ -15,6 +15,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <chrono>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -24,7 +25,7 @@ namespace quorvane {
 namespace {
 
 // A busy machine may take its time; a frozen application is given up.
-constexpr int kActivationLimitMilliseconds = 20'000;
+constexpr std::chrono::seconds kActivationLimit{20};
 
 const QString kActivationToken = u"activation-token"_s;
 const QString kStartupId = u"desktop-startup-id"_s;
@@ -77,17 +78,17 @@ bool ControlService::exportAndRequest()
     return isOurs;
 }
 
-bool ControlService::activateOther()
+Result<> ControlService::activateOther()
 {
     return askOther(u"Activate"_s, {});
 }
 
-bool ControlService::actOther(const QString &action)
+Result<> ControlService::actOther(const QString &action)
 {
     return askOther(u"ActivateAction"_s, {action, QVariantList()});
 }
 
-bool ControlService::askOther(const QString &method, QVariantList arguments)
+Result<> ControlService::askOther(const QString &method, QVariantList arguments)
 {
     QVariantMap platformData;
     for (const auto &[variable, key] :
@@ -96,12 +97,11 @@ bool ControlService::askOther(const QString &method, QVariantList arguments)
             platformData.insert(key, qEnvironmentVariable(variable));
         }
     }
-    QDBusMessage call = QDBusMessage::createMethodCall(Control::busName(), Control::objectPath(),
-                                                       Control::applicationInterface(), method);
-    call.setArguments(arguments << platformData);
-    call.setAutoStartService(false);
-    return m_bus.connection().call(call, QDBus::Block, kActivationLimitMilliseconds).type() ==
-           QDBusMessage::ReplyMessage;
+    const Result<QVariantList> answer = m_bus.bus()
+                                            .until(QDeadlineTimer(kActivationLimit))
+                                            .call(Control::busName(), Control::objectPath(),
+                                                  Control::applicationInterface(), method, arguments << platformData);
+    return answer ? kDone : answer.failure();
 }
 
 void ControlService::serve(Services &services)

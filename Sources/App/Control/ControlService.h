@@ -30,11 +30,11 @@ class ControlService : public QObject, protected QDBusContext
     [[nodiscard]] Claim claim();
 
     /// Asks the application that owns the name to show its window, with the activation token of this process's
-    /// environment, and waits for its answer. False when it gave none.
-    [[nodiscard]] bool activateOther();
+    /// environment, and waits for its answer. A Failure holds its words, or the bus's when it gave none.
+    [[nodiscard]] Result<> activateOther();
 
     /// Asks the application that owns the name for an action of the desktop entry, like activateOther().
-    [[nodiscard]] bool actOther(const QString &action);
+    [[nodiscard]] Result<> actOther(const QString &action);
 
     /// Does what that action of the desktop entry does. Only while it serves.
     void act(const QString &action, const QString &token);
@@ -91,7 +91,7 @@ class ControlService : public QObject, protected QDBusContext
     void announce(const QVariantMap &changed);
     [[nodiscard]] QVariantMap properties() const;
     [[nodiscard]] bool exportAndRequest();
-    [[nodiscard]] bool askOther(const QString &method, QVariantList arguments);
+    [[nodiscard]] Result<> askOther(const QString &method, QVariantList arguments);
 
     SessionBus &m_bus;
     Services *m_services = nullptr;

@@ -50,16 +50,18 @@ void InstanceLock::receive()
     }
 }
 
-bool InstanceLock::activateOther()
+Result<> InstanceLock::activateOther()
 {
     QLocalSocket socket;
     socket.connectToServer(pathOf("quorvane.socket"));
     if (!socket.waitForConnected(kLimitMilliseconds)) {
-        return false;
+        return Failure{socket.errorString()};
     }
     socket.write(qgetenv("XDG_ACTIVATION_TOKEN"));
     socket.disconnectFromServer();
-    return socket.state() == QLocalSocket::UnconnectedState || socket.waitForDisconnected(kLimitMilliseconds);
+    const bool isGiven =
+        socket.state() == QLocalSocket::UnconnectedState || socket.waitForDisconnected(kLimitMilliseconds);
+    return isGiven ? kDone : Failure{socket.errorString()};
 }
 
 } // namespace quorvane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/Failure.h"
+
 #include <QLocalServer>
 #include <QLockFile>
 #include <QObject>
@@ -19,8 +21,9 @@ class InstanceLock : public QObject
     /// Whether this process is the application from now on.
     [[nodiscard]] bool take();
 
-    /// Asks the application that holds the lock to show its window. False when it does not listen.
-    [[nodiscard]] static bool activateOther();
+    /// Asks the application that holds the lock to show its window. Fails, in the system's words, when it does not
+    /// listen.
+    [[nodiscard]] static Result<> activateOther();
 
   Q_SIGNALS:
     void activated(const QString &token);

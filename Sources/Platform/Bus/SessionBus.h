@@ -18,6 +18,8 @@ class SessionBus : public QObject
 
     [[nodiscard]] bool isConnected() const { return m_bus.isConnected(); }
     [[nodiscard]] QDBusConnection connection() const { return m_bus.connection(); }
+    /// For calls that are waited for.
+    [[nodiscard]] const MessageBus &bus() const { return m_bus; }
 
   Q_SIGNALS:
     void connected();

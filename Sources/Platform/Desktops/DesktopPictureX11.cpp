@@ -107,6 +107,14 @@ Failure silence()
     return {Tr::tr("The X server does not answer")};
 }
 
+/// What the server says of what was sent so far.
+Result<> takenBy(const X11Connection &x)
+{
+    const Result<> finished = x.finish();
+    return finished ? kDone
+                    : Failure{Tr::tr("The X server did not take the picture: %1").arg(finished.failure().words)};
+}
+
 Result<> setRootPicture(const QByteArray &display, const QImage &picture, const QList<Screen> &screens,
                         const std::stop_token &stop)
 {
@@ -133,17 +141,14 @@ Result<> setRootPicture(const QByteArray &display, const QImage &picture, const 
         }
     }
     const xcb_pixmap_t pixmap = paintedPixmap(x, placements, *format);
-    if (!x.finish()) {
-        return Failure{Tr::tr("The X server did not take the picture")};
+    if (Result<> taken = takenBy(x); !taken) {
+        return taken;
     }
     if (stop.stop_requested()) {
         return silence(); // Nobody waits any more, and a newer picture may be shown already.
     }
     publish(x, pixmap);
-    if (!x.finish()) {
-        return Failure{Tr::tr("The X server did not take the picture")};
-    }
-    return kDone;
+    return takenBy(x);
 }
 
 } // namespace

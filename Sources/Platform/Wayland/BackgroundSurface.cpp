@@ -1,5 +1,6 @@
 #include "Platform/Wayland/BackgroundSurface.h"
 
+#include "Platform/Files/SystemCall.h"
 #include "Platform/Pictures/FillCrop.h"
 
 #include <cstring>
@@ -21,27 +22,27 @@ constexpr uint32_t kAllEdges = ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP | ZWLR_LAYER_SUR
 /// Below panels too, instead of beside them.
 constexpr int32_t kWholeOutput = -1;
 
-/// A file in memory that holds the picture's rows, for the compositor; -1 where there is not enough. It can never be
-/// made shorter, so the compositor may rely on it.
-int memoryWith(const QImage &picture)
+/// Makes file a file in memory that holds the picture's rows, for the compositor. It can never be made shorter, so the
+/// compositor may rely on it.
+Result<> putIntoMemory(const QImage &picture, FileDescriptor *file)
 {
-    const int descriptor = ::memfd_create("wallpaper", MFD_CLOEXEC | MFD_ALLOW_SEALING);
-    if (descriptor < 0) {
-        return -1;
+    *file = FileDescriptor(::memfd_create("wallpaper", MFD_CLOEXEC | MFD_ALLOW_SEALING));
+    if (!file->isOpen()) {
+        return Failure{systemWords(errno)};
     }
     const auto size = static_cast<std::size_t>(picture.sizeInBytes());
     // Reserved at once: running out of memory while writing would be the end of the program.
-    if (::posix_fallocate(descriptor, 0, static_cast<off_t>(size)) == 0) {
-        void *memory = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, descriptor, 0);
-        if (memory != MAP_FAILED) {
-            std::memcpy(memory, picture.constBits(), size);
-            ::munmap(memory, size);
-            ::fcntl(descriptor, F_ADD_SEALS, F_SEAL_SHRINK);
-            return descriptor;
-        }
+    if (const int error = ::posix_fallocate(file->get(), 0, static_cast<off_t>(size)); error != 0) {
+        return Failure{systemWords(error)};
     }
-    ::close(descriptor);
-    return -1;
+    void *memory = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, file->get(), 0);
+    if (memory == MAP_FAILED) {
+        return Failure{systemWords(errno)};
+    }
+    std::memcpy(memory, picture.constBits(), size);
+    ::munmap(memory, size);
+    ::fcntl(file->get(), F_ADD_SEALS, F_SEAL_SHRINK);
+    return kDone;
 }
 
 } // namespace
@@ -89,13 +90,13 @@ BackgroundSurface::Shape BackgroundSurface::wanted() const
     return {m_viewport ? m_output.pixels() : m_size * m_output.scale, m_size};
 }
 
-bool BackgroundSurface::show(const QImage &picture)
+Result<> BackgroundSurface::show(const QImage &picture)
 {
     const Shape shape = wanted();
     const QImage filled = filledPicture(picture, shape.pixels).convertToFormat(QImage::Format_RGB32);
-    wl_buffer *buffer = filled.isNull() ? nullptr : bufferOf(filled);
-    if (buffer == nullptr) {
-        return false;
+    const Result<wl_buffer *> buffer = filled.isNull() ? Failure{systemWords(ENOMEM)} : bufferOf(filled);
+    if (!buffer) {
+        return buffer.failure();
     }
     wl_surface *surface = m_surface.get();
     if (m_viewport) {
@@ -107,24 +108,23 @@ bool BackgroundSurface::show(const QImage &picture)
     const WaylandOwned<wl_region> whole(wl_compositor_create_region(m_globals.compositor.get()));
     wl_region_add(whole.get(), 0, 0, shape.size.width(), shape.size.height());
     wl_surface_set_opaque_region(surface, whole.get());
-    wl_surface_attach(surface, buffer, 0, 0);
+    wl_surface_attach(surface, *buffer, 0, 0);
     wl_surface_damage_buffer(surface, 0, 0, shape.pixels.width(), shape.pixels.height());
     wl_surface_commit(surface);
     m_drawn = shape;
-    return true;
+    return kDone;
 }
 
-wl_buffer *BackgroundSurface::bufferOf(const QImage &picture)
+Result<wl_buffer *> BackgroundSurface::bufferOf(const QImage &picture)
 {
-    const int descriptor = memoryWith(picture);
-    if (descriptor < 0) {
-        return nullptr;
+    FileDescriptor file; // The library sends a duplicate.
+    if (const Result<> put = putIntoMemory(picture, &file); !put) {
+        return put.failure();
     }
     const WaylandOwned<wl_shm_pool> pool(
-        wl_shm_create_pool(m_globals.memory.get(), descriptor, static_cast<int32_t>(picture.sizeInBytes())));
+        wl_shm_create_pool(m_globals.memory.get(), file.get(), static_cast<int32_t>(picture.sizeInBytes())));
     wl_buffer *buffer = wl_shm_pool_create_buffer(pool.get(), 0, picture.width(), picture.height(),
                                                   static_cast<int32_t>(picture.bytesPerLine()), WL_SHM_FORMAT_XRGB8888);
-    ::close(descriptor); // The library sends a duplicate.
     // Once it is given back, destroying it changes nothing on the screen and frees the memory.
     static const wl_buffer_listener listener{.release = [](void *data, wl_buffer *released) {
         auto &buffers = static_cast<BackgroundSurface *>(data)->m_buffers;

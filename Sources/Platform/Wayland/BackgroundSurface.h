@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Failure.h"
 #include "Platform/Wayland/WaylandOutputs.h"
 
 #include <QImage>
@@ -45,8 +46,9 @@ class BackgroundSurface
     /// What is shown was made for the size and the scale that the output has now.
     [[nodiscard]] bool fits() const { return m_drawn == wanted(); }
 
-    /// Replaces what is shown, in one step, by the picture, which fills it. False without memory. It must be ready.
-    [[nodiscard]] bool show(const QImage &picture);
+    /// Replaces what is shown, in one step, by the picture, which fills it. Fails, and shows what it showed, where
+    /// there is no memory for the pixels, in the system's words. It must be ready.
+    [[nodiscard]] Result<> show(const QImage &picture);
 
   private:
     /// What a picture is made for.
@@ -57,7 +59,7 @@ class BackgroundSurface
         friend bool operator==(const Shape &, const Shape &) = default;
     };
     [[nodiscard]] Shape wanted() const;
-    [[nodiscard]] wl_buffer *bufferOf(const QImage &picture);
+    [[nodiscard]] Result<wl_buffer *> bufferOf(const QImage &picture);
 
     const BackgroundGlobals &m_globals;
     const WaylandOutput &m_output;

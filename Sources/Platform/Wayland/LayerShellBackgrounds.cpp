@@ -72,8 +72,8 @@ Result<> LayerShellBackgrounds::show(const QImage &picture, const QString &path,
     }
     if (areAllThere()) {
         for (BackgroundSurface *surface : surfaces) {
-            if (!surface->show(picture)) {
-                return Failure{Tr::tr("There is not enough memory for the picture")};
+            if (const Result<> shown = surface->show(picture); !shown) {
+                return Failure{Tr::tr("The compositor cannot be given the picture: %1").arg(shown.failure().words)};
             }
         }
         m_path = path;

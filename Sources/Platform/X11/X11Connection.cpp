@@ -1,5 +1,6 @@
 #include "Platform/X11/X11Connection.h"
 
+#include <cerrno>
 #include <cstring>
 
 #include <xcb/randr.h>
@@ -7,6 +8,18 @@
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
+
+namespace {
+
+/// The server's limits are the machine's; every other error is ours, and told by its numbers in the protocol.
+Failure failureOf(const xcb_generic_error_t &error)
+{
+    return {error.error_code == XCB_ALLOC
+                ? qt_error_string(ENOMEM)
+                : u"X error %1, request %2.%3"_s.arg(error.error_code).arg(error.major_code).arg(error.minor_code)};
+}
+
+} // namespace
 
 X11Connection::X11Connection(const QByteArray &display)
 {
@@ -115,16 +128,18 @@ QString X11Connection::atomName(xcb_atom_t atom) const
                  : QString();
 }
 
-bool X11Connection::finish() const
+Result<> X11Connection::finish() const
 {
     // Any request with an answer will do: it comes after the errors of everything before it.
     const XcbReply<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
-    bool isFine = reply != nullptr;
+    Result<> finished = reply ? kDone : Failure{qt_error_string(ECONNRESET)};
     while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection)}) {
-        isFine = isFine && event->response_type != 0; // 0 marks an error.
+        if (finished && event->response_type == 0) { // 0 marks an error.
+            finished = failureOf(*reinterpret_cast<const xcb_generic_error_t *>(event.get()));
+        }
     }
-    return isFine;
+    return finished;
 }
 
 } // namespace quorvane

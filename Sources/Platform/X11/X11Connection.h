@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Failure.h"
 #include "Platform/X11/X11Pixels.h"
 
 #include <QByteArray>
@@ -54,10 +55,12 @@ class X11Connection
     /// How the root window's pixels are laid out; nothing when its colours are not direct ones.
     [[nodiscard]] std::optional<X11PixelFormat> pixelFormat() const;
 
+    /// The atom of that name, which is made where there is none; XCB_ATOM_NONE when the server went away.
     [[nodiscard]] xcb_atom_t atom(const char *name) const;
 
-    /// Waits until the server has done everything sent so far; false when it reported an error or went away.
-    [[nodiscard]] bool finish() const;
+    /// Waits until the server has done everything sent so far. A Failure says which error it reported first, or that it
+    /// went away.
+    [[nodiscard]] Result<> finish() const;
 
   private:
     [[nodiscard]] std::optional<QList<Monitor>> randrMonitors() const;

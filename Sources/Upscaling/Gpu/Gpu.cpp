@@ -1,5 +1,6 @@
 #include "Upscaling/Gpu/Gpu.h"
 
+#include "Platform/Logging.h"
 #include "Upscaling/Gpu/GpuWorker.h"
 #include "Upscaling/Image/Resemblance.h"
 #include "Upscaling/Image/TileGrid.h"
@@ -139,8 +140,11 @@ QImage Gpu::enlarge(const QImage &tile, std::chrono::milliseconds limit)
     std::vector<float> planes(std::size_t(3) * std::size_t(tile.width()) * std::size_t(tile.height()));
     planesFromTile(tile, planes);
     m_result.resize(planes.size() * TileGrid::kScale * TileGrid::kScale);
-    const bool done = m_worker->run(planes, tile.size(), m_result, limit);
-    return done ? tileFromPlanes(m_result, tile.size() * TileGrid::kScale) : QImage();
+    if (const Result<> done = m_worker->run(planes, tile.size(), m_result, limit); !done) {
+        qCInfo(logUpscaling).noquote() << "the graphics worker failed:" << done.failure().words;
+        return {};
+    }
+    return tileFromPlanes(m_result, tile.size() * TileGrid::kScale);
 }
 
 void Gpu::giveUp()

@@ -18,6 +18,8 @@
 #include <unistd.h>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 // The process's standard input and output are one socket instead of two pipes: writing to a process that is gone then
 // is an error and no signal, and another thread can end a transfer by shutting the socket down.
 
@@ -66,24 +68,28 @@ void collect(pid_t process)
     close(handle);
 }
 
-/// Moves size bytes with call, which sends or receives as many as it can without waiting. False after a failure, at the
-/// other side's end, and after the deadline.
-template <typename Call> bool transfer(int socket, short event, std::size_t size, QDeadlineTimer deadline, Call call)
+/// Moves size bytes with call, which sends or receives as many as it can without waiting. Fails at the other side's end
+/// and after the deadline, too.
+template <typename Call>
+Result<> transfer(int socket, short event, std::size_t size, QDeadlineTimer deadline, Call call)
 {
     std::size_t done = 0;
     while (done < size) {
         pollfd ready{socket, event, 0};
         const int found = poll(&ready, 1, static_cast<int>(deadline.remainingTime()));
         if (found == 0) {
-            return false;
+            return Failure{u"it was not done in time"_s};
         }
         const ssize_t count = found < 0 ? -1 : call(done);
-        if (count == 0 || (count < 0 && errno != EINTR && errno != EAGAIN)) {
-            return false;
+        if (count == 0) {
+            return Failure{u"it ended"_s};
+        }
+        if (count < 0 && errno != EINTR && errno != EAGAIN) {
+            return Failure{qt_error_string(errno)};
         }
         done += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
     }
-    return true;
+    return kDone;
 }
 
 } // namespace
@@ -121,13 +127,13 @@ GpuWorker::~GpuWorker()
     }
 }
 
-bool GpuWorker::run(std::span<const float> tile, QSize size, std::span<float> result,
-                    std::chrono::milliseconds limit) const
+Result<> GpuWorker::run(std::span<const float> tile, QSize size, std::span<float> result,
+                        std::chrono::milliseconds limit) const
 {
     const Header header{size.width(), size.height()};
     Q_ASSERT(header.tileSize() > 0 && tile.size() == header.tileSize() && result.size() == header.resultSize());
     if (m_process < 0) {
-        return false;
+        return Failure{u"it was not started"_s};
     }
     const QDeadlineTimer deadline(limit);
     const auto sending = [this](std::span<const std::byte> all) {
@@ -140,11 +146,17 @@ bool GpuWorker::run(std::span<const float> tile, QSize size, std::span<float> re
         const auto bytes = std::as_writable_bytes(result).subspan(done);
         return ::recv(m_socket, bytes.data(), bytes.size(), MSG_DONTWAIT);
     };
+    Result<> done = transfer(m_socket, POLLOUT, described.size(), deadline, sending(described));
+    if (done) {
+        done = transfer(m_socket, POLLOUT, tile.size_bytes(), deadline, sending(std::as_bytes(tile)));
+    }
+    if (done) {
+        done = transfer(m_socket, POLLIN, result.size_bytes(), deadline, receive);
+    }
     char extra = 0;
-    const bool done = transfer(m_socket, POLLOUT, described.size(), deadline, sending(described)) &&
-                      transfer(m_socket, POLLOUT, tile.size_bytes(), deadline, sending(std::as_bytes(tile))) &&
-                      transfer(m_socket, POLLIN, result.size_bytes(), deadline, receive) &&
-                      ::recv(m_socket, &extra, 1, MSG_DONTWAIT) < 0 && errno == EAGAIN;
+    if (done && (::recv(m_socket, &extra, 1, MSG_DONTWAIT) >= 0 || errno != EAGAIN)) {
+        done = Failure{u"it gave more than a result"_s};
+    }
     if (!done) {
         end();
     }

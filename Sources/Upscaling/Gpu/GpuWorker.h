@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/Failure.h"
+
 #include <QSize>
 #include <QStringList>
 
@@ -28,7 +30,7 @@ class GpuWorker
 
         /// Three numbers a pixel; 0 for a size that no tile has.
         [[nodiscard]] std::size_t tileSize() const;
-        [[nodiscard]] std::size_t resultSize() const;
+        [[nodiscard]] std::size_t resultSize() const; ///< The same of what the tile becomes.
     };
 
     GpuWorker(const QString &program, const QStringList &arguments);
@@ -40,10 +42,10 @@ class GpuWorker
     GpuWorker &operator=(GpuWorker &&) = delete;
 
     /// Fills result, 16 times as long as tile, with what the process makes of tile, which is [3, height, width] of
-    /// size. False when it is gone, gives anything but a result, or is not done within limit; then it is never asked
-    /// again. One thread at a time.
-    [[nodiscard]] bool run(std::span<const float> tile, QSize size, std::span<float> result,
-                           std::chrono::milliseconds limit) const;
+    /// size. Fails when it is gone, gives anything but a result, or is not done within limit; then it is never asked
+    /// again. The failure's words are for the log. One thread at a time.
+    [[nodiscard]] Result<> run(std::span<const float> tile, QSize size, std::span<float> result,
+                               std::chrono::milliseconds limit) const;
 
     /// Makes a run in progress and all later ones fail. Any thread may call it.
     void end() const;
