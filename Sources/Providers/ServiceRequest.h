@@ -30,12 +30,14 @@ struct Service
 /// may not go to.
 [[nodiscard]] Result<> checkAddress(const Service &service);
 
+/// One request for a picture: a POST of JSON, which may cost the user money and is therefore sent once. Any thread may
+/// make one; nothing happens before requestImage().
 struct ServiceRequest
 {
     Service service;
-    QString path; ///< Appended to the base address as it stands.
-    HttpClient::Header keyHeader;
-    QJsonObject body;
+    QString path;                      ///< Appended to the base address as it stands; begins with a slash.
+    HttpClient::Header keyHeader;      ///< The service's header with the API key, which goes nowhere else.
+    QJsonObject body;                  ///< Sent compact, as application/json.
     std::chrono::seconds silenceLimit; ///< How long no byte may move.
     std::stop_token stop{};            ///< Ends the request when nobody wants its answer any more.
 };
@@ -49,12 +51,16 @@ struct PictureInAnswer
     bool mayBeDataAddress = false; ///< The text may begin with "data:…base64,".
 };
 
-/// The texts and the way to the picture that differ from service to service.
+/// How an answer is read: the texts and the way to the picture that differ from service to service. The texts are what
+/// the user reads when there is none; each becomes a ProviderError.
 struct AnswerFormat
 {
     std::optional<PictureInAnswer> (*pictureIn)(const QJsonObject &answer); ///< Nothing when the way breaks off.
+    /// The answer is no JSON, or no object at its top level.
     QString notAnObject = QCoreApplication::translate("ServiceRequest", "Failed to parse response");
+    /// pictureIn found no way, or no text at its end, and the service says nothing of an error.
     QString noImage = QCoreApplication::translate("ServiceRequest", "No image in response");
+    /// The text at the end of the way is not base64.
     QString undecodable = QCoreApplication::translate("ServiceRequest", "No image in response");
     QString apiError = u"%1"_s; ///< Around the service's own words, which are %1.
     QByteArray secret{};        ///< The API key, which is shown to nobody when the service quotes it. May be empty.

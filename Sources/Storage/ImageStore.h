@@ -27,9 +27,9 @@ class ImageStore
     /// The absolute path of the library folder, which is created when it is not there.
     [[nodiscard]] static QString directory();
 
-    [[nodiscard]] static QString promptsPath();
-    [[nodiscard]] static QString variantsPath();
-    [[nodiscard]] static QString favoritesPath();
+    [[nodiscard]] static QString promptsPath();   ///< The side file of prompts, there or not. Makes the folder.
+    [[nodiscard]] static QString variantsPath();  ///< The side file of enlarged copies, likewise.
+    [[nodiscard]] static QString favoritesPath(); ///< The side file of favourites, likewise.
 
     /// The paths of all images, newest first; equal dates keep the order of the folder's listing. An image is any
     /// visible entry that ends in .png, .jpg, .jpeg or .webp in any case. Names that are not UTF-8 are left out, for
@@ -54,8 +54,8 @@ class ImageStore
     /// followed.
     [[nodiscard]] static std::optional<QString> variant(const QString &image);
 
-    static Result<> saveFavorite(const QString &name);
-    static Result<> removeFavorite(const QString &name);
+    static Result<> saveFavorite(const QString &name);   ///< Adds the file's name, once, to the sorted favourites.
+    static Result<> removeFavorite(const QString &name); ///< Takes it out again; one that is none is no failure.
 
     /// Deletes image, its enlarged copy or its original, and every entry that names one of them. For good: nothing
     /// goes to a wastebasket. Of folders only an empty one is deleted. Everything is tried; the first thing that could

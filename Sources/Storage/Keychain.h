@@ -23,12 +23,12 @@ class Keychain
   public:
     Keychain() = delete;
 
-    [[nodiscard]] static TextMap readAll();
+    [[nodiscard]] static TextMap readAll(); ///< All keys, by provider id.
 
     /// The key of that provider. An empty text is a stored key too.
     [[nodiscard]] static std::optional<QString> load(const QString &providerId);
 
-    static Result<> save(const QString &key, const QString &providerId);
+    static Result<> save(const QString &key, const QString &providerId); ///< Replaces the key of that provider.
 
     /// Stores the key unless the provider has one already. True when the file holds a key of the provider afterwards.
     [[nodiscard]] static Result<> saveIfAbsent(const QString &key, const QString &providerId);

@@ -12,8 +12,10 @@ namespace quorvane {
 [[nodiscard]] QCoro::Task<EncodedImage> upscaleImage(HttpClient *http, QByteArray image, QString ext,
                                                      QString geminiApiKey, std::stop_token stop = {});
 
-/// The request, and how its answer is read: what upscaleImage() sends.
+/// The request that upscaleImage() sends.
 [[nodiscard]] ServiceRequest upscaleRequest(const QByteArray &image, const QString &ext, const QString &geminiApiKey);
+
+/// How it reads the answer.
 [[nodiscard]] AnswerFormat upscaleAnswer();
 
 } // namespace quorvane

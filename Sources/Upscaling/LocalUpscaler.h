@@ -40,15 +40,17 @@ struct UpscaleProgress
 
 // The steps, each blocking the thread it is called on.
 
+/// How an upscale runs on this machine. Read by the thread that upscales, for as long as it does.
 struct TileUpscaleOptions
 {
-    int threads = 1;
-    std::stop_token stop = {};
+    int threads = 1;                                      ///< Of the network; 1 or more.
+    std::stop_token stop = {};                            ///< Ends it with UpscaleStopped, also inside a tile.
     std::function<void(UpscaleProgress)> onProgress = {}; ///< Called on the thread that upscales.
     std::optional<GpuProgram> card = {};                  ///< To be tried beside the processor.
 };
 
-/// Finds and loads the network, then as tileUpscaleWithModel(). Nothing is kept between calls.
+/// Finds and loads the network, then as tileUpscaleWithModel(). Nothing is kept between calls. Throws ProviderError
+/// (its invalid-response form) where there is no network or the picture is too large, ModelError, and UpscaleStopped.
 [[nodiscard]] QByteArray tileUpscaleImage(const QImage &image, const TileUpscaleOptions &options);
 
 /// image as decodeImage() gives it to a PNG, tile by tile in reading order. The canvas is written while it grows, so
@@ -64,7 +66,7 @@ struct TileUpscaleOptions
 [[nodiscard]] QImage padImageToTile(const QImage &image, int width, int height);
 
 /// One tile through the network, of 512 × 512 or of any size for a network with a reach: four times as large,
-/// Format_RGBX8888.
+/// Format_RGBX8888. Throws ModelError and UpscaleStopped.
 [[nodiscard]] QImage upscaleTileWithModel(const QImage &tile, SuperResolutionModel &model, const std::stop_token &stop);
 
 } // namespace quorvane

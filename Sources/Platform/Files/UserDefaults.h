@@ -33,17 +33,17 @@ class UserDefaults
     UserDefaults(UserDefaults &&) = delete;
     UserDefaults &operator=(UserDefaults &&) = delete;
 
-    [[nodiscard]] static QString defaultPath();
+    [[nodiscard]] static QString defaultPath(); ///< The user's settings file, in the folder of configurations.
 
     /// The text under key; nothing when the key is absent.
     [[nodiscard]] std::optional<QString> text(const QString &key) const;
-    [[nodiscard]] bool boolean(const QString &key) const;
-    [[nodiscard]] qint64 integer(const QString &key) const;
-    [[nodiscard]] bool contains(const QString &key) const;
+    [[nodiscard]] bool boolean(const QString &key) const;   ///< False when the key is absent.
+    [[nodiscard]] qint64 integer(const QString &key) const; ///< 0 when the key is absent or holds no number.
+    [[nodiscard]] bool contains(const QString &key) const;  ///< Whether the key has a value of any kind.
 
     /// The change is in force at once. It reaches the file some time after the next turn of the event loop.
     void set(const QString &key, const QVariant &value);
-    void remove(const QString &key);
+    void remove(const QString &key); ///< Likewise; a key that is absent changes nothing.
 
     /// Whether the file could be read at the start, or there is none.
     [[nodiscard]] const Result<> &reading() const { return m_reading; }

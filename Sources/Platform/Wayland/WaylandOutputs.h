@@ -38,8 +38,10 @@ class WaylandOutputs
     /// The outputs that show something, in the order in which they came.
     [[nodiscard]] QList<Screen> screens() const;
 
+    /// The output with that name, until it goes; null where there is none.
     [[nodiscard]] WaylandOutput *find(const QString &name) const;
 
+    /// Whether there is a global of that interface, in any version.
     [[nodiscard]] bool offers(const QByteArray &interface) const { return m_globals.contains(interface); }
 
     /// Binds a global in the given version, which the compositor must have; null when it does not offer it.

@@ -19,8 +19,8 @@ class GpuWorker;
 /// What computes on a graphics card, and by which of the inference engine's ways, best first.
 struct GpuProgram
 {
-    QString worker;
-    QStringList providers;
+    QString worker;        ///< The path of the program.
+    QStringList providers; ///< The engine's names of them.
 };
 
 /// When a card is tried, and when it is used.
@@ -38,7 +38,9 @@ struct GpuRules
 
     /// Whether the tiles that are left would keep the processor long enough.
     [[nodiscard]] bool isWorthTrying(std::chrono::milliseconds processorTime, int tilesLeft) const;
+    /// Whether the card's time for a tile is short enough beside the processor's.
     [[nodiscard]] bool isFaster(std::chrono::milliseconds cardTime, std::chrono::milliseconds processorTime) const;
+    /// How long a card in use may take for a tile.
     [[nodiscard]] std::chrono::milliseconds tileLimit(std::chrono::milliseconds processorTime) const;
 };
 
