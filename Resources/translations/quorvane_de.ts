@@ -453,7 +453,7 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
     </message>
 </context>
 <context>
-    <name>DesktopPictureGSettings</name>
+    <name>DesktopPictureGnome</name>
     <message>
         <source>The settings of %1 do not answer</source>
         <translation>Die Einstellungen von %1 antworten nicht</translation>

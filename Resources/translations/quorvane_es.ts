@@ -453,7 +453,7 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
     </message>
 </context>
 <context>
-    <name>DesktopPictureGSettings</name>
+    <name>DesktopPictureGnome</name>
     <message>
         <source>The settings of %1 do not answer</source>
         <translation>Los ajustes de %1 no responden</translation>

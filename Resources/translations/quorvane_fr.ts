@@ -453,7 +453,7 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
     </message>
 </context>
 <context>
-    <name>DesktopPictureGSettings</name>
+    <name>DesktopPictureGnome</name>
     <message>
         <source>The settings of %1 do not answer</source>
         <translation>Les réglages de %1 ne répondent pas</translation>

@@ -452,7 +452,7 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     </message>
 </context>
 <context>
-    <name>DesktopPictureGSettings</name>
+    <name>DesktopPictureGnome</name>
     <message>
         <source>The settings of %1 do not answer</source>
         <translation>%1の設定が応答しません</translation>

@@ -1,8 +1,10 @@
 #include "App/Command/CommandRunner.h"
 
-#include "App/Command/Reports.h"
+#include "App/Command/JsonText.h"
+#include "App/Command/LibraryReport.h"
 #include "App/Command/Services.h"
 #include "App/Command/SettingsCommands.h"
+#include "App/Command/StatusReport.h"
 #include "Platform/DescribedError.h"
 #include "Platform/System/Autostart.h"
 #include "Platform/Threads/Worker.h"

@@ -1,7 +1,7 @@
 #include "App/Control/ControlService.h"
 
 #include "App/Command/CommandRunner.h"
-#include "App/Command/Reports.h"
+#include "App/Command/ProgressReport.h"
 #include "App/Command/Services.h"
 #include "App/Control/ControlCalls.h"
 #include "Platform/Bus/SessionBus.h"

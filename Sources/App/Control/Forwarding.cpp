@@ -1,7 +1,7 @@
 #include "App/Control/Forwarding.h"
 
 #include "App/Command/Console.h"
-#include "App/Command/Reports.h"
+#include "App/Command/ProgressReport.h"
 #include "App/Control/ControlCalls.h"
 #include "Platform/Bus/Sandbox.h"
 #include "Platform/Bus/SessionBus.h"

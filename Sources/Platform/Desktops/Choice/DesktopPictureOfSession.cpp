@@ -4,7 +4,7 @@
 #include "Platform/Bus/Sandbox.h"
 #include "Platform/Desktops/Choice/DesktopChoice.h"
 #include "Platform/Desktops/DesktopPictureCommand.h"
-#include "Platform/Desktops/DesktopPictureGSettings.h"
+#include "Platform/Desktops/DesktopPictureGnome.h"
 #include "Platform/Desktops/DesktopPictureHyprland.h"
 #include "Platform/Desktops/DesktopPictureLayerShell.h"
 #include "Platform/Desktops/DesktopPictureLxqt.h"
@@ -108,7 +108,7 @@ DesktopFacts factsOfThisSession()
 
 std::unique_ptr<DesktopPicture> settingsPicture(const DesktopChoice &choice, const QStringList &currentDesktops)
 {
-    return std::make_unique<DesktopPictureGSettings>(
+    return std::make_unique<DesktopPictureGnome>(
         nameOf(choice.way), *sessionDesktop(choice.way, currentDesktops), MessageBus::sessionAddress(),
         choice.way == DesktopBackend::Gnome ? gnomeScreens : x11Screens, choice.reason);
 }

@@ -9,13 +9,13 @@ namespace quorvane {
 
 /// The background of the GTK desktops that keep it in GSettings: GNOME and its family, Budgie, Cinnamon and MATE. They
 /// have one picture for all screens, so whichever screens are named, every one gets it, also those that come later.
-class DesktopPictureGSettings : public DesktopPicture
+class DesktopPictureGnome : public DesktopPicture
 {
   public:
     /// busAddress is the session bus, where the program that draws must be; screens tells what there is.
-    DesktopPictureGSettings(QString name, SessionDesktop desktop, QString busAddress,
-                            std::function<QList<Screen>()> screens, QString reason,
-                            std::chrono::milliseconds limit = kDesktopLimit);
+    DesktopPictureGnome(QString name, SessionDesktop desktop, QString busAddress,
+                        std::function<QList<Screen>()> screens, QString reason,
+                        std::chrono::milliseconds limit = kDesktopLimit);
 
     [[nodiscard]] QString name() const override { return m_name; }
     [[nodiscard]] QString reason() const override { return m_reason; }

@@ -1,7 +1,7 @@
 // The settings take any value and report success, whether anybody draws or not: so the picture is decoded first, and
 // the program that draws must be there before and after.
 
-#include "Platform/Desktops/DesktopPictureGSettings.h"
+#include "Platform/Desktops/DesktopPictureGnome.h"
 
 #include "Platform/Bus/MessageBus.h"
 #include "Platform/Desktops/Protocols/SettingsGroup.h"
@@ -22,7 +22,7 @@ namespace {
 
 struct Tr
 {
-    Q_DECLARE_TR_FUNCTIONS(DesktopPictureGSettings)
+    Q_DECLARE_TR_FUNCTIONS(DesktopPictureGnome)
 };
 
 QString valueFor(const BackgroundSettings &settings, const QString &path)
@@ -89,9 +89,9 @@ Result<> change(const BackgroundSettings &settings, const QString &value, const 
 
 } // namespace
 
-DesktopPictureGSettings::DesktopPictureGSettings(QString name, SessionDesktop desktop, QString busAddress,
-                                                 std::function<QList<Screen>()> screens, QString reason,
-                                                 std::chrono::milliseconds limit)
+DesktopPictureGnome::DesktopPictureGnome(QString name, SessionDesktop desktop, QString busAddress,
+                                         std::function<QList<Screen>()> screens, QString reason,
+                                         std::chrono::milliseconds limit)
     : m_name(std::move(name))
     , m_desktop(std::move(desktop))
     , m_busAddress(std::move(busAddress))
@@ -101,7 +101,7 @@ DesktopPictureGSettings::DesktopPictureGSettings(QString name, SessionDesktop de
 {
 }
 
-Result<> DesktopPictureGSettings::setPicture(const QString &path, const QList<Screen> & /*screens*/)
+Result<> DesktopPictureGnome::setPicture(const QString &path, const QList<Screen> & /*screens*/)
 {
     const Failure silence{Tr::tr("The settings of %1 do not answer").arg(m_desktop.title)};
     const QDeadlineTimer asking(m_limit);
