@@ -1,77 +1,13 @@
 // What each operation tells of itself while others run, and how it ends early.
 
-#include "Manager/SettingsKeys.h"
-#include "Platform/Files/FolderLock.h"
-#include "Platform/Threads/Worker.h"
-#include "Support/SmallDisk.h"
-#include "Support/WaitFor.h"
-#include "Unit/Manager/ManagerFixture.h"
-#include "Upscaling/Image/UpscaleErrors.h"
+#include "Unit/Manager/WallpaperManagerOutcomeFixture.h"
 
-#include <QPromise>
+#include "Platform/Files/FolderLock.h"
+#include "Support/SmallDisk.h"
 
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
-
-class WallpaperManagerOutcomeTest : public ManagerTest
-{
-  protected:
-    /// An upscale on this machine that goes on when the test says so.
-    struct Held
-    {
-        std::function<void(UpscaleProgress)> progress;
-        QPromise<void> end;
-
-        void finish()
-        {
-            if (!end.future().isFinished()) {
-                end.finish();
-            }
-        }
-    };
-
-    WallpaperManagerOutcomeTest()
-    {
-        EXPECT_TRUE(Keychain::save(u"K"_s, u"gemini"_s));
-        EXPECT_TRUE(Keychain::save(u"K"_s, u"grok"_s));
-        store(SettingsKeys::kUpscaleMethod, u"local"_s);
-        localUpscale = [this](QByteArray image, std::stop_token stop,
-                              std::function<void(UpscaleProgress)> progress) -> QCoro::Task<EncodedImage> {
-            auto one = std::make_shared<Held>();
-            one->progress = std::move(progress);
-            one->end.start();
-            held.push_back(one);
-            {
-                const std::stop_callback finish(stop, [one] { one->finish(); });
-                QFuture<void> end = one->end.future();
-                co_await EndOf(std::move(end));
-            }
-            if (stop.stop_requested()) {
-                throw UpscaleStopped();
-            }
-            co_return EncodedImage{"4K of " + image, u"png"_s};
-        };
-    }
-
-    /// The n-th upscale on this machine that was begun.
-    [[nodiscard]] Held &upscale(std::size_t n)
-    {
-        EXPECT_TRUE(waitFor([this, n] { return held.size() > n; }));
-        return *held.at(n);
-    }
-
-    [[nodiscard]] OperationResult resultOf(quint64 operation) const
-    {
-        const auto found = std::find_if(results.begin(), results.end(), [operation](const OperationResult &each) {
-            return each.operation == operation;
-        });
-        EXPECT_NE(found, results.end());
-        return found == results.end() ? OperationResult{} : *found;
-    }
-
-    std::vector<std::shared_ptr<Held>> held;
-};
 
 TEST_F(WallpaperManagerOutcomeTest, aSuccessIsNotAnsweredWithTheFailureOfAnother)
 {
@@ -130,39 +66,6 @@ TEST_F(WallpaperManagerOutcomeTest, theFirstOfTwoUpscalesToEndHidesNothingOfTheO
     EXPECT_EQ(result.original, second);
     EXPECT_FALSE(manager->isLoading());
     EXPECT_EQ(manager->upscalingURL(), QString());
-}
-
-TEST_F(WallpaperManagerOutcomeTest, deletingAPictureStopsItsUpscale)
-{
-    const QString path = putImage(u"a.png"_s);
-    start();
-    manager->upscaleExistingImage(path);
-    (void)upscale(0);
-    manager->deleteImage(path);
-    manager->waitUntilIdle();
-    EXPECT_TRUE(manager->history().isEmpty());
-    EXPECT_TRUE(desktop.shown().isEmpty());
-    EXPECT_EQ(manager->currentWallpaperURL(), QString());
-    EXPECT_EQ(manager->status(), u"Upscale failed: the picture was deleted"_s);
-    EXPECT_FALSE(manager->isLoading());
-    EXPECT_EQ(results.size(), 2);
-}
-
-TEST_F(WallpaperManagerOutcomeTest, deletingTheOriginalWhileAGenerationEnlargesItEndsTheGeneration)
-{
-    start().setFourKEnabled(true);
-    manager->setProviderOverride(u"grok"_s);
-    manager->generateAndSet();
-    (void)upscale(0);
-    const quint64 deletion = manager->nextOperation();
-    manager->deleteImage(home.library() + u"/wallpaper_2026-01-31_23-59-01.jpg"_s);
-    manager->waitUntilIdle();
-    const OperationResult generation = resultOf(deletion - 1);
-    EXPECT_TRUE(generation.isError);
-    EXPECT_EQ(generation.file, QString());
-    EXPECT_EQ(generation.original, QString());
-    EXPECT_TRUE(ImageStore::allImages().isEmpty());
-    EXPECT_TRUE(desktop.shown().isEmpty());
 }
 
 TEST_F(WallpaperManagerOutcomeTest, aPictureThatIsDeletedWhileItsCopyIsBeingStoredTakesTheCopyAlong)

@@ -1,18 +1,14 @@
+#include "Unit/Storage/SharedStorageFixture.h"
+
 #include "Storage/ImageStore.h"
-#include "Storage/Keychain.h"
 #include "Storage/SideFile.h"
 #include "Support/Files.h"
 #include "Support/InMemory.h"
 #include "Support/PrivateHome.h"
 
-#include <gtest/gtest.h>
-
 #include <atomic>
 #include <thread>
 #include <vector>
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -20,36 +16,11 @@ namespace quorvane {
 
 namespace {
 
-constexpr int kWriters = 3;
-constexpr int kWritesEach = 20;
-
-QString nameOf(int writer, int number)
-{
-    return u"%1-%2.png"_s.arg(writer).arg(number);
-}
-
 void savePrompts(int writer)
 {
     for (int number = 0; number < kWritesEach; ++number) {
         EXPECT_TRUE(ImageStore::savePrompt(u"prompt"_s, nameOf(writer, number)));
     }
-}
-
-/// Runs work in a process of its own; the process id.
-template <typename Work> pid_t inProcess(Work work)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        work();
-        ::_exit(0);
-    }
-    return child;
-}
-
-[[nodiscard]] bool endedWell(pid_t child)
-{
-    int status = -1;
-    return child > 0 && ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 } // namespace
@@ -142,49 +113,6 @@ TEST(ImageStoreShared, aReaderBesideAWriterSeesEveryFileWhole)
     writer.join();
     EXPECT_EQ(half, 0) << "of " << rounds;
     EXPECT_GT(rounds, 0);
-}
-
-TEST(KeychainShared, threadsAndProcessesWritingAtOnceLoseNoKey)
-{
-    const InMemory inMemory;
-    const PrivateHome home;
-    const auto saveKeys = [](int writer) {
-        for (int number = 0; number < kWritesEach; ++number) {
-            EXPECT_TRUE(Keychain::save(u"key"_s, nameOf(writer, number)));
-        }
-    };
-    const pid_t child = inProcess([&] { saveKeys(0); });
-    std::thread thread(saveKeys, 1);
-    saveKeys(2);
-    thread.join();
-    EXPECT_TRUE(endedWell(child));
-    EXPECT_EQ(Keychain::readAll().size(), std::size_t(3 * kWritesEach));
-}
-
-TEST(KeychainShared, ofSeveralThatSaveWhatIsAbsentTheFirstWins)
-{
-    const InMemory inMemory;
-    const PrivateHome home;
-    std::vector<pid_t> children;
-    for (int writer = 0; writer < kWriters; ++writer) {
-        children.push_back(inProcess([writer] {
-            for (int number = 0; number < kWritesEach; ++number) {
-                const QString id = QString::number(number);
-                if (!Keychain::saveIfAbsent(QString::number(writer), id)) {
-                    ::_exit(1);
-                }
-                const auto winner = Keychain::load(id);
-                (void)Keychain::saveIfAbsent(u"late"_s, id);
-                if (Keychain::load(id) != winner) {
-                    ::_exit(1);
-                }
-            }
-        }));
-    }
-    for (const pid_t child : children) {
-        EXPECT_TRUE(endedWell(child));
-    }
-    EXPECT_EQ(Keychain::readAll().size(), std::size_t(kWritesEach));
 }
 
 } // namespace quorvane

@@ -1,6 +1,6 @@
 #include "App/Application/Translations.h"
 
-#include "App/Command/Reports.h"
+#include "App/Command/LibraryReport.h"
 #include "Manager/IntervalLabel.h"
 #include "Manager/Library/Album.h"
 #include "Manager/Library/ImageRecords.h"

@@ -1,66 +1,13 @@
-#include "Platform/Desktops/DesktopPictureCommand.h"
+#include "Unit/Platform/Desktops/DesktopPictureCommandFixture.h"
 
-#include "Platform/Desktops/DesktopPictureUnimplemented.h"
-#include "Support/PrivateHome.h"
 #include "Support/Results.h"
 #include "Support/WaitFor.h"
 
 #include <QElapsedTimer>
-#include <QFile>
-
-#include <gtest/gtest.h>
-
-#include <csignal>
 
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
-
-namespace {
-
-class TwoScreens : public DesktopPictureUnimplemented
-{
-  public:
-    TwoScreens()
-        : DesktopPictureUnimplemented(QString())
-    {
-    }
-    [[nodiscard]] QList<Screen> screens() override { return {{u"DP-1"_s, QSize(10, 10)}, {u"DP-2"_s, QSize(20, 20)}}; }
-};
-
-class DesktopPictureCommandTest : public testing::Test
-{
-  protected:
-    /// A program of the user's: a real script for /bin/sh, in a folder with a space in its name.
-    QString script(const QByteArray &text)
-    {
-        const QString folder = m_home.path() + u"/my scripts"_s;
-        QDir().mkpath(folder);
-        QFile file(folder + u"/set it.sh"_s);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("#!/bin/sh\nhere='" + QFile::encodeName(m_home.path()) + "'\n" + text);
-        file.close();
-        EXPECT_TRUE(file.setPermissions(file.permissions() | QFile::ExeOwner));
-        return file.fileName();
-    }
-
-    Result<> set(const QString &program, const QString &path = u"/picture.png"_s,
-                 std::chrono::milliseconds limit = std::chrono::seconds(20))
-    {
-        DesktopPictureCommand desktop(program, QString(), std::make_unique<TwoScreens>(), limit);
-        return desktop.setPicture(path, desktop.screens());
-    }
-
-    QByteArray content(const char *name)
-    {
-        QFile file(m_home.path() + '/'_L1 + QString::fromUtf8(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
-    }
-
-    PrivateHome m_home;
-};
-
-} // namespace
 
 TEST_F(DesktopPictureCommandTest, isCalledOncePerScreenInOrderWithTheFileAndTheName)
 {
@@ -75,25 +22,9 @@ TEST_F(DesktopPictureCommandTest, awkwardFileNamesArriveAsTheyAre)
     EXPECT_EQ(content("argument"), path.toUtf8());
 }
 
-TEST_F(DesktopPictureCommandTest, aFailureIsDescribedByStandardErrorAndStopsThere)
-{
-    EXPECT_EQ(set(script("echo call >> \"$here/calls\"; echo; echo '  no such outpüt '; echo ignored >&1\n"
-                         "echo '  no such outpüt ' >&2; exit 3")),
-              Failure{QString::fromUtf8("no such outpüt")});
-    EXPECT_EQ(content("calls"), "call\n");
-}
-
 TEST_F(DesktopPictureCommandTest, standardErrorMayBeOpenedByName)
 {
     EXPECT_EQ(set(script("echo 'by name' > /dev/stderr; exit 1")), Failure{u"by name"_s});
-}
-
-TEST_F(DesktopPictureCommandTest, aSilentFailureIsDescribedByItsStatus)
-{
-    const QString silent = script("exit 3");
-    EXPECT_EQ(set(silent), Failure{u"The wallpaper command \"%1\" ended with status 3"_s.arg(silent)});
-    const QString killed = script("kill -9 $$");
-    EXPECT_EQ(set(killed), Failure{u"The wallpaper command \"%1\" was ended by a signal"_s.arg(killed)});
 }
 
 TEST_F(DesktopPictureCommandTest, theDescriptionIsBoundedAndAFloodIsKilled)
@@ -133,14 +64,6 @@ TEST_F(DesktopPictureCommandTest, aPainterLeftBehindLivesOn)
     QFile go(m_home.path() + u"/go"_s);
     ASSERT_TRUE(go.open(QIODevice::WriteOnly));
     EXPECT_TRUE(waitFor([&] { return QFile::exists(m_home.path() + u"/done"_s); }));
-}
-
-TEST_F(DesktopPictureCommandTest, aProgramThatIsNotThereIsNamed)
-{
-    const QString words = wordsOf(set(u"/nowhere/setter"_s));
-    EXPECT_TRUE(words.startsWith(u"The wallpaper command \"/nowhere/setter\" cannot be started: "_s))
-        << words.toStdString();
-    EXPECT_TRUE(words.contains(u"No such file"_s)) << words.toStdString();
 }
 
 TEST_F(DesktopPictureCommandTest, withoutAListOfScreensThereIsTheDefaultOne)

@@ -1,32 +1,16 @@
-#include "Upscaling/Image/ImageDecoding.h"
+#include "Unit/Upscaling/Image/ImageDecodingFixture.h"
+
 #include "Platform/Pictures/PictureFile.h"
-#include "Unit/Upscaling/UpscalingTestSupport.h"
+#include "Upscaling/Image/ImageDecoding.h"
 
 #include <QBuffer>
-#include <QColorSpace>
 #include <QFile>
 #include <QImageReader>
 #include <QImageWriter>
-#include <QPainter>
-#include <QtEndian>
-
-#include <gtest/gtest.h>
 
 namespace quorvane {
 
 namespace {
-
-/// Four quarters: red, green, blue and white in reading order.
-QImage quarters()
-{
-    QImage image(16, 16, QImage::Format_RGB32);
-    QPainter painter(&image);
-    painter.fillRect(0, 0, 8, 8, qRgb(255, 0, 0));
-    painter.fillRect(8, 0, 8, 8, qRgb(0, 255, 0));
-    painter.fillRect(0, 8, 8, 8, qRgb(0, 0, 255));
-    painter.fillRect(8, 8, 8, 8, qRgb(255, 255, 255));
-    return image;
-}
 
 const std::vector<QRgb> kQuarters{qRgb(255, 0, 0), qRgb(0, 255, 0), qRgb(0, 0, 255), qRgb(255, 255, 255)};
 
@@ -62,38 +46,11 @@ const std::vector<QRgb> kGreys = [] {
     return std::vector<QRgb>{grey.pixel(4, 4), grey.pixel(12, 4), grey.pixel(4, 12), grey.pixel(12, 12)};
 }();
 
-/// The picture as a JPEG with one more segment behind its start marker.
-QByteArray jpegWithSegment(const QImage &image, char marker, const QByteArray &content)
-{
-    QByteArray jpeg = encoded(image, "jpg");
-    QByteArray segment("\xFF");
-    segment.append(marker);
-    segment.append(static_cast<char>((content.size() + 2) >> 8));
-    segment.append(static_cast<char>(content.size() + 2));
-    return jpeg.insert(2, segment + content);
-}
-
 QByteArray exifWithOrientation(char orientation)
 {
     QByteArray exif("Exif\0\0II*\0\x08\0\0\0\x01\0\x12\x01\x03\0\x01\0\0\0?\0\0\0\0\0\0\0", 32);
     exif[24] = orientation;
     return exif;
-}
-
-/// A header and no tags: enough to be recognised, nothing that could be converted with.
-QByteArray bareProfile(const char *numbers)
-{
-    QByteArray profile(136, '\0');
-    qToBigEndian<quint32>(136, profile.data());
-    profile.replace(12, 12, QByteArray("mntr") + numbers + "XYZ ");
-    profile.replace(36, 4, "acsp");
-    profile.replace(68, 12, QByteArray("\x00\x00\xF6\xD6\x00\x01\x00\x00\x00\x00\xD3\x2D", 12));
-    return profile;
-}
-
-QByteArray jpegWithProfile(const QByteArray &profile)
-{
-    return jpegWithSegment(quarters(), '\xE2', QByteArray("ICC_PROFILE\0\x01\x01", 14) + profile);
 }
 
 } // namespace
@@ -161,38 +118,6 @@ TEST(ImageDecoding, readsWebpAndTheFirstFrameOfAnAnimation)
     const QByteArray animation = picture("animated.webp");
     ASSERT_TRUE(animation.contains("ANMF"));
     EXPECT_TRUE(hasQuarters(animation, kQuarters, 0));
-}
-
-TEST(ImageDecoding, keepsTheColorProfile)
-{
-    QImage image = quarters();
-    image.setColorSpace(QColorSpace::DisplayP3);
-    for (const char *format : {"png", "jpg", "webp"}) {
-        const QByteArray bytes = encoded(image, format);
-        EXPECT_EQ(iccProfileOf(decodeImage(bytes)), QImage::fromData(bytes).colorSpace().iccProfile()) << format;
-        EXPECT_EQ(QColorSpace::fromIccProfile(iccProfileOf(decodeImage(bytes))), QColorSpace(QColorSpace::DisplayP3));
-    }
-}
-
-TEST(ImageDecoding, keepsAProfileThatQtCannotUse)
-{
-    const QByteArray profile = bareProfile("RGB ");
-    EXPECT_EQ(iccProfileOf(decodeImage(jpegWithProfile(profile))), profile);
-}
-
-TEST(ImageDecoding, aProfileThatDoesNotDescribeRgbIsNotKept)
-{
-    EXPECT_EQ(iccProfileOf(decodeImage(jpegWithProfile(bareProfile("CMYK")))), QByteArray());
-    EXPECT_EQ(iccProfileOf(decodeImage(jpegWithProfile(bareProfile("GRAY")))), QByteArray());
-    EXPECT_EQ(iccProfileOf(decodeImage(jpegWithProfile("not a profile"))), QByteArray());
-}
-
-TEST(ImageDecoding, noProfileMeansSrgb)
-{
-    EXPECT_EQ(iccProfileOf(decodeImage(encoded(quarters()))), QByteArray());
-    QImage image = quarters();
-    image.setColorSpace(QColorSpace::SRgb);
-    EXPECT_EQ(iccProfileOf(decodeImage(encoded(image))), QByteArray());
 }
 
 TEST(ImageDecoding, whatIsNoPictureGivesNone)
