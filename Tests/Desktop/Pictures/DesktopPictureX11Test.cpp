@@ -1,92 +1,15 @@
-#include "Platform/Desktops/DesktopPictureX11.h"
+#include "Desktop/Pictures/DesktopPictureX11Fixture.h"
 
-#include "Support/Desktop/PositionPicture.h"
-#include "Support/Desktop/PrivateXServer.h"
-#include "Support/PrivateHome.h"
-#include "Support/Results.h"
 #include "Support/WaitFor.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFile>
 
-#include <gtest/gtest.h>
-
-#include <csignal>
 #include <cstdlib>
-#include <thread>
-
-#include <xcb/xcb.h>
 
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
-
-namespace {
-
-constexpr QSize kRoot(1200, 700);
-constexpr QRect kLeft(0, 0, 800, 450);
-constexpr QRect kRight(800, 100, 400, 600);
-constexpr QSize kSource(1200, 1000);
-
-class DesktopPictureX11Test : public testing::Test
-{
-  protected:
-    void SetUp() override
-    {
-        const QString missing = PrivateXServer::missingProgram();
-        if (!missing.isEmpty()) {
-            GTEST_SKIP() << missing.toStdString() << " is not installed";
-        }
-    }
-
-    void start(int depth = 24, const QStringList &options = {})
-    {
-        m_server = std::make_unique<PrivateXServer>(kRoot, depth, options);
-        ASSERT_TRUE(m_server->isReady());
-        m_desktop = std::make_unique<DesktopPictureX11>(m_server->display(), QString());
-    }
-
-    void startWithTwoMonitors(int depth = 24)
-    {
-        start(depth);
-        ASSERT_TRUE(m_server->addMonitor(u"LEFT"_s, kLeft));
-        ASSERT_TRUE(m_server->addMonitor(u"RIGHT"_s, kRight));
-    }
-
-    QString save(const QString &name, int mark, QSize size = kSource)
-    {
-        const QString path = m_home.path() + '/'_L1 + name;
-        QDir().mkpath(QFileInfo(path).path());
-        EXPECT_TRUE(positionPicture(size, mark).save(path, "png"));
-        return path;
-    }
-
-    /// Why the image is not the picture with the mark on both monitors; empty when it is.
-    static QString differenceOn(const QImage &root, int mark)
-    {
-        if (root.size() != kRoot) {
-            return u"no picture of the root window's size"_s;
-        }
-        return differenceFromFill(root.copy(kLeft), kSource, mark) +
-               differenceFromFill(root.copy(kRight), kSource, mark);
-    }
-
-    /// The same for everything that has to show it: the root window and both announced pixmaps.
-    QString differenceEverywhere(int mark)
-    {
-        return differenceOn(m_server->rootWindow(), mark) + differenceOn(announced("_XROOTPMAP_ID"), mark) +
-               differenceOn(announced("ESETROOT_PMAP_ID"), mark);
-    }
-
-    QImage announced(const char *property) { return m_server->pixelsOf(m_server->announcedPixmap(property)); }
-
-    PrivateHome m_home;
-    std::unique_ptr<PrivateXServer> m_server;
-    std::unique_ptr<DesktopPictureX11> m_desktop;
-};
-
-} // namespace
 
 TEST_F(DesktopPictureX11Test, fillsEachMonitorAroundTheCentreAndReplacesItsOwnPicture)
 {
@@ -199,56 +122,6 @@ TEST_F(DesktopPictureX11Test, withoutRandRTheRootWindowIsTheScreen)
     ASSERT_EQ(screens, (QList<Screen>{{u"screen"_s, kRoot}}));
     ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), kDone);
     EXPECT_EQ(differenceFromFill(m_server->rootWindow(), kSource, 40), QString());
-}
-
-TEST_F(DesktopPictureX11Test, aMonitorThatIsGoneIsAnErrorAndNothingChanges)
-{
-    startWithTwoMonitors();
-    const QList<Screen> screens = m_desktop->screens();
-    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), kDone);
-    QList<Screen> more = screens;
-    more.append({u"GONE"_s, QSize(10, 10)});
-    EXPECT_EQ(m_desktop->setPicture(save(u"two.png"_s, 90), more), Failure{u"The X server has no screen \"GONE\""_s});
-    EXPECT_NE(m_desktop->setPicture(m_home.path(), screens), kDone) << "a folder is no picture";
-    EXPECT_EQ(differenceEverywhere(40), QString());
-}
-
-TEST_F(DesktopPictureX11Test, noServerMeansNoScreensAndAnError)
-{
-    DesktopPictureX11 nowhere(":7654", QString());
-    EXPECT_EQ(nowhere.screens(), QList<Screen>());
-    EXPECT_EQ(nowhere.setPicture(save(u"one.png"_s, 40), {{u"screen"_s, kRoot}}),
-              Failure{u"The X server cannot be reached"_s});
-}
-
-TEST_F(DesktopPictureX11Test, aKilledServerIsAnErrorAtOnce)
-{
-    startWithTwoMonitors();
-    const QList<Screen> screens = m_desktop->screens();
-    const QString path = save(u"one.png"_s, 40);
-    m_server->program().signal(SIGSTOP);
-    Result<> shown;
-    QElapsedTimer clock;
-    clock.start();
-    std::jthread setting([&] { shown = m_desktop->setPicture(path, screens); });
-    m_server->program().signal(SIGKILL);
-    setting.join();
-    EXPECT_LT(clock.elapsed(), 5000);
-    EXPECT_FALSE(shown);
-    EXPECT_EQ(m_desktop->screens(), QList<Screen>());
-}
-
-TEST_F(DesktopPictureX11Test, aServerThatHangsIsGivenUpAndIsLeftAloneWhenItWakes)
-{
-    startWithTwoMonitors();
-    const QList<Screen> screens = m_desktop->screens();
-    ASSERT_EQ(m_desktop->setPicture(save(u"one.png"_s, 40), screens), kDone);
-    DesktopPictureX11 impatient(m_server->display(), QString(), std::chrono::milliseconds(200));
-    m_server->program().signal(SIGSTOP);
-    EXPECT_EQ(impatient.setPicture(save(u"two.png"_s, 90), screens), Failure{u"The X server does not answer"_s});
-    m_server->program().signal(SIGCONT);
-    ASSERT_EQ(m_desktop->setPicture(save(u"three.png"_s, 140), screens), kDone);
-    EXPECT_EQ(differenceEverywhere(140), QString());
 }
 
 } // namespace quorvane

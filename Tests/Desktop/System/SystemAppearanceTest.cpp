@@ -1,17 +1,13 @@
 // How the system wants programs to look, as a desktop portal of the test's own tells it.
 
-#include "Support/Desktop/LoginSession.h"
+#include "Desktop/System/SystemAppearanceFixture.h"
 
 #include "Platform/System/FileManager.h"
-#include "Platform/System/SystemAppearance.h"
 #include "Support/Files.h"
 #include "Support/WaitFor.h"
 
-#include <QDBusMetaType>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
@@ -20,7 +16,6 @@ namespace quorvane {
 namespace {
 
 using ColorScheme = Appearance::ColorScheme;
-
 const QString kCommon = u"org.freedesktop.appearance"_s;
 const QString kScheme = u"color-scheme"_s;
 
@@ -64,24 +59,6 @@ class Portal : public QDBusVirtualObject
     PortalSettings m_settings;
 };
 
-/// A file manager that keeps what it is asked to show.
-class Files : public QDBusVirtualObject
-{
-  public:
-    explicit Files(QDBusConnection bus)
-    {
-        bus.registerVirtualObject(u"/org/freedesktop/FileManager1"_s, this);
-        EXPECT_TRUE(bus.registerService(u"org.freedesktop.FileManager1"_s));
-    }
-    [[nodiscard]] QString introspect(const QString & /*path*/) const override { return {}; }
-    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
-    {
-        asked = message;
-        return connection.send(message.createReply());
-    }
-    QDBusMessage asked;
-};
-
 } // namespace
 
 TEST(AppearanceOf, readsWhatEachDesktopSays)
@@ -120,24 +97,6 @@ TEST(SettingsInFiles, areThoseOfPlasmaAndOfGtk)
     EXPECT_TRUE(appearanceOf(settingsInFiles()).reducesMotion);
 }
 
-class SystemAppearanceTest : public testing::Test
-{
-  protected:
-    void SetUp() override
-    {
-        const QString missing = whyNoBus();
-        if (!missing.isEmpty()) {
-            GTEST_SKIP() << missing.toStdString();
-        }
-        qDBusRegisterMetaType<PortalSettings>();
-        ASSERT_TRUE(session.startBus());
-        qputenv("DBUS_SESSION_BUS_ADDRESS", session.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s).toLocal8Bit());
-    }
-    ~SystemAppearanceTest() override { qunsetenv("DBUS_SESSION_BUS_ADDRESS"); }
-
-    LoginSession session;
-};
-
 TEST_F(SystemAppearanceTest, itFollowsThePortalWhileItLives)
 {
     Portal portal(session.connection(), with("org.freedesktop.appearance", "color-scheme", 1U));
@@ -161,47 +120,6 @@ TEST_F(SystemAppearanceTest, settingsOfOtherProgramsAreNoNews)
     portal.set(kCommon, kScheme, 1U);
     EXPECT_TRUE(waitFor([&] { return system.appearance().colorScheme == ColorScheme::Dark; }));
     EXPECT_EQ(changes, 1);
-}
-
-TEST_F(SystemAppearanceTest, aFileManagerIsAskedToShowTheFile)
-{
-    const Files files(session.connection());
-    FileManager manager;
-    manager.show(u"/tmp/a lake #1.png"_s);
-    ASSERT_TRUE(waitFor([&] { return files.asked.member() == "ShowItems"_L1; }));
-    EXPECT_EQ(files.asked.arguments().at(0).toStringList(), QStringList{u"file:///tmp/a%20lake%20%231.png"_s});
-    EXPECT_EQ(files.asked.signature(), u"ass"_s);
-}
-
-/// What is opened instead of a picture in the file manager: the address that the opener gets.
-QByteArray openedInstead(const QString &folder)
-{
-    EXPECT_TRUE(QDir().mkpath(folder + u"/bin"_s));
-    const QString opener = folder + u"/bin/xdg-open"_s;
-    EXPECT_TRUE(
-        putFile(opener, "#!/bin/sh\nprintf %s \"$1\" > \"$HOME/part\" && mv \"$HOME/part\" \"$HOME/opened\"\n"));
-    EXPECT_TRUE(QFile::setPermissions(opener, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-    const QByteArray before = qgetenv("PATH");
-    qputenv("PATH", (folder + u"/bin:"_s).toLocal8Bit() + before);
-    FileManager manager;
-    manager.show(folder + u"/Pictures/one.png"_s);
-    const QString opened = folder + u"/opened"_s;
-    EXPECT_TRUE(waitFor([&] { return QFile::exists(opened); }));
-    qputenv("PATH", before);
-    return contentOf(opened);
-}
-
-TEST_F(SystemAppearanceTest, withoutAFileManagerOnTheBusTheFolderIsOpened)
-{
-    const QString folder = session.home().path();
-    EXPECT_EQ(openedInstead(folder), (folder + u"/Pictures"_s).toLocal8Bit());
-}
-
-TEST_F(SystemAppearanceTest, withoutABusTheFolderIsOpened)
-{
-    const QString folder = session.home().path();
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
-    EXPECT_EQ(openedInstead(folder), (folder + u"/Pictures"_s).toLocal8Bit());
 }
 
 } // namespace quorvane

@@ -24,7 +24,7 @@ namespace {
 const QString kSchema = u"org.gnome.desktop.background"_s;
 const QString kShell = u"org.gnome.Shell"_s;
 
-class DesktopPictureGSettingsTest : public testing::Test
+class DesktopPictureGnomeTest : public testing::Test
 {
   protected:
     void SetUp() override
@@ -81,7 +81,7 @@ class DesktopPictureGSettingsTest : public testing::Test
 
 } // namespace
 
-TEST_F(DesktopPictureGSettingsTest, bothStylesGetOneNewCopyAndTheOldOneGoes)
+TEST_F(DesktopPictureGnomeTest, bothStylesGetOneNewCopyAndTheOldOneGoes)
 {
     const QString picture = save(u"picture.png"_s, 40);
     EXPECT_EQ(failureToSet(picture), "");
@@ -101,7 +101,7 @@ TEST_F(DesktopPictureGSettingsTest, bothStylesGetOneNewCopyAndTheOldOneGoes)
     EXPECT_FALSE(QFile::exists(first));
 }
 
-TEST_F(DesktopPictureGSettingsTest, aPictureThatCannotBeReadIsAnErrorAndChangesNothing)
+TEST_F(DesktopPictureGnomeTest, aPictureThatCannotBeReadIsAnErrorAndChangesNothing)
 {
     EXPECT_EQ(failureToSet(save(u"picture.png"_s, 40)), "");
     const QString before = kept("picture-uri");
@@ -113,20 +113,20 @@ TEST_F(DesktopPictureGSettingsTest, aPictureThatCannotBeReadIsAnErrorAndChangesN
     EXPECT_EQ(kept("picture-uri"), before);
 }
 
-TEST_F(DesktopPictureGSettingsTest, settingsThatNobodyElseSeesAreAnError)
+TEST_F(DesktopPictureGnomeTest, settingsThatNobodyElseSeesAreAnError)
 {
     m_session->setVariable(u"GSETTINGS_BACKEND"_s, u"memory"_s);
     EXPECT_EQ(failureToSet(save(u"picture.png"_s, 40)),
               "The settings \"org.gnome.desktop.background\" cannot be kept: GLib has no dconf here");
 }
 
-TEST_F(DesktopPictureGSettingsTest, aRefusalToKeepTheSettingsIsToldInItsOwnWords)
+TEST_F(DesktopPictureGnomeTest, aRefusalToKeepTheSettingsIsToldInItsOwnWords)
 {
     ASSERT_TRUE(PrivateSession::give(m_session->configFolder() + u"/dconf"_s, "a file, no folder"));
     EXPECT_THAT(failureToSet(save(u"picture.png"_s, 40)), testing::HasSubstr("Not a directory"));
 }
 
-TEST_F(DesktopPictureGSettingsTest, settingsThatDoNotAnswerAreGivenUp)
+TEST_F(DesktopPictureGnomeTest, settingsThatDoNotAnswerAreGivenUp)
 {
     ASSERT_TRUE(PrivateSession::give(m_session->servicesFolder() + u"/ca.desrt.dconf.service"_s,
                                      "[D-BUS Service]\nName=ca.desrt.dconf\nExec=/bin/sleep 1000\n"));
@@ -136,7 +136,7 @@ TEST_F(DesktopPictureGSettingsTest, settingsThatDoNotAnswerAreGivenUp)
     EXPECT_EQ(failureToSet(save(u"picture.png"_s, 40)), "The settings of GNOME do not answer");
 }
 
-TEST_F(DesktopPictureGSettingsTest, aShellThatIsGoneIsAnError)
+TEST_F(DesktopPictureGnomeTest, aShellThatIsGoneIsAnError)
 {
     EXPECT_EQ(failureToSet(save(u"picture.png"_s, 40)), "");
     ASSERT_TRUE(QDBusConnection(kShell).unregisterService(kShell));

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "Support/Desktop/PrivateSession.h"
-#include "Support/Desktop/PrivateXorg.h"
 
 #include <QImage>
+#include <QList>
+#include <QRect>
 
-#include <functional>
-#include <ostream>
+#include <memory>
+#include <vector>
 
 namespace quorvane {
 
@@ -40,6 +41,7 @@ class RealDesktop
 
     [[nodiscard]] const Plan &plan() const { return m_plan; }
     [[nodiscard]] PrivateSession &session() { return m_session; }
+    [[nodiscard]] const PrivateSession &session() const { return m_session; }
 
     /// Whether what the desktop needs is there; look at this before start().
     [[nodiscard]] virtual bool isReady() const { return m_session.isReady(); }
@@ -52,6 +54,9 @@ class RealDesktop
 
     /// Kills it and waits until nobody on the bus has its name.
     [[nodiscard]] bool kill();
+
+    /// Starts what paints again after it was killed.
+    [[nodiscard]] bool startPainterAgain();
 
     /// Everything that the screens show, and where they are in it.
     [[nodiscard]] virtual QImage screenshot() = 0;
@@ -72,22 +77,5 @@ class RealDesktop
     PrivateSession m_session;
     std::vector<std::unique_ptr<OwnedProgram>> m_programs;
 };
-
-/// A desktop that can be tested here.
-struct TestedDesktop
-{
-    QString name;
-    bool isBig = true;
-    QStringList programs; ///< All must be installed.
-    std::function<std::unique_ptr<RealDesktop>()> make;
-
-    /// What is not installed; empty when it can run.
-    [[nodiscard]] QString missing() const;
-
-    /// How GoogleTest shows it.
-    friend void PrintTo(const TestedDesktop &desktop, std::ostream *stream) { *stream << desktop.name.toStdString(); }
-};
-
-[[nodiscard]] const QList<TestedDesktop> &testedDesktops();
 
 } // namespace quorvane

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "ShellFixture.h"
+
+namespace quorvane {
+
+using ShellInstanceTest = ShellTest;
+
+} // namespace quorvane
