@@ -24,6 +24,14 @@ TEST_F(ImageStoreTest, theVariantOfAnOriginalIsItsCopyAndTheOtherWayRound)
     EXPECT_EQ(ImageStore::variant(at("c.png")), std::nullopt);
 }
 
+TEST_F(ImageStoreTest, aLinkForwardsGoesBeforeOneBackwards)
+{
+    ASSERT_TRUE(put("a.png") && put("b.png") && put("c.png"));
+    EXPECT_TRUE(ImageStore::saveVariantLink(at("a.png"), at("b.png")));
+    EXPECT_TRUE(ImageStore::saveVariantLink(at("b.png"), at("c.png")));
+    EXPECT_EQ(ImageStore::variant(at("b.png")), at("c.png"));
+}
+
 TEST_F(ImageStoreTest, aStaleLinkIsNoAnswerButALinkBackwardsIs)
 {
     ASSERT_TRUE(put("a.png"));
