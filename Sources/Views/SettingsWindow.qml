@@ -29,6 +29,8 @@ Window {
         // Not a Shortcut, which would be there before an open list of choices is.
         Keys.onEscapePressed: window.close()
 
+        KeyboardKeeper {}
+
         Rectangle {
             id: bar
             width: parent.width
@@ -41,6 +43,7 @@ Window {
 
                 SettingsTabButton {
                     objectName: "apiKeysTab"
+                    focus: true
                     symbol: "key.fill"
                     text: qsTr("API Keys")
                     checked: window.tab === 0

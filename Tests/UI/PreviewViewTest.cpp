@@ -106,6 +106,19 @@ TEST_F(PreviewView, anEnlargedPictureTakesThePlaceOfItsOriginal)
     EXPECT_TRUE(waitFor([&] { return !isSeen(u"originalButton"_s); }));
 }
 
+TEST_F(PreviewView, aButtonThatGoesGivesTheKeyboardToThePicture)
+{
+    store(SettingsKeys::kUpscaleMethod, u"local"_s);
+    openFirst();
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"upscaleButton"_s); }));
+    find(u"upscaleButton"_s)->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(window, Qt::Key_Space);
+    ASSERT_TRUE(waitFor([&] { return !isSeen(u"upscaleButton"_s); }));
+    EXPECT_TRUE(waitFor([&] { return window->activeFocusItem()->isVisible(); }));
+    EXPECT_TRUE(find(u"preview"_s)->hasActiveFocus() || find(u"preview"_s)->property("activeFocus").toBool());
+    manager->waitUntilIdle();
+}
+
 TEST_F(PreviewView, theCloseButtonCloses)
 {
     openFirst();

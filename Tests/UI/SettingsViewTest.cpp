@@ -1,3 +1,4 @@
+#include "Manager/SettingsKeys.h"
 #include "Support/SmallDisk.h"
 #include "UI/ViewFixture.h"
 
@@ -212,8 +213,10 @@ TEST_F(SettingsView, theKeyboardReachesAndPressesEverything)
 {
     EXPECT_TRUE(Keychain::save(u"KEY"_s, u"gemini"_s));
     openSettings();
-    EXPECT_EQ(tabStops(), (QStringList{u"apiKeysTab"_s, u"advancedTab"_s, u"geminiField"_s, u"geminiSave"_s,
-                                       u"geminiTrash"_s, u"grokField"_s, u"openaiField"_s}));
+    // The keyboard is there from the beginning.
+    EXPECT_TRUE(find(u"apiKeysTab"_s)->hasActiveFocus());
+    EXPECT_EQ(tabStops(), (QStringList{u"advancedTab"_s, u"geminiField"_s, u"geminiSave"_s, u"geminiTrash"_s,
+                                       u"grokField"_s, u"openaiField"_s, u"apiKeysTab"_s}));
     find(u"advancedTab"_s)->forceActiveFocus(Qt::TabFocusReason);
     QTest::keyClick(window, Qt::Key_Return);
     EXPECT_TRUE(waitFor([&] { return isSeen(u"geminiModelRow"_s); }));
@@ -223,6 +226,26 @@ TEST_F(SettingsView, theKeyboardReachesAndPressesEverything)
     find(u"geminiTrash"_s)->forceActiveFocus(Qt::TabFocusReason);
     QTest::keyClick(window, Qt::Key_Return);
     EXPECT_EQ(Keychain::load(u"gemini"_s), std::nullopt);
+}
+
+TEST_F(SettingsView, aPickerThatGoesGivesTheKeyboardAway)
+{
+    store(SettingsKeys::kProviderOverride, u"grok"_s);
+    store(SettingsKeys::kUpscaleMethod, u"gemini"_s);
+    openSettings();
+    click(u"advancedTab"_s);
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"upscaleMethodRow"_s); }));
+    auto *picker = find(u"upscaleMethodRow"_s)->property("picker").value<QQuickItem *>();
+    picker->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(window, Qt::Key_Space);
+    ASSERT_TRUE(picker->property("down").toBool());
+    manager->setProviderOverride(u"gemini"_s);
+    ASSERT_TRUE(waitFor([&] { return !isSeen(u"upscaleMethodRow"_s); }));
+    EXPECT_TRUE(waitFor([&] { return window->activeFocusItem()->isVisible(); }));
+    EXPECT_FALSE(picker->hasActiveFocus());
+    EXPECT_FALSE(picker->property("down").toBool());
+    QTest::keyClick(window, Qt::Key_Down);
+    EXPECT_EQ(manager->upscaleMethod(), UpscaleMethod::Gemini);
 }
 
 TEST_F(SettingsView, aStoredModelThatIsNoLongerOfferedShowsAsTheFirst)

@@ -74,6 +74,41 @@ TEST_F(TipView, whateverItsLengthItLeavesWhatItExplainsFree)
     }
 }
 
+TEST_F(TipView, anyKeyAndAnyClickEndIt)
+{
+    const QString prompt = longText(800);
+    for (const char *name : {"one.png", "two.png", "three.png"}) {
+        (void)putPainting(QLatin1String(name), prompt);
+    }
+    start();
+    ASSERT_NE(open(), nullptr);
+    window->resize(960, 640);
+    const QString album = u"album "_s + prompt;
+    hoverOver(album);
+    hover(panel().center().toPoint());
+    QTest::mouseClick(window, Qt::LeftButton, {}, panel().center().toPoint());
+    EXPECT_TRUE(waitFor([&] { return !isShown(); })) << "by a click in it";
+
+    hover(QPoint(5, 5));
+    hoverOver(album);
+    hover(panel().center().toPoint());
+    find(u"albumGrid"_s)->forceActiveFocus();
+    QTest::keyClick(window, Qt::Key_Shift);
+    EXPECT_TRUE(waitFor([&] { return !isShown(); })) << "by a key";
+}
+
+TEST_F(TipView, itGoesWithWhatItExplains)
+{
+    const QString prompt = longText(800);
+    (void)putPainting(u"one.png"_s, prompt);
+    start();
+    ASSERT_NE(open(), nullptr);
+    hoverOver(u"album "_s + prompt);
+    hover(panel().center().toPoint());
+    find(u"albumGrid"_s)->setVisible(false);
+    EXPECT_TRUE(waitFor([&] { return !isShown(); }));
+}
+
 TEST_F(TipView, aShortTipStandsOverTheMiddleOfItsButton)
 {
     const QString path = putPainting(u"one.png"_s, u"a hill"_s);

@@ -18,6 +18,7 @@ ComboBox {
     Keys.onReturnPressed: event => event.accepted = isReturnDown = !popup.visible
     Keys.onEnterPressed: event => event.accepted = isReturnDown = !popup.visible
     Keys.onReleased: event => event.accepted = openByReturn()
+    onVisibleChanged: if (!visible) popup.close()
 
     /// Return was pressed while the list was closed. An open one takes the key itself, and at its release.
     property bool isReturnDown: false

@@ -53,8 +53,11 @@ void KeyStrokes::note(const QKeyEvent &event)
 bool KeyStrokes::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
-    case QEvent::ShortcutOverride:
+    case QEvent::ShortcutOverride: // All there is of a shortcut.
     case QEvent::KeyPress:
+        note(*static_cast<QKeyEvent *>(event));
+        Q_EMIT keyPressed();
+        break;
     case QEvent::KeyRelease:
         note(*static_cast<QKeyEvent *>(event));
         break;

@@ -34,6 +34,8 @@ class KeyStrokes : public QObject
 
   Q_SIGNALS:
     void windowChanged();
+    /// A key has gone down, or repeats, whatever becomes of it.
+    void keyPressed();
 
   private:
     struct Key

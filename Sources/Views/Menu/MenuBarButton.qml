@@ -7,6 +7,8 @@ PushButton {
 
     required property MenuModel model
 
+    property bool openedByKey: false
+
     signal settingsChosen()
     signal quitChosen()
 
@@ -15,11 +17,15 @@ PushButton {
     symbol: "ellipsis"
     text: qsTr("Menu")
     tip: menu.visible ? "" : button.model.stateLine
-    onClicked: menu.popup(button, 0, -menu.height - 6)
+    onClicked: {
+        openedByKey = visualFocus;
+        menu.popup(button, 0, -menu.height - 6);
+    }
 
     MenuPanel {
         id: menu
         objectName: "menuBarMenu"
+        onClosed: button.forceActiveFocus(button.openedByKey ? Qt.TabFocusReason : Qt.PopupFocusReason)
 
         MenuLine {
             objectName: "menuState"

@@ -292,6 +292,7 @@ FocusScope {
         onActivated: menu.openFor(preview.model.previewURL, false, false, stage, Qt.point(stage.width / 2 - 80, 60))
     }
 
+    KeyboardKeeper { place: stage }
     KeyStrokes {
         id: strokes
         window: preview.Window.window

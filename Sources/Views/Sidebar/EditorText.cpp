@@ -35,6 +35,8 @@ void EditorText::show()
     cursor.select(QTextCursor::Document);
     cursor.insertText(m_text);
     cursor.endEditBlock();
+    // What is typed behind it is taken back by itself: a document that was modified adds it to the last step.
+    document->setModified(false);
     m_isShowing = false;
     m_shown = document->toPlainText();
 }

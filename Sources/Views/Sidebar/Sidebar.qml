@@ -20,6 +20,7 @@ FocusScope {
         editor.forceActiveFocus();
     }
 
+    KeyboardKeeper {}
     Rectangle {
         anchors.fill: parent
         color: Theme.sidebar
@@ -137,7 +138,7 @@ FocusScope {
         anchors.top: form.bottom
         width: parent.width
         height: wanted + line.y
-        visible: sidebar.model.status !== "" || sidebar.model.problems !== ""
+        visible: sidebar.model.status !== "" || sidebar.model.problems !== "" || sidebar.model.isLoading
 
         Rectangle {
             width: parent.width

@@ -12,6 +12,7 @@ Item {
     readonly property bool saysMore: wanted && text !== ""
 
     anchors.fill: parent
+    onVisibleChanged: if (!visible) panel.active = false
     onSaysMoreChanged: panel.active = panel.active || saysMore
 
     Loader {

@@ -3,7 +3,7 @@ import QtQuick.Controls.Basic
 import Quorvane.Views
 
 /// What a Tip shows. A text that is longer than its room can be scrolled, and so stays while the pointer is in it or on
-/// the way there.
+/// the way there. Any key and any click end it: what is done now may be below it.
 ToolTip {
     id: panel
 
@@ -59,7 +59,18 @@ ToolTip {
         onTriggered: panel.end()
     }
 
-    contentItem: TipText { text: panel.text }
+    KeyStrokes {
+        window: panel.parent.Window.window
+        onKeyPressed: panel.end()
+    }
+
+    contentItem: TipText {
+        text: panel.text
+
+        TapHandler {
+            onTapped: panel.end()
+        }
+    }
     background: Rectangle {
         color: Theme.surface
         border.color: Theme.separator
