@@ -43,6 +43,11 @@ char16_t visible(char16_t unit)
 
 } // namespace
 
+QString withVisibleNulls(QString text)
+{
+    return text.replace(QChar(), QChar(kNull));
+}
+
 QString printable(QString text)
 {
     for (qsizetype at = 0; at < text.size(); ++at) {

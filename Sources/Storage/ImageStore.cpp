@@ -241,11 +241,14 @@ Result<> ImageStore::deleteImage(const QString &image)
     }
 
     std::set<QString> removed;
+    int gone = 0;
     for (const QString &path : std::as_const(paths)) {
-        tell(removeFromDisk(path));
+        const Result<> step = removeFromDisk(path);
+        gone += step ? 1 : 0;
+        tell(step);
         removed.insert(imageName(path));
     }
-    qCInfo(logLibrary) << removed.size() << "pictures were deleted, with what is known of them";
+    qCInfo(logLibrary) << gone << "pictures of" << paths.size() << "were deleted, with what is known of them all";
 
     const auto dropPrompts = [&removed](TextMap &prompts) {
         std::erase_if(prompts, [&removed](const auto &entry) { return removed.contains(entry.first); });

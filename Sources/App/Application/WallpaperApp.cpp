@@ -44,6 +44,7 @@ WallpaperApp::WallpaperApp(SessionBus &bus, ControlService &control, SceneUrls u
     });
     const auto settingsFailed = [this](const Failure &failure) {
         Console::printError(u"quorvane: "_s + failure.words);
+        m_services.manager.tell({failure.words});
         m_notifications.show({tr("The settings are not kept"), failure.words, {}});
     };
     m_services.defaults.failed = settingsFailed;

@@ -6,6 +6,7 @@
 #include "App/Control/ControlCalls.h"
 #include "Platform/Bus/SessionBus.h"
 #include "Platform/Logging.h"
+#include "Platform/PrintableText.h"
 
 #include "applicationadaptor.h"
 #include "quorvane1adaptor.h"
@@ -152,7 +153,7 @@ QVariantMap ControlService::properties() const
 {
     const WallpaperManager &manager = m_services->manager;
     const std::optional<UpscaleProgress> progress = manager.progress();
-    return {{u"Status"_s, manager.status()},
+    return {{u"Status"_s, withVisibleNulls(manager.status())},
             {u"IsError"_s, manager.isError()},
             {u"IsLoading"_s, manager.isLoading()},
             {u"Progress"_s, progress ? Reports::progressMap(*progress) : QVariantMap()},

@@ -187,7 +187,14 @@ std::optional<CommandOutcome> forward(const CommandLine &line)
         return std::nullopt;
     }
     const Follower follower(bus.connection());
-    return line.verb == CommandLine::Verb::Quit ? quit(bus, *call) : answerTo(bus, *call);
+    if (line.verb == CommandLine::Verb::Quit) {
+        return quit(bus, *call);
+    }
+    CommandOutcome outcome = answerTo(bus, *call);
+    if (line.verb == CommandLine::Verb::Status && !outcome.problem) {
+        outcome.status = kSucceeded; // It tells of the last operation's failure, and is none itself.
+    }
+    return outcome;
 }
 
 } // namespace quorvane

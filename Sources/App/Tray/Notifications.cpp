@@ -2,6 +2,7 @@
 
 #include "Platform/Bus/SessionBus.h"
 #include "Platform/Pictures/PictureFile.h"
+#include "Platform/PrintableText.h"
 #include "Platform/Threads/Worker.h"
 
 #include <QDBusArgument>
@@ -44,7 +45,14 @@ namespace {
 
 constexpr uchar kLowUrgency = 0;
 constexpr int kDaemonDecidesHowLong = -1;
+constexpr int kPatienceMilliseconds = 1000;
 constexpr QSize kThumbnail(192, 192); // Daemons show less.
+
+QDBusMessage methodOfDaemon(const QString &method)
+{
+    return QDBusMessage::createMethodCall(u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s,
+                                          u"org.freedesktop.Notifications"_s, method);
+}
 
 } // namespace
 
@@ -89,18 +97,31 @@ void Notifications::send(const Notice &notice, const QImage &thumbnail)
     if (!m_bus.isConnected()) {
         return;
     }
+    // One that does not answer in time is taken for one that reads markup, as most do.
+    QDBusMessage question = methodOfDaemon(u"GetCapabilities"_s);
+    auto *asked = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(question, kPatienceMilliseconds), this);
+    connect(asked, &QDBusPendingCallWatcher::finished, this, [this, asked, notice, thumbnail] {
+        const QDBusPendingReply<QStringList> capabilities = *asked;
+        asked->deleteLater();
+        const bool readsMarkup = !capabilities.isValid() || capabilities.value().contains("body-markup"_L1);
+        deliver(notice, readsMarkup ? notice.text.toHtmlEscaped() : notice.text, thumbnail);
+    });
+}
+
+void Notifications::deliver(const Notice &notice, const QString &text, const QImage &thumbnail)
+{
+    if (!m_bus.isConnected()) {
+        return;
+    }
     QVariantMap hints{{u"urgency"_s, QVariant::fromValue(kLowUrgency)},
                       {u"desktop-entry"_s, u"app.quorvane.Quorvane"_s},
                       {u"suppress-sound"_s, true}};
     if (!thumbnail.isNull()) {
         hints.insert(u"image-data"_s, QVariant::fromValue(DBusPicture{thumbnail}));
     }
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s,
-                                       u"org.freedesktop.Notifications"_s, u"Notify"_s);
-    // The text may be read as markup.
-    call.setArguments({u"Quorvane"_s, m_last, u"app.quorvane.Quorvane"_s, notice.title, notice.text.toHtmlEscaped(),
-                       QStringList(), hints, kDaemonDecidesHowLong});
+    QDBusMessage call = methodOfDaemon(u"Notify"_s);
+    call.setArguments({u"Quorvane"_s, m_last, u"app.quorvane.Quorvane"_s, withVisibleNulls(notice.title),
+                       withVisibleNulls(text), QStringList(), hints, kDaemonDecidesHowLong});
     auto *watcher = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<quint32> reply = *watcher;

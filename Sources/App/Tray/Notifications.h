@@ -25,6 +25,7 @@ class Notifications : public QObject
   private:
     [[nodiscard]] QCoro::Task<> showing(Notice notice, quint64 number);
     void send(const Notice &notice, const QImage &thumbnail);
+    void deliver(const Notice &notice, const QString &text, const QImage &thumbnail);
 
     SessionBus &m_bus;
     quint64 m_asked = 0; ///< How many notices were asked for.

@@ -99,9 +99,13 @@ Daemon::Daemon(QDBusConnection bus)
 
 bool Daemon::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
 {
-    shown.append(message.arguments());
+    const bool isQuestion = message.member() == "GetCapabilities"_L1;
+    if (!isQuestion) {
+        shown.append(message.arguments());
+    }
     message.setDelayedReply(!answers);
-    return !answers || connection.send(message.createReply(kNumber));
+    const QVariant answer = isQuestion ? QVariant(capabilities) : QVariant(kNumber);
+    return !answers || connection.send(message.createReply(answer));
 }
 
 void ShellTest::SetUp()

@@ -80,6 +80,7 @@ class Daemon : public QDBusVirtualObject
 
     QList<QVariantList> shown; ///< The arguments of each call.
     bool answers = true;
+    QStringList capabilities{u"body"_s, u"body-markup"_s};
 };
 
 /// The program in a session of its own: home, bus, service, no display.

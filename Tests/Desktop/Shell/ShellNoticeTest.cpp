@@ -87,6 +87,8 @@ TEST_F(ShellNoticeTest, aTimedFailureIsToldAndWhatComesNextTakesItsPlace)
     // The user who asked sees the failure where they asked.
     EXPECT_EQ(command({u"generate"_s}).status, 1);
     EXPECT_EQ(daemon.shown.size(), 1);
+    // Who asks how things stand has not failed.
+    EXPECT_EQ(command({u"status"_s}).status, 0);
 
     service.setMisbehaviour({});
     service.setPictureMaker([](const QString & /*prompt*/, QSize /*size*/) {
@@ -103,6 +105,22 @@ TEST_F(ShellNoticeTest, aTimedFailureIsToldAndWhatComesNextTakesItsPlace)
     EXPECT_EQ(color, QColor(10, 120, 200));
 }
 
+TEST_F(ShellNoticeTest, aServicesWordsAreWholeAndPlainForADaemonWithoutMarkup)
+{
+    Daemon daemon(session.connection());
+    daemon.capabilities = {u"body"_s};
+    const auto application = startAndWait();
+    ASSERT_TRUE(hasAllThatAGenerationNeeds());
+    Misbehaviour refusal(Misbehaviour::Kind::ErrorObject);
+    refusal.text = QByteArray("one\0 <two> & three", 18);
+    service.setMisbehaviour(refusal);
+    application->tell(kHalfHour);
+    ASSERT_TRUE(waitFor([&daemon] { return daemon.shown.size() == 1; }));
+    const QString words = u"one\u2400 <two> & three"_s;
+    EXPECT_TRUE(lastOf(daemon).text.contains(words)) << lastOf(daemon).text.toStdString();
+    EXPECT_TRUE(property(kStatus).toString().contains(words)) << property(kStatus).toString().toStdString();
+}
+
 TEST_F(ShellNoticeTest, withAWindowOpenOnlyFailuresOfTheScheduleAreTold)
 {
     Daemon daemon(session.connection());
@@ -116,6 +134,23 @@ TEST_F(ShellNoticeTest, withAWindowOpenOnlyFailuresOfTheScheduleAreTold)
     ASSERT_TRUE(waitFor([&daemon] { return !daemon.shown.isEmpty(); }));
     EXPECT_EQ(daemon.shown.size(), 1);
     EXPECT_EQ(lastOf(daemon).title, u"No new wallpaper"_s);
+}
+
+TEST_F(ShellNoticeTest, aSettingThatIsNotKeptIsToldEverywhere)
+{
+    Daemon daemon(session.connection());
+    const auto application = startAndWait({});
+    ASSERT_TRUE(application->says("main opened"));
+    // A folder in the place of the file can be neither read nor replaced.
+    const QString file = session.home().path() + u"/.config/Quorvane/Quorvane.conf"_s;
+    (void)QFile::remove(file);
+    ASSERT_TRUE(QDir().mkpath(file));
+    click(MenuItem::AutoGenerate);
+    ASSERT_TRUE(waitFor([&daemon] { return !daemon.shown.isEmpty(); }));
+    EXPECT_EQ(lastOf(daemon).title, u"The settings are not kept"_s);
+    EXPECT_TRUE(lastOf(daemon).text.contains("Quorvane.conf"_L1)) << lastOf(daemon).text.toStdString();
+    EXPECT_TRUE(application->says("problems: ")) << "the window";
+    EXPECT_TRUE(application->says("quorvane: ")) << "standard error";
 }
 
 TEST_F(ShellNoticeTest, withoutADaemonOrWithASilentOneEverythingGoesOn)

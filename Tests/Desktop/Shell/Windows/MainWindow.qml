@@ -16,6 +16,10 @@ Window {
     height: 100
     title: "main"
     Component.onCompleted: console.info("main opened", manager ? "with" : "without", "manager")
+    Connections {
+        target: window.manager
+        function onProblemsChanged() { console.info("problems:", window.manager.problems.join("; ")); }
+    }
     Shortcut {
         sequence: "Ctrl+Shift+S"
         onActivated: window.settingsRequested()
