@@ -42,7 +42,7 @@ _quorvane()
             if [[ $previous == --action ]]; then
                 _quorvane_words $'generate\ntoggle-auto\nsettings\nquit'
             else
-                _quorvane_words $'generate\nupscale\nset\nstatus\nhistory\nalbums\nfavorite\ndelete\nsettings\nkey\nauto\nautostart\nmodel\nquit'
+                _quorvane_words $'generate\nupscale\nset\nstatus\nhistory\nalbums\nfavorite\ndelete\nsettings\nkey\nauto\nautostart\nmodel\ncancel\nquit'
             fi
             ;;
         upscale | set)

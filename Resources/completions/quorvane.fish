@@ -4,7 +4,7 @@ function __quorvane_pictures
     path filter --type file ~/Pictures/Quorvane/*.{png,jpg,jpeg,webp} 2>/dev/null | path basename
 end
 
-set --local commands generate upscale set status history albums favorite delete settings key auto autostart model quit
+set --local commands generate upscale set status history albums favorite delete settings key auto autostart model cancel quit
 
 complete --command quorvane --no-files
 complete --command quorvane --condition "not __fish_seen_subcommand_from $commands" --long-option hidden --description "Start without a window"
@@ -26,6 +26,7 @@ complete --command quorvane --condition __fish_use_subcommand --arguments key --
 complete --command quorvane --condition __fish_use_subcommand --arguments auto --description "Switch automatic mode"
 complete --command quorvane --condition __fish_use_subcommand --arguments autostart --description "Start with the session, or no longer"
 complete --command quorvane --condition __fish_use_subcommand --arguments model --description "Show or replace the super-resolution network"
+complete --command quorvane --condition __fish_use_subcommand --arguments cancel --description "End what makes a picture"
 complete --command quorvane --condition __fish_use_subcommand --arguments quit --description "End the running application"
 
 complete --command quorvane --condition "__fish_seen_subcommand_from generate" --long-option prompt --exclusive --description "Set the prompt first"

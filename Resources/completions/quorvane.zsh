@@ -22,6 +22,7 @@ _quorvane_commands() {
         'auto:switch automatic mode'
         'autostart:start with the session, or no longer'
         'model:show or replace the super-resolution network'
+        'cancel:end what makes a picture'
         'quit:end the running application'
     )
     _describe -t commands command commands

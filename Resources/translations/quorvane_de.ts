@@ -263,6 +263,10 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
 </translation>
     </message>
+    <message>
+        <source>end what makes a picture</source>
+        <translation>beenden, was ein Bild macht</translation>
+    </message>
 </context>
 <context>
     <name>Commands</name>
@@ -309,6 +313,14 @@ Rückgabewert: 0 fertig, 1 mit einem Fehler beendet, 2 der Aufruf ist falsch.
     <message>
         <source>not a picture: %1</source>
         <translation>kein Bild: %1</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>Abgebrochen.</translation>
+    </message>
+    <message>
+        <source>Nothing is being made.</source>
+        <translation>Es entsteht gerade nichts.</translation>
     </message>
 </context>
 <context>
@@ -921,6 +933,17 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     </message>
 </context>
 <context>
+    <name>Operations</name>
+    <message>
+        <source>Cancelled. The service may charge for what it was asked for.</source>
+        <translation>Abgebrochen. Der Dienst kann berechnen, worum er gebeten wurde.</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>Abgebrochen.</translation>
+    </message>
+</context>
+<context>
     <name>PictureFile</name>
     <message>
         <source>The picture cannot be read: %1</source>
@@ -1343,6 +1366,13 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>Ctrl+Enter</source>
         <translation>Strg+Eingabe</translation>
+    </message>
+</context>
+<context>
+    <name>StatusLine</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

@@ -263,6 +263,10 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es errónea.
 </translation>
     </message>
+    <message>
+        <source>end what makes a picture</source>
+        <translation>termina lo que crea una imagen</translation>
+    </message>
 </context>
 <context>
     <name>Commands</name>
@@ -309,6 +313,14 @@ Estado de salida: 0 hecho, 1 terminó con un error, 2 la línea de órdenes es e
     <message>
         <source>not a picture: %1</source>
         <translation>no es una imagen: %1</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>Cancelado.</translation>
+    </message>
+    <message>
+        <source>Nothing is being made.</source>
+        <translation>No se está creando nada.</translation>
     </message>
 </context>
 <context>
@@ -921,6 +933,17 @@ con los controles de la barra lateral.</translation>
     </message>
 </context>
 <context>
+    <name>Operations</name>
+    <message>
+        <source>Cancelled. The service may charge for what it was asked for.</source>
+        <translation>Cancelado. El servicio puede cobrar lo que se le pidió.</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>Cancelado.</translation>
+    </message>
+</context>
+<context>
     <name>PictureFile</name>
     <message>
         <source>The picture cannot be read: %1</source>
@@ -1343,6 +1366,13 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>Ctrl+Enter</source>
         <translation>Ctrl+Intro</translation>
+    </message>
+</context>
+<context>
+    <name>StatusLine</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
     </message>
 </context>
 <context>

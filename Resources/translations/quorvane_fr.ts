@@ -263,6 +263,10 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande fausse.
 </translation>
     </message>
+    <message>
+        <source>end what makes a picture</source>
+        <translation>arrête ce qui crée une image</translation>
+    </message>
 </context>
 <context>
     <name>Commands</name>
@@ -309,6 +313,14 @@ Code de retour&#xa0;: 0 terminé, 1 terminé par une erreur, 2 ligne de commande
     <message>
         <source>not a picture: %1</source>
         <translation>ce n&apos;est pas une image : %1</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>Annulé.</translation>
+    </message>
+    <message>
+        <source>Nothing is being made.</source>
+        <translation>Rien n’est en cours de création.</translation>
     </message>
 </context>
 <context>
@@ -921,6 +933,17 @@ avec les commandes du panneau latéral.</translation>
     </message>
 </context>
 <context>
+    <name>Operations</name>
+    <message>
+        <source>Cancelled. The service may charge for what it was asked for.</source>
+        <translation>Annulé. Le service peut facturer ce qui lui a été demandé.</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>Annulé.</translation>
+    </message>
+</context>
+<context>
     <name>PictureFile</name>
     <message>
         <source>The picture cannot be read: %1</source>
@@ -1343,6 +1366,13 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>Ctrl+Enter</source>
         <translation>Ctrl+Entrée</translation>
+    </message>
+</context>
+<context>
+    <name>StatusLine</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
     </message>
 </context>
 <context>

@@ -262,6 +262,10 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 終了ステータス: 0 完了、1 エラーで終了、2 コマンドラインの誤り。
 </translation>
     </message>
+    <message>
+        <source>end what makes a picture</source>
+        <translation>画像の作成を終える</translation>
+    </message>
 </context>
 <context>
     <name>Commands</name>
@@ -308,6 +312,14 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     <message>
         <source>not a picture: %1</source>
         <translation>画像ではありません: %1</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>キャンセルしました。</translation>
+    </message>
+    <message>
+        <source>Nothing is being made.</source>
+        <translation>作成中のものはありません。</translation>
     </message>
 </context>
 <context>
@@ -919,6 +931,17 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>Operations</name>
+    <message>
+        <source>Cancelled. The service may charge for what it was asked for.</source>
+        <translation>キャンセルしました。依頼済みの分はサービスから請求されることがあります。</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>キャンセルしました。</translation>
+    </message>
+</context>
+<context>
     <name>PictureFile</name>
     <message>
         <source>The picture cannot be read: %1</source>
@@ -1337,6 +1360,13 @@ using the sidebar controls.</source>
     <message>
         <source>Ctrl+Enter</source>
         <translation>Ctrl+Enter</translation>
+    </message>
+</context>
+<context>
+    <name>StatusLine</name>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
     </message>
 </context>
 <context>

@@ -262,6 +262,10 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
 退出状态：0 完成，1 因错误结束，2 命令行有误。
 </translation>
     </message>
+    <message>
+        <source>end what makes a picture</source>
+        <translation>结束正在生成的图片</translation>
+    </message>
 </context>
 <context>
     <name>Commands</name>
@@ -308,6 +312,14 @@ Exit status: 0 done, 1 ended with an error, 2 the command line is wrong.
     <message>
         <source>not a picture: %1</source>
         <translation>不是图片：%1</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>已取消。</translation>
+    </message>
+    <message>
+        <source>Nothing is being made.</source>
+        <translation>当前没有正在生成的内容。</translation>
     </message>
 </context>
 <context>
@@ -919,6 +931,17 @@ using the sidebar controls.</source>
     </message>
 </context>
 <context>
+    <name>Operations</name>
+    <message>
+        <source>Cancelled. The service may charge for what it was asked for.</source>
+        <translation>已取消。服务可能仍会对已发出的请求收费。</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>已取消。</translation>
+    </message>
+</context>
+<context>
     <name>PictureFile</name>
     <message>
         <source>The picture cannot be read: %1</source>
@@ -1337,6 +1360,13 @@ using the sidebar controls.</source>
     <message>
         <source>Ctrl+Enter</source>
         <translation>Ctrl+Enter</translation>
+    </message>
+</context>
+<context>
+    <name>StatusLine</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
     </message>
 </context>
 <context>

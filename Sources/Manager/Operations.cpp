@@ -1,8 +1,24 @@
 #include "Manager/Operations.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace quorvane {
+
+namespace {
+
+struct Tr
+{
+    Q_DECLARE_TR_FUNCTIONS(Operations)
+};
+
+bool isMaking(const OperationRef &operation)
+{
+    return operation->kind == Operation::Kind::Generation || operation->kind == Operation::Kind::Upscale;
+}
+
+} // namespace
 
 OperationRef Operations::begin(Operation::Kind kind)
 {
@@ -20,9 +36,7 @@ void Operations::end(const OperationRef &operation)
 
 bool Operations::isAnyMaking() const
 {
-    return std::any_of(m_running.begin(), m_running.end(), [](const OperationRef &each) {
-        return each->kind == Operation::Kind::Generation || each->kind == Operation::Kind::Upscale;
-    });
+    return std::any_of(m_running.begin(), m_running.end(), isMaking);
 }
 
 QString Operations::upscaling() const
@@ -44,6 +58,19 @@ void Operations::stopAll(const QString &reason)
     for (const OperationRef &each : std::vector<OperationRef>(m_running)) {
         stop(*each, reason);
     }
+}
+
+bool Operations::cancelMaking()
+{
+    bool isAny = false;
+    for (const OperationRef &each : std::vector<OperationRef>(m_running)) {
+        if (isMaking(each) && !each->isStopped()) {
+            isAny = true;
+            each->isCancelled = true;
+            stop(*each, cancelledWords(*each));
+        }
+    }
+    return isAny;
 }
 
 void Operations::stopEnlarging(const QString &path, const QString &reason)
@@ -68,6 +95,12 @@ void advance(Operation &operation, UpscaleProgress progress)
         }
     }
     operation.progress = progress;
+}
+
+QString cancelledWords(const Operation &operation)
+{
+    return operation.isAsking ? Tr::tr("Cancelled. The service may charge for what it was asked for.")
+                              : Tr::tr("Cancelled.");
 }
 
 void stop(Operation &operation, const QString &reason)

@@ -50,14 +50,14 @@ class WallpaperManager : public QObject
     ~WallpaperManager() override;
 
     [[nodiscard]] const Providers &providers() const { return m_providers; } ///< Gemini, Grok, OpenAI.
-    /// The intervals on offer, in minutes.
-    [[nodiscard]] static const QList<int> &intervalOptions();
+    [[nodiscard]] static const QList<int> &intervalOptions();                ///< On offer, in minutes.
 
     // --- What happens now ---
     [[nodiscard]] const QString &status() const { return m_status; }
     [[nodiscard]] bool isError() const { return m_isError; }
     /// What could not be kept of what status tells, and what was found unreadable: a line each, below the status.
     [[nodiscard]] const QStringList &problems() const { return m_problems; }
+    void tell(const QStringList &problems); ///< Adds to them, until the next operation's replace them.
     [[nodiscard]] bool isLoading() const { return m_operations.isAnyMaking(); }
     [[nodiscard]] QString upscalingURL() const { return m_operations.upscaling(); }
     /// How far the newest enlargement on this machine is; nothing while none runs.
@@ -102,6 +102,7 @@ class WallpaperManager : public QObject
     Q_INVOKABLE void generateAndSet();
     /// Makes a 4K copy of the picture, links the two and sets the copy as the wallpaper.
     Q_INVOKABLE void upscaleExistingImage(const QString &url);
+    Q_INVOKABLE bool cancel(); ///< Ends what makes a picture, on the wire, too; what is saved stays. Whether any ran.
     /// Sets the picture as the background of every screen.
     Q_INVOKABLE void setWallpaper(const QString &url);
     Q_INVOKABLE void toggleFavorite(const QString &url);
@@ -129,8 +130,7 @@ class WallpaperManager : public QObject
     [[nodiscard]] bool isHistoryRead() const;
     [[nodiscard]] const QStringList &history() const;
     [[nodiscard]] const QSet<QString> &favorites() const;
-    /// Reads the library now, on this thread.
-    Q_INVOKABLE void reloadHistory();
+    Q_INVOKABLE void reloadHistory(); ///< Reads the library now, on this thread.
     /// As reloadHistory(), but returns at once: the library is read on its own thread.
     void refreshHistory();
     [[nodiscard]] std::vector<Album> albums() const; ///< Computed from the history and the files at every call.
@@ -162,9 +162,9 @@ class WallpaperManager : public QObject
     struct Generation;
     [[nodiscard]] OperationRef begin(Operation::Kind kind, const QString &source = {});
     void end(const OperationRef &operation);
+    void endCancelled(const OperationRef &operation);
     void report(Operation &operation, const QString &status, bool isError);
     void publish(const QString &status, bool isError, const QStringList &problems = {});
-    void tell(const QStringList &problems);
     Result<> keysWereChanged(const Result<> &kept);
     void tellingChanges(const std::function<void()> &change);
     [[nodiscard]] QDateTime now() const;

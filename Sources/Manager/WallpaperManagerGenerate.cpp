@@ -65,10 +65,18 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
     // 1. Ask the provider.
     Result<EncodedImage> generated = EncodedImage();
     try {
-        generated = co_await run.provider->generate(run.prompt, run.apiKey, run.modelId, m_fourKEnabled);
+        operation->isAsking = true;
+        std::stop_token stop = operation->stop.get_token();
+        generated =
+            co_await run.provider->generate(run.prompt, run.apiKey, run.modelId, m_fourKEnabled, std::move(stop));
     } catch (const std::exception &error) {
         generated = failureOf(error);
     }
+    if (operation->isCancelled) {
+        endCancelled(operation);
+        co_return;
+    }
+    operation->isAsking = false;
     if (!generated) {
         fail(generated.failure().words);
         co_return;
@@ -89,6 +97,11 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
     }
     const QString name = co_await nameBeside(result.original, final.extension, operation);
     // The original is in the library already, or was deleted; where it could not be saved, what was made is.
+    if (operation->isCancelled && isOriginalKept) {
+        co_await m_library->refreshing();
+        endCancelled(operation);
+        co_return;
+    }
     if (operation->isStopped() && isOriginalKept) {
         fail(tr("Upscale failed: %1").arg(operation->stopReason));
         co_return;
@@ -131,6 +144,7 @@ QCoro::Task<EncodedImage> WallpaperManager::upscaledOrOriginal(EncodedImage gene
         if (isLocal) {
             upscaled = co_await upscaleLocally(generated.bytes, operation);
         } else {
+            operation->isAsking = true;
             std::stop_token stop = operation->stop.get_token();
             upscaled = co_await upscaleImage(m_services.http, generated.bytes, generated.extension, *geminiKey,
                                              std::move(stop));
@@ -139,7 +153,9 @@ QCoro::Task<EncodedImage> WallpaperManager::upscaledOrOriginal(EncodedImage gene
     } catch (const std::exception &error) {
         const QString warning =
             isLocal ? tr("Local upscale failed, using original — %1") : tr("Upscale failed, using original — %1");
-        report(*operation, warning.arg(failureOf(error).words), false);
+        if (!operation->isCancelled) {
+            report(*operation, warning.arg(failureOf(error).words), false);
+        }
     }
     co_return generated;
 }

@@ -32,6 +32,19 @@ void WallpaperManager::end(const OperationRef &operation)
     Q_EMIT operationEnded(operation->result);
 }
 
+/// The user wanted no more of it, so that is no failure to be told of; but who waits for a picture gets none.
+void WallpaperManager::endCancelled(const OperationRef &operation)
+{
+    report(*operation, cancelledWords(*operation), false);
+    operation->result.isError = true;
+    end(operation);
+}
+
+bool WallpaperManager::cancel()
+{
+    return m_operations.cancelMaking();
+}
+
 /// What the operation has to tell, to its own caller and to everyone.
 void WallpaperManager::report(Operation &operation, const QString &status, bool isError)
 {

@@ -62,6 +62,7 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, OperationRef
                 co_return;
             }
             report(*operation, tr("Upscaling to 4K..."), false);
+            operation->isAsking = true;
             QString ext = QFileInfo(url).suffix().toLower();
             std::stop_token stop = operation->stop.get_token();
             upscaled = co_await upscaleImage(m_services.http, std::move(source), std::move(ext), *key, std::move(stop));
@@ -72,6 +73,10 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, OperationRef
     QString name;
     if (upscaled) {
         name = co_await nameBeside(url, upscaled->extension, operation);
+    }
+    if (operation->isCancelled) {
+        endCancelled(operation);
+        co_return;
     }
     if (operation->isStopped()) {
         upscaled = Failure{operation->stopReason};

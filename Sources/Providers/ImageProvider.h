@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <memory>
+#include <stop_token>
 #include <vector>
 
 namespace quorvane {
@@ -44,9 +45,10 @@ class ImageProvider
     [[nodiscard]] virtual QList<ModelOption> models() const = 0;
 
     /// Asks the service for a picture. The prompt goes out as typed; model is an id of models(). Throws ProviderError.
-    /// Comes back on the calling thread; parsing and decoding happen on a worker. Any number may run at once.
+    /// Comes back on the calling thread; parsing and decoding happen on a worker. Any number may run at once. A stop
+    /// ends the request on the wire, which fails then.
     [[nodiscard]] virtual QCoro::Task<EncodedImage> generate(QString prompt, QString apiKey, QString model,
-                                                             bool wants4K) const = 0;
+                                                             bool wants4K, std::stop_token stop = {}) const = 0;
 };
 
 /// Gemini, Grok, OpenAI, in this order, as ImageServices.h lists them. http must outlive them.

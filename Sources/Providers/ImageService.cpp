@@ -47,10 +47,13 @@ QList<ModelOption> ServiceProvider::models() const
     return options;
 }
 
-QCoro::Task<EncodedImage> ServiceProvider::generate(QString prompt, QString apiKey, QString model, bool wants4K) const
+QCoro::Task<EncodedImage> ServiceProvider::generate(QString prompt, QString apiKey, QString model, bool wants4K,
+                                                    std::stop_token stop) const
 {
     const ImageOrder order{prompt, model, wants4K};
-    return requestImage(m_http, requestFor(m_service, order, apiKey), m_service.answer);
+    ServiceRequest request = requestFor(m_service, order, apiKey);
+    request.stop = std::move(stop);
+    return requestImage(m_http, std::move(request), m_service.answer);
 }
 
 } // namespace quorvane

@@ -69,8 +69,8 @@ class ServiceProvider : public ImageProvider
     [[nodiscard]] QString keyUse() const override { return m_service.keyUse; }
     [[nodiscard]] bool takesNsfw() const override { return m_service.takesNsfw; }
     [[nodiscard]] QList<ModelOption> models() const override;
-    [[nodiscard]] QCoro::Task<EncodedImage> generate(QString prompt, QString apiKey, QString model,
-                                                     bool wants4K) const override;
+    [[nodiscard]] QCoro::Task<EncodedImage> generate(QString prompt, QString apiKey, QString model, bool wants4K,
+                                                     std::stop_token stop = {}) const override;
 
   private:
     ImageService m_service;

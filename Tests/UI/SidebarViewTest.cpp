@@ -126,8 +126,13 @@ TEST_F(SidebarView, controlAndZBringBackWhatUsePromptReplaced)
     click(u"usePromptButton"_s);
     EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a hill"_s);
     EXPECT_EQ(manager->prompt(), u"a hill"_s);
-    // The keyboard is there already.
+    // The keyboard is there already. What is typed behind it is a step of its own.
     ASSERT_TRUE(waitFor([&] { return find(u"promptEditor"_s)->hasActiveFocus(); }));
+    QTest::keyClick(window, Qt::Key_End);
+    type(u"s"_s);
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a hills"_s);
+    QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a hill"_s);
     QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(textOf(find(u"promptEditor"_s)), u"a lake"_s);
     EXPECT_EQ(manager->prompt(), u"a lake"_s);
@@ -165,6 +170,30 @@ TEST_F(SidebarView, theButtonMakesAPictureAndTheStatusSaysSo)
     EXPECT_EQ(find(u"statusSymbol"_s)->property("name"), u"checkmark.circle.fill"_s);
     EXPECT_GT(symbolColor().green(), symbolColor().red());
     EXPECT_TRUE(waitFor([&] { return isSeen(u"album a lake"_s); }));
+}
+
+TEST_F(SidebarView, whatIsBeingMadeCanBeCancelled)
+{
+    openWith({u"gemini"_s});
+    service.setMisbehaviour(Misbehaviour::Kind::Silence);
+    click(u"promptEditor"_s);
+    type(u"a lake"_s);
+    EXPECT_FALSE(isSeen(u"cancelButton"_s));
+    click(u"generateButton"_s);
+    click(u"cancelButton"_s);
+    manager->waitUntilIdle();
+    EXPECT_TRUE(manager->status().startsWith("Cancelled."_L1)) << manager->status().toStdString();
+    EXPECT_EQ(textOf(find(u"status"_s)), manager->status());
+    EXPECT_FALSE(isSeen(u"cancelButton"_s));
+    EXPECT_TRUE(find(u"generateButton"_s)->isEnabled());
+
+    // And by Escape, with the keyboard in the status.
+    click(u"generateButton"_s);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"cancelButton"_s); }));
+    find(u"cancelButton"_s)->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(window, Qt::Key_Escape);
+    manager->waitUntilIdle();
+    EXPECT_TRUE(manager->status().startsWith("Cancelled."_L1)) << manager->status().toStdString();
 }
 
 TEST_F(SidebarView, aFailureLeavesARedTriangleWithWhatWentWrong)
@@ -422,6 +451,42 @@ TEST_F(SidebarView, spaceReturnAndEnterPressEveryButton)
         QTest::keyClick(window, key);
         EXPECT_FALSE(find(u"intervalPicker"_s)->property("down").toBool()) << key;
         manager->setAutoEnabled(false);
+    }
+}
+
+TEST_F(SidebarView, whatIsSeenNoMoreGivesTheKeyboardAway)
+{
+    openWith({u"gemini"_s});
+    manager->setAutoEnabled(true);
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"intervalPicker"_s); }));
+    find(u"intervalPicker"_s)->forceActiveFocus(Qt::TabFocusReason);
+    manager->setAutoEnabled(false);
+    EXPECT_TRUE(waitFor([&] { return window->activeFocusItem()->isVisible(); }));
+    QTest::keyClick(window, Qt::Key_Down);
+    EXPECT_EQ(manager->intervalMinutes(), 30);
+
+    find(u"nsfwToggle"_s)->forceActiveFocus(Qt::TabFocusReason);
+    manager->setProviderOverride(u"gemini"_s);
+    ASSERT_TRUE(waitFor([&] { return !isSeen(u"nsfwToggle"_s); }));
+    EXPECT_TRUE(waitFor([&] { return window->activeFocusItem()->isVisible(); }));
+    EXPECT_TRUE(window->activeFocusItem()->property("visualFocus").toBool()) << "and it is seen where";
+    QTest::keyClick(window, Qt::Key_Space);
+    EXPECT_FALSE(manager->nsfwEnabled());
+}
+
+TEST_F(SidebarView, theKeyboardComesBackFromTheMenu)
+{
+    openWith({u"gemini"_s});
+    window->setProperty("trayShown", false);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"menuButton"_s); }));
+    find(u"menuButton"_s)->forceActiveFocus(Qt::TabFocusReason);
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
+        QTest::keyClick(window, Qt::Key_Space);
+        ASSERT_TRUE(waitFor([&] { return isReachable(u"menuAuto"_s); }));
+        find(u"menuAuto"_s)->forceActiveFocus(Qt::TabFocusReason);
+        QTest::keyClick(window, key);
+        ASSERT_TRUE(waitFor([&] { return !isSeen(u"menuAuto"_s); }));
+        EXPECT_TRUE(waitFor([&] { return find(u"menuButton"_s)->property("visualFocus").toBool(); })) << key;
     }
 }
 

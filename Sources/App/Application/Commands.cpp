@@ -71,6 +71,9 @@ void printText(const CommandLine &line, const QJsonValue &value)
             }
         }
         return;
+    case Verb::Cancel:
+        Console::print(value["cancelled"_L1].toBool() ? Tr::tr("Cancelled.") : Tr::tr("Nothing is being made."));
+        return;
     case Verb::Model:
         if (value["isError"_L1].toBool()) {
             Console::printError(u"quorvane: "_s + value["status"_L1].toString());

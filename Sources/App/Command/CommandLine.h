@@ -27,6 +27,7 @@ struct CommandLine
         Auto,
         Autostart,
         Model,
+        Cancel,
         Quit,
         Help,
         Version

@@ -190,6 +190,9 @@ void start(Services &services, const CommandLine &line, const Ended &whenDone)
     case Verb::Auto:
         ended(SettingsCommands::switchAuto(manager, line));
         return;
+    case Verb::Cancel:
+        ended({kSucceeded, QJsonObject{{u"cancelled"_s, manager.cancel()}}, {}});
+        return;
     case Verb::Status:
         manager.askForScreens([&services, ended](const QList<Screen> &screens) {
             ended({kSucceeded, Reports::status(services.manager, *services.desktop, screens), {}});

@@ -72,6 +72,7 @@ class ControlService : public QObject, protected QDBusContext
     QString Status() { return take(); }
     QString Model() { return take(); }
     QString InstallModel(const QString & /*file*/) { return take(); }
+    QString Cancel() { return take(); }
     QString Quit() { return take(); }
 
   Q_SIGNALS:

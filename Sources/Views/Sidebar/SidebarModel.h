@@ -65,6 +65,9 @@ class SidebarModel : public quorvane::ViewModel
     /// Does nothing unless canGenerate().
     Q_INVOKABLE void generate();
 
+    /// Ends what makes a picture.
+    Q_INVOKABLE void cancel() { manager()->cancel(); }
+
     [[nodiscard]] bool autoEnabled() const;
     void setAutoEnabled(bool enabled);
     [[nodiscard]] static QStringList intervalLabels();

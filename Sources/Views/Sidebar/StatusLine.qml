@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Quorvane.Views
 
-/// How the last operation went, what was not kept, and how far one on this machine is. Nothing of it is cut: what
-/// is longer than its place scrolls, and all of it can be selected and copied.
+/// How the last operation went, what was not kept, how far one on this machine is, and a way to end it. Nothing of it is
+/// cut: what is longer than its place scrolls, and all of it can be selected and copied.
 Item {
     id: line
 
@@ -14,13 +14,20 @@ Item {
     /// Room around the texts for the frame of the one with the keyboard.
     readonly property int frame: 4
 
-    implicitHeight: scroll.height - 2 * frame
+    implicitHeight: scroll.height - 2 * frame + (cancel.visible ? cancel.height + 8 : 0)
+    Keys.onEscapePressed: event => {
+        event.accepted = line.model.isLoading;
+        if (event.accepted) {
+            line.model.cancel();
+        }
+    }
 
     Symbol {
         id: symbol
         objectName: "statusSymbol"
         anchors.left: parent.left
         y: 1
+        visible: line.model.status !== "" || line.model.problems !== ""
         size: 14
         name: wentWell ? "checkmark.circle.fill" : "exclamationmark.triangle.fill"
         color: wentWell ? Theme.green : line.model.isError ? Theme.red : Theme.orange
@@ -76,5 +83,14 @@ Item {
                 font.pixelSize: Theme.captionSize
             }
         }
+    }
+    PushButton {
+        id: cancel
+        objectName: "cancelButton"
+        anchors.left: parent.left
+        anchors.bottom: parent.bottom
+        visible: line.model.isLoading
+        text: qsTr("Cancel")
+        onClicked: line.model.cancel()
     }
 }

@@ -48,6 +48,7 @@ TEST(CommandLine, everyCommandHasItsForm)
                              Case{"autostart off", Verb::Autostart},
                              Case{"model", Verb::Model},
                              Case{"model install f", Verb::Model},
+                             Case{"cancel", Verb::Cancel},
                              Case{"quit", Verb::Quit},
                              Case{"--help", Verb::Help},
                              Case{"set --help", Verb::Help},

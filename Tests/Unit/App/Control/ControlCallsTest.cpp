@@ -38,6 +38,7 @@ TEST(ControlCalls, everyForwardedCommandComesOutAsItWentIn)
         {u"key"_s, u"list"_s},
         {u"key"_s, u"delete"_s, u"grok"_s},
         {u"status"_s},
+        {u"cancel"_s},
         {u"quit"_s},
     };
     for (const QStringList &command : commands) {
@@ -106,6 +107,7 @@ TEST(ControlCalls, whatTheCommandLineWouldRefuseIsRefused)
         {u"SetKey"_s, {text, text}},
         {u"SetKey"_s, {u"gemini"_s}},
         {u"DeleteKey"_s, {text}},
+        {u"Cancel"_s, {text}},
         {u"Quit"_s, {text}},
     };
     for (const Control::Call &call : calls) {
