@@ -1,4 +1,4 @@
-#include "Views/Gallery/KeyStrokes.h"
+#include "Views/Keyboard/KeyStrokes.h"
 
 #include <gtest/gtest.h>
 

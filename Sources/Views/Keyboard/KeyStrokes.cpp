@@ -1,4 +1,4 @@
-#include "Views/Gallery/KeyStrokes.h"
+#include "Views/Keyboard/KeyStrokes.h"
 
 // The idea: an X server repeats a held key as a release and a press that carry the same time. Qt marks the pair as a
 // repetition only when the press has arrived already while it looks at the release, which is rarely so. The times tell

@@ -1,4 +1,4 @@
-#include "Unit/Manager/WallpaperManagerGenerateFixture.h"
+#include "Unit/Manager/Generate/WallpaperManagerGenerateFixture.h"
 
 #include "Manager/SettingsKeys.h"
 
