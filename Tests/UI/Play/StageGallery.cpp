@@ -6,27 +6,6 @@ using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
-bool Stage::clickOnTile(QQuickItem *tile, const QString &button)
-{
-    if (const QRectF place = tile->mapRectToScene(QRectF(0, 0, tile->width(), tile->height()));
-        !placeOf(u"imageGrid"_s).contains(place)) {
-        bringIntoSight(tile);
-    }
-    // Tiles move to their places when others came or went, and the buttons are made when the pointer is there.
-    const QString url = tile->property("url").toString();
-    return waitFor([&] {
-        hover(QPoint(2, 2));
-        QQuickItem *now = find(u"tile "_s + url);
-        if (now == nullptr || !now->isVisible()) {
-            return false;
-        }
-        hover(middleOf(now));
-        QCoreApplication::processEvents();
-        // Other tiles may show a button of that name, too.
-        return clickItem(findBelow(now, button, true));
-    });
-}
-
 QString Stage::openPicture(quint32 number)
 {
     const QList<QQuickItem *> seen = tiles(u"tile "_s);
@@ -56,73 +35,6 @@ QString Stage::openByKey()
     }
     const QString shown = find(u"previewPicture"_s)->property("source").toString();
     return shown.contains(name) ? QString() : u"Return with the ring at %1 opened %2"_s.arg(name, shown);
-}
-
-QString Stage::pressOnTile(const Deed &deed)
-{
-    const QList<QQuickItem *> seen = tiles(u"tile "_s);
-    if (seen.isEmpty() || isPreviewOpen()) {
-        return {};
-    }
-    const bool isStar = deed.kind == Deed::Kind::StarTile;
-    QQuickItem *tile = pick(seen, deed.number);
-    const QString url = tile->property("url").toString();
-    const bool before = manager->favorites().contains(imageName(url));
-    if (!clickOnTile(tile, isStar ? u"star"_s : u"apply"_s)) {
-        return u"the tile of %1 shows no buttons under the pointer"_s.arg(imageName(url));
-    }
-    manager->waitUntilIdle();
-    if (isStar && manager->favorites().contains(imageName(url)) == before) {
-        return u"the star of %1 did not turn it"_s.arg(imageName(url));
-    }
-    if (!isStar && manager->currentWallpaperURL() != url) {
-        return u"Apply on %1 made %2 the wallpaper"_s.arg(imageName(url), imageName(manager->currentWallpaperURL()));
-    }
-    return {};
-}
-
-QString Stage::expectOnDisk(QStringList expected, const QString &what) const
-{
-    expected.sort();
-    manager->waitUntilIdle();
-    (void)waitFor([&] { return picturesOnDisk() == expected; });
-    const QStringList now = picturesOnDisk();
-    if (now == expected) {
-        return {};
-    }
-    return u"%1: on the disk are %2 and not %3"_s.arg(what, now.join(' '_L1), expected.join(' '_L1));
-}
-
-QString Stage::deleteTile(quint32 number)
-{
-    const QList<QQuickItem *> seen = tiles(u"tile "_s);
-    if (seen.isEmpty() || isPreviewOpen()) {
-        return {};
-    }
-    QQuickItem *tile = pick(seen, number);
-    const QString url = tile->property("url").toString();
-    QStringList expected = picturesOnDisk();
-    const QStringList gone = withPartner(url);
-    expected.removeIf([&gone](const QString &name) { return gone.contains(name); });
-    if (!clickOnTile(tile, u"trash"_s)) {
-        return u"the tile of %1 shows no trash under the pointer"_s.arg(imageName(url));
-    }
-    return expectOnDisk(expected, u"the trash of "_s + imageName(url));
-}
-
-QString Stage::deleteByKey()
-{
-    // Whoever looks sees a ring around one tile, or none, and expects that this one goes and no other.
-    QStringList expected = picturesOnDisk();
-    QString what = u"Delete with no ring in sight"_s;
-    if (const QQuickItem *tile = ringedTile(); tile != nullptr && !isInEditor()) {
-        const QString url = tile->property("url").toString();
-        what = u"Delete with the ring at "_s + imageName(url);
-        const QStringList gone = withPartner(url);
-        expected.removeIf([&gone](const QString &name) { return gone.contains(name); });
-    }
-    QTest::keyClick(window, Qt::Key_Delete);
-    return expectOnDisk(expected, what);
 }
 
 QString Stage::actInGallery(const Deed &deed)
