@@ -36,6 +36,7 @@ void SettingsSight::turnTo(QQuickWindow *window)
 
 void SettingsSight::turnToSettings()
 {
+    m_isTyping = false;
     if (m_settings == nullptr) {
         m_typed.clear();
         m_settings = openBeside(u"SettingsWindow"_s);

@@ -14,6 +14,7 @@ class SettingsSight : public Sight
     [[nodiscard]] bool areSettingsOpen() const { return m_settings != nullptr; }
     /// Brings the window to the front, as a user does who works in it.
     static void turnTo(QQuickWindow *window);
+    /// The same, and opens it before where it is not open. Who does so no longer types elsewhere.
     void turnToSettings();
 
     [[nodiscard]] QString typeKey(quint32 number);
@@ -25,6 +26,8 @@ class SettingsSight : public Sight
     [[nodiscard]] QString closeSettings(quint32 number);
 
     [[nodiscard]] QString settingsDiffer() const;
+
+    bool m_isTyping = false; ///< The editor holds what the user wrote, and has had the keyboard since.
 
   private:
     [[nodiscard]] QQuickItem *inSettings(const QString &name) const;

@@ -58,7 +58,6 @@ class Stage : public SettingsSight
 
     static inline const QStringList kPrompts{u"a lake"_s, u"a wood"_s, u"a tower"_s, QString()};
 
-    bool m_isTyping = false; ///< The editor holds what the user wrote, and has had the keyboard since.
     int m_made = 0;
     QString m_lateFrame;
 };
