@@ -67,8 +67,12 @@ class HttpClientTest : public testing::Test
     {
         service.setMisbehaviour(misbehaviour);
         HttpClient client;
-        return post(client, request(service));
+        HttpClient::Request asked = request(service);
+        asked.silenceLimit = silenceLimit;
+        return post(client, std::move(asked));
     }
+
+    std::chrono::milliseconds silenceLimit{700};
 
     DemoService service;
 };

@@ -35,7 +35,8 @@ TEST_F(HttpClientTest, framingThatHttpAllowsIsRead)
 
 TEST_F(HttpClientTest, aLargeAnswerComesWholeInEveryFraming)
 {
-    // Noise does not compress, so that every way has megabytes to carry.
+    // Noise does not compress, so that every way has megabytes to carry, and the service time to draw.
+    silenceLimit = std::chrono::seconds(20);
     service.setPictureMaker([](const QString & /*prompt*/, QSize /*size*/) {
         QImage image(1200, 900, QImage::Format_RGB32);
         QRandomGenerator random(1);

@@ -79,8 +79,8 @@ int main(int argc, char **argv)
 {
     const QString folder = qEnvironmentVariable("TEST_WINDOWS");
     const int status = quorvane::runProgram(argc, argv,
-                                            {QUrl::fromLocalFile(folder + u"/MainWindow.qml"_s),
-                                             QUrl::fromLocalFile(folder + u"/SettingsWindow.qml"_s),
+                                            {QUrl::fromLocalFile(folder + u"/TellingMainWindow.qml"_s),
+                                             QUrl::fromLocalFile(folder + u"/TellingSettingsWindow.qml"_s),
                                              {}});
     for (std::string line; qEnvironmentVariableIsSet("TEST_SLOW_END") && line != "end";) {
         if (!std::getline(std::cin, line)) {

@@ -8,13 +8,9 @@ namespace quorvane {
 
 bool Stage::usePrompt()
 {
-    // The editor gets the keyboard, but only who had been in it is still taken to be typing.
-    const bool staysInEditor = isInEditor() && !isPreviewOpen();
-    const QString before = editorText();
     const bool isUsed = clickSeen(isPreviewOpen() ? u"previewUsePromptButton"_s : u"usePromptButton"_s);
-    if (isUsed) {
-        m_isTyping = staysInEditor && (m_isTyping || editorText() != before);
-    }
+    // The button has taken the keyboard from the editor, and what it gives back is not typed.
+    m_isTyping = m_isTyping && !isUsed;
     return isUsed;
 }
 
