@@ -21,9 +21,8 @@ QString Sight::previewDiffers() const
             return buttonsOfPreviewDiffer(home.library() + '/'_L1 + name);
         }
     }
-    // Nothing can be done with what is gone, and the preview says so.
-    for (const QString &button :
-         {u"setButton"_s, u"favoriteButton"_s, u"upscaleButton"_s, u"fullScreenButton"_s, u"originalButton"_s}) {
+    // Nothing can be done with what is gone, and the preview says so. What it was made from may be there still.
+    for (const QString &button : {u"setButton"_s, u"favoriteButton"_s, u"upscaleButton"_s, u"fullScreenButton"_s}) {
         if (isSeen(button)) {
             return u"the preview of %1, which is gone, offers %2"_s.arg(source, button);
         }
