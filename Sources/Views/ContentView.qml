@@ -100,7 +100,12 @@ Item {
             Connections {
                 target: view
                 // Where it can be changed, or taken back. Later, because a preview gives the keyboard back when it closes.
-                function onPromptChosen() { Qt.callLater(sidebar.begin); }
+                function onPromptChosen() { later.restart(); }
+            }
+            Timer {
+                id: later
+                interval: 0
+                onTriggered: sidebar.begin()
             }
             Connections {
                 target: galleryModel

@@ -24,9 +24,14 @@ Item {
         }
     }
 
+    Timer {
+        id: later
+        interval: 0
+        onTriggered: keeper.moveOn()
+    }
     Connections {
         target: keeper.keyboardAt
         // Later, because what hides it may itself know where the keyboard goes.
-        function onVisibleChanged() { Qt.callLater(keeper.moveOn); }
+        function onVisibleChanged() { later.restart(); }
     }
 }

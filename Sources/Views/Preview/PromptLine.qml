@@ -14,7 +14,8 @@ PressableButton {
     focusPolicy: Qt.TabFocus
     Accessible.description: qsTr("Shows the whole prompt")
 
-    contentItem: Item {
+    // It is made at once because its parts have names, and is shown whenever this is.
+    contentItem: Item { // qmllint disable deferred-property-id
         implicitHeight: label.height
 
         PlainText {

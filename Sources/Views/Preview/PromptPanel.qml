@@ -36,7 +36,8 @@ Popup {
             strength: 1.6
         }
     }
-    contentItem: Item {
+    // It is made at once because its parts have names, and is shown whenever this is.
+    contentItem: Item { // qmllint disable deferred-property-id
         ScrollView {
             id: scroll
             anchors.left: parent.left
