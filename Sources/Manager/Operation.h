@@ -35,7 +35,8 @@ struct Operation
     std::stop_source stop;                   ///< Asked to stop when what it works for is no longer wanted.
     QString stopReason;                      ///< For the user; says why, once it was asked to stop.
     bool isSourceDeleted = false;            ///< That is why it was asked to.
-    bool isCancelled = false;                ///< The user is why it was asked to.
+    bool canBeCancelled = true;              ///< Until what it made is on its way to the disk and the screens.
+    bool isCancelled = false;                ///< The user is why it was asked to stop.
     bool isAsking = false;                   ///< A service has been asked for a picture, which may cost.
 
     [[nodiscard]] bool isStopped() const { return stop.stop_requested(); }

@@ -64,10 +64,11 @@ bool Operations::cancelMaking()
 {
     bool isAny = false;
     for (const OperationRef &each : std::vector<OperationRef>(m_running)) {
-        if (isMaking(each) && !each->isStopped()) {
+        if (isMaking(each) && each->canBeCancelled && !each->isStopped()) {
             isAny = true;
             each->isCancelled = true;
-            stop(*each, cancelledWords(*each));
+            stop(*each, each->isAsking ? Tr::tr("Cancelled. The service may charge for what it was asked for.")
+                                       : Tr::tr("Cancelled."));
         }
     }
     return isAny;
@@ -95,12 +96,6 @@ void advance(Operation &operation, UpscaleProgress progress)
         }
     }
     operation.progress = progress;
-}
-
-QString cancelledWords(const Operation &operation)
-{
-    return operation.isAsking ? Tr::tr("Cancelled. The service may charge for what it was asked for.")
-                              : Tr::tr("Cancelled.");
 }
 
 void stop(Operation &operation, const QString &reason)

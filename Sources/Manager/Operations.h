@@ -31,7 +31,8 @@ class Operations
     /// Asks every operation to stop. reason is for the user.
     void stopAll(const QString &reason);
 
-    /// Asks those to stop that make a picture, because the user wants no more of them. Whether there were any.
+    /// Asks those to stop that make a picture and can still be cancelled, because the user wants no more of them.
+    /// Whether there were any.
     bool cancelMaking();
 
     /// The picture at that path is being deleted: asks those to stop that enlarge it.
@@ -44,9 +45,6 @@ class Operations
 
 /// Takes over how far the operation is now. A share that is smaller than the one before leaves that standing.
 void advance(Operation &operation, UpscaleProgress progress);
-
-/// What a cancelled operation ends with, for the user.
-[[nodiscard]] QString cancelledWords(const Operation &operation);
 
 /// Asks the operation to stop; the first reason is the one that stays.
 void stop(Operation &operation, const QString &reason);

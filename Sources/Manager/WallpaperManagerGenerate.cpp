@@ -108,6 +108,7 @@ QCoro::Task<> WallpaperManager::generating(Generation run)
     }
 
     // 3. Save what is final, with its prompt and its link.
+    operation->canBeCancelled = false;
     NewPicture picture{name, std::move(final.bytes), run.prompt, result.original};
     const Result<KeptPicture> saved = co_await keeping(std::move(picture), operation);
     if (!saved) {

@@ -35,7 +35,7 @@ void WallpaperManager::end(const OperationRef &operation)
 /// The user wanted no more of it, so that is no failure to be told of; but who waits for a picture gets none.
 void WallpaperManager::endCancelled(const OperationRef &operation)
 {
-    report(*operation, cancelledWords(*operation), false);
+    report(*operation, operation->stopReason, false);
     operation->result.isError = true;
     end(operation);
 }

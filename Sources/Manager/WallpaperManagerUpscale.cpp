@@ -87,6 +87,7 @@ QCoro::Task<> WallpaperManager::upscalingExistingImage(QString url, OperationRef
     }
 
     // 2. Store the copy with the original's prompt and the link.
+    operation->canBeCancelled = false;
     NewPicture picture{name, std::move((*upscaled).bytes), std::nullopt, url};
     const std::optional<Result<KeptPicture>> copy = co_await m_library->keepingCopy(std::move(picture));
     if (!copy || operation->isSourceDeleted) {

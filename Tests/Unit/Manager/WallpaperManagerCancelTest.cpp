@@ -121,6 +121,21 @@ TEST_F(WallpaperManagerCancelTest, anUpscaleByTheServiceEndsOnTheWire)
     EXPECT_EQ(files(), QStringList{u"a.png"_s});
 }
 
+TEST_F(WallpaperManagerCancelTest, whatIsMadeAlreadyIsNotToldToBeCancelled)
+{
+    startWith(u"gemini"_s);
+    QList<bool> cancelled;
+    QObject::connect(manager.get(), &WallpaperManager::currentWallpaperURLChanged, manager.get(),
+                     [&] { cancelled.append(manager->cancel()); });
+    generate();
+    EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
+    manager->setUpscaleMethod(UpscaleMethod::Local);
+    manager->upscaleExistingImage(manager->history().first());
+    manager->waitUntilIdle();
+    EXPECT_EQ(manager->status(), u"Wallpaper set!"_s);
+    EXPECT_EQ(cancelled, (QList<bool>{false, false}));
+}
+
 TEST_F(WallpaperManagerCancelTest, everythingThatMakesAPictureEnds)
 {
     const QString source = putImage(u"a.png"_s);
