@@ -21,6 +21,10 @@ void ViewTest::click(const QString &name)
 
 QPoint ViewTest::middleOf(const QQuickItem *item)
 {
+    // A button that has just appeared is laid out with the next frame, and lies under another one until then.
+    for (QQuickItem *around = item->parentItem(); around != nullptr; around = around->parentItem()) {
+        around->ensurePolished();
+    }
     return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
 }
 

@@ -160,7 +160,8 @@ void PreviewModel::toggleFavorite()
 
 bool PreviewModel::canUpscale() const
 {
-    const bool isSmall = m_records.width < kFourKWidth;
+    // Before anything is known of it there is no width, and upscale() would do nothing.
+    const bool isSmall = m_records.width > 0 && m_records.width < kFourKWidth;
     return isOpen() && problem().isEmpty() && isSmall && !m_records.facts.hasPartner &&
            manager()->upscalingURL().isEmpty();
 }

@@ -62,6 +62,15 @@ TEST_F(PreviewModelTest, anOriginalThatIsGoneIsNotOffered)
     EXPECT_FALSE(model->hasOriginal());
 }
 
+TEST_F(PreviewModelTest, whatIsNotKnownYetIsNotOfferedToBeEnlarged)
+{
+    const QString one = putPicture(u"one.png"_s, 100);
+    attach().setPreviewURL(one);
+    EXPECT_FALSE(model->canUpscale());
+    ASSERT_TRUE(isRead());
+    EXPECT_TRUE(model->canUpscale());
+}
+
 TEST_F(PreviewModelTest, aProblemIsToldOfThePictureThatIsOpenAndOfNoOther)
 {
     const QString whole = putPicture(u"one.png"_s, 100);
