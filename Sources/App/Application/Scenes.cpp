@@ -153,6 +153,9 @@ bool Scenes::isAnyVisible() const
 
 bool Scenes::eventFilter(QObject *object, QEvent *event)
 {
+    if (event->type() != QEvent::Close && event->type() != QEvent::UpdateRequest) {
+        return false; // Some come while the window is being destroyed, and is no QQuickWindow any more.
+    }
     // Qt's Wayland client is told on a thread of its own that a frame was shown, and up to 6.4 at least it crashes when
     // the window goes at that moment. So the last frame goes first.
     auto *window = qobject_cast<QQuickWindow *>(object);
@@ -164,7 +167,7 @@ bool Scenes::eventFilter(QObject *object, QEvent *event)
         }
         return true;
     }
-    return event->type() == QEvent::UpdateRequest && m_leaving.contains(window);
+    return m_leaving.contains(window);
 }
 
 void Scenes::hideLeaving()
