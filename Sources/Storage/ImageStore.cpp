@@ -5,19 +5,17 @@
 #include "Platform/Files/Paths.h"
 #include "Platform/Files/SystemCall.h"
 #include "Platform/Logging.h"
+#include "Storage/Cascade.h"
 #include "Storage/CreationDate.h"
 #include "Storage/SideFile.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
 #include <cstdio>
-#include <functional>
 #include <memory>
-#include <set>
 
 #include <dirent.h>
 
@@ -27,18 +25,6 @@ namespace quorvane {
 
 namespace {
 
-struct Tr
-{
-    Q_DECLARE_TR_FUNCTIONS(ImageStore)
-};
-
-/// The path of the image called name. A side file is edited by hand now and then, and no entry of it may lead a
-/// deletion out of the library, to the library itself or to one of its side files.
-std::optional<QString> linkedPath(const QString &folder, const QString &name)
-{
-    return isImageName(name) ? std::optional(folder + '/'_L1 + name) : std::nullopt;
-}
-
 /// What is not there needs no removal.
 Result<> removeFromDisk(const QString &path)
 {
@@ -47,7 +33,7 @@ Result<> removeFromDisk(const QString &path)
         errno == ENOENT || errno == ENOTDIR) {
         return kDone;
     }
-    return Failure{Tr::tr("%1 could not be deleted: %2").arg(imageName(path), systemWords(errno))};
+    return notDeleted(path, errno);
 }
 
 QString withoutSlashesAtItsEnd(QString path)
@@ -66,18 +52,6 @@ Result<> saveEntry(const QString &path, const QString &name, const QString &text
         return Change::Write;
     };
     return changeTextMap(path, FileAccess::Default, insert);
-}
-
-/// Lets change alter the set of favourites, which the file holds sorted.
-Result<> changeFavorites(const QString &path, const std::function<Change(std::set<QString> &)> &change)
-{
-    const auto changeList = [&](QStringList &list) {
-        std::set<QString> favorites(list.cbegin(), list.cend());
-        const Change answer = change(favorites);
-        list = QStringList(favorites.begin(), favorites.end());
-        return answer;
-    };
-    return changeTextList(path, FileAccess::Default, changeList);
 }
 
 } // namespace
@@ -198,7 +172,7 @@ Result<> ImageStore::saveFavorite(const QString &name)
         favorites.insert(name);
         return Change::Write;
     };
-    return changeFavorites(favoritesPath(), insert);
+    return changeTextSet(favoritesPath(), FileAccess::Default, insert);
 }
 
 Result<> ImageStore::removeFavorite(const QString &name)
@@ -208,68 +182,23 @@ Result<> ImageStore::removeFavorite(const QString &name)
         favorites.erase(name);
         return Change::Write;
     };
-    return changeFavorites(favoritesPath(), erase);
+    return changeTextSet(favoritesPath(), FileAccess::Default, erase);
 }
 
 Result<> ImageStore::deleteImage(const QString &image)
 {
-    const QString folder = directory();
-    const FolderLock lock(folder);
-    const QString name = imageName(image);
-    const TextMap links = readTextMap(variantsPath());
+    const FolderLock lock(directory());
+    const QStringList paths = withPartners({withoutSlashesAtItsEnd(image)});
     Result<> outcome = kDone;
-    const auto tell = [&outcome](const Result<> &step) {
-        if (outcome && !step) {
-            outcome = step;
-        }
-    };
-
-    // The image, the enlarged copy of this original, and the originals of this enlarged copy.
-    QStringList paths{withoutSlashesAtItsEnd(image)};
-    const auto addMember = [&](const QString &member) {
-        if (const auto path = linkedPath(folder, member)) {
-            paths.append(*path);
-        }
-    };
-    if (const auto link = links.find(name); link != links.end()) {
-        addMember(link->second);
-    }
-    for (const auto &[original, upscaled] : links) {
-        if (upscaled == name) {
-            addMember(original);
-        }
-    }
-
-    std::set<QString> removed;
     int gone = 0;
-    for (const QString &path : std::as_const(paths)) {
+    for (const QString &path : paths) {
         const Result<> step = removeFromDisk(path);
         gone += step ? 1 : 0;
-        tell(step);
-        removed.insert(imageName(path));
+        outcome = outcome ? step : outcome;
     }
     qCInfo(logLibrary) << gone << "pictures of" << paths.size() << "were deleted, with what is known of them all";
-
-    const auto dropPrompts = [&removed](TextMap &prompts) {
-        std::erase_if(prompts, [&removed](const auto &entry) { return removed.contains(entry.first); });
-        return Change::Write;
-    };
-    tell(changeTextMap(promptsPath(), FileAccess::Default, dropPrompts));
-
-    const auto isRemoved = [&removed](const QString &favorite) { return removed.contains(favorite); };
-    const auto dropFavorites = [&isRemoved](std::set<QString> &favorites) {
-        return std::erase_if(favorites, isRemoved) > 0 ? Change::Write : Change::LeaveAlone;
-    };
-    tell(changeFavorites(favoritesPath(), dropFavorites));
-
-    const auto namesRemoved = [&removed](const auto &link) {
-        return removed.contains(link.first) || removed.contains(link.second);
-    };
-    const auto dropLinks = [&namesRemoved](TextMap &entries) {
-        return std::erase_if(entries, namesRemoved) > 0 ? Change::Write : Change::LeaveAlone;
-    };
-    tell(changeTextMap(variantsPath(), FileAccess::Default, dropLinks));
-    return outcome;
+    const Result<> dropped = dropEntriesOf(namesOf(paths));
+    return outcome ? dropped : outcome;
 }
 
 void ImageStore::removeAbandonedTemporaries()

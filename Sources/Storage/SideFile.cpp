@@ -168,4 +168,15 @@ Result<> changeTextList(const QString &path, FileAccess access, const std::funct
     return changeFile(path, access, change, &understoodTextList, &bytesFromTextList);
 }
 
+Result<> changeTextSet(const QString &path, FileAccess access, const std::function<Change(std::set<QString> &)> &change)
+{
+    const auto changeList = [&](QStringList &list) {
+        std::set<QString> texts(list.cbegin(), list.cend());
+        const Change answer = change(texts);
+        list = QStringList(texts.begin(), texts.end());
+        return answer;
+    };
+    return changeTextList(path, access, changeList);
+}
+
 } // namespace quorvane

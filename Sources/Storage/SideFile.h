@@ -10,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 
 /// The small JSON files beside the images and the key file: an object of texts or an array of texts. Reading never
 /// fails: what is missing, unreadable, malformed or of another shape counts as empty as a whole; before it is replaced
@@ -57,5 +58,9 @@ enum class Change {
 /// meanwhile (see FolderLock.h). A Failure says which file and why, in words for people.
 Result<> changeTextMap(const QString &path, FileAccess access, const std::function<Change(TextMap &)> &change);
 Result<> changeTextList(const QString &path, FileAccess access, const std::function<Change(QStringList &)> &change);
+
+/// The same for a list that is kept sorted, each text once.
+Result<> changeTextSet(const QString &path, FileAccess access,
+                       const std::function<Change(std::set<QString> &)> &change);
 
 } // namespace quorvane
