@@ -2,6 +2,7 @@
 
 #include "Manager/WallpaperManager.h"
 
+#include "Manager/Library/Deletions.h"
 #include "Manager/Library/Library.h"
 #include "Manager/Schedule.h"
 #include "Manager/SettingsKeys.h"
@@ -26,6 +27,8 @@ WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
     , m_services(std::move(services))
     , m_providers(allProviders(*m_services.http))
     , m_library(std::make_unique<Library>(m_scope))
+    , m_deletions(std::make_unique<Deletions>(*m_library, m_scope, m_services.clock))
+    , m_keyRemovals(std::make_unique<Undo>(m_services.clock))
     , m_setter(std::make_unique<WallpaperSetter>(m_scope, *m_services.desktop, m_services.screens))
     , m_schedule(std::make_unique<Schedule>(m_services.clock, m_services.powerEvents))
 {
@@ -33,6 +36,14 @@ WallpaperManager::WallpaperManager(ManagerServices services, QObject *parent)
     const UserDefaults &defaults = *m_services.defaults;
     connect(m_library.get(), &Library::historyChanged, this, &WallpaperManager::historyChanged);
     connect(m_library.get(), &Library::favoritesChanged, this, &WallpaperManager::favoritesChanged);
+    connect(m_deletions.get(), &Deletions::removing, this, [this](const QStringList &urls) {
+        for (const QString &url : urls) {
+            m_operations.stopEnlarging(url, tr("the picture was deleted"));
+        }
+    });
+    connect(m_deletions.get(), &Deletions::ended, this, [this](const Result<> &result) {
+        tell((result ? QStringList() : QStringList(result.failure().words)) + StorageNotices::take());
+    });
     connect(m_setter.get(), &WallpaperSetter::currentChanged, this, [this] {
         // One that is gone stays stored: the disk may only be unplugged.
         if (!m_setter->current().isEmpty()) {

@@ -15,7 +15,9 @@
 
 namespace quorvane {
 
+class Deletions;
 class Library;
+class Undo;
 class WallpaperSetter;
 struct Screen;
 
@@ -42,12 +44,8 @@ class WallpaperManager : public QObject
     Q_PROPERTY(QString currentWallpaperURL READ currentWallpaperURL NOTIFY currentWallpaperURLChanged)
 
   public:
-    static constexpr qint64 kDefaultIntervalMinutes = Schedule::kDefaultIntervalMinutes;
-    static constexpr qint64 kLongestIntervalMinutes = Schedule::kLongestIntervalMinutes;
-
     explicit WallpaperManager(ManagerServices services, QObject *parent = nullptr);
-    /// Cancels what runs, waits for it and leaves nothing half done.
-    ~WallpaperManager() override;
+    ~WallpaperManager() override; ///< Cancels what runs, waits for it and leaves nothing half done.
 
     [[nodiscard]] const Providers &providers() const { return m_providers; } ///< Gemini, Grok, OpenAI.
     [[nodiscard]] static const QList<int> &intervalOptions();                ///< On offer, in minutes.
@@ -62,10 +60,8 @@ class WallpaperManager : public QObject
     [[nodiscard]] QString upscalingURL() const { return m_operations.upscaling(); }
     /// How far the newest enlargement on this machine is; nothing while none runs.
     [[nodiscard]] std::optional<UpscaleProgress> progress() const { return m_operations.progress(); }
-    /// The number that the next operation gets; operationEnded() tells it again.
-    [[nodiscard]] quint64 nextOperation() const { return m_operations.next(); }
-    /// Runs the event loop until no operation runs any more.
-    void waitUntilIdle();
+    [[nodiscard]] quint64 nextOperation() const { return m_operations.next(); } ///< operationEnded() tells it again.
+    void waitUntilIdle(); ///< Runs the event loop until no operation runs any more.
 
     // --- Settings, each kept at every assignment ---
     [[nodiscard]] Q_INVOKABLE QString prompt() const { return m_prompt; }
@@ -87,6 +83,7 @@ class WallpaperManager : public QObject
     [[nodiscard]] static QSet<QString> storedKeyIds();
     Result<> saveKey(const QString &key, const QString &providerId);
     Result<> removeKey(const QString &providerId);
+    [[nodiscard]] Undo &keyRemovals() { return *m_keyRemovals; } ///< What windows remove, and may bring back.
 
     // --- What follows from them: as in ProviderChoice ---
     [[nodiscard]] ProviderChoice choice() const;
@@ -108,6 +105,7 @@ class WallpaperManager : public QObject
     Q_INVOKABLE void toggleFavorite(const QString &url);
     /// Deletes the picture and its enlarged partner for good, then reads the library again. Stops its enlargement.
     Q_INVOKABLE void deleteImage(const QString &url);
+    [[nodiscard]] Deletions &deletions() { return *m_deletions; } ///< What windows delete, and may bring back.
 
     // --- The desktop: as in WallpaperSetter ---
     [[nodiscard]] const QString &currentWallpaperURL() const;
@@ -193,6 +191,8 @@ class WallpaperManager : public QObject
     QStringList m_problems;
     TaskScope m_scope; ///< Drained before the owners below go.
     std::unique_ptr<Library> m_library;
+    std::unique_ptr<Deletions> m_deletions;
+    std::unique_ptr<Undo> m_keyRemovals;
     std::unique_ptr<WallpaperSetter> m_setter;
     std::unique_ptr<Schedule> m_schedule;
 };

@@ -43,10 +43,10 @@ Result<QString> accepted(const Setting &setting, const QString &text)
     case Kind::Minutes: {
         bool isNumber = false;
         const qint64 minutes = text.toLongLong(&isNumber);
-        if (!isNumber || minutes < 1 || minutes > WallpaperManager::kLongestIntervalMinutes) {
+        if (!isNumber || minutes < 1 || minutes > Schedule::kLongestIntervalMinutes) {
             return Failure{Tr::tr("%1 takes a whole number of minutes from 1 to %2")
                                .arg(setting.key)
-                               .arg(WallpaperManager::kLongestIntervalMinutes)};
+                               .arg(Schedule::kLongestIntervalMinutes)};
         }
         return QString::number(minutes);
     }
@@ -130,7 +130,7 @@ std::vector<Setting> table(WallpaperManager &manager, UserDefaults &defaults)
          [&manager](const QString &text) { manager.setAutoEnabled(text == kTrue); }},
         {kIntervalMinutes,
          Kind::Minutes,
-         QString::number(WallpaperManager::kDefaultIntervalMinutes),
+         QString::number(Schedule::kDefaultIntervalMinutes),
          {},
          [&manager] { return manager.intervalMinutes(); },
          [&manager](const QString &text) { manager.setIntervalMinutes(text.toLongLong()); }},

@@ -130,9 +130,32 @@ QCoro::Task<Result<>> Library::deleting(QString url)
     co_return removed;
 }
 
+QCoro::Task<Deletion::Outcome> Library::deletingRevocably(QStringList urls)
+{
+    auto remove = [urls] { return Deletion::of(urls); };
+    Deletion::Outcome outcome = co_await onWorker(&m_thread, std::move(remove));
+    co_await refreshing();
+    co_return outcome;
+}
+
+QCoro::Task<Result<>> Library::bringingBack(std::shared_ptr<Deletion> deletion)
+{
+    auto undo = [deletion] { return deletion->undo(); };
+    Result<> restored = co_await onWorker(&m_thread, std::move(undo));
+    co_await refreshing();
+    co_return restored;
+}
+
+QCoro::Task<> Library::forgetting(std::shared_ptr<Deletion> deletion)
+{
+    auto forget = [deletion = std::move(deletion)]() mutable { deletion.reset(); };
+    co_await onWorker(&m_thread, std::move(forget));
+}
+
 QCoro::Task<> Library::removingAbandonedFiles()
 {
     auto remove = [] {
+        Deletion::removeAbandoned();
         ImageStore::removeAbandonedTemporaries();
         Keychain::removeAbandonedTemporaries();
         for (const QString &path : {UserDefaults::defaultPath(), userModelPath(), autostartEntryPath()}) {

@@ -3,6 +3,7 @@
 #include "Manager/Library/KeptPicture.h"
 #include "Platform/Failure.h"
 #include "Platform/Threads/TaskScope.h"
+#include "Storage/Deletion.h"
 
 #include <QFuture>
 #include <QObject>
@@ -54,6 +55,13 @@ class Library : public QObject
 
     /// The picture and its enlarged partner, for good; then as refreshing().
     [[nodiscard]] QCoro::Task<Result<>> deleting(QString url);
+
+    /// The same, but so that it can be taken back.
+    [[nodiscard]] QCoro::Task<Deletion::Outcome> deletingRevocably(QStringList urls);
+    /// Brings what was deleted back; then as refreshing().
+    [[nodiscard]] QCoro::Task<Result<>> bringingBack(std::shared_ptr<Deletion> deletion);
+    /// Lets the deletion be for good.
+    [[nodiscard]] QCoro::Task<> forgetting(std::shared_ptr<Deletion> deletion);
 
     /// Removes what killed runs left half-written, after whatever was asked for before.
     [[nodiscard]] QCoro::Task<> removingAbandonedFiles();

@@ -1,3 +1,4 @@
+#include "Manager/Library/Deletions.h"
 #include "Unit/Manager/WallpaperManagerOutcomeFixture.h"
 
 using namespace Qt::StringLiterals;
@@ -18,6 +19,19 @@ TEST_F(WallpaperManagerOutcomeTest, deletingAPictureStopsItsUpscale)
     EXPECT_EQ(manager->status(), u"Upscale failed: the picture was deleted"_s);
     EXPECT_FALSE(manager->isLoading());
     EXPECT_EQ(results.size(), 2);
+}
+
+TEST_F(WallpaperManagerOutcomeTest, deletingAPictureInAWindowStopsItsUpscaleToo)
+{
+    const QString path = putImage(u"a.png"_s);
+    start();
+    manager->upscaleExistingImage(path);
+    (void)upscale(0);
+    manager->deletions().remove({path});
+    manager->waitUntilIdle();
+    EXPECT_TRUE(manager->history().isEmpty());
+    EXPECT_TRUE(desktop.shown().isEmpty());
+    EXPECT_EQ(manager->status(), u"Upscale failed: the picture was deleted"_s);
 }
 
 TEST_F(WallpaperManagerOutcomeTest, deletingTheOriginalWhileAGenerationEnlargesItEndsTheGeneration)

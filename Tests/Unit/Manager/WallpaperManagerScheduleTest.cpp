@@ -55,7 +55,7 @@ TEST_F(WallpaperManagerScheduleTest, aSenselessIntervalIsAMinute)
 
 TEST_F(WallpaperManagerScheduleTest, longIntervalsAreWaitedForWithOneAlarm)
 {
-    for (const qint64 minutes : {qint64(35792), qint64(1000000), WallpaperManager::kLongestIntervalMinutes}) {
+    for (const qint64 minutes : {qint64(35792), qint64(1000000), Schedule::kLongestIntervalMinutes}) {
         startEvery(minutes); // 35792 minutes are more milliseconds than an int holds.
         EXPECT_EQ(secondsLeft(), minutes * 60);
         EXPECT_EQ(clock.nextAlarm(), clock.uptime() + std::chrono::minutes(minutes));
@@ -66,7 +66,7 @@ TEST_F(WallpaperManagerScheduleTest, longIntervalsAreWaitedForWithOneAlarm)
         EXPECT_EQ(generations(), before + 1);
     }
     manager->setIntervalMinutes(std::numeric_limits<qint64>::max());
-    EXPECT_EQ(secondsLeft(), WallpaperManager::kLongestIntervalMinutes * 60);
+    EXPECT_EQ(secondsLeft(), Schedule::kLongestIntervalMinutes * 60);
 }
 
 TEST_F(WallpaperManagerScheduleTest, lateFiringsDoNotShiftTheRhythm)

@@ -47,7 +47,7 @@ TEST_F(WallpaperManagerTest, storedIntervalsBelowOneBecomeThirtyAndOthersStay)
     store(SettingsKeys::kIntervalMinutes, u"soon"_s);
     EXPECT_EQ(start().intervalMinutes(), 30);
     store(SettingsKeys::kIntervalMinutes, std::numeric_limits<qint64>::max());
-    EXPECT_EQ(start().intervalMinutes(), WallpaperManager::kLongestIntervalMinutes);
+    EXPECT_EQ(start().intervalMinutes(), Schedule::kLongestIntervalMinutes);
 }
 
 TEST_F(WallpaperManagerTest, settingsSurviveARestart)
