@@ -72,6 +72,16 @@ Window {
             active: window.visible
             sourceComponent: window.tab === 0 ? keysTab : advancedTab
         }
+        UndoBar {
+            offered: keysModel.canUndo
+            onUndone: keysModel.undo()
+        }
+    }
+    Shortcut {
+        enabled: keysModel.canUndo
+        sequences: [StandardKey.Undo]
+        autoRepeat: false
+        onActivated: keysModel.undo()
     }
     Shortcut {
         sequence: "Ctrl+W"

@@ -33,6 +33,11 @@ FocusScope {
         }
     }
 
+    function remove(url: string) {
+        images.forceActiveFocus();
+        model.remove(url);
+    }
+
     function openPicture(tile: HistoryTile) {
         images.forceActiveFocus();
         previewRequested(goTo(tile));
@@ -124,7 +129,7 @@ FocusScope {
         id: albums
         objectName: "albumGrid"
         anchors.top: header.bottom
-        anchors.bottom: parent.bottom
+        anchors.bottom: undoBar.visible ? undoBar.top : parent.bottom
         anchors.left: parent.left
         // A tile keeps its gap on the right of it, whichever way the columns go.
         anchors.leftMargin: Theme.system.isRightToLeft ? 4 : 24
@@ -149,7 +154,7 @@ FocusScope {
         id: images
         objectName: "imageGrid"
         anchors.top: header.bottom
-        anchors.bottom: parent.bottom
+        anchors.bottom: undoBar.visible ? undoBar.top : parent.bottom
         anchors.left: parent.left
         // A tile keeps its gap on the right of it, whichever way the columns go.
         anchors.leftMargin: Theme.system.isRightToLeft ? 4 : 24
@@ -173,7 +178,7 @@ FocusScope {
             selected: GridView.isCurrentItem && images.activeFocus
             onOpened: gallery.openPicture(imageTile)
             onApplied: gallery.model.apply(gallery.goTo(imageTile))
-            onDeleted: gallery.model.remove(gallery.goTo(imageTile))
+            onDeleted: gallery.remove(gallery.goTo(imageTile))
             onFavoriteToggled: gallery.model.toggleFavorite(gallery.goTo(imageTile))
             onMenuRequested: place => menu.openFor(gallery.goTo(imageTile), isFavorite, isBroken, imageTile, place)
         }
@@ -184,7 +189,7 @@ FocusScope {
         isComplete: true
         onApplied: gallery.model.apply(url)
         onFavoriteToggled: gallery.model.toggleFavorite(url)
-        onDeleted: gallery.model.remove(url)
+        onDeleted: gallery.remove(url)
         onClosed: images.forceActiveFocus()
     }
     Shortcut {
@@ -196,5 +201,32 @@ FocusScope {
         enabled: images.activeFocus && images.currentItem !== null
         sequence: "F"
         onActivated: gallery.onTile(tile => tile.favoriteToggled())
+    }
+    // Below the tiles, where it covers none.
+    UndoBar {
+        id: undoBar
+        offered: gallery.model.canUndo
+        onUndone: gallery.model.undo()
+    }
+    Shortcut {
+        enabled: gallery.enabled && gallery.model.canUndo
+        sequences: [StandardKey.Undo]
+        autoRepeat: false
+        onActivated: gallery.model.undo()
+    }
+    Connections {
+        id: returning
+
+        /// The picture that was brought back, until its album shows it.
+        property string awaited: ""
+
+        target: gallery.model
+        function onBroughtBack(url: string) { awaited = url; }
+        function onImagesChanged() {
+            if (gallery.model.rowOf(awaited) >= 0) {
+                gallery.follow(awaited);
+                awaited = "";
+            }
+        }
     }
 }

@@ -1,5 +1,7 @@
 #include "Views/Gallery/GalleryModel.h"
 
+#include "Manager/Library/Deletions.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -29,6 +31,9 @@ void GalleryModel::attach()
     connect(manager(), &WallpaperManager::favoritesChanged, this, &GalleryModel::update);
     connect(manager(), &WallpaperManager::upscalingURLChanged, this,
             [this] { m_imageList.setUpscaling(manager()->upscalingURL()); });
+    connect(&manager()->deletions().undo(), &Undo::isOfferedChanged, this, &GalleryModel::canUndoChanged);
+    connect(&manager()->deletions(), &Deletions::broughtBack, this,
+            [this](const QStringList &urls) { Q_EMIT broughtBack(urls.constFirst()); });
     m_imageList.setCurrentWallpaper(manager()->currentWallpaperURL());
     connect(manager(), &WallpaperManager::currentWallpaperURLChanged, this,
             [this] { m_imageList.setCurrentWallpaper(manager()->currentWallpaperURL()); });
@@ -128,7 +133,17 @@ void GalleryModel::toggleFavorite(const QString &url)
 
 void GalleryModel::remove(const QString &url)
 {
-    manager()->deleteImage(url);
+    manager()->deletions().remove({url});
+}
+
+bool GalleryModel::canUndo() const
+{
+    return manager()->deletions().undo().isOffered();
+}
+
+void GalleryModel::undo()
+{
+    manager()->deletions().undo().undo();
 }
 
 int GalleryModel::columns(double width)

@@ -25,6 +25,7 @@ class GalleryModel : public quorvane::ViewModel
     Q_PROPERTY(QString selectedAlbumId READ selectedAlbumId NOTIFY stateChanged)
     Q_PROPERTY(QString selectedAlbumTitle READ selectedAlbumTitle NOTIFY stateChanged)
     Q_PROPERTY(bool canUsePrompt READ canUsePrompt NOTIFY stateChanged)
+    Q_PROPERTY(bool canUndo READ canUndo NOTIFY canUndoChanged)
     Q_PROPERTY(QStringList images READ images NOTIFY imagesChanged)
     Q_PROPERTY(QAbstractItemModel *albumList READ albumList CONSTANT)
     Q_PROPERTY(QAbstractItemModel *imageList READ imageList CONSTANT)
@@ -64,8 +65,10 @@ class GalleryModel : public quorvane::ViewModel
     Q_INVOKABLE void apply(const QString &url);
     Q_INVOKABLE void toggleFavorite(const QString &url);
 
-    /// For good, with the picture's enlarged partner.
+    /// With the picture's enlarged partner; undo() brings both back while canUndo().
     Q_INVOKABLE void remove(const QString &url);
+    [[nodiscard]] bool canUndo() const;
+    Q_INVOKABLE void undo();
 
     /// How many columns of at least 220 points, 20 apart, fit; at least one.
     Q_INVOKABLE static int columns(double width);
@@ -73,6 +76,9 @@ class GalleryModel : public quorvane::ViewModel
   Q_SIGNALS:
     void stateChanged();
     void imagesChanged();
+    void canUndoChanged();
+    /// This picture was deleted, and is there again.
+    void broughtBack(const QString &url);
     void promptChosen(const QString &prompt);
 
   private:

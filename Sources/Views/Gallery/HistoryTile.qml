@@ -135,7 +135,7 @@ FocusScope {
                 focusPolicy: Qt.NoFocus
                 symbol: "trash"
                 symbolColor: Theme.glassRed
-                tip: qsTr("Delete for good, together with its 4K partner")
+                tip: qsTr("Delete, together with its 4K partner")
                 onClicked: tile.deleted()
             }
         }

@@ -1,8 +1,29 @@
 #include "Views/Settings/APIKeysModel.h"
 
+#include "Manager/Undo.h"
+
 #include <utility>
 
 namespace quorvane {
+
+namespace {
+
+/// A key that was removed can be brought back; one that could not be, because the disk was full, again.
+void offerBack(WallpaperManager *manager, const QString &providerId, const QString &key)
+{
+    const auto bringBack = [=] {
+        if (WallpaperManager::storedKeyIds().contains(providerId)) {
+            return;
+        }
+        if (const Result<> kept = manager->saveKey(key, providerId); !kept) {
+            manager->tell({kept.failure().words});
+            offerBack(manager, providerId, key);
+        }
+    };
+    manager->keyRemovals().offer({bringBack, [] {}});
+}
+
+} // namespace
 
 APIKeyRow::APIKeyRow(const ImageProvider &provider, WallpaperManager *manager, QObject *parent)
     : QObject(parent)
@@ -55,7 +76,11 @@ void APIKeyRow::submit()
 
 void APIKeyRow::remove()
 {
+    const TextMap keys = WallpaperManager::storedKeys();
     if (isKept(m_manager->removeKey(providerId))) {
+        if (const auto key = keys.find(providerId); key != keys.end()) {
+            offerBack(m_manager, providerId, key->second);
+        }
         m_stored.reset();
         m_key.clear();
         m_saved = false;
@@ -110,6 +135,17 @@ void APIKeysModel::attach()
         m_rows.append(new APIKeyRow(*provider, manager(), this));
     }
     connect(manager(), &WallpaperManager::keysChanged, this, &APIKeysModel::refresh);
+    connect(&manager()->keyRemovals(), &Undo::isOfferedChanged, this, &APIKeysModel::canUndoChanged);
+}
+
+bool APIKeysModel::canUndo() const
+{
+    return manager()->keyRemovals().isOffered();
+}
+
+void APIKeysModel::undo()
+{
+    manager()->keyRemovals().undo();
 }
 
 void APIKeysModel::refresh()

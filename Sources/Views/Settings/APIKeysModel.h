@@ -46,7 +46,7 @@ class APIKeyRow : public QObject
     Q_INVOKABLE void save();
     /// Stores the text, if there is one; what Return in the field does. Whether the row counts as saved stays.
     Q_INVOKABLE void submit();
-    /// Removes this service's key, and no other, and empties the field once it is gone.
+    /// Removes this service's key, and no other, and empties the field once it is gone. It can be brought back.
     Q_INVOKABLE void remove();
 
     /// The tab appears: the field takes a stored key over, unless it holds something that is not saved.
@@ -78,6 +78,7 @@ class APIKeysModel : public quorvane::ViewModel
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QQmlListProperty<QObject> rows READ rowList NOTIFY managerChanged)
+    Q_PROPERTY(bool canUndo READ canUndo NOTIFY canUndoChanged)
 
   public:
     explicit APIKeysModel(QObject *parent = nullptr);
@@ -91,6 +92,14 @@ class APIKeysModel : public quorvane::ViewModel
 
     /// Looks again at what other programs may have changed: the key file. Returns at once.
     Q_INVOKABLE void refresh();
+
+    /// Whether a key was removed here a moment ago.
+    [[nodiscard]] bool canUndo() const;
+    /// Brings it back, unless there is another one by now.
+    Q_INVOKABLE void undo();
+
+  Q_SIGNALS:
+    void canUndoChanged();
 
   private:
     void attach() override;

@@ -38,6 +38,13 @@ ScrollingForm {
                         text: section.modelData.key
                         onTextChanged: section.modelData.key = text
                         onAccepted: section.modelData.submit()
+                        // What was typed goes first.
+                        Keys.onPressed: event => {
+                            event.accepted = !canUndo && tab.model.canUndo && event.matches(StandardKey.Undo);
+                            if (event.accepted) {
+                                tab.model.undo();
+                            }
+                        }
                     }
                     PushButton {
                         id: save

@@ -27,6 +27,7 @@ struct Deed
         MoveByKey,
         StarByKey,
         DeleteByKey,
+        BringBack,
         OpenByKey,
         Type,
         Undo,

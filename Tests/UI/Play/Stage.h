@@ -36,6 +36,7 @@ class Stage : public SettingsSight
     [[nodiscard]] QString pressOnTile(const Deed &deed);
     [[nodiscard]] QString deleteTile(quint32 number);
     [[nodiscard]] QString deleteByKey();
+    [[nodiscard]] QString bringBack();
     [[nodiscard]] QString takePromptBack();
     [[nodiscard]] QString type(quint32 number);
     [[nodiscard]] QString undo();
@@ -59,6 +60,7 @@ class Stage : public SettingsSight
     static inline const QStringList kPrompts{u"a lake"_s, u"a wood"_s, u"a tower"_s, QString()};
 
     int m_made = 0;
+    QList<QStringList> m_deleted; ///< What each deletion in the window took from the disk, and can be brought back.
     QString m_lateFrame;
 };
 

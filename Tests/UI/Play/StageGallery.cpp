@@ -71,6 +71,8 @@ QString Stage::actInGallery(const Deed &deed)
         return {};
     case Kind::DeleteByKey:
         return deleteByKey();
+    case Kind::BringBack:
+        return bringBack();
     case Kind::OpenByKey:
         return openByKey();
     default:

@@ -4,6 +4,16 @@ using namespace Qt::StringLiterals;
 
 namespace quorvane {
 
+namespace {
+
+/// Takes those of names out of list that are in it, and leaves no others in names.
+void take(QStringList *names, QStringList *list)
+{
+    names->removeIf([list](const QString &name) { return list->removeAll(name) == 0; });
+}
+
+} // namespace
+
 bool Stage::clickOnTile(QQuickItem *tile, const QString &button)
 {
     if (const QRectF place = tile->mapRectToScene(QRectF(0, 0, tile->width(), tile->height()));
@@ -68,28 +78,45 @@ QString Stage::deleteTile(quint32 number)
     }
     QQuickItem *tile = pick(seen, number);
     const QString url = tile->property("url").toString();
-    QStringList expected = picturesOnDisk();
-    const QStringList gone = withPartner(url);
-    expected.removeIf([&gone](const QString &name) { return gone.contains(name); });
+    QStringList stay = picturesOnDisk();
+    QStringList gone = withPartner(url);
+    take(&gone, &stay);
     if (!clickOnTile(tile, u"trash"_s)) {
         return u"the tile of %1 shows no trash under the pointer"_s.arg(imageName(url));
     }
-    return expectOnDisk(expected, u"the trash of "_s + imageName(url));
+    m_deleted.append(gone);
+    return expectOnDisk(stay, u"the trash of "_s + imageName(url));
 }
 
 QString Stage::deleteByKey()
 {
     // Whoever looks sees a ring around one tile, or none, and expects that this one goes and no other.
-    QStringList expected = picturesOnDisk();
+    QStringList stay = picturesOnDisk();
     QString what = u"Delete with no ring in sight"_s;
     if (const QQuickItem *tile = ringedTile(); tile != nullptr && !isInEditor()) {
         const QString url = tile->property("url").toString();
         what = u"Delete with the ring at "_s + imageName(url);
-        const QStringList gone = withPartner(url);
-        expected.removeIf([&gone](const QString &name) { return gone.contains(name); });
+        QStringList gone = withPartner(url);
+        take(&gone, &stay);
+        m_deleted.append(gone);
     }
     QTest::keyClick(window, Qt::Key_Delete);
-    return expectOnDisk(expected, what);
+    return expectOnDisk(stay, what);
+}
+
+QString Stage::bringBack()
+{
+    if (isPreviewOpen()) {
+        return {};
+    }
+    if (!clickSeen(u"undoButton"_s)) {
+        return m_deleted.isEmpty() ? QString() : u"what was deleted is not offered to be brought back"_s;
+    }
+    if (m_deleted.isEmpty()) {
+        return u"what nobody deleted in the window is offered to be brought back"_s;
+    }
+    const QStringList back = m_deleted.takeLast();
+    return expectOnDisk(picturesOnDisk() + back, u"Undo of the deletion of "_s + back.join(' '_L1));
 }
 
 } // namespace quorvane
