@@ -15,6 +15,10 @@
         <source>What is in the field is not saved yet.</source>
         <translation>Was im Feld steht, ist noch nicht gespeichert.</translation>
     </message>
+    <message>
+        <source>This key is stored.</source>
+        <translation>Dieser Schlüssel ist gespeichert.</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedTab</name>
@@ -679,10 +683,6 @@ mit den Bedienelementen in der Seitenleiste.</translation>
         <translation>Anwenden</translation>
     </message>
     <message>
-        <source>Delete for good, together with its 4K partner</source>
-        <translation>Endgültig löschen, zusammen mit dem 4K-Gegenstück</translation>
-    </message>
-    <message>
         <source>%3, %1 of %2</source>
         <extracomment>What is read out of a picture, then its place among the others</extracomment>
         <translation>%3, %1 von %2</translation>
@@ -690,6 +690,10 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>This picture cannot be read.</source>
         <translation>Dieses Bild kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Delete, together with its 4K partner</source>
+        <translation>Löschen, mitsamt der 4K-Fassung</translation>
     </message>
 </context>
 <context>
@@ -771,6 +775,10 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>%1 could not be deleted: %2</source>
         <translation>%1 konnte nicht gelöscht werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be brought back: %2</source>
+        <translation>%1 konnte nicht zurückgeholt werden: %2</translation>
     </message>
 </context>
 <context>
@@ -1484,6 +1492,17 @@ mit den Bedienelementen in der Seitenleiste.</translation>
     <message>
         <source>sway ended the connection</source>
         <translation>sway hat die Verbindung beendet</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>Deleted</source>
+        <translation>Gelöscht</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
     </message>
 </context>
 <context>

@@ -15,6 +15,10 @@
         <source>What is in the field is not saved yet.</source>
         <translation>Lo que hay en el campo aún no está guardado.</translation>
     </message>
+    <message>
+        <source>This key is stored.</source>
+        <translation>Esta clave está guardada.</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedTab</name>
@@ -679,10 +683,6 @@ con los controles de la barra lateral.</translation>
         <translation>Aplicar</translation>
     </message>
     <message>
-        <source>Delete for good, together with its 4K partner</source>
-        <translation>Eliminar para siempre, junto con su versión 4K</translation>
-    </message>
-    <message>
         <source>%3, %1 of %2</source>
         <extracomment>What is read out of a picture, then its place among the others</extracomment>
         <translation>%3, %1 de %2</translation>
@@ -690,6 +690,10 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>This picture cannot be read.</source>
         <translation>No se puede leer esta imagen.</translation>
+    </message>
+    <message>
+        <source>Delete, together with its 4K partner</source>
+        <translation>Eliminar, junto con su versión 4K</translation>
     </message>
 </context>
 <context>
@@ -771,6 +775,10 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>%1 could not be deleted: %2</source>
         <translation>No se pudo eliminar %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be brought back: %2</source>
+        <translation>No se pudo recuperar %1: %2</translation>
     </message>
 </context>
 <context>
@@ -1484,6 +1492,17 @@ con los controles de la barra lateral.</translation>
     <message>
         <source>sway ended the connection</source>
         <translation>sway cerró la conexión</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>Deleted</source>
+        <translation>Eliminado</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
     </message>
 </context>
 <context>

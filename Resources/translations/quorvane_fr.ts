@@ -15,6 +15,10 @@
         <source>What is in the field is not saved yet.</source>
         <translation>Le contenu du champ n’est pas encore enregistré.</translation>
     </message>
+    <message>
+        <source>This key is stored.</source>
+        <translation>Cette clé est enregistrée.</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedTab</name>
@@ -679,10 +683,6 @@ avec les commandes du panneau latéral.</translation>
         <translation>Appliquer</translation>
     </message>
     <message>
-        <source>Delete for good, together with its 4K partner</source>
-        <translation>Supprimer définitivement, avec son équivalent 4K</translation>
-    </message>
-    <message>
         <source>%3, %1 of %2</source>
         <extracomment>What is read out of a picture, then its place among the others</extracomment>
         <translation>%3, %1 sur %2</translation>
@@ -690,6 +690,10 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>This picture cannot be read.</source>
         <translation>Impossible de lire cette image.</translation>
+    </message>
+    <message>
+        <source>Delete, together with its 4K partner</source>
+        <translation>Supprimer, avec sa version 4K</translation>
     </message>
 </context>
 <context>
@@ -771,6 +775,10 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>%1 could not be deleted: %2</source>
         <translation>%1 n’a pas pu être supprimé : %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be brought back: %2</source>
+        <translation>%1 n’a pas pu être récupéré : %2</translation>
     </message>
 </context>
 <context>
@@ -1484,6 +1492,17 @@ avec les commandes du panneau latéral.</translation>
     <message>
         <source>sway ended the connection</source>
         <translation>sway a mis fin à la connexion</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>Deleted</source>
+        <translation>Supprimé</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler la suppression</translation>
     </message>
 </context>
 <context>

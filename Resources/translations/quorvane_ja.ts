@@ -15,6 +15,10 @@
         <source>What is in the field is not saved yet.</source>
         <translation>入力欄の内容はまだ保存されていません。</translation>
     </message>
+    <message>
+        <source>This key is stored.</source>
+        <translation>このキーは保存されています。</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedTab</name>
@@ -678,10 +682,6 @@ using the sidebar controls.</source>
         <translation>適用</translation>
     </message>
     <message>
-        <source>Delete for good, together with its 4K partner</source>
-        <translation>4Kの対の画像とともに完全に削除</translation>
-    </message>
-    <message>
         <source>%3, %1 of %2</source>
         <extracomment>What is read out of a picture, then its place among the others</extracomment>
         <translation>%3、%2枚中%1枚目</translation>
@@ -689,6 +689,10 @@ using the sidebar controls.</source>
     <message>
         <source>This picture cannot be read.</source>
         <translation>この画像を読み込めません。</translation>
+    </message>
+    <message>
+        <source>Delete, together with its 4K partner</source>
+        <translation>4K 版とともに削除</translation>
     </message>
 </context>
 <context>
@@ -770,6 +774,10 @@ using the sidebar controls.</source>
     <message>
         <source>%1 could not be deleted: %2</source>
         <translation>%1 を削除できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be brought back: %2</source>
+        <translation>%1 を元に戻せませんでした: %2</translation>
     </message>
 </context>
 <context>
@@ -1478,6 +1486,17 @@ using the sidebar controls.</source>
     <message>
         <source>sway ended the connection</source>
         <translation>swayが接続を終了しました</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>Deleted</source>
+        <translation>削除しました</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
     </message>
 </context>
 <context>

@@ -15,6 +15,10 @@
         <source>What is in the field is not saved yet.</source>
         <translation>输入框中的内容尚未保存。</translation>
     </message>
+    <message>
+        <source>This key is stored.</source>
+        <translation>此密钥已保存。</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedTab</name>
@@ -678,10 +682,6 @@ using the sidebar controls.</source>
         <translation>应用</translation>
     </message>
     <message>
-        <source>Delete for good, together with its 4K partner</source>
-        <translation>永久删除，连同其 4K 对应图片</translation>
-    </message>
-    <message>
         <source>%3, %1 of %2</source>
         <extracomment>What is read out of a picture, then its place among the others</extracomment>
         <translation>%3，第 %1 张，共 %2 张</translation>
@@ -689,6 +689,10 @@ using the sidebar controls.</source>
     <message>
         <source>This picture cannot be read.</source>
         <translation>无法读取这张图片。</translation>
+    </message>
+    <message>
+        <source>Delete, together with its 4K partner</source>
+        <translation>删除，连同其 4K 版本</translation>
     </message>
 </context>
 <context>
@@ -770,6 +774,10 @@ using the sidebar controls.</source>
     <message>
         <source>%1 could not be deleted: %2</source>
         <translation>无法删除 %1：%2</translation>
+    </message>
+    <message>
+        <source>%1 could not be brought back: %2</source>
+        <translation>无法恢复 %1：%2</translation>
     </message>
 </context>
 <context>
@@ -1478,6 +1486,17 @@ using the sidebar controls.</source>
     <message>
         <source>sway ended the connection</source>
         <translation>sway 结束了连接</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>Deleted</source>
+        <translation>已删除</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
     </message>
 </context>
 <context>

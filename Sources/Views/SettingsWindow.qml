@@ -29,7 +29,7 @@ Window {
         // Not a Shortcut, which would be there before an open list of choices is.
         Keys.onEscapePressed: window.close()
 
-        KeyboardKeeper {}
+        KeyboardKeeper { place: window.tab === 0 ? keysButton : advancedButton }
 
         Rectangle {
             id: bar
@@ -42,6 +42,7 @@ Window {
                 spacing: 8
 
                 SettingsTabButton {
+                    id: keysButton
                     objectName: "apiKeysTab"
                     focus: true
                     symbol: "key.fill"
@@ -50,6 +51,7 @@ Window {
                     onClicked: window.tab = 0
                 }
                 SettingsTabButton {
+                    id: advancedButton
                     objectName: "advancedTab"
                     symbol: "gearshape"
                     text: qsTr("Advanced")
@@ -67,12 +69,14 @@ Window {
         // A tab is made when it appears, and then reads what is stored.
         Loader {
             anchors.top: bar.bottom
-            anchors.bottom: parent.bottom
+            anchors.bottom: undoBar.visible ? undoBar.top : parent.bottom
+            anchors.bottomMargin: undoBar.visible ? 8 : 0
             width: parent.width
             active: window.visible
             sourceComponent: window.tab === 0 ? keysTab : advancedTab
         }
         UndoBar {
+            id: undoBar
             offered: keysModel.canUndo
             onUndone: keysModel.undo()
         }

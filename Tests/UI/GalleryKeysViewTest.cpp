@@ -159,6 +159,7 @@ TEST_F(GalleryKeys, theRingStaysWithThePictureWhenOthersComeGoAndMove)
     const QString own = file(3);
     click(tile(3));
     closePreview();
+    hover(QPoint(2, 2));
     // One goes before it, one comes before it, and one behind it becomes the first.
     manager->deleteImage(file(0));
     manager->waitUntilIdle();
@@ -177,6 +178,27 @@ TEST_F(GalleryKeys, theRingStaysWithThePictureWhenOthersComeGoAndMove)
     manager->waitUntilIdle();
     EXPECT_TRUE(waitFor([&] { return placeOf(own) == 0 && images().first() == own; }));
     EXPECT_EQ(ringed(), own);
+}
+
+TEST_F(GalleryKeys, aStarLeavesThePicturesWhereTheyAreUntilThePointerGoes)
+{
+    openAlbum(4);
+    const QString own = file(2);
+    hover(middleOf(find(tile(2))));
+    ASSERT_TRUE(waitFor([&] { return findBelow(find(u"tile "_s + own), u"star"_s, true) != nullptr; }));
+    const QPoint star = middleOf(findBelow(find(u"tile "_s + own), u"star"_s, true));
+    QTest::mouseClick(window, Qt::LeftButton, {}, star);
+    manager->waitUntilIdle();
+    EXPECT_EQ(images().first(), own);
+    // The second press of a double click finds the same picture.
+    QTest::mouseClick(window, Qt::LeftButton, {}, star);
+    manager->waitUntilIdle();
+    EXPECT_TRUE(manager->favorites().isEmpty());
+    QTest::mouseClick(window, Qt::LeftButton, {}, star);
+    manager->waitUntilIdle();
+    EXPECT_EQ(placeOf(own), 2);
+    hover(QPoint(2, 2));
+    EXPECT_TRUE(waitFor([&] { return placeOf(own) == 0; }));
 }
 
 TEST_F(GalleryKeys, aKeyThatIsHeldDeletesOnePicture)

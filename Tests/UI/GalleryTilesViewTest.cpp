@@ -5,6 +5,8 @@
 #include <QAccessible>
 #include <QSet>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvane {
@@ -100,6 +102,7 @@ TEST_F(GalleryTiles, anAlbumShowsItsOwnPicturesAfterOneOfAnotherWasStarred)
     hover(middleOf(find(u"tile "_s + filesOf(u"a lake"_s).last())));
     click(u"star"_s);
     manager->waitUntilIdle();
+    hover(QPoint(2, 2)); // While it is over the pictures they keep their places.
     ASSERT_TRUE(waitFor([&] { return shown() == filesOf(u"a lake"_s); }));
     click(u"albumsButton"_s);
     openAlbum(u"a hill"_s);
@@ -165,6 +168,23 @@ TEST_F(GalleryTiles, aTileTellsWhatItsPictureIs)
     manager->waitUntilIdle();
     EXPECT_FALSE(nameOf(plain).contains(u"wallpaper"_s)) << nameOf(plain).toStdString();
     EXPECT_TRUE(nameOf(wide).contains(u", current wallpaper, "_s)) << nameOf(wide).toStdString();
+}
+
+TEST_F(GalleryTiles, whatIsScrolledOutOfSightIsNotTold)
+{
+    putAlbum(u"a"_s, u"a lake"_s, 30);
+    start();
+    open();
+    openAlbum(u"a lake"_s);
+    const auto isTold = [this](const QString &place) {
+        const QStringList names = spoken();
+        return std::any_of(names.begin(), names.end(), [&](const QString &name) { return name.endsWith(place); });
+    };
+    EXPECT_TRUE(waitFor([&] { return isTold(u", 1 of 30"_s); }));
+    QQuickItem *grid = find(u"imageGrid"_s);
+    grid->setProperty("contentY", find(u"tile "_s + filesOf(u"a lake"_s).first())->height() + 4);
+    EXPECT_FALSE(isTold(u", 1 of 30"_s));
+    EXPECT_TRUE(isTold(u", 4 of 30"_s));
 }
 
 } // namespace quorvane

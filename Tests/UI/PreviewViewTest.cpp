@@ -119,6 +119,30 @@ TEST_F(PreviewView, aButtonThatGoesGivesTheKeyboardToThePicture)
     manager->waitUntilIdle();
 }
 
+TEST_F(PreviewView, noButtonMovesWhenAnotherGoes)
+{
+    store(SettingsKeys::kUpscaleMethod, u"local"_s);
+    openFirst();
+    window->resize(1200, 800);
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"upscaleButton"_s) && placeOf(u"setButton"_s).top() > 700; }));
+    const auto places = [&] {
+        QList<QRectF> all;
+        for (const char *name : {"setButton", "favoriteButton", "fullScreenButton", "previewUsePromptButton"}) {
+            all.append(placeOf(QLatin1String(name)));
+        }
+        return all;
+    };
+    const QPoint pressed = middleOf(find(u"upscaleButton"_s));
+    const QList<QRectF> before = places();
+    const QString prompt = manager->prompt();
+    QTest::mouseClick(window, Qt::LeftButton, {}, pressed);
+    ASSERT_TRUE(waitFor([&] { return !isSeen(u"upscaleButton"_s); }));
+    EXPECT_EQ(places(), before);
+    manager->waitUntilIdle();
+    click(u"favoriteButton"_s);
+    EXPECT_EQ(places(), before);
+}
+
 TEST_F(PreviewView, theCloseButtonCloses)
 {
     openFirst();
@@ -278,9 +302,8 @@ TEST_F(PreviewView, tabReachesItsButtonsFromThePicture)
     openFirst();
     ASSERT_TRUE(waitFor([&] { return isReachable(u"upscaleButton"_s) && isReachable(u"previewPrompt"_s); }));
     const QStringList stops = tabStops();
-    const QStringList own{u"closeButton"_s,   u"rightButton"_s,     u"previewPrompt"_s,
-                          u"setButton"_s,     u"favoriteButton"_s,  u"previewUsePromptButton"_s,
-                          u"upscaleButton"_s, u"fullScreenButton"_s};
+    const QStringList own{u"closeButton"_s,    u"rightButton"_s,      u"previewPrompt"_s,          u"setButton"_s,
+                          u"favoriteButton"_s, u"fullScreenButton"_s, u"previewUsePromptButton"_s, u"upscaleButton"_s};
     EXPECT_EQ(stops.mid(0, own.size()), own) << stops.join(u", "_s).toStdString();
     // What it covers is not reached.
     for (const QString &stop : stops) {
@@ -302,7 +325,7 @@ TEST_F(PreviewView, buttonsThatDoNotFitOnOneLineAreInTheMiddleOfTheNext)
     openFirst();
     window->setWidth(760);
     const auto y = [&](const char *name) { return middleOf(find(QLatin1String(name))).y(); };
-    ASSERT_TRUE(waitFor([&] { return y("fullScreenButton") > y("setButton"); }));
+    ASSERT_TRUE(waitFor([&] { return y("previewUsePromptButton") > y("setButton"); }));
     // The gallery's middle, beside 280 points of sidebar.
     constexpr int kMiddle = 280 + (760 - 280) / 2;
     const auto middleOfLine = [&](int line) {
@@ -318,7 +341,7 @@ TEST_F(PreviewView, buttonsThatDoNotFitOnOneLineAreInTheMiddleOfTheNext)
         }
         return (left + right) / 2;
     };
-    for (const char *line : {"setButton", "fullScreenButton"}) {
+    for (const char *line : {"setButton", "previewUsePromptButton"}) {
         EXPECT_TRUE(waitFor([&] { return std::abs(middleOfLine(y(line)) - kMiddle) <= 5; }))
             << line << ' ' << middleOfLine(y(line));
     }

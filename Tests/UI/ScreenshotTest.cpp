@@ -3,6 +3,7 @@
 // QUORVANE_SCREENSHOTS_SIZE (760x480) says; with QUORVANE_UPDATE_PICTURES=1 the small ones in Tests/Data/windows are
 // made anew.
 
+#include "Manager/Library/Deletions.h"
 #include "Manager/SettingsKeys.h"
 #include "Platform/Threads/Worker.h"
 #include "Support/SpokenLanguage.h"
@@ -262,9 +263,17 @@ class Screenshot : public ViewTest
         QTest::keyClick(window, Qt::Key_Escape);
         takeLongPrompt(theme, longPrompt());
         takeProblem(theme);
+        manager->deletions().remove({manager->history().first()});
+        manager->waitUntilIdle();
+        settle();
+        take(theme + u"-undo"_s);
         open(u"SettingsWindow"_s);
         settle();
         take(theme + u"-keys"_s);
+        click(u"geminiTrash"_s);
+        settle();
+        take(theme + u"-keys-undo"_s);
+        QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier);
         click(u"advancedTab"_s);
         settle();
         take(theme + u"-advanced"_s);

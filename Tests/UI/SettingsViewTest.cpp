@@ -88,6 +88,7 @@ TEST_F(SettingsView, returnStoresTheKeyAndLeavesTheRowAsItWas)
     type(u"KEY"_s);
     QTest::keyClick(window, Qt::Key_Return);
     EXPECT_EQ(Keychain::load(u"grok"_s), u"KEY"_s);
+    EXPECT_TRUE(isSeen(u"grokStored"_s));
     EXPECT_EQ(label("grokSave"), u"Save"_s);
     EXPECT_FALSE(isSeen(u"grokTrash"_s));
 }
@@ -228,6 +229,20 @@ TEST_F(SettingsView, theKeyboardReachesAndPressesEverything)
     EXPECT_EQ(Keychain::load(u"gemini"_s), std::nullopt);
 }
 
+TEST_F(SettingsView, afterTheTrashTheKeyboardIsAtTheFieldOfTheSameService)
+{
+    EXPECT_TRUE(Keychain::save(u"GEM"_s, u"gemini"_s));
+    EXPECT_TRUE(Keychain::save(u"XAI"_s, u"grok"_s));
+    openSettings();
+    find(u"geminiTrash"_s)->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(window, Qt::Key_Space);
+    EXPECT_TRUE(waitFor([&] { return !isSeen(u"geminiTrash"_s) && find(u"geminiField"_s)->hasActiveFocus(); }));
+    type(u"NEW"_s);
+    QTest::keyClick(window, Qt::Key_Return);
+    EXPECT_EQ(Keychain::load(u"gemini"_s), u"NEW"_s);
+    EXPECT_EQ(Keychain::load(u"grok"_s), u"XAI"_s);
+}
+
 TEST_F(SettingsView, aPickerThatGoesGivesTheKeyboardAway)
 {
     store(SettingsKeys::kProviderOverride, u"grok"_s);
@@ -241,8 +256,8 @@ TEST_F(SettingsView, aPickerThatGoesGivesTheKeyboardAway)
     ASSERT_TRUE(picker->property("down").toBool());
     manager->setProviderOverride(u"gemini"_s);
     ASSERT_TRUE(waitFor([&] { return !isSeen(u"upscaleMethodRow"_s); }));
-    EXPECT_TRUE(waitFor([&] { return window->activeFocusItem()->isVisible(); }));
-    EXPECT_FALSE(picker->hasActiveFocus());
+    EXPECT_TRUE(waitFor([&] { return find(u"advancedTab"_s)->hasActiveFocus(); }));
+    EXPECT_TRUE(find(u"advancedTab"_s)->property("visualFocus").toBool()) << "and it is seen where";
     EXPECT_FALSE(picker->property("down").toBool());
     QTest::keyClick(window, Qt::Key_Down);
     EXPECT_EQ(manager->upscaleMethod(), UpscaleMethod::Gemini);

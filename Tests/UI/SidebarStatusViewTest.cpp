@@ -119,6 +119,7 @@ TEST_F(SidebarView, whatIsBeingMadeCanBeCancelled)
     manager->waitUntilIdle();
     EXPECT_TRUE(manager->status().startsWith("Cancelled."_L1)) << manager->status().toStdString();
     EXPECT_EQ(textOf(find(u"status"_s)), manager->status());
+    EXPECT_EQ(find(u"statusSymbol"_s)->property("name"), u"xmark.circle.fill"_s) << "no sign of success";
     EXPECT_FALSE(isSeen(u"cancelButton"_s));
     EXPECT_TRUE(find(u"generateButton"_s)->isEnabled());
 

@@ -97,6 +97,33 @@ TEST_F(TipView, anyKeyAndAnyClickEndIt)
     EXPECT_TRUE(waitFor([&] { return !isShown(); })) << "by a key";
 }
 
+TEST_F(TipView, theKeyThatEndsItDeletesNothingBelowIt)
+{
+    const QString prompt = longText(1200);
+    for (int number = 0; number < 6; ++number) {
+        (void)putPainting(u"%1.png"_s.arg(number), prompt);
+    }
+    start();
+    ASSERT_NE(open(), nullptr);
+    window->resize(960, 640);
+    click(u"album "_s + prompt);
+    const QStringList files = manager->albums().back().images;
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"tile "_s + files[0]); }));
+    hover(placeOf(u"tile "_s + files[0]).bottomLeft().toPoint() + QPoint(20, -25));
+    ASSERT_TRUE(waitFor([&] { return isShown() && panel().contains(middleOf(find(u"tile "_s + files[2]))); }));
+    auto *grid = find(u"imageGrid"_s);
+    grid->forceActiveFocus();
+    grid->setProperty("currentIndex", 2);
+    hold(Qt::Key_Delete, 0);
+    EXPECT_TRUE(waitFor([&] { return !isShown(); }));
+    manager->waitUntilIdle();
+    EXPECT_EQ(manager->history().size(), 6);
+    // Now it is seen.
+    hold(Qt::Key_Delete, 0);
+    manager->waitUntilIdle();
+    EXPECT_FALSE(manager->history().contains(files[2]));
+}
+
 TEST_F(TipView, itGoesWithWhatItExplains)
 {
     const QString prompt = longText(800);

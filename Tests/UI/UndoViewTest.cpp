@@ -98,6 +98,22 @@ TEST_F(UndoView, theBarCoversNoTile)
     EXPECT_LE(placeOf(u"imageGrid"_s).bottom(), bar->mapRectToScene(QRectF(0, 0, 1, 1)).top());
 }
 
+TEST_F(UndoView, aDoubleClickOnTheTrashDeletesOnePicture)
+{
+    openAlbum(4);
+    hover(middleOf(find(tile(0))));
+    ASSERT_TRUE(waitFor([&] { return isReachable(u"trash"_s); }));
+    const QPoint trash = middleOf(find(u"trash"_s));
+    QTest::mouseClick(window, Qt::LeftButton, {}, trash);
+    manager->waitUntilIdle();
+    ASSERT_TRUE(waitFor([&] { return find(u"imageGrid"_s)->property("count").toInt() == 3; }));
+    hover(trash + QPoint(1, 0));
+    ASSERT_TRUE(waitFor([&] { return isSeen(u"trash"_s); }));
+    QTest::mouseClick(window, Qt::LeftButton, {}, trash);
+    manager->waitUntilIdle();
+    EXPECT_EQ(manager->history().size(), 3);
+}
+
 TEST_F(UndoView, aRemovedKeyComesBack)
 {
     EXPECT_TRUE(Keychain::save(u"KEY"_s, u"grok"_s));

@@ -16,21 +16,27 @@ PressableButton {
     font.pixelSize: Theme.captionSize
     font.weight: Font.Medium
 
-    contentItem: Row {
-        spacing: 8
+    contentItem: Item {
+        implicitWidth: children[0].implicitWidth
+        implicitHeight: children[0].implicitHeight
 
-        Symbol {
-            anchors.verticalCenter: parent.verticalCenter
-            visible: button.symbol !== ""
-            name: button.symbol
-            size: 14
-            color: button.symbolColor
-        }
-        PlainText {
-            anchors.verticalCenter: parent.verticalCenter
-            text: button.text
-            font: button.font
-            color: Theme.overPicture
+        Row {
+            anchors.centerIn: parent
+            spacing: 8
+
+            Symbol {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: button.symbol !== ""
+                name: button.symbol
+                size: 14
+                color: button.symbolColor
+            }
+            PlainText {
+                anchors.verticalCenter: parent.verticalCenter
+                text: button.text
+                font: button.font
+                color: Theme.overPicture
+            }
         }
     }
     background: Rectangle {

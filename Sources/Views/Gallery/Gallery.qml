@@ -50,6 +50,11 @@ FocusScope {
         }
     }
 
+    // The second press of a double click is for the picture that was there, not for the one that has come in its place.
+    Timer {
+        id: secondPress
+        interval: Application.styleHints.mouseDoubleClickInterval
+    }
     KeyStrokes {
         id: strokes
         window: gallery.Window.window
@@ -130,6 +135,7 @@ FocusScope {
         objectName: "albumGrid"
         anchors.top: header.bottom
         anchors.bottom: undoBar.visible ? undoBar.top : parent.bottom
+        anchors.bottomMargin: undoBar.visible ? 8 : 0
         anchors.left: parent.left
         // A tile keeps its gap on the right of it, whichever way the columns go.
         anchors.leftMargin: Theme.system.isRightToLeft ? 4 : 24
@@ -144,6 +150,7 @@ FocusScope {
         Keys.onSpacePressed: (albums.currentItem as AlbumTile)?.clicked()
         delegate: AlbumTile {
             id: albumTile
+            opacity: albums.isInView(albumTile) ? 1 : 0
             width: albums.tileWidth
             height: albums.tileHeight
             selected: GridView.isCurrentItem && albums.activeFocus
@@ -155,6 +162,7 @@ FocusScope {
         objectName: "imageGrid"
         anchors.top: header.bottom
         anchors.bottom: undoBar.visible ? undoBar.top : parent.bottom
+        anchors.bottomMargin: undoBar.visible ? 8 : 0
         anchors.left: parent.left
         // A tile keeps its gap on the right of it, whichever way the columns go.
         anchors.leftMargin: Theme.system.isRightToLeft ? 4 : 24
@@ -164,6 +172,10 @@ FocusScope {
         visible: gallery.model.state === GalleryModel.Album
         focus: visible
         model: gallery.model.imageList
+        // What is under the pointer stays there when a star changes the order.
+        HoverHandler {
+            onHoveredChanged: gallery.model.keepsOrder = hovered
+        }
         Keys.onReturnPressed: gallery.onTile(tile => tile.opened())
         Keys.onEnterPressed: gallery.onTile(tile => tile.opened())
         Keys.onSpacePressed: gallery.onTile(tile => tile.opened())
@@ -171,6 +183,7 @@ FocusScope {
         Keys.onEscapePressed: gallery.model.closeAlbum()
         delegate: HistoryTile {
             id: imageTile
+            opacity: images.isInView(imageTile) ? 1 : 0
             count: images.count
             actions: gallery.actions
             width: images.tileWidth
@@ -179,6 +192,12 @@ FocusScope {
             onOpened: gallery.openPicture(imageTile)
             onApplied: gallery.model.apply(gallery.goTo(imageTile))
             onDeleted: gallery.remove(gallery.goTo(imageTile))
+            onTrashPressed: {
+                if (!secondPress.running) {
+                    secondPress.restart();
+                    deleted();
+                }
+            }
             onFavoriteToggled: gallery.model.toggleFavorite(gallery.goTo(imageTile))
             onMenuRequested: place => menu.openFor(gallery.goTo(imageTile), isFavorite, isBroken, imageTile, place)
         }

@@ -2,6 +2,8 @@
 
 #include "Manager/Library/Deletions.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -58,10 +60,40 @@ void GalleryModel::show(GalleryListing listing)
         m_selectedAlbumId.reset();
     }
     m_albumList.setAlbums(std::move(listing.albums));
-    m_imageList.setPictures(std::move(listing.pictures).value_or(std::vector<PictureEntry>()));
+    std::vector<PictureEntry> pictures = std::move(listing.pictures).value_or(std::vector<PictureEntry>());
+    if (m_keepsOrder) {
+        keepOrder(&pictures);
+    }
+    m_imageList.setPictures(std::move(pictures));
     m_measuring.ask(
         [pictures = m_imageList.entries(), known = m_imageList.widths()] { return readWidths(pictures, known); });
     announce();
+}
+
+/// Puts the pictures into the order in which they are shown, where they are the same ones.
+void GalleryModel::keepOrder(std::vector<PictureEntry> *pictures) const
+{
+    QHash<QString, qsizetype> rows;
+    for (const PictureEntry &entry : m_imageList.entries()) {
+        rows.insert(entry.path, rows.size());
+    }
+    const auto isShown = [&rows](const PictureEntry &entry) { return rows.contains(entry.path); };
+    if (rows.size() == qsizetype(pictures->size()) && std::all_of(pictures->begin(), pictures->end(), isShown)) {
+        std::sort(pictures->begin(), pictures->end(), [&rows](const PictureEntry &one, const PictureEntry &other) {
+            return rows.value(one.path) < rows.value(other.path);
+        });
+    }
+}
+
+void GalleryModel::setKeepsOrder(bool keeps)
+{
+    if (m_keepsOrder != keeps) {
+        m_keepsOrder = keeps;
+        Q_EMIT keepsOrderChanged();
+        if (!keeps) {
+            update();
+        }
+    }
 }
 
 void GalleryModel::announce()

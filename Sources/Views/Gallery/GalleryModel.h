@@ -25,6 +25,7 @@ class GalleryModel : public quorvane::ViewModel
     Q_PROPERTY(QString selectedAlbumId READ selectedAlbumId NOTIFY stateChanged)
     Q_PROPERTY(QString selectedAlbumTitle READ selectedAlbumTitle NOTIFY stateChanged)
     Q_PROPERTY(bool canUsePrompt READ canUsePrompt NOTIFY stateChanged)
+    Q_PROPERTY(bool keepsOrder READ keepsOrder WRITE setKeepsOrder NOTIFY keepsOrderChanged)
     Q_PROPERTY(bool canUndo READ canUndo NOTIFY canUndoChanged)
     Q_PROPERTY(QStringList images READ images NOTIFY imagesChanged)
     Q_PROPERTY(QAbstractItemModel *albumList READ albumList CONSTANT)
@@ -65,6 +66,10 @@ class GalleryModel : public quorvane::ViewModel
     Q_INVOKABLE void apply(const QString &url);
     Q_INVOKABLE void toggleFavorite(const QString &url);
 
+    /// While it is set the open album's pictures stay in the order in which they are shown, unless some come or go.
+    [[nodiscard]] bool keepsOrder() const { return m_keepsOrder; }
+    void setKeepsOrder(bool keeps);
+
     /// With the picture's enlarged partner; undo() brings both back while canUndo().
     Q_INVOKABLE void remove(const QString &url);
     [[nodiscard]] bool canUndo() const;
@@ -76,6 +81,7 @@ class GalleryModel : public quorvane::ViewModel
   Q_SIGNALS:
     void stateChanged();
     void imagesChanged();
+    void keepsOrderChanged();
     void canUndoChanged();
     /// This picture was deleted, and is there again.
     void broughtBack(const QString &url);
@@ -87,9 +93,11 @@ class GalleryModel : public quorvane::ViewModel
     void update();
     void show(GalleryListing listing);
     void announce();
+    void keepOrder(std::vector<PictureEntry> *pictures) const;
 
     std::optional<QString> m_selectedAlbumId;
     QStringList m_images;
+    bool m_keepsOrder = false;
     AlbumListModel m_albumList;
     ImageListModel m_imageList;
     std::unique_ptr<LibraryWatcher> m_watcher;

@@ -21,12 +21,10 @@ FocusScope {
     /// A picture that cannot be read cannot be set, either.
     readonly property bool isBroken: picture.isBroken
     readonly property bool hovering: hover.hovered
-    /// The row of actions appears in the half where the pointer did not come in, so that the trash is never under it.
-    property bool rowAtTop: false
-
     signal opened()
     signal applied()
     signal deleted()
+    signal trashPressed()
     signal favoriteToggled()
     signal menuRequested(point place)
 
@@ -36,8 +34,6 @@ FocusScope {
     Accessible.name: qsTr("%3, %1 of %2").arg(index + 1).arg(count).arg(spoken)
     Accessible.description: isBroken ? qsTr("This picture cannot be read.") : ""
     Accessible.onPressAction: if (enabled) opened()
-
-    onHoveringChanged: rowAtTop = hover.point.position.y > picture.height / 2
 
     HoverHandler {
         id: hover
@@ -114,29 +110,32 @@ FocusScope {
         }
     }
     Loader {
-        anchors.left: parent.left
-        anchors.leftMargin: 8
-        y: tile.rowAtTop ? 8 : picture.height - height - 8
+        anchors.left: picture.left
+        anchors.right: picture.right
+        anchors.bottom: picture.bottom
+        anchors.margins: 8
+        height: 28
         active: tile.hovering
-        sourceComponent: Row {
-            spacing: 8
-
+        sourceComponent: Item {
             CapsuleButton {
                 objectName: "apply"
+                anchors.left: parent.left
                 visible: !tile.isBroken
                 focusPolicy: Qt.NoFocus
-                height: 28
+                height: parent.height
                 text: qsTr("Apply")
                 onClicked: tile.applied()
             }
+            // Far from what is pressed often.
             IconButton {
                 objectName: "trash"
+                anchors.right: parent.right
                 size: 28
                 focusPolicy: Qt.NoFocus
                 symbol: "trash"
                 symbolColor: Theme.glassRed
                 tip: qsTr("Delete, together with its 4K partner")
-                onClicked: tile.deleted()
+                onClicked: tile.trashPressed()
             }
         }
     }

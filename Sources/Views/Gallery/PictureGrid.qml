@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Quorvane.Views
 
 /// Tiles in columns of at least 220 points, 20 apart, that share the width.
@@ -18,7 +19,17 @@ GridView {
         if (!isSeen) {
             positionViewAtIndex(currentIndex, GridView.Contain);
         }
-        return isSeen;
+        return isSeen && !isCovered(currentItem);
+    }
+    /// Whether anything of the tile is seen. The grid makes more of them, and assistive technology is to tell of no others.
+    function isInView(tile: Item): bool {
+        return tile.y + tile.height > contentY && tile.y < contentY + height;
+    }
+    /// Whether something floats over the middle of the tile: a tip, which any key ends.
+    function isCovered(tile: Item): bool {
+        const floating = T.Overlay.overlay;
+        const middle = tile.mapToItem(floating, tile.width / 2, tile.height / 2);
+        return floating.childAt(middle.x, middle.y) !== null;
     }
 
     // The last column keeps its gap, and the grid gives it back by being wider than what it shows.

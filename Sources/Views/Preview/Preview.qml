@@ -193,24 +193,13 @@ FocusScope {
             width: Math.min(implicitRow, parent.width)
             spacing: 8
 
-            readonly property real implicitRow: {
-                let sum = 0;
-                for (let index = 0; index < children.length; ++index) {
-                    sum += children[index].visible ? children[index].implicitWidth + spacing : 0;
-                }
-                return sum;
-            }
+            readonly property real implicitRow: Array.from(children).reduce((sum, each) => sum + each.implicitWidth + spacing, 0)
 
             /// A flow begins every line at its side; these are to be in the middle.
             function centerLines() {
-                const shown = [];
-                for (let index = 0; index < children.length; ++index) {
-                    if (children[index].visible) {
-                        shown.push(children[index]);
-                    }
-                }
-                for (const button of shown) {
-                    const line = shown.filter(other => other.y === button.y);
+                const places = Array.from(children);
+                for (const place of places) {
+                    const line = places.filter(other => other.y === place.y);
                     const left = Math.min(...line.map(each => each.x));
                     const right = Math.max(...line.map(each => each.x + each.width));
                     const shift = Math.round((width - right - left) / 2);
@@ -220,52 +209,70 @@ FocusScope {
 
             onPositioningComplete: centerLines()
 
-            CapsuleButton {
-                objectName: "setButton"
-                focusPolicy: Qt.TabFocus
-                visible: preview.model.problem === ""
-                text: qsTr("Set as Wallpaper")
-                onClicked: preview.model.setAsWallpaper()
+            ActionPlace {
+                CapsuleButton {
+                    objectName: "setButton"
+                    focusPolicy: Qt.TabFocus
+                    visible: preview.model.problem === ""
+                    text: qsTr("Set as Wallpaper")
+                    onClicked: preview.model.setAsWallpaper()
+                }
             }
-            CapsuleButton {
-                objectName: "favoriteButton"
-                focusPolicy: Qt.TabFocus
-                visible: preview.model.isThere
-                symbol: preview.model.isFavorite ? "star.fill" : "star"
-                symbolColor: preview.model.isFavorite ? Theme.yellow : Theme.overPicture
-                text: preview.model.isFavorite ? qsTr("Unfavorite") : qsTr("Favorite")
-                onClicked: preview.model.toggleFavorite()
+            ActionPlace {
+                CapsuleButton {
+                    objectName: "favoriteButton"
+                    width: parent.width
+                    focusPolicy: Qt.TabFocus
+                    visible: preview.model.isThere
+                    symbol: preview.model.isFavorite ? "star.fill" : "star"
+                    symbolColor: preview.model.isFavorite ? Theme.yellow : Theme.overPicture
+                    text: preview.model.isFavorite ? qsTr("Unfavorite") : qsTr("Favorite")
+                    onClicked: preview.model.toggleFavorite()
+                }
+                CapsuleButton {
+                    // For its width alone: what the other would be with the other text.
+                    visible: false
+                    symbol: "star"
+                    text: preview.model.isFavorite ? qsTr("Favorite") : qsTr("Unfavorite")
+                }
             }
-            CapsuleButton {
-                objectName: "previewUsePromptButton"
-                focusPolicy: Qt.TabFocus
-                visible: preview.model.canUsePrompt
-                symbol: "arrow.uturn.left"
-                text: qsTr("Use Prompt")
-                onClicked: preview.model.usePrompt()
+            ActionPlace {
+                CapsuleButton {
+                    objectName: "fullScreenButton"
+                    focusPolicy: Qt.TabFocus
+                    visible: preview.model.problem === ""
+                    symbol: "arrow.up.left.and.arrow.down.right"
+                    text: qsTr("Full Screen")
+                    onClicked: preview.fullScreenRequested()
+                }
             }
-            CapsuleButton {
-                objectName: "upscaleButton"
-                focusPolicy: Qt.TabFocus
-                visible: preview.model.canUpscale
-                symbol: "arrow.up.right"
-                text: qsTr("Upscale to 4K")
-                onClicked: preview.model.upscale()
+            ActionPlace {
+                CapsuleButton {
+                    objectName: "previewUsePromptButton"
+                    focusPolicy: Qt.TabFocus
+                    visible: preview.model.canUsePrompt
+                    symbol: "arrow.uturn.left"
+                    text: qsTr("Use Prompt")
+                    onClicked: preview.model.usePrompt()
+                }
             }
-            CapsuleButton {
-                objectName: "fullScreenButton"
-                focusPolicy: Qt.TabFocus
-                visible: preview.model.problem === ""
-                symbol: "arrow.up.left.and.arrow.down.right"
-                text: qsTr("Full Screen")
-                onClicked: preview.fullScreenRequested()
-            }
-            CapsuleButton {
-                objectName: "originalButton"
-                focusPolicy: Qt.TabFocus
-                visible: preview.model.hasOriginal
-                text: qsTr("Original")
-                onClicked: preview.model.showOriginal()
+            // A picture that has an original is not enlarged once more.
+            ActionPlace {
+                CapsuleButton {
+                    objectName: "upscaleButton"
+                    focusPolicy: Qt.TabFocus
+                    visible: preview.model.canUpscale
+                    symbol: "arrow.up.right"
+                    text: qsTr("Upscale to 4K")
+                    onClicked: preview.model.upscale()
+                }
+                CapsuleButton {
+                    objectName: "originalButton"
+                    focusPolicy: Qt.TabFocus
+                    visible: preview.model.hasOriginal
+                    text: qsTr("Original")
+                    onClicked: preview.model.showOriginal()
+                }
             }
         }
     }

@@ -32,6 +32,7 @@ ScrollingForm {
                     spacing: 8
 
                     SecureField {
+                        id: field
                         objectName: section.modelData.providerId + "Field"
                         width: parent.width - save.width - 8 - (trash.visible ? trash.width + 8 : 0)
                         placeholderText: section.modelData.placeholder
@@ -62,7 +63,11 @@ ScrollingForm {
                         destructive: true
                         symbol: "trash"
                         tip: qsTr("Remove this key")
-                        onClicked: section.modelData.remove()
+                        onClicked: {
+                            // Where the next key of this service goes, and of no other.
+                            field.forceActiveFocus();
+                            section.modelData.remove();
+                        }
                     }
                 }
                 Row {
@@ -82,6 +87,16 @@ ScrollingForm {
                         color: Theme.green
                         font.pixelSize: Theme.captionSize
                     }
+                }
+                StaticText {
+                    objectName: section.modelData.providerId + "Stored"
+                    width: parent.width
+                    // What Return in the field does, which changes nothing else of the row.
+                    visible: section.modelData.key !== "" && !section.modelData.saved && !section.modelData.unsaved
+                    text: qsTr("This key is stored.")
+                    color: Theme.green
+                    font.pixelSize: Theme.captionSize
+                    wrapMode: Text.Wrap
                 }
                 StaticText {
                     objectName: section.modelData.providerId + "Unsaved"

@@ -20,7 +20,7 @@ FocusScope {
         editor.forceActiveFocus();
     }
 
-    KeyboardKeeper {}
+    KeyboardKeeper { place: editor }
     Rectangle {
         anchors.fill: parent
         color: Theme.sidebar

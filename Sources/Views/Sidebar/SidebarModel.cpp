@@ -37,6 +37,13 @@ void SidebarModel::attach()
           &WallpaperManager::problemsChanged, &WallpaperManager::progressChanged}) {
         connect(source, signal, this, &SidebarModel::changed);
     }
+    connect(source, &WallpaperManager::statusChanged, this, [this] { m_wasCancelled = false; });
+    connect(source, &WallpaperManager::operationEnded, this, [this](const OperationResult &result) {
+        if (result.isError && !manager()->isError() && result.status == manager()->status()) {
+            m_wasCancelled = true;
+            Q_EMIT changed();
+        }
+    });
     refresh();
 }
 

@@ -27,6 +27,7 @@ class SidebarModel : public quorvane::ViewModel
     Q_PROPERTY(QString nextFireText READ nextFireText NOTIFY changed)
     Q_PROPERTY(QString status READ status NOTIFY changed)
     Q_PROPERTY(bool isError READ isError NOTIFY changed)
+    Q_PROPERTY(bool wasCancelled READ wasCancelled NOTIFY changed)
     Q_PROPERTY(QString problems READ problems NOTIFY changed)
     Q_PROPERTY(QString progressText READ progressText NOTIFY changed)
     Q_PROPERTY(double progressShare READ progressShare NOTIFY changed)
@@ -82,6 +83,8 @@ class SidebarModel : public quorvane::ViewModel
 
     [[nodiscard]] QString status() const;
     [[nodiscard]] bool isError() const;
+    /// Whether the status tells of what the user cancelled: neither a success nor a failure.
+    [[nodiscard]] bool wasCancelled() const { return m_wasCancelled; }
 
     /// What was not kept although the last operation went on, a line each; empty when all was.
     [[nodiscard]] QString problems() const;
@@ -106,6 +109,7 @@ class SidebarModel : public quorvane::ViewModel
     QString m_promptText;
     bool m_isKeyboardInEditor = false;
     bool m_isTyping = false;
+    bool m_wasCancelled = false;
     std::optional<QSet<QString>> m_storedKeyIds; ///< Nothing until they have been read.
     LatestReading<QSet<QString>> m_reading;
 };

@@ -29,10 +29,13 @@ Item {
         y: 1
         visible: line.model.status !== "" || line.model.problems !== ""
         size: 14
-        name: wentWell ? "checkmark.circle.fill" : "exclamationmark.triangle.fill"
-        color: wentWell ? Theme.green : line.model.isError ? Theme.red : Theme.orange
+        name: runs ? "clock" : wasCancelled ? "xmark.circle.fill" : wentWell ? "checkmark.circle.fill" : "exclamationmark.triangle.fill"
+        color: runs || wasCancelled ? Theme.secondaryText : wentWell ? Theme.green : line.model.isError ? Theme.red : Theme.orange
 
         readonly property bool wentWell: line.model.status !== "" && !line.model.isError
+        readonly property bool wasCancelled: wentWell && line.model.wasCancelled
+        // What is told while something runs is how far it is, unless it failed.
+        readonly property bool runs: wentWell && line.model.isLoading
     }
     Flickable {
         id: scroll

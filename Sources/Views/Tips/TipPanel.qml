@@ -61,7 +61,13 @@ ToolTip {
 
     KeyStrokes {
         window: panel.parent.Window.window
-        onKeyPressed: panel.end()
+        onKeyPressed: ending.restart()
+    }
+    Timer {
+        // Not before the key has been taken: it must not act on what was not seen.
+        id: ending
+        interval: 0
+        onTriggered: panel.end()
     }
 
     contentItem: TipText {

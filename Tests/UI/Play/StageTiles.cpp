@@ -109,6 +109,7 @@ QString Stage::bringBack()
     if (isPreviewOpen()) {
         return {};
     }
+    const QStringList before = picturesOnDisk();
     if (!clickSeen(u"undoButton"_s)) {
         return m_deleted.isEmpty() ? QString() : u"what was deleted is not offered to be brought back"_s;
     }
@@ -116,7 +117,7 @@ QString Stage::bringBack()
         return u"what nobody deleted in the window is offered to be brought back"_s;
     }
     const QStringList back = m_deleted.takeLast();
-    return expectOnDisk(picturesOnDisk() + back, u"Undo of the deletion of "_s + back.join(' '_L1));
+    return expectOnDisk(before + back, u"Undo of the deletion of "_s + back.join(' '_L1));
 }
 
 } // namespace quorvane
