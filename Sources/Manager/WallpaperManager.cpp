@@ -2,10 +2,10 @@
 
 #include "Manager/WallpaperManager.h"
 
-#include "Manager/Library/Deletions.h"
 #include "Manager/Library/Library.h"
 #include "Manager/Schedule.h"
 #include "Manager/SettingsKeys.h"
+#include "Manager/Undo/Deletions.h"
 #include "Manager/WallpaperSetter.h"
 #include "Platform/Desktops/DesktopPicture.h"
 #include "Platform/Files/StorageNotices.h"

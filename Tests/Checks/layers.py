@@ -44,6 +44,7 @@ ROOMS = {
     },
     "Manager": {
         "Library": set(),
+        "Undo": {"Library"},
     },
     "Upscaling": {
         "Image": set(),

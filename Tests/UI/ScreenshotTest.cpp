@@ -3,8 +3,8 @@
 // QUORVANE_SCREENSHOTS_SIZE (760x480) says; with QUORVANE_UPDATE_PICTURES=1 the small ones in Tests/Data/windows are
 // made anew.
 
-#include "Manager/Library/Deletions.h"
 #include "Manager/SettingsKeys.h"
+#include "Manager/Undo/Deletions.h"
 #include "Platform/Threads/Worker.h"
 #include "Support/SpokenLanguage.h"
 #include "UI/ViewFixture.h"

@@ -1,6 +1,6 @@
 #include "Views/Gallery/GalleryModel.h"
 
-#include "Manager/Library/Deletions.h"
+#include "Manager/Undo/Deletions.h"
 
 #include <QHash>
 

@@ -1,6 +1,6 @@
 #include "Views/Settings/APIKeysModel.h"
 
-#include "Manager/Undo.h"
+#include "Manager/Undo/Undo.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "Manager/Library/Deletions.h"
+#include "Manager/Undo/Deletions.h"
 #include "Unit/Manager/WallpaperManagerOutcomeFixture.h"
 
 using namespace Qt::StringLiterals;

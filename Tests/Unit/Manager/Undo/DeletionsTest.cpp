@@ -1,4 +1,4 @@
-#include "Manager/Library/Deletions.h"
+#include "Manager/Undo/Deletions.h"
 
 #include "Unit/Manager/ManagerFixture.h"
 

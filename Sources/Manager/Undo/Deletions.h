@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Manager/Undo.h"
+#include "Manager/Undo/Undo.h"
 #include "Platform/Failure.h"
 #include "Platform/Threads/TaskScope.h"
 

@@ -1,4 +1,4 @@
-#include "Manager/Undo.h"
+#include "Manager/Undo/Undo.h"
 
 #include "Support/TestClock.h"
 
