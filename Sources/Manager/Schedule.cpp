@@ -4,7 +4,6 @@
 
 #include "Manager/Schedule.h"
 
-#include "Platform/System/Clock.h"
 #include "Platform/System/PowerEvents.h"
 
 #include <algorithm>
@@ -29,8 +28,6 @@ Schedule::Schedule(Clock *clock, PowerEvents *powerEvents, QObject *parent)
         connect(powerEvents, &PowerEvents::woke, this, &Schedule::wake);
     }
 }
-
-Schedule::~Schedule() = default;
 
 qint64 Schedule::sensibleInterval(qint64 storedMinutes)
 {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/System/Clock.h"
+
 #include <QDateTime>
 #include <QObject>
 
@@ -8,8 +10,6 @@
 
 namespace quorvane {
 
-class Alarm;
-class Clock;
 class PowerEvents;
 
 /// The repeating timer and its catching up after a sleep. Belongs to the main thread.
@@ -25,7 +25,6 @@ class Schedule : public QObject
 
     /// Both outlive it. Without a clock it never starts; without powerEvents only the clock catches up after a sleep.
     Schedule(Clock *clock, PowerEvents *powerEvents, QObject *parent = nullptr);
-    ~Schedule() override;
 
     /// What a stored number of minutes counts as.
     [[nodiscard]] static qint64 sensibleInterval(qint64 storedMinutes);

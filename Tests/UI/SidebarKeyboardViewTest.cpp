@@ -89,16 +89,18 @@ TEST_F(SidebarView, whatIsSeenNoMoreGivesTheKeyboardAway)
     ASSERT_TRUE(waitFor([&] { return isSeen(u"intervalPicker"_s); }));
     find(u"intervalPicker"_s)->forceActiveFocus(Qt::TabFocusReason);
     manager->setAutoEnabled(false);
-    EXPECT_TRUE(waitFor([&] { return find(u"promptEditor"_s)->hasActiveFocus(); }));
+    EXPECT_TRUE(waitFor([&] { return window->activeFocusItem()->isVisible(); }));
     QTest::keyClick(window, Qt::Key_Down);
     EXPECT_EQ(manager->intervalMinutes(), 30);
 
     find(u"nsfwToggle"_s)->forceActiveFocus(Qt::TabFocusReason);
     manager->setProviderOverride(u"gemini"_s);
     ASSERT_TRUE(waitFor([&] { return !isSeen(u"nsfwToggle"_s); }));
-    // And not to a button, least of all to one that costs.
-    EXPECT_TRUE(waitFor([&] { return find(u"promptEditor"_s)->hasActiveFocus(); }));
+    // And not to a button, least of all to one that costs, nor to the prompt.
+    const QString prompt = manager->prompt();
+    EXPECT_TRUE(waitFor([&] { return window->activeFocusItem()->isVisible(); }));
     QTest::keyClick(window, Qt::Key_Space);
+    EXPECT_EQ(manager->prompt(), prompt);
     EXPECT_FALSE(manager->nsfwEnabled());
     EXPECT_FALSE(manager->isLoading());
     EXPECT_FALSE(manager->autoEnabled());

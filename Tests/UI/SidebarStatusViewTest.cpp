@@ -120,6 +120,9 @@ TEST_F(SidebarView, whatIsBeingMadeCanBeCancelled)
     EXPECT_TRUE(manager->status().startsWith("Cancelled."_L1)) << manager->status().toStdString();
     EXPECT_EQ(textOf(find(u"status"_s)), manager->status());
     EXPECT_EQ(find(u"statusSymbol"_s)->property("name"), u"xmark.circle.fill"_s) << "no sign of success";
+    manager->setWallpaper(putPainting(u"one.png"_s, u"a lake"_s));
+    manager->waitUntilIdle();
+    EXPECT_EQ(find(u"statusSymbol"_s)->property("name"), u"checkmark.circle.fill"_s) << manager->status().toStdString();
     EXPECT_FALSE(isSeen(u"cancelButton"_s));
     EXPECT_TRUE(find(u"generateButton"_s)->isEnabled());
 

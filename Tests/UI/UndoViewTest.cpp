@@ -51,7 +51,12 @@ TEST_F(UndoView, aPictureComesBackAtAPressAndHasTheRing)
     const QString path = file(1);
     deleteByKey(1);
     EXPECT_FALSE(QFileInfo::exists(path));
+    const QPoint button = middleOf(find(u"undoButton"_s));
     click(u"undoButton"_s);
+    // The second press of a double click does nothing to what is shown there now.
+    QTest::mouseClick(window, Qt::LeftButton, {}, button);
+    EXPECT_FALSE(isSeen(u"preview"_s));
+    EXPECT_TRUE(find(u"imageGrid"_s)->property("activeFocus").toBool());
     EXPECT_TRUE(waitFor([&] { return manager->history().size() == 3 && ringed() == path; }));
     EXPECT_TRUE(QFileInfo::exists(path));
     EXPECT_TRUE(waitFor([&] { return !isSeen(u"undoBar"_s); }));

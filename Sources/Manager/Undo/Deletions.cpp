@@ -24,15 +24,15 @@ QCoro::Task<> Deletions::deleting(QStringList urls)
 {
     Deletion::Outcome outcome = co_await m_library.deletingRevocably(urls);
     if (outcome.deletion) {
-        offer(std::move(outcome.deletion), urls);
+        m_undo.offer(step(std::move(outcome.deletion), urls));
     }
     Q_EMIT ended(outcome.result);
 }
 
-void Deletions::offer(const std::shared_ptr<Deletion> &deletion, const QStringList &urls)
+Undo::Step Deletions::step(const std::shared_ptr<Deletion> &deletion, const QStringList &urls)
 {
-    m_undo.offer({[this, deletion, urls] { m_tasks.start(bringingBack(deletion, urls)); },
-                  [this, deletion] { m_tasks.start(m_library.forgetting(deletion)); }});
+    return {[this, deletion, urls] { m_tasks.start(bringingBack(deletion, urls)); },
+            [this, deletion] { m_tasks.start(m_library.forgetting(deletion)); }};
 }
 
 QCoro::Task<> Deletions::bringingBack(std::shared_ptr<Deletion> deletion, QStringList urls)
@@ -42,7 +42,7 @@ QCoro::Task<> Deletions::bringingBack(std::shared_ptr<Deletion> deletion, QStrin
         Q_EMIT broughtBack(urls);
     } else {
         // What is wanted back is not thrown away because the disk was full or the name taken.
-        offer(deletion, urls);
+        m_undo.offerAgain(step(deletion, urls));
     }
     Q_EMIT ended(restored);
 }

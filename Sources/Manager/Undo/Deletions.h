@@ -39,7 +39,7 @@ class Deletions : public QObject
   private:
     [[nodiscard]] QCoro::Task<> deleting(QStringList urls);
     [[nodiscard]] QCoro::Task<> bringingBack(std::shared_ptr<Deletion> deletion, QStringList urls);
-    void offer(const std::shared_ptr<Deletion> &deletion, const QStringList &urls);
+    [[nodiscard]] Undo::Step step(const std::shared_ptr<Deletion> &deletion, const QStringList &urls);
 
     Library &m_library;
     TaskScope &m_tasks;

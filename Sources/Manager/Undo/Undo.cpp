@@ -1,7 +1,5 @@
 #include "Manager/Undo/Undo.h"
 
-#include "Platform/System/Clock.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -14,8 +12,6 @@ Undo::Undo(Clock *clock, QObject *parent)
 {
 }
 
-Undo::~Undo() = default;
-
 void Undo::offer(Step step)
 {
     if (m_clock == nullptr) {
@@ -23,8 +19,24 @@ void Undo::offer(Step step)
         return;
     }
     m_steps.push_back({std::move(step), m_clock->uptime() + kTime});
-    m_alarm->set(m_steps.front().end);
+    setAlarm();
     Q_EMIT isOfferedChanged();
+}
+
+void Undo::offerAgain(Step step)
+{
+    m_steps.insert(m_steps.begin(), {std::move(step), std::chrono::nanoseconds::max()});
+    Q_EMIT isOfferedChanged();
+}
+
+/// For the first that ends.
+void Undo::setAlarm()
+{
+    const auto endsBefore = [](const Offer &one, const Offer &other) { return one.end < other.end; };
+    const auto first = std::min_element(m_steps.begin(), m_steps.end(), endsBefore);
+    if (first != m_steps.end() && first->end != std::chrono::nanoseconds::max()) {
+        m_alarm->set(first->end);
+    }
 }
 
 void Undo::undo()
@@ -42,13 +54,11 @@ void Undo::undo()
 void Undo::settle()
 {
     const std::chrono::nanoseconds now = m_clock->uptime();
-    const auto stays =
-        std::find_if(m_steps.begin(), m_steps.end(), [now](const Offer &offer) { return offer.end > now; });
-    const std::vector<Offer> ended(std::make_move_iterator(m_steps.begin()), std::make_move_iterator(stays));
-    m_steps.erase(m_steps.begin(), stays);
-    if (!m_steps.empty()) {
-        m_alarm->set(m_steps.front().end);
-    }
+    const auto ends =
+        std::stable_partition(m_steps.begin(), m_steps.end(), [now](const Offer &offer) { return offer.end > now; });
+    const std::vector<Offer> ended(std::make_move_iterator(ends), std::make_move_iterator(m_steps.end()));
+    m_steps.erase(ends, m_steps.end());
+    setAlarm();
     if (!ended.empty()) {
         Q_EMIT isOfferedChanged();
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/System/Clock.h"
+
 #include <QObject>
 
 #include <chrono>
@@ -8,9 +10,6 @@
 #include <vector>
 
 namespace quorvane {
-
-class Alarm;
-class Clock;
 
 /// What was done last and can be taken back for a while, the newest first. Belongs to the main thread.
 class Undo : public QObject
@@ -31,10 +30,12 @@ class Undo : public QObject
 
     /// The clock outlives it; without one nothing is offered, and every step stays.
     explicit Undo(Clock *clock, QObject *parent = nullptr);
-    ~Undo() override; ///< Calls nothing any more.
 
     [[nodiscard]] bool isOffered() const { return !m_steps.empty(); }
     void offer(Step step);
+    /// Offers what could not be taken back once more: after all others, so that it is in nobody's way, and for as long
+    /// as the program runs, because it is wanted.
+    void offerAgain(Step step);
     Q_INVOKABLE void undo(); ///< Takes the newest step back. Nothing happens where there is none any more.
 
   Q_SIGNALS:
@@ -47,11 +48,12 @@ class Undo : public QObject
         std::chrono::nanoseconds end; ///< By Clock::uptime().
     };
 
+    void setAlarm();
     void settle();
 
     Clock *m_clock;
     std::unique_ptr<Alarm> m_alarm; ///< Null without a clock.
-    std::vector<Offer> m_steps;     ///< The oldest first, which is also the first to end.
+    std::vector<Offer> m_steps;     ///< What is taken back last is the first.
 };
 
 } // namespace quorvane

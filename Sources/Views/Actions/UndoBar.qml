@@ -17,7 +17,7 @@ Rectangle {
     width: row.width + 22
     height: row.height + 12
     radius: 10
-    visible: offered
+    visible: offered || secondPress.running
     color: Theme.surface
     border.color: Theme.separator
     Accessible.role: Accessible.AlertMessage
@@ -26,6 +26,11 @@ Rectangle {
     SoftShadow {
         radius: bar.radius
         strength: 1.6
+    }
+    // The second press of a double click is for nothing else, and lands on nothing else.
+    Timer {
+        id: secondPress
+        interval: Application.styleHints.mouseDoubleClickInterval
     }
     // What lies below it is not clicked through it.
     MouseArea {
@@ -48,7 +53,13 @@ Rectangle {
             objectName: "undoButton"
             text: qsTr("Undo")
             symbol: "arrow.uturn.left"
-            onClicked: bar.undone()
+            enabled: bar.offered
+            onClicked: {
+                if (!secondPress.running) {
+                    secondPress.restart();
+                    bar.undone();
+                }
+            }
         }
     }
 }

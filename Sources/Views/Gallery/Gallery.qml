@@ -55,6 +55,7 @@ FocusScope {
         id: secondPress
         interval: Application.styleHints.mouseDoubleClickInterval
     }
+    KeyboardKeeper { place: images.visible ? images : albums }
     KeyStrokes {
         id: strokes
         window: gallery.Window.window
@@ -225,10 +226,13 @@ FocusScope {
     UndoBar {
         id: undoBar
         offered: gallery.model.canUndo
-        onUndone: gallery.model.undo()
+        onUndone: {
+            (images.visible ? images : albums).forceActiveFocus();
+            gallery.model.undo();
+        }
     }
     Shortcut {
-        enabled: gallery.enabled && gallery.model.canUndo
+        enabled: gallery.model.canUndo
         sequences: [StandardKey.Undo]
         autoRepeat: false
         onActivated: gallery.model.undo()

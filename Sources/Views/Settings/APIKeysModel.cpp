@@ -9,7 +9,7 @@ namespace quorvane {
 namespace {
 
 /// A key that was removed can be brought back; one that could not be, because the disk was full, again.
-void offerBack(WallpaperManager *manager, const QString &providerId, const QString &key)
+Undo::Step stepBack(WallpaperManager *manager, const QString &providerId, const QString &key)
 {
     const auto bringBack = [=] {
         if (WallpaperManager::storedKeyIds().contains(providerId)) {
@@ -17,10 +17,10 @@ void offerBack(WallpaperManager *manager, const QString &providerId, const QStri
         }
         if (const Result<> kept = manager->saveKey(key, providerId); !kept) {
             manager->tell({kept.failure().words});
-            offerBack(manager, providerId, key);
+            manager->keyRemovals().offerAgain(stepBack(manager, providerId, key));
         }
     };
-    manager->keyRemovals().offer({bringBack, [] {}});
+    return {bringBack, [] {}};
 }
 
 } // namespace
@@ -79,7 +79,7 @@ void APIKeyRow::remove()
     const TextMap keys = WallpaperManager::storedKeys();
     if (isKept(m_manager->removeKey(providerId))) {
         if (const auto key = keys.find(providerId); key != keys.end()) {
-            offerBack(m_manager, providerId, key->second);
+            m_manager->keyRemovals().offer(stepBack(m_manager, providerId, key->second));
         }
         m_stored.reset();
         m_key.clear();

@@ -20,7 +20,8 @@ FocusScope {
         editor.forceActiveFocus();
     }
 
-    KeyboardKeeper { place: editor }
+    // Not the prompt, into which keys meant for something else would be written.
+    KeyboardKeeper { place: form }
     Rectangle {
         anchors.fill: parent
         color: Theme.sidebar

@@ -31,13 +31,13 @@ void SidebarModel::attach()
         connect(source, signal, this, &SidebarModel::refresh);
     }
     connect(source, &WallpaperManager::selectedModelChanged, this, &SidebarModel::refresh);
+    connect(source, &WallpaperManager::statusChanged, this, [this] { m_wasCancelled = false; });
     for (const auto signal :
          {&WallpaperManager::autoEnabledChanged, &WallpaperManager::intervalMinutesChanged,
           &WallpaperManager::nextFireDateChanged, &WallpaperManager::statusChanged, &WallpaperManager::isErrorChanged,
           &WallpaperManager::problemsChanged, &WallpaperManager::progressChanged}) {
         connect(source, signal, this, &SidebarModel::changed);
     }
-    connect(source, &WallpaperManager::statusChanged, this, [this] { m_wasCancelled = false; });
     connect(source, &WallpaperManager::operationEnded, this, [this](const OperationResult &result) {
         if (result.isError && !manager()->isError() && result.status == manager()->status()) {
             m_wasCancelled = true;

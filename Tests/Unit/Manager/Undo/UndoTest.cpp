@@ -63,13 +63,20 @@ TEST_F(UndoTest, tellsWhenTheOfferComesAndGoes)
     EXPECT_EQ(offered, (QList<bool>{true, false, true, false}));
 }
 
-TEST_F(UndoTest, mayOfferAgainWhatCouldNotBeTakenBack)
+TEST_F(UndoTest, offersWhatCouldNotBeTakenBackAfterAllOthersAndWithoutEnd)
 {
-    undo.offer({[this] { offer(u"again"_s); }, [] {}});
+    offer(u"older"_s);
+    const auto again = [this] { told.append(u"again"_s); };
+    undo.offer({[this, again] { undo.offerAgain({again, [] { FAIL(); }}); }, [] { FAIL(); }});
     undo.undo();
+    undo.undo();
+    EXPECT_EQ(told, QStringList{u"undone older"_s}) << "nothing stands in its way";
+    offer(u"later"_s);
+    clock.pass(1h);
+    EXPECT_EQ(told, (QStringList{u"undone older"_s, u"settled later"_s}));
     EXPECT_TRUE(undo.isOffered());
     undo.undo();
-    EXPECT_EQ(told, QStringList{u"undone again"_s});
+    EXPECT_EQ(told.last(), u"again"_s);
 }
 
 TEST(UndoWithoutAClock, offersNothing)
