@@ -36,9 +36,9 @@ template <typename T = void> class [[nodiscard]] Result
     [[nodiscard]] explicit operator bool() const { return m_value.has_value(); }
 
     /// Only after success.
-    [[nodiscard]] const T &operator*() const { return *m_value; }
-    [[nodiscard]] T &operator*() { return *m_value; }
-    [[nodiscard]] const T *operator->() const { return &*m_value; }
+    [[nodiscard]] const T &operator*() const { return *m_value; }   // NOLINT(bugprone-unchecked-optional-access)
+    [[nodiscard]] T &operator*() { return *m_value; }               // NOLINT(bugprone-unchecked-optional-access)
+    [[nodiscard]] const T *operator->() const { return &*m_value; } // NOLINT(bugprone-unchecked-optional-access)
 
     /// Only after failure.
     [[nodiscard]] const Failure &failure() const { return m_failure; }
@@ -61,7 +61,7 @@ template <> class [[nodiscard]] Result<void>
     [[nodiscard]] explicit operator bool() const { return !m_failure; }
 
     /// Only after failure.
-    [[nodiscard]] const Failure &failure() const { return *m_failure; }
+    [[nodiscard]] const Failure &failure() const { return *m_failure; } // NOLINT(bugprone-unchecked-optional-access)
 
     friend bool operator==(const Result &, const Result &) = default;
 

@@ -49,14 +49,15 @@ std::optional<QByteArray> serialise(const QJsonDocument &document)
 /// network's file that was replaced meanwhile, or a moment without descriptors.
 Result<std::optional<QByteArray>> contentOf(const QString &path)
 {
-    Result<std::optional<QByteArray>> bytes = readWholeIfAny(path, kLargestSideFileBytes);
+    const Result<std::optional<QByteArray>> bytes = readWholeIfAny(path, kLargestSideFileBytes);
     return bytes ? bytes : readWholeIfAny(path, kLargestSideFileBytes);
 }
 
 template <typename Content> Content read(const QString &path, std::optional<Content> (*understood)(const QByteArray &))
 {
-    const Result<std::optional<QByteArray>> bytes = contentOf(path);
-    return bytes && *bytes ? understood(**bytes).value_or(Content()) : Content();
+    const Result<std::optional<QByteArray>> found = contentOf(path);
+    const std::optional<QByteArray> bytes = found ? *found : std::nullopt;
+    return bytes ? understood(*bytes).value_or(Content()) : Content();
 }
 
 template <typename Content>
@@ -65,8 +66,9 @@ Result<> changeFile(const QString &path, FileAccess access, const std::function<
                     std::optional<QByteArray> (*bytesFrom)(const Content &))
 {
     const Result<std::optional<QByteArray>> found = contentOf(path);
-    std::optional<Content> content = found && *found ? understood(**found) : std::nullopt;
-    const bool isMissing = found && !*found;
+    const std::optional<QByteArray> before = found ? *found : std::nullopt;
+    std::optional<Content> content = before ? understood(*before) : std::nullopt;
+    const bool isMissing = found && !before;
     const bool isKnown = isMissing || content.has_value();
     if (!content) {
         content = Content();

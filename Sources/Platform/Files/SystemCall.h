@@ -57,7 +57,7 @@ class FileDescriptor
     [[nodiscard]] int release() { return std::exchange(m_descriptor, -1); }
 
   private:
-    void reset()
+    void reset() const
     {
         if (m_descriptor >= 0) {
             // Linux has closed it even where it says that a signal came.
