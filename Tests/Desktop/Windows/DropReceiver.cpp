@@ -29,6 +29,7 @@ class Receiver final : public QRasterWindow
             return true;
         case QEvent::Drop:
             take(static_cast<QDropEvent *>(event));
+            setTitle(u"nothing is over it"_s);
             tell(*static_cast<QDropEvent *>(event));
             return true;
         default:

@@ -20,6 +20,8 @@ class X11DropTest : public X11WindowTest
     /// Takes what is at a place and lets it go over the other program; what that was given.
     [[nodiscard]] QByteArray dropped(QPoint from)
     {
+        // What was dropped before is forgotten.
+        EXPECT_TRUE(waitFor([&] { return isTitled(u"nothing is over it"_s); }));
         moveTo(from);
         act({u"mousedown"_s, u"1"_s});
         // It is carried once the pointer has gone some way, and is over the other program with the first move there.
@@ -28,12 +30,15 @@ class X11DropTest : public X11WindowTest
         int step = 0;
         EXPECT_TRUE(waitFor([&] {
             moveTo(kTarget + QPoint(++step % 20, 0));
-            return !outputOf(u"xdotool"_s, {u"search"_s, u"--name"_s, u"something is over it"_s},
-                             server->clientEnvironment())
-                        .isEmpty();
+            return isTitled(u"something is over it"_s);
         }));
         act({u"mouseup"_s, u"1"_s});
         return receiver->readLine().trimmed();
+    }
+    /// Whether the other program's window has that title.
+    [[nodiscard]] bool isTitled(const QString &title) const
+    {
+        return !outputOf(u"xdotool"_s, {u"search"_s, u"--name"_s, title}, server->clientEnvironment()).isEmpty();
     }
     [[nodiscard]] static QByteArray copyOfPicture()
     {
