@@ -30,7 +30,9 @@ std::vector<PictureEntry> entriesOf(const QStringList &paths, const TextMap &pro
 FileStamp fileStamp(const QString &path)
 {
     const QFileInfo file(path);
-    return file.exists() ? FileStamp{file.lastModified().toMSecsSinceEpoch(), file.size()} : FileStamp{};
+    // Not when its bytes were written last: a file that was away for a while and came back as it was is to be read
+    // again, because in between it may have been found unreadable. This moment is later than that one, or the same.
+    return file.exists() ? FileStamp{file.metadataChangeTime().toMSecsSinceEpoch(), file.size()} : FileStamp{};
 }
 
 GalleryListing readGallery(const QStringList &history, const QSet<QString> &favorites,

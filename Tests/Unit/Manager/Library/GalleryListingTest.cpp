@@ -3,6 +3,9 @@
 #include "Storage/ImageStore.h"
 #include "Support/PrivateHome.h"
 #include "Support/Results.h"
+#include "Support/WaitFor.h"
+
+#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -58,6 +61,17 @@ TEST_F(GalleryListingTest, anotherContentIsAnotherStamp)
     const FileStamp before = fileStamp(path);
     (void)put("one.png", "longer image");
     EXPECT_NE(fileStamp(path), before);
+}
+
+TEST_F(GalleryListingTest, whatWasAwayForAWhileIsReadAgain)
+{
+    const QString path = put("one.png");
+    const FileStamp before = fileStamp(path);
+    // The file system's clock is coarse.
+    EXPECT_TRUE(waitFor([&] {
+        EXPECT_TRUE(QFile::rename(path, path + u".away"_s) && QFile::rename(path + u".away"_s, path));
+        return fileStamp(path) != before;
+    }));
 }
 
 } // namespace quorvane
