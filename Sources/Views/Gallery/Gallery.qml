@@ -15,6 +15,8 @@ FocusScope {
     function openAlbum(tile: AlbumTile) {
         forceActiveFocus();
         albums.currentIndex = tile.index;
+        // Who goes somewhere else is not taken back there later.
+        returning.awaited = "";
         model.openAlbum(tile.albumId);
     }
 
